@@ -1,0 +1,72 @@
+# What every target of the project shares: the language, warnings, symbol visibility and the helpers that make targets.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+    set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+endif()
+
+option(GR_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+option(GR_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+add_library(gr_build INTERFACE)
+if(MSVC)
+    target_compile_options(gr_build INTERFACE /W4 /utf-8 $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:/WX>)
+else()
+    target_compile_options(gr_build INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor
+        $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:-Werror>)
+    if(GR_SANITIZE)
+        target_compile_options(gr_build INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
+            -fno-omit-frame-pointer)
+        target_link_options(gr_build INTERFACE -fsanitize=address,undefined)
+    endif()
+endif()
+
+# gr_platform_library(<target> SOURCES ... USES ... PRIVATE_USES ...): one lower library, shared so that its
+# process-wide state exists once however many libraries use it.
+function(gr_platform_library target)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
+    add_library(${target} SHARED ${arg_SOURCES})
+    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
+endfunction()
+
+# gr_subsystem(<target> SOURCES ... USES ...): one folder of source/, linked into the gr library as objects.
+function(gr_subsystem target)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    add_library(${target} OBJECT ${arg_SOURCES})
+    target_compile_definitions(${target} PRIVATE gr_EXPORTS)
+    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/include PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build)
+    set_property(GLOBAL APPEND PROPERTY GR_SUBSYSTEMS ${target})
+endfunction()
+
+# gr_program(<target> SOURCES ... USES ...): an executable of the project.
+function(gr_program target)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    add_executable(${target} ${arg_SOURCES})
+    target_link_libraries(${target} PRIVATE gr_build ${arg_USES})
+endfunction()
+
+# gr_test(<target> SOURCES ... USES ...): a GoogleTest program, run by ctest in a random order as one test.
+function(gr_test target)
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    gr_program(${target} SOURCES ${arg_SOURCES} USES ${arg_USES} ts_support GTest::gtest_main)
+    target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    add_test(NAME ${target} COMMAND ${target} --gtest_shuffle --gtest_brief=1)
+endfunction()

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(co_EXPORTS)
+#define CO_EXPORT AP_SYMBOL_EXPORT
+#else
+#define CO_EXPORT AP_SYMBOL_IMPORT
+#endif

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(gi_EXPORTS)
+#define GI_EXPORT AP_SYMBOL_EXPORT
+#else
+#define GI_EXPORT AP_SYMBOL_IMPORT
+#endif

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(dg_trace_EXPORTS)
+#define DG_TRACE_EXPORT AP_SYMBOL_EXPORT
+#else
+#define DG_TRACE_EXPORT AP_SYMBOL_IMPORT
+#endif

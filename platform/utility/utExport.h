@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(ut_EXPORTS)
+#define UT_EXPORT AP_SYMBOL_EXPORT
+#else
+#define UT_EXPORT AP_SYMBOL_IMPORT
+#endif

@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(gw_EXPORTS)
+#define GW_EXPORT AP_SYMBOL_EXPORT
+#else
+#define GW_EXPORT AP_SYMBOL_IMPORT
+#endif
