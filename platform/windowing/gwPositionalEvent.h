@@ -1,0 +1,30 @@
+#pragma once
+
+#include "gwEvent.h"
+
+/// Event with the position of the pointer and the modifiers held.
+class GW_EXPORT gwPositionalEvent : public gwEvent
+{
+public:
+    gwPositionalEvent() = default;
+    gwPositionalEvent(gwWindow* window, int x, int y, int modifiers = 0)
+        : gwEvent(window), the_x(x), the_y(y), the_modifiers(modifiers)
+    {}
+
+    /// Device pixels of the window, from its lower left corner; y grows upwards.
+    int x() const { return the_x; }
+    int y() const { return the_y; }
+    /// Bits of gwModifier.
+    int modifiers() const { return the_modifiers; }
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static gwPositionalEvent* ut_dynamic_cast(gwEvent* event);
+    static const gwPositionalEvent* ut_dynamic_cast(const gwEvent* event);
+
+private:
+    int the_x = 0;
+    int the_y = 0;
+    int the_modifiers = 0;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "giVector3.h"
+#include "gwPositionalEvent.h"
+
+/// Motion of a six-axis device. It carries the position of the pointer, which tells what view is meant.
+class GW_EXPORT gwSpaceballEvent : public gwPositionalEvent
+{
+public:
+    gwSpaceballEvent() = default;
+    gwSpaceballEvent(gwWindow* window, int x, int y, int modifiers, const giVector3& rotation,
+                     const giVector3& translation)
+        : gwPositionalEvent(window, x, y, modifiers), the_rotation(rotation), the_translation(translation)
+    {}
+
+    /// Deflections about and along the x (right), y (up) and z (towards the user) axes of the screen, -1 to 1 each.
+    const giVector3& rotation() const { return the_rotation; }
+    const giVector3& translation() const { return the_translation; }
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static gwSpaceballEvent* ut_dynamic_cast(gwEvent* event);
+    static const gwSpaceballEvent* ut_dynamic_cast(const gwEvent* event);
+
+private:
+    giVector3 the_rotation;
+    giVector3 the_translation;
+};
