@@ -119,16 +119,20 @@ inline giXform3 operator*(const giXform3& first, const giXform3& second)
     if (second.m_kind == giXFORM_IDENTITY)
         return first;
 
-    const double(*a)[4] = first.m_elements;
-    const double(*b)[4] = second.m_elements;
     giXform3 result;
     result.m_kind = first.m_kind > second.m_kind ? first.m_kind : second.m_kind;
+    const double(*a)[4] = first.m_elements;
+    const double(*b)[4] = second.m_elements;
     if (result.m_kind == giXFORM_AFFINE)
     {
-        for (int row = 0; row < 4; ++row)
-            for (int column = 0; column < 4; ++column)
-                result.m_elements[row][column] = a[row][0] * b[0][column] + a[row][1] * b[1][column] +
-                                                 a[row][2] * b[2][column] + (row == 3 ? b[3][column] : 0);
+        for (int column = 0; column < 4; ++column)
+        {
+            const double b0 = b[0][column], b1 = b[1][column], b2 = b[2][column], b3 = b[3][column];
+            result.m_elements[0][column] = a[0][0] * b0 + a[0][1] * b1 + a[0][2] * b2;
+            result.m_elements[1][column] = a[1][0] * b0 + a[1][1] * b1 + a[1][2] * b2;
+            result.m_elements[2][column] = a[2][0] * b0 + a[2][1] * b1 + a[2][2] * b2;
+            result.m_elements[3][column] = a[3][0] * b0 + a[3][1] * b1 + a[3][2] * b2 + b3;
+        }
         return result;
     }
     for (int row = 0; row < 4; ++row)
