@@ -1,0 +1,52 @@
+#pragma once
+
+#include "grStdTwiddleTool.h"
+#include "grViewTwiddleDetail.h"
+
+#include <memory>
+
+class dgView;
+class grCameraViewCache;
+
+/// Base of the tools that change the camera of a view.
+class GR_EXPORT grStdViewTwiddleTool : public grStdTwiddleTool
+{
+public:
+    grStdViewTwiddleTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
+    ~grStdViewTwiddleTool() override;
+
+    /// What the tool works on, or null: before the start, and for good when the hooks found no view to twiddle.
+    grViewTwiddleDetail* detail() const { return the_detail.get(); }
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grStdViewTwiddleTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grStdViewTwiddleTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+    /// Pushes the target view's camera into its camera cache, when the flags allow it and there is a target.
+    virtual void save_camera() const;
+    /// The same for a given view, which may be null.
+    void save_camera(dgView* view) const;
+
+    /// The camera cache of a view, made on first request; null for a null view and without initialise_cache.
+    static grCameraViewCache* camera_cache(dgView* view);
+    /// Makes the process-wide manager of camera caches unless there is one; db may be null.
+    static void initialise_cache(const gwResourceDB* db);
+    /// Drops it with all that was saved; the close of the display library does so too.
+    static void delete_camera_cache();
+
+protected:
+    /// Asks the hooks what to work on and keeps the answer; 1 when there is a target view.
+    int find_detail(const gwKeyEvent& event);
+    /// Takes over what to work on, which may be null.
+    void detail(grViewTwiddleDetail* detail) { the_detail.reset(detail); }
+
+    /// Parts of the detail, each null when there is none: a target view also once it has been deleted.
+    dgView* target_view() const { return the_detail ? the_detail->target_view() : nullptr; }
+    grViewRefresher* refresher() const { return the_detail ? the_detail->refresher() : nullptr; }
+    grWorkPlane* workplane() const { return the_detail ? the_detail->workplane() : nullptr; }
+
+private:
+    std::unique_ptr<grViewTwiddleDetail> the_detail;
+};

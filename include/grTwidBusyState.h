@@ -1,0 +1,9 @@
+#pragma once
+
+/// Whether a tool keeps the user busy: one that goes on by itself after its end, such as a spinning trackball, does
+/// not.
+enum grTwidBusyState : int
+{
+    grTWID_NOT_BUSY = 0,
+    grTWID_BUSY = 1
+};
