@@ -1,0 +1,5 @@
+#pragma once
+
+#include "coSList.h"
+
+using doublecoSList = coSList<double>;

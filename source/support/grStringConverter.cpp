@@ -1,0 +1,317 @@
+#include "grStringConverter.h"
+
+#include "apNumber.h"
+#include "giBox2.h"
+#include "giPoint3.h"
+#include "grTokeniser.h"
+#include "gsColour.h"
+
+#include <algorithm>
+#include <memory>
+#include <string_view>
+
+namespace
+{
+template <class Value>
+struct Word
+{
+    const char* text;
+    Value value;
+};
+
+const Word<int> bool_words[] = {{"0", 0}, {"false", 0}, {"no", 0},  {"off", 0},
+                                {"1", 1}, {"true", 1},  {"yes", 1}, {"on", 1}};
+
+const Word<gwKeyType> key_type_words[] = {{"qwerty_key", gwQWERTY_KEY},
+                                          {"function_key", gwFUNCTION_KEY},
+                                          {"mouse_button", gwMOUSE_BUTTON},
+                                          {"other_key", gwOTHER_KEY}};
+
+const Word<int> modifier_words[] = {
+    {"control", gwMODIFIER_CONTROL}, {"shift", gwMODIFIER_SHIFT}, {"alt", gwMODIFIER_ALT}, {"f1", gwMODIFIER_F1},
+    {"f2", gwMODIFIER_F2},           {"f3", gwMODIFIER_F3},       {"f4", gwMODIFIER_F4},   {"f5", gwMODIFIER_F5},
+    {"f6", gwMODIFIER_F6},           {"f7", gwMODIFIER_F7},       {"f8", gwMODIFIER_F8},   {"f9", gwMODIFIER_F9},
+    {"f10", gwMODIFIER_F10},         {"f11", gwMODIFIER_F11},     {"f12", gwMODIFIER_F12}};
+
+// The control key is "ctrl" here and "control" as a modifier: deliberate, resource files in use have both.
+const Word<int> other_key_words[] = {{"insert", gwKEY_INSERT},
+                                     {"delete", gwKEY_DELETE},
+                                     {"home", gwKEY_HOME},
+                                     {"end", gwKEY_END},
+                                     {"page_up", gwKEY_PAGE_UP},
+                                     {"page_down", gwKEY_PAGE_DOWN},
+                                     {"left_arrow", gwKEY_LEFT_ARROW},
+                                     {"up_arrow", gwKEY_UP_ARROW},
+                                     {"right_arrow", gwKEY_RIGHT_ARROW},
+                                     {"down_arrow", gwKEY_DOWN_ARROW},
+                                     {"print_screen", gwKEY_PRINT_SCREEN},
+                                     {"pause", gwKEY_PAUSE},
+                                     {"shift", gwKEY_SHIFT},
+                                     {"ctrl", gwKEY_CTRL},
+                                     {"alt", gwKEY_ALT}};
+
+const Word<gwDisplayBufferMode> buffer_mode_words[] = {
+    {"single", gwSINGLE_BUFFER}, {"double", gwDOUBLE_BUFFER}, {"twin", gwTWIN_BUFFER}};
+
+const Word<grColourMode> colour_mode_words[] = {{"true", grTRUE_COLOUR}, {"pseudo", grPSEUDO_COLOUR}};
+
+const Word<gwDriverType> driver_type_words[] = {{"GL", gwGL_DRIVER},         {"X", gwX_DRIVER},
+                                                {"native", gwNATIVE_DRIVER}, {"GDI", gwGDI_DRIVER},
+                                                {"PEX", gwPEX_DRIVER},       {"X_ON_UNIX", gwX_ON_UNIX_DRIVER}};
+
+template <class Value, std::size_t n_words>
+int look_up(const Word<Value> (&words)[n_words], const utString& text, Value& result)
+{
+    for (const Word<Value>& word : words)
+        if (text.equal_case_blind(word.text))
+        {
+            result = word.value;
+            return 1;
+        }
+    return 0;
+}
+
+// Scans numbers from the start of a text. Where the separator is a blank, any blanks may stand between two numbers, or
+// none where the next one's sign or point ends the one before; any other separator must directly follow a number.
+template <class Number, std::size_t n_numbers>
+int scan(std::string_view text, char separator, Number (&numbers)[n_numbers])
+{
+    const char* position = text.data();
+    const char* const end = position + text.size();
+    for (std::size_t i = 0; i < n_numbers; ++i)
+    {
+        if (i > 0 && separator != ' ')
+        {
+            if (position == end || *position != separator)
+                return 0;
+            ++position;
+        }
+        position = ap_scan_number(position, end, numbers[i]);
+        if (!position)
+            return 0;
+    }
+    return 1;
+}
+
+template <class Number>
+int to_number(const utString& text, Number& result)
+{
+    return ap_scan_number(text.view().data(), text.view().data() + text.view().size(), result) != nullptr;
+}
+
+int three_numbers(const utString& text, double (&numbers)[3])
+{
+    return scan(text.view(), ',', numbers) || scan(text.view(), ' ', numbers);
+}
+
+constexpr std::string_view eight_bit_prefix = "8bit ";
+
+int is_eight_bit_colour(const utString& text)
+{
+    return text.equal_case_blind(utString(eight_bit_prefix), static_cast<int>(eight_bit_prefix.size()));
+}
+
+double eight_bit_channel(int value)
+{
+    return std::clamp(value, 0, 255) / 255.0;
+}
+
+int is(const char* token, const char* text)
+{
+    return token && std::string_view(token) == text;
+}
+
+constexpr const char* action_punctuation = "<>:()";
+
+// Reads what may stand before an action's key type. An action that starts without "<" has no modifiers.
+int read_modifiers(grTokeniser& tokens, int& modifiers)
+{
+    modifiers = 0;
+    if (!is(tokens.next_token(), "<"))
+    {
+        tokens.go_back_one();
+        return 1;
+    }
+    const char* token = tokens.next_token();
+    for (; token && !is(token, ">"); token = tokens.next_token())
+    {
+        int bit = 0;
+        if (!grStringConverter::to_modifier(token, bit))
+            return 0;
+        modifiers |= bit;
+    }
+    return token != nullptr;
+}
+
+int read_key(grTokeniser& tokens, gwKeyType& key_type, int& key_number)
+{
+    const char* token = tokens.next_token();
+    if (!token || !grStringConverter::to_key_type(token, key_type))
+        return 0;
+    token = tokens.next_token();
+    if (!token)
+        return 0;
+    return key_type == gwOTHER_KEY ? grStringConverter::to_other_key(token, key_number)
+                                   : grStringConverter::to_int(token, key_number);
+}
+
+int read_tool_name(grTokeniser& tokens, utString& name)
+{
+    if (!is(tokens.next_token(), ":"))
+        return 0;
+    const char* token = tokens.next_token();
+    // Punctuation here means that the name was left out.
+    if (!token || std::string_view(action_punctuation).find(token[0]) != std::string_view::npos)
+        return 0;
+    name = token;
+    return 1;
+}
+
+int read_arguments(grTokeniser& tokens, utString& args)
+{
+    if (!is(tokens.next_token(), "("))
+    {
+        tokens.go_back_one();
+        return 1;
+    }
+    const char* token = tokens.next_token();
+    for (int first = 1; token && !is(token, ")"); token = tokens.next_token(), first = 0)
+    {
+        if (!first)
+            args += ',';
+        args += token;
+    }
+    return token != nullptr;
+}
+
+// Null when the text at the tokeniser is no action.
+std::unique_ptr<grAction> read_action(grTokeniser& tokens)
+{
+    int modifiers = 0, key_number = 0;
+    gwKeyType key_type = gwQWERTY_KEY;
+    utString name, args;
+    if (!read_modifiers(tokens, modifiers) || !read_key(tokens, key_type, key_number) ||
+        !read_tool_name(tokens, name) || !read_arguments(tokens, args))
+        return nullptr;
+    return std::make_unique<grAction>(grActionTrigger(key_type, key_number, modifiers, args), name);
+}
+}
+
+int grStringConverter::to_bool(const utString& text, int& result)
+{
+    return look_up(bool_words, text, result);
+}
+
+int grStringConverter::to_int(const utString& text, int& result)
+{
+    return to_number(text, result);
+}
+
+int grStringConverter::to_double(const utString& text, double& result)
+{
+    return to_number(text, result);
+}
+
+int grStringConverter::to_doubles(const utString& text, doublecoSList& result)
+{
+    constexpr std::string_view separators = " ,\t";
+    doublecoSList numbers;
+    std::string_view rest = text.view();
+    for (;;)
+    {
+        rest.remove_prefix(std::min(rest.find_first_not_of(separators), rest.size()));
+        if (rest.empty())
+            break;
+        const std::string_view token = rest.substr(0, rest.find_first_of(separators));
+        double number = 0;
+        if (!ap_scan_number(token.data(), token.data() + token.size(), number))
+            return 0;
+        numbers.append(number);
+        rest.remove_prefix(token.size());
+    }
+    if (numbers.empty())
+        return 0;
+    result = numbers;
+    return 1;
+}
+
+int grStringConverter::to_point(const utString& text, giPoint3& result)
+{
+    double numbers[3];
+    if (!three_numbers(text, numbers))
+        return 0;
+    result = giPoint3(numbers[0], numbers[1], numbers[2]);
+    return 1;
+}
+
+int grStringConverter::to_colour(const utString& text, gsColour& result)
+{
+    if (is_eight_bit_colour(text))
+    {
+        int channels[3];
+        if (!scan(text.view().substr(eight_bit_prefix.size()), ' ', channels))
+            return 0;
+        result =
+            gsColour(eight_bit_channel(channels[0]), eight_bit_channel(channels[1]), eight_bit_channel(channels[2]));
+        return 1;
+    }
+
+    double channels[3];
+    if (!three_numbers(text, channels))
+        return 0;
+    result = gsColour(channels[0], channels[1], channels[2]);
+    return 1;
+}
+
+int grStringConverter::to_window_size(const utString& text, giBox2& result)
+{
+    int numbers[4];
+    if (!scan(text.view(), ',', numbers))
+        return 0;
+    result = giBox2(numbers[0], numbers[1], numbers[2], numbers[3]);
+    return 1;
+}
+
+int grStringConverter::to_key_type(const utString& text, gwKeyType& result)
+{
+    return look_up(key_type_words, text, result);
+}
+
+int grStringConverter::to_modifier(const utString& text, int& result)
+{
+    return look_up(modifier_words, text, result);
+}
+
+int grStringConverter::to_other_key(const utString& text, int& result)
+{
+    return look_up(other_key_words, text, result);
+}
+
+int grStringConverter::to_buffer_mode(const utString& text, gwDisplayBufferMode& result)
+{
+    return look_up(buffer_mode_words, text, result);
+}
+
+int grStringConverter::to_colour_mode(const utString& text, grColourMode& result)
+{
+    return look_up(colour_mode_words, text, result);
+}
+
+int grStringConverter::to_driver_type(const utString& text, gwDriverType& result)
+{
+    return look_up(driver_type_words, text, result);
+}
+
+int grStringConverter::to_actions(const utString& text, grActioncoDListPtr& result)
+{
+    grTokeniser tokens(text.c_str(), " ,\t");
+    while (tokens.next_token())
+    {
+        tokens.go_back_one();
+        std::unique_ptr<grAction> action = read_action(tokens);
+        if (!action)
+            return 0;
+        result.add_last(action.release());
+    }
+    return 1;
+}
