@@ -1,0 +1,57 @@
+#pragma once
+
+#include "dgEnums.h"
+#include "dgExport.h"
+
+struct dgBackground;
+struct dgCameraState;
+struct dgDrawState;
+struct dgImage;
+struct dgPrimitiveRun;
+class dgGraphicalPrimitive;
+class dgWindow;
+class giBox2;
+class giPoint3;
+class giXform3;
+
+/// The seam between the display library and a graphics interface. A renderer drives it; applications do not.
+///
+/// Drawing calls come between begin and end. State stays in force until it is set again. Drawing is asynchronous:
+/// finish waits for it.
+class DG_EXPORT dgDriver
+{
+public:
+    virtual ~dgDriver();
+
+    virtual dgDriverKind type() const = 0;
+
+    /// 1 when a mode, or any for -1, has the capability.
+    virtual int capability(int mode, dgDriverCapability capability) const = 0;
+
+    virtual void begin() = 0;
+    virtual void end() = 0;
+    virtual void select_buffer(dgDoubleBuffer buffer) = 0;
+    virtual void swap_buffers(dgDoubleBufferSwap mode) = 0;
+
+    /// Fills a device box, low and high pixels included, of the selected buffer.
+    virtual void clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
+                       dgEraseZbuffer depth) = 0;
+
+    virtual void set_camera(const dgCameraState& camera) = 0;
+    virtual void set_model_transform(const giXform3& model_to_world) = 0;
+    virtual void set_state(const dgDrawState& state) = 0;
+
+    /// Draws a run of primitives, whose geometry the driver keeps from one drawing to the next.
+    virtual void draw_run(const dgPrimitiveRun& run) = 0;
+
+    /// Draws one primitive, whose geometry the driver keeps too.
+    virtual void draw_primitive(const dgGraphicalPrimitive& primitive) = 0;
+
+    /// Draws line segments between successive pairs of points, which are not kept.
+    virtual void draw_segments(const giPoint3* points, int npoints) = 0;
+
+    /// Reads the selected buffer inside a device box, low and high pixels included.
+    virtual void read_pixels(const giBox2& device_box, dgImage& image) = 0;
+
+    virtual void finish() = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "dgExport.h"
+
+class giPoint3;
+class giTriangle;
+class giVector3;
+
+enum dgTopology
+{
+    dgTOPOLOGY_POINTS = 0,
+    dgTOPOLOGY_LINES = 1,
+    dgTOPOLOGY_TRIANGLES = 2
+};
+
+/// The geometry of one primitive as its own arrays hold it, for a driver to copy. Coordinates are the primitive's own.
+///
+/// A feature is one point, one line segment or one triangle. Points and lines use the points in order, lines joining
+/// successive ones.
+struct dgGeometry
+{
+    dgTopology topology = dgTOPOLOGY_POINTS;
+    const giPoint3* points = nullptr;
+    int npoints = 0;
+    const giVector3* normals = nullptr;    ///< one a point, or null
+    const giTriangle* triangles = nullptr; ///< nfeatures of them, for triangles
+    int nfeatures = 0;
+};
+
+/// Told when the geometry of a primitive is gone, so that copies of it can be freed.
+class DG_EXPORT dgGeometryListener
+{
+public:
+    dgGeometryListener();
+    virtual ~dgGeometryListener();
+    dgGeometryListener(const dgGeometryListener&) = delete;
+    dgGeometryListener& operator=(const dgGeometryListener&) = delete;
+
+    virtual void geometry_released(unsigned geometry_id) = 0;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "dgGeometry.h"
+#include "dgGraphicalElement.h"
+
+/// An element that is drawn.
+class DG_EXPORT dgGraphicalPrimitive : public dgGraphicalElement
+{
+public:
+    ~dgGraphicalPrimitive() override;
+
+    virtual dgGraphicalPrimitiveType primitive_type() const = 0;
+
+    /// The geometry, whose arrays stay good until the primitive is next changed.
+    virtual dgGeometry geometry() const = 0;
+
+    /// Category of the primitive: its type code counted from the first primitive; second storage forms count as the
+    /// first.
+    int category() const;
+
+    /// Number of this primitive among all live ones, given on first use and used again after its end. Drivers keep
+    /// their copies of the geometry under it.
+    unsigned geometry_id() const;
+
+    dgGraphicalPrimitive* copy() const override = 0;
+    void draw(dgRenderer* renderer) const override;
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static const dgGraphicalPrimitive* ut_dynamic_cast(const dgGraphicalElement* element);
+
+protected:
+    explicit dgGraphicalPrimitive(int type) : dgGraphicalElement(dgELEMENT_PRIMITIVE, type) {}
+    dgGraphicalPrimitive(const dgGraphicalPrimitive& other) : dgGraphicalElement(other) {}
+
+private:
+    mutable unsigned the_geometry_id = 0; // 0 until first asked for
+};

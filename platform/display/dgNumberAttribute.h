@@ -1,0 +1,24 @@
+#pragma once
+
+#include "dgGraphicalAttribute.h"
+
+/// What the attributes that carry one number have in common.
+class DG_EXPORT dgNumberAttribute : public dgGraphicalAttribute
+{
+public:
+    double value() const { return the_value; }
+
+    /// Replaces the number in place.
+    void value(double value);
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+
+protected:
+    dgNumberAttribute(int type, double value) : dgGraphicalAttribute(type), the_value(value) {}
+    int equal_value(const dgGraphicalAttribute& other) const override;
+
+private:
+    double the_value;
+};

@@ -1,0 +1,171 @@
+#include "dgView.h"
+
+#include "dgDriver.h"
+#include "dgGraphicalElement.h"
+#include "dgRenderer.h"
+#include "dgS.h"
+#include "dgWindow.h"
+#include "gsHeap.h"
+
+#include <cassert>
+#include <ostream>
+
+UT_DEFINE_TYPE(dgView, dgBase);
+
+dgRenderNetworkAction* dgView::the_global_render_network_action = nullptr;
+
+namespace
+{
+void set_channels(float (&channels)[3], const gsColour& colour)
+{
+    channels[0] = static_cast<float>(colour.red());
+    channels[1] = static_cast<float>(colour.green());
+    channels[2] = static_cast<float>(colour.blue());
+}
+}
+
+dgView::dgView(dgRenderer* renderer) : the_renderer(renderer), the_call_list(this)
+{
+    the_camera.the_view = this;
+    if (renderer)
+    {
+        const giBox2 box = renderer->window_box();
+        the_camera.view_port_dc(box);
+        the_camera.window_size(giVector2(box.width() + 1, box.height() + 1));
+    }
+    dgS::all_views().add_last(this);
+    gsHeap::object_add(this);
+}
+
+dgView::~dgView()
+{
+    fire(DG_VIEW_TO_BE_DELETED);
+    dgS::all_views().remove(this);
+    gsHeap::object_remove(this);
+}
+
+void dgView::unreference()
+{
+    lower_reference_count();
+}
+
+int dgView::renderer_width() const
+{
+    return the_renderer ? the_renderer->window(0)->width() : 1;
+}
+
+int dgView::renderer_height() const
+{
+    return the_renderer ? the_renderer->window(0)->height() : 1;
+}
+
+void dgView::fire(dgViewReason reason)
+{
+    the_call_list.fire(reason);
+}
+
+void dgView::erase(dgEraseZbuffer zbuffer)
+{
+    if (!the_renderer)
+        return;
+    dgBackground background;
+    set_channels(background.top,
+                 the_shading.graduated_background ? the_shading.top_colour : the_shading.background_colour);
+    set_channels(background.bottom,
+                 the_shading.graduated_background ? the_shading.bottom_colour : the_shading.background_colour);
+    the_renderer->begin();
+    the_renderer->driver()->clear(the_camera.view_port_dc(), background, dgERASE_FRAMEBUFFER_YES, zbuffer);
+    the_renderer->end();
+}
+
+void dgView::render_network(dgStructure* structure)
+{
+    if (!structure)
+        structure = root();
+    if (structure)
+        draw_network(*structure, 0);
+}
+
+void dgView::render_network_normal(dgStructure& structure)
+{
+    draw_network(structure, 1);
+}
+
+void dgView::draw_network(dgStructure& structure, int past_action)
+{
+    if (!the_renderer)
+        return;
+    const dgRef<dgStructure> held(&structure); // an application's element may drop the structure while it is drawn
+    fit_planes();
+    begin();
+    if (past_action)
+        the_renderer->draw_structure(structure);
+    else
+        the_renderer->draw_network(structure);
+    end();
+}
+
+void dgView::fit_planes()
+{
+    if (!the_user_clip_planes && the_root)
+        the_camera.clip_bounding_box(the_root->bounding_box(), dgBOUNDING_VIEW_SPHERE);
+}
+
+void dgView::begin()
+{
+    assert(!the_begun);
+    the_begun = 1;
+    if (!the_renderer)
+        return;
+    the_renderer->begin();
+    the_renderer->set_hlhsr_mode(the_shading.hlhsr_mode);
+    the_renderer->cue_colour(the_shading.graduated_background ? the_shading.bottom_colour
+                                                              : the_shading.background_colour);
+    the_renderer->set_camera(&the_camera);
+    the_renderer->push_structure();
+}
+
+void dgView::end()
+{
+    the_begun = 0;
+    if (!the_renderer)
+        return;
+    the_renderer->pop_structure();
+    the_renderer->end();
+}
+
+void dgView::execute(const dgGraphicalElement& element)
+{
+    if (the_renderer)
+        the_renderer->execute(element);
+}
+
+void dgView::execute_structure(const dgStructure& structure)
+{
+    if (the_renderer)
+        the_renderer->draw_structure(structure);
+}
+
+void dgView::view_bbox(dgBoundingViewType type)
+{
+    if (!the_root)
+        return;
+    const double front = the_camera.front_plane();
+    const double back = the_camera.back_plane();
+    the_camera.view_bounding_box(the_root->bounding_box(), type);
+    if (the_user_clip_planes)
+        the_camera.front_back_plane(front, back);
+}
+
+void dgView::print(std::ostream& os, int level, int indent) const
+{
+    const std::string blanks(static_cast<std::size_t>(indent), ' ');
+    const giBox2& port = the_camera.view_port_dc();
+    os << blanks << "dgView {\n";
+    os << blanks << "  view port is " << port.low().x() << " " << port.low().y() << " " << port.high().x() << " "
+       << port.high().y() << "\n";
+    os << blanks << "  scale is " << the_camera.scale() << "\n";
+    if (level >= 1 && the_root)
+        the_root->print(os);
+    os << blanks << "}\n";
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+/// Three overridable drawing values, each with a flag that says whether it is enabled: facet tolerance, polygon
+/// regeneration and text quality.
+class gsRegenerate
+{
+public:
+    struct Override
+    {
+        int enabled;
+        double value;
+    };
+
+    /// All three start with the same value and flag.
+    gsRegenerate(double value, int enabled)
+        : facet_tolerance{enabled, value}, polygons{enabled, value}, text{enabled, value}
+    {}
+
+    Override facet_tolerance;
+    Override polygons;
+    Override text;
+
+    int any_enabled() const { return facet_tolerance.enabled || polygons.enabled || text.enabled; }
+};
