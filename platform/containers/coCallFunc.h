@@ -6,7 +6,7 @@
 
 /// Function called back: the receiver it was registered with, the sender whose list fires, and the call data of the
 /// firing. What sender and data point at is fixed by the sender and the reason.
-typedef void (*coCallFunction)(coReceiver* receiver, void* sender, void* data);
+using coCallFunction = void (*)(coReceiver* receiver, void* sender, void* data);
 
 /// One callback: a function and the receiver that owns it.
 class coCallFunc

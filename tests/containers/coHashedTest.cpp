@@ -17,7 +17,10 @@ struct Edge
 
 struct EdgeHash
 {
-    std::size_t operator()(const Edge& edge) const { return static_cast<std::size_t>(edge.from + edge.to); }
+    std::size_t operator()(const Edge& edge) const
+    {
+        return static_cast<std::size_t>(edge.from) + static_cast<std::size_t>(edge.to);
+    }
 };
 }
 
