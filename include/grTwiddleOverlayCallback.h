@@ -1,0 +1,16 @@
+#pragma once
+
+#include "grExport.h"
+
+class dgView;
+
+/// The application's function that draws over a view each time the library has drawn its network.
+class GR_EXPORT grTwiddleOverlayCallback
+{
+public:
+    grTwiddleOverlayCallback() = delete;
+
+    /// Replaces the function; null removes it.
+    static void register_callback(void (*callback)(dgView&));
+    static void call_callback(dgView& view);
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "grViewPaper.h"
+
+class grViewPaperChild;
+
+/// The sheet of paper that views are laid out on. Its paper children come beside its ordinary children.
+class GR_EXPORT grViewPaperParent : public grViewPaper
+{
+public:
+    explicit grViewPaperParent(dgView* view);
+    /// The paper children live on without a paper parent.
+    ~grViewPaperParent() override;
+
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static const utTypeID& ut_static_type();
+    static grViewPaperParent* ut_dynamic_cast(grView* view);
+    static const grViewPaperParent* ut_dynamic_cast(const grView* view);
+
+    void print(std::ostream& os, int level) const override;
+
+    /// Paper children in the order in which they were attached; i counts from 0 and is in range.
+    int npaper_child_views() const { return the_paper_children.count(); }
+    grViewPaperChild* paper_child(int i) const { return the_paper_children[i]; }
+
+private:
+    friend class grView;
+    friend class grViewPaperChild;
+    void release_paper_children();
+
+    coDList<grViewPaperChild*> the_paper_children;
+};
