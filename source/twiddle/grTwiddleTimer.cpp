@@ -1,0 +1,122 @@
+#include "grTwiddleTimer.h"
+
+#include "apHighResTime.h"
+
+#include <algorithm>
+#include <cmath>
+#include <ostream>
+
+namespace
+{
+constexpr double longest_gap_in_intervals = 2.0;
+constexpr double shortest_mean_step_pixels = 0.5;
+constexpr double rest_step_pixels = 1.1;
+constexpr double rest_change_pixels = 0.56;
+}
+
+grTwiddleTimer::grTwiddleTimer(int capacity)
+    : the_capacity(capacity), the_points(static_cast<std::size_t>(capacity)),
+      the_times(static_cast<std::size_t>(capacity))
+{}
+
+grTwiddleTimer::~grTwiddleTimer() = default;
+
+int grTwiddleTimer::can_spin() const
+{
+    if (!the_got_end_twiddle_event_flag)
+        return 0;
+    if (!the_calced_can_spin_flag)
+    {
+        the_calced_can_spin_flag = 1;
+        the_can_spin_flag = calculate_can_spin();
+    }
+    return the_can_spin_flag;
+}
+
+void grTwiddleTimer::add_mouse_event(const giPoint2& position)
+{
+    const auto next = static_cast<std::size_t>(the_next);
+    the_points[next] = position;
+    the_times[next] = get_time();
+    ++the_count;
+    if (++the_next == the_capacity)
+        the_next = 0;
+}
+
+void grTwiddleTimer::end_twiddle_event(const giPoint2& position)
+{
+    the_got_end_twiddle_event_flag = 1;
+    the_end_twiddle_point = position;
+    the_end_twiddle_time = get_time();
+}
+
+int grTwiddleTimer::calculate_can_spin() const
+{
+    if (the_count < 2)
+        return 0;
+
+    // Once the ring has wrapped, the oldest position is the one to be overwritten next.
+    const int kept = std::min(the_count, the_capacity);
+    const int oldest_index = the_count > the_capacity ? the_next : 0;
+    const auto slot = [&](int i) { return static_cast<std::size_t>((oldest_index + i) % the_capacity); };
+    const giPoint2& oldest = the_points[slot(0)];
+    const giPoint2& last = the_points[slot(kept - 1)];
+    const double last_time = the_times[slot(kept - 1)];
+
+    const double mean_interval = (last_time - the_times[slot(0)]) / (kept - 1);
+    const double gap = the_end_twiddle_time - last_time;
+    // Events at one and the same time give no ratio; comparing this way round refuses them.
+    if (!(gap / mean_interval <= longest_gap_in_intervals))
+        return 0;
+
+    const giVector2 mean_step = (last - oldest) / (kept - 1);
+    if (mean_step.length() < shortest_mean_step_pixels)
+        return 0;
+
+    the_start_point = the_end_twiddle_point;
+    the_end_point = the_end_twiddle_point + (the_end_twiddle_point - oldest) / kept;
+
+    const giVector2 last_step = last - the_points[slot(kept - 2)];
+    const int slow = std::abs(last_step.x()) <= rest_step_pixels && std::abs(last_step.y()) <= rest_step_pixels;
+    if (slow && (mean_step - last_step).length() >= rest_change_pixels)
+        return 0;
+
+    the_gap = gap;
+    the_mean_interval = mean_interval;
+    return 1;
+}
+
+void grTwiddleTimer::start_end_pt(giPoint2& start, giPoint2& end) const
+{
+    start = the_start_point;
+    end = the_end_point;
+}
+
+void grTwiddleTimer::diff_vector(giVector2& step) const
+{
+    step = the_end_point - the_start_point;
+}
+
+double grTwiddleTimer::get_time() const
+{
+    return apHighResTime::time();
+}
+
+void grTwiddleTimer::print(std::ostream& os) const
+{
+    os << "grTwiddleTimer {\n"
+       << "  the_got_end_twiddle_event_flag is " << the_got_end_twiddle_event_flag << '\n'
+       << "  the_end_twiddle_point is " << the_end_twiddle_point << '\n'
+       << "  the_end_twiddle_time is " << the_end_twiddle_time << '\n'
+       << "  the_calced_can_spin_flag is " << the_calced_can_spin_flag << '\n'
+       << "  the_can_spin_flag is " << the_can_spin_flag << '\n'
+       << "  the_gap is " << the_gap << '\n'
+       << "  the_mean_interval is " << the_mean_interval << '\n'
+       << "}\n";
+}
+
+std::ostream& operator<<(std::ostream& os, const grTwiddleTimer& timer)
+{
+    timer.print(os);
+    return os;
+}
