@@ -68,6 +68,26 @@ dgStructure::~dgStructure()
     }
 }
 
+void dgStructure::unreference()
+{
+    if (lower_reference_count() >= 1)
+        return;
+    // A queue in place of recursion: each structure's end may let go of the last reference on those that it calls.
+    static std::vector<dgStructure*> doomed;
+    static bool destroying = false;
+    doomed.push_back(this);
+    if (destroying)
+        return;
+    destroying = true;
+    while (!doomed.empty())
+    {
+        dgStructure* structure = doomed.back();
+        doomed.pop_back();
+        delete structure;
+    }
+    destroying = false;
+}
+
 void dgStructure::set_cursor(int position)
 {
     the_cursor = std::clamp(position, -1, nelements() - 1);

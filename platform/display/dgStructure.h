@@ -22,6 +22,9 @@ public:
     dgStructure(const dgStructure&) = delete;
     dgStructure& operator=(const dgStructure&) = delete;
 
+    /// As of every counted object; structures that call each other to any depth are destroyed one after the other.
+    void unreference() override;
+
     int nelements() const { return the_elements.size(); }
     dgGraphicalElement* element(int position) const { return the_elements[position]; }
 

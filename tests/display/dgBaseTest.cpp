@@ -1,0 +1,76 @@
+#include "dgLabel.h"
+#include "dgRef.h"
+#include "dgSerr.h"
+#include "gsColour.h"
+#include "gsRGB.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+int the_last_code = 0;
+
+struct HandlerGuard
+{
+    HandlerGuard() : before(dgSerr_handler([](int code) { the_last_code = code; })) { the_last_code = 0; }
+    ~HandlerGuard() { dgSerr_handler(before); }
+    dgSerrHandler before;
+};
+
+class CountedLabel : public dgLabel
+{
+public:
+    explicit CountedLabel(int& destroyed) : dgLabel(1), the_destroyed(destroyed) {}
+    ~CountedLabel() override { ++the_destroyed; }
+
+private:
+    int& the_destroyed;
+};
+}
+
+TEST(dgBase, is_destroyed_when_the_last_holder_lets_go)
+{
+    const HandlerGuard guard;
+    int destroyed = 0;
+    {
+        const dgRef<dgLabel> first(new CountedLabel(destroyed));
+        dgRef<dgLabel> second = first;
+        second = dgRef<dgLabel>(second.get()); // onto itself
+        EXPECT_EQ(first->reference_count(), 2);
+        dgRef<dgLabel> moved = std::move(second);
+        EXPECT_EQ(first->reference_count(), 2);
+        EXPECT_FALSE(second);
+    }
+    EXPECT_EQ(destroyed, 1);
+    EXPECT_EQ(the_last_code, 0);
+}
+
+TEST(dgBase, reports_a_count_below_zero_and_destroys_all_the_same)
+{
+    const HandlerGuard guard;
+    int destroyed = 0;
+    dgLabel* label = new CountedLabel(destroyed);
+    label->unreference();
+    EXPECT_EQ(the_last_code, 110);
+    EXPECT_EQ(destroyed, 1);
+}
+
+TEST(gsColour, rounds_and_clamps_to_8_bits)
+{
+    gsRGB rgb;
+    gsColour(-0.5, 0.5, 1.5).rgb(rgb);
+    EXPECT_EQ(rgb, (gsRGB{0, 128, 255}));
+    gsColour(0.49 / 255, 0.51 / 255, 254.4 / 255).rgb(rgb);
+    EXPECT_EQ(rgb, (gsRGB{0, 1, 254}));
+}
+
+TEST(gsColour, compares_indices_only_with_indices)
+{
+    gsColour index = gsColour::from_index(3);
+    gsColour same = index;
+    same.red(0.1);
+    EXPECT_EQ(index, same);
+    EXPECT_FALSE(index == gsColour());
+    index.set_rgb(1, 1, 1);
+    EXPECT_EQ(index, gsColour());
+}

@@ -1,0 +1,187 @@
+#include "dgRenderer.h"
+
+#include "dgAppElement.h"
+#include "dgClientStructure.h"
+#include "dgLineColour.h"
+#include "dgLineWidth.h"
+#include "dgPointSet.h"
+#include "dgPolyline.h"
+#include "dgStructureCall.h"
+#include "dgTraceWindow.h"
+#include "dgTransform.h"
+#include "dgView.h"
+#include "gsRenderAction.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+
+namespace
+{
+using Lines = std::vector<std::string>;
+
+dgPolyline* line()
+{
+    return new dgPolyline({{0, 0, 0}, {1, 0, 0}});
+}
+
+Lines starting_with(const Lines& log, const std::string& start)
+{
+    Lines found;
+    std::copy_if(log.begin(), log.end(), std::back_inserter(found),
+                 [&](const std::string& text) { return text.rfind(start, 0) == 0; });
+    return found;
+}
+
+struct Scene
+{
+    dgTraceWindow window{100, 50};
+    dgRenderer renderer{&window, nullptr};
+    dgView view{&renderer};
+    dgRef<dgStructure> root{new dgClientStructure};
+
+    Scene() { view.root(root.get()); }
+    const Lines& draw()
+    {
+        window.clear_log();
+        view.render_network(nullptr);
+        return window.log();
+    }
+};
+
+class EverySecond : public gsRenderAction
+{
+public:
+    int seen = 0;
+    int primitive(dgRenderer&, const dgGraphicalPrimitive&) override { return seen++ % 2 == 0; }
+};
+}
+
+TEST(dgRenderer, draws_runs_in_order_between_begin_and_end)
+{
+    Scene scene;
+    scene.root->add(new dgPointSet({{0, 0, 0}, {1, 1, 1}}));
+    scene.root->add(line());
+    scene.root->add(line());
+    scene.root->add(new dgLineWidth(2));
+    scene.root->add(line());
+    EXPECT_EQ(scene.draw(), (Lines{"begin", "draw points 2 of 1", "draw lines 2 of 2", "draw lines 1 of 1", "end"}));
+}
+
+TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)
+{
+    Scene scene;
+    scene.window.record_state(1);
+    const dgRef<dgStructure> part(new dgClientStructure);
+    part->add(new dgLineWidth(5));
+    part->add(new dgTransform(giXform3::translation({7, 0, 0})));
+    part->add(line());
+    scene.root->add(new dgLineWidth(3));
+    scene.root->add(new dgStructureCall(part.get()));
+    scene.root->add(line());
+    scene.draw();
+    const Lines states = starting_with(scene.window.log(), "state line 1 1 1 ");
+    ASSERT_EQ(states.size(), 2u);
+    EXPECT_NE(states[0].find("state line 1 1 1 5 "), std::string::npos);
+    EXPECT_NE(states[1].find("state line 1 1 1 3 "), std::string::npos);
+    const Lines transforms = starting_with(scene.window.log(), "transform");
+    ASSERT_EQ(transforms.size(), 2u);
+    EXPECT_NE(transforms[0].find(" 7 0 0 1"), std::string::npos);
+    EXPECT_NE(transforms[1].find(" 0 0 0 1"), std::string::npos);
+}
+
+TEST(dgRenderer, takes_up_a_colour_changed_in_place)
+{
+    Scene scene;
+    scene.window.record_state(1);
+    auto* colour = new dgLineColour(gsColour(1, 0, 0));
+    scene.root->add(colour);
+    scene.root->add(line());
+    scene.draw();
+    colour->colour(gsColour(0, 0, 1));
+    EXPECT_EQ(starting_with(scene.draw(), "state line 0 0 1 ").size(), 1u);
+}
+
+TEST(dgRenderer, ends_on_cycles_and_bears_deep_networks)
+{
+    Scene cyclic;
+    cyclic.root->add(line());
+    cyclic.root->add(new dgStructureCall(cyclic.root.get()));
+    EXPECT_EQ(starting_with(cyclic.draw(), "draw").size(), 1u);
+    cyclic.root->clear(); // breaks the cycle of references
+
+    Scene deep;
+    dgStructure* level = deep.root.get();
+    for (int i = 0; i < 100000; ++i)
+    {
+        auto* next = new dgClientStructure;
+        level->add(new dgStructureCall(next));
+        level = next;
+    }
+    level->add(line());
+    EXPECT_EQ(starting_with(deep.draw(), "draw").size(), 1u);
+}
+
+TEST(dgRenderer, shows_every_primitive_to_the_action_installed_until_it_is_removed)
+{
+    Scene scene;
+    for (int i = 0; i < 5; ++i)
+        scene.root->add(line());
+    {
+        EverySecond action;
+        scene.renderer.render_action(&action);
+        EXPECT_EQ(starting_with(scene.draw(), "draw").size(), 3u);
+        EXPECT_EQ(action.seen, 5);
+        scene.window.clear_log();
+        scene.view.render_network_normal(*scene.root);
+        EXPECT_EQ(starting_with(scene.window.log(), "draw"), (Lines{"draw lines 5 of 5"}));
+        EXPECT_EQ(action.seen, 5);
+    }
+    EXPECT_EQ(scene.renderer.render_action(), nullptr); // destroyed, so removed
+    EXPECT_EQ(starting_with(scene.draw(), "draw"), (Lines{"draw lines 5 of 5"}));
+}
+
+TEST(dgRenderer, swaps_and_selects_only_when_double_buffered)
+{
+    Scene scene;
+    scene.renderer.select_buffer(dgBACK_BUFFER);
+    scene.renderer.swap_buffers(dgSWAP_PLAIN);
+    EXPECT_EQ(scene.window.log(), (Lines{"select_buffer back", "swap_buffers 0", "present"}));
+    scene.window.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
+    scene.window.clear_log();
+    scene.renderer.select_buffer(dgBACK_BUFFER);
+    scene.renderer.swap_buffers(dgSWAP_PLAIN);
+    EXPECT_TRUE(scene.window.log().empty());
+}
+
+TEST(dgRenderer, inverts_on_driver_1_unless_there_is_an_overlay)
+{
+    Scene scene;
+    EXPECT_FALSE(scene.renderer.in_xor_mode());
+    EXPECT_TRUE(scene.renderer.select_driver(1));
+    EXPECT_TRUE(scene.renderer.in_xor_mode());
+    EXPECT_FALSE(scene.renderer.select_driver(2));
+    EXPECT_EQ(scene.renderer.current_driver_index(), 1);
+    scene.root->add(line());
+    EXPECT_EQ(scene.draw(), (Lines{"xor begin", "xor draw lines 1 of 1", "xor end"}));
+
+    dgTraceWindow main(10, 10), overlay(10, 10);
+    dgRenderer layered(&main, &overlay);
+    layered.select_driver(1);
+    EXPECT_FALSE(layered.in_xor_mode());
+    layered.erase(1);
+    EXPECT_TRUE(main.log().empty());
+    EXPECT_EQ(starting_with(overlay.log(), "clear").size(), 1u);
+}
+
+TEST(dgRenderer, draws_the_12_edges_of_a_box)
+{
+    Scene scene;
+    scene.root->add(new dgPolyline({{0, 0, 0}, {1, 2, 3}}));
+    scene.view.begin();
+    scene.window.clear_log();
+    scene.renderer.draw_bounding_box(*scene.root);
+    EXPECT_EQ(starting_with(scene.window.log(), "draw"), (Lines{"draw_segments 12"}));
+    scene.view.end();
+}
