@@ -1,0 +1,56 @@
+#pragma once
+
+#include "grAction.h"
+#include "grExport.h"
+#include "utString.h"
+
+#include <memory>
+
+class grStdToolFactory;
+class grStdTwiddleHooks;
+class grToolFactory;
+class grTwiddleMan;
+class gwInput;
+class gwResourceDB;
+
+/// Twiddling ready to use: a manager on an input, hooks, and the standard tools, with the actions of a resource
+/// database.
+class GR_EXPORT grStdTwiddling
+{
+public:
+    /// Nothing is taken over, and everything given must outlive this object. Without hooks, default ones are made, and
+    /// a "framerate" above 0 in db lets them time twiddles out. apps_factory is asked for tools before the standard
+    /// factory. db, apps_factory and hooks may be null; the actions are read from "translations".
+    grStdTwiddling(gwInput* input, const gwResourceDB* db, grStdTwiddleHooks* hooks, grToolFactory* apps_factory);
+    ~grStdTwiddling();
+
+    /// Replaces all actions by those of another resource; there are none when db has no such key or is null.
+    void change_translation_actions(utString key, const gwResourceDB* db);
+
+    gwInput* input() const { return the_input; }
+    grStdTwiddleHooks* hooks() const { return the_hooks; }
+    /// Null when the application has none.
+    grToolFactory* apps_factory() const { return the_apps_factory; }
+    grStdToolFactory* factory() const { return the_factory.get(); }
+    grTwiddleMan* twiddle_man() const { return the_twiddle_man.get(); }
+
+protected:
+    grStdTwiddling(const grStdTwiddling&) = delete;
+    grStdTwiddling& operator=(const grStdTwiddling&) = delete;
+
+    void setup_actions(utString key, const gwResourceDB* db);
+    /// Append the actions that no resource names.
+    void add_mouse_wheel_actions(grActioncoDListPtr& actions);
+    void add_spaceball_actions(grActioncoDListPtr& actions);
+
+private:
+    int bind(grAction& action) const;
+
+    gwInput* the_input;
+    std::unique_ptr<grStdTwiddleHooks> the_own_hooks; // null when the application gave its own
+    grStdTwiddleHooks* the_hooks;
+    grToolFactory* the_apps_factory;
+    // The manager goes first: its tool still uses the factory's database and the hooks.
+    std::unique_ptr<grStdToolFactory> the_factory;
+    std::unique_ptr<grTwiddleMan> the_twiddle_man;
+};

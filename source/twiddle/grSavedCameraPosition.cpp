@@ -1,0 +1,29 @@
+#include "grSavedCameraPosition.h"
+
+#include "dgView.h"
+
+grSavedCameraPosition::grSavedCameraPosition(const dgView& view)
+    : the_camera(view.camera()), the_user_clip_planes(view.user_clip_planes())
+{}
+
+int grSavedCameraPosition::is_position_of(const dgView& view) const
+{
+    const dgCamera& camera = view.camera();
+    return camera.orientation() == the_camera.orientation() && camera.view_window() == the_camera.view_window() &&
+           camera.projection() == the_camera.projection() &&
+           camera.projection_reference_point() == the_camera.projection_reference_point() &&
+           camera.front_plane() == the_camera.front_plane() && camera.back_plane() == the_camera.back_plane() &&
+           view.user_clip_planes() == the_user_clip_planes;
+}
+
+void grSavedCameraPosition::restore(dgView& view) const
+{
+    dgCamera& camera = view.camera();
+    camera.orientation(the_camera.orientation());
+    camera.view_window(the_camera.view_window());
+    camera.projection(the_camera.projection());
+    camera.projection_reference_point(the_camera.projection_reference_point());
+    camera.front_back_plane(the_camera.front_plane(), the_camera.back_plane());
+    view.user_clip_planes(the_user_clip_planes);
+    camera.world2view_altered();
+}

@@ -1,0 +1,182 @@
+#include "grStdTwiddleHooks.h"
+
+#include "dgView.h"
+#include "giPoint2.h"
+#include "giPoint3.h"
+#include "grStdTwiddleTool.h"
+#include "grStringConverter.h"
+#include "grStructureTwiddleDetail.h"
+#include "grView.h"
+#include "grViewListUtils.h"
+#include "grViewPaperChild.h"
+#include "grViewPaperParent.h"
+#include "grViewRefresherFull.h"
+#include "grViewRendererFast.h"
+#include "grViewTwiddleDetail.h"
+#include "gwKeyEvent.h"
+#include "gwResourceDB.h"
+
+namespace
+{
+// How far outside its viewport, in device pixels, a point still is in a paper child.
+constexpr double the_viewport_tolerance = 1e-5;
+
+// The first paper child, in order of attachment, under a device point; the view itself when there is none.
+dgView* paper_child_at(dgView* view, const giPoint2& point_device)
+{
+    const grViewPaperParent* sheet = grViewPaperParent::ut_dynamic_cast(grView::contains(view));
+    const int n = sheet ? sheet->npaper_child_views() : 0;
+    for (int i = 0; i < n; ++i)
+    {
+        dgView* child = sheet->paper_child(i)->view();
+        if (child && child->camera().view_port_dc().contains(point_device, the_viewport_tolerance))
+            return child;
+    }
+    return view;
+}
+}
+
+grStdTwiddleHooks::grStdTwiddleHooks(const gwResourceDB* db)
+{
+    utString text;
+    if (db && db->get_resource("disable_refresher_fast", text))
+        grStringConverter::to_bool(text, the_disable_refresher_fast);
+}
+
+grViewTwiddleDetail* grStdTwiddleHooks::view_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event)
+{
+    dgViewcoDList views;
+    dgView* target = identify_views(event, views);
+    if (!target)
+        return nullptr;
+    // The views to be redrawn stay those around the view under the pointer, also when its parent takes its place.
+    target = find_child_if_locked(target, tool);
+    if (!target)
+        return nullptr;
+    grViewRefresher* refresher = view_refresher(tool, views);
+    return new grViewTwiddleDetail(target, refresher, identify_workplane());
+}
+
+grStructureTwiddleDetail* grStdTwiddleHooks::structure_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event)
+{
+    dgViewcoDList views;
+    dgView* target = identify_views(event, views);
+    if (!target || locked_view(target, tool))
+        return nullptr;
+    dgStructure* structure = identify_structure();
+    grWorkPlane* workplane = identify_workplane();
+    if (!structure)
+        return nullptr;
+    return new grStructureTwiddleDetail(target, view_refresher(tool, views), structure, workplane);
+}
+
+dgView* grStdTwiddleHooks::identify_views(const gwKeyEvent& event, dgViewcoDList& views)
+{
+    const giPoint2 point_device(event.x(), event.y());
+    dgView* target = dgS_find_view(event.window(), point_device);
+    if (!target)
+        return nullptr;
+    target = paper_child_at(target, point_device);
+    grViewListUtils::find_child_views(target, views);
+    if (the_add_all_views_if_double_buffered && grViewListUtils::double_buffered_renderer(views))
+        grViewListUtils::add_renderer_views(views);
+    return target;
+}
+
+int grStdTwiddleHooks::locked_view(const dgView* view, const grStdTwiddleTool* tool)
+{
+    return locked_gr_view(view, tool);
+}
+
+grViewRefresher* grStdTwiddleHooks::view_refresher(const grStdTwiddleTool*, const dgViewcoDList& views)
+{
+    return new grViewRefresherFull(views);
+}
+
+grWorkPlane* grStdTwiddleHooks::identify_workplane()
+{
+    return nullptr;
+}
+
+dgStructure* grStdTwiddleHooks::identify_structure()
+{
+    return nullptr;
+}
+
+void grStdTwiddleHooks::aperture_defined(const gwKeyEvent&, const gwKeyEvent&) {}
+
+void grStdTwiddleHooks::start_twiddle(grStdTwiddleTool*, const gwKeyEvent&) {}
+
+void grStdTwiddleHooks::mouse_event(grStdTwiddleTool*, const gwMouseEvent&) {}
+
+void grStdTwiddleHooks::idle_event(grStdTwiddleTool*, grIdleAction) {}
+
+void grStdTwiddleHooks::final_frame(grStdTwiddleTool*) {}
+
+void grStdTwiddleHooks::end_twiddle(grStdTwiddleTool*, const gwKeyEvent&) {}
+
+void grStdTwiddleHooks::destruction_twiddle(grStdTwiddleTool*) {}
+
+giPoint3 grStdTwiddleHooks::get_world_centre(dgView& view)
+{
+    return view.camera().view_centre();
+}
+
+void grStdTwiddleHooks::update_rotation_centre(const dgView&, const gwKeyEvent&) {}
+
+grStdTwiddleHooks::~grStdTwiddleHooks() = default;
+
+int grStdTwiddleHooks::locked_gr_view(const dgView* view, const grStdTwiddleTool* tool) const
+{
+    const grView* gr_view = grView::contains(view);
+    return gr_view && gr_view->twiddle_locked(tool);
+}
+
+dgView* grStdTwiddleHooks::find_child_if_locked(dgView* view, const grStdTwiddleTool* tool)
+{
+    if (!locked_view(view, tool))
+        return view;
+    const grViewPaperChild* child = grViewPaperChild::ut_dynamic_cast(grView::contains(view));
+    grViewPaperParent* sheet = child ? child->paper_parent() : nullptr;
+    dgView* parent = sheet ? sheet->view() : nullptr;
+    return parent && !locked_view(parent, tool) ? parent : nullptr;
+}
+
+void grStdTwiddleHooks::enable_timeout_twiddling(double framerate)
+{
+    grViewRendererFast::minimum_framerate(framerate);
+    the_timeout_twiddling = 1;
+}
+
+double grStdTwiddleHooks::get_timeout_twiddling() const
+{
+    return grViewRendererFast::minimum_framerate();
+}
+
+void grStdTwiddleHooks::set_preferred_framerate(double framerate)
+{
+    grViewRendererFast::preferred_framerate(framerate);
+}
+
+double grStdTwiddleHooks::get_preferred_framerate() const
+{
+    return grViewRendererFast::preferred_framerate();
+}
+
+void grStdTwiddleHooks::get_trackball_icon_colours(gsColour& first, gsColour& second) const
+{
+    first = the_trackball_icon_colours[0];
+    second = the_trackball_icon_colours[1];
+}
+
+void grStdTwiddleHooks::set_trackball_icon_colours(const gsColour& first, const gsColour& second)
+{
+    the_trackball_icon_colours[0] = first;
+    the_trackball_icon_colours[1] = second;
+}
+
+void grStdTwiddleHooks::use_refresher_fast(int on)
+{
+    if (!on || !the_disable_refresher_fast)
+        the_use_refresher_fast = on;
+}

@@ -1,0 +1,60 @@
+#include "grStdViewTwiddleTool.h"
+
+#include "dgView.h"
+#include "grCameraViewCache.h"
+#include "grCameraViewCacheMan.h"
+#include "grStdTwiddleHooks.h"
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grStdViewTwiddleTool, grStdTwiddleTool);
+
+grStdViewTwiddleTool* grStdViewTwiddleTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grStdViewTwiddleTool>(tool);
+}
+
+const grStdViewTwiddleTool* grStdViewTwiddleTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grStdViewTwiddleTool>(tool);
+}
+
+grStdViewTwiddleTool::grStdViewTwiddleTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdTwiddleTool(args, db, hooks)
+{}
+
+grStdViewTwiddleTool::~grStdViewTwiddleTool() = default;
+
+void grStdViewTwiddleTool::save_camera() const
+{
+    save_camera(target_view());
+}
+
+void grStdViewTwiddleTool::save_camera(dgView* view) const
+{
+    if (!flags().can_save_camera())
+        return;
+    if (grCameraViewCache* cache = camera_cache(view))
+        cache->push(*view);
+}
+
+grCameraViewCache* grStdViewTwiddleTool::camera_cache(dgView* view)
+{
+    grCameraViewCacheMan* man = grCameraViewCacheMan::instance();
+    return man && view ? &man->cache(*view) : nullptr;
+}
+
+void grStdViewTwiddleTool::initialise_cache(const gwResourceDB* db)
+{
+    grCameraViewCacheMan::initialise(db);
+}
+
+void grStdViewTwiddleTool::delete_camera_cache()
+{
+    grCameraViewCacheMan::delete_instance();
+}
+
+int grStdViewTwiddleTool::find_detail(const gwKeyEvent& event)
+{
+    the_detail.reset(hooks() ? hooks()->view_detail(this, event) : nullptr);
+    return target_view() != nullptr;
+}
