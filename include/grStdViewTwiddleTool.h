@@ -42,6 +42,16 @@ protected:
     /// Takes over what to work on, which may be null.
     void detail(grViewTwiddleDetail* detail) { the_detail.reset(detail); }
 
+    /// The course that view tools share. The start finds the detail, tells the hooks and starts the refresher; it
+    /// answers 0 when there is nothing to twiddle, and the tool then stays inert. The end ends the refresher's twiddle,
+    /// saves the camera and tells the hooks, provided that there is a detail.
+    int start_view_twiddle(const gwKeyEvent& event);
+    void end_view_twiddle(const gwKeyEvent& event);
+    /// Redraws during the twiddle.
+    void refresh_views();
+    /// Lets the refresher go on drawing and tells the hooks; without a detail nothing is done.
+    grIdleAction idle_event() override;
+
     /// Parts of the detail, each null when there is none: a target view also once it has been deleted.
     dgView* target_view() const { return the_detail ? the_detail->target_view() : nullptr; }
     grViewRefresher* refresher() const { return the_detail ? the_detail->refresher() : nullptr; }

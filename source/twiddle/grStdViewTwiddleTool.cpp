@@ -4,6 +4,7 @@
 #include "grCameraViewCache.h"
 #include "grCameraViewCacheMan.h"
 #include "grStdTwiddleHooks.h"
+#include "grViewRefresher.h"
 #include "utTypeID.h"
 
 UT_DEFINE_TYPE(grStdViewTwiddleTool, grStdTwiddleTool);
@@ -56,5 +57,42 @@ void grStdViewTwiddleTool::delete_camera_cache()
 int grStdViewTwiddleTool::find_detail(const gwKeyEvent& event)
 {
     the_detail.reset(hooks() ? hooks()->view_detail(this, event) : nullptr);
-    return target_view() != nullptr;
+    if (!target_view())
+        the_detail.reset();
+    return the_detail != nullptr;
+}
+
+int grStdViewTwiddleTool::start_view_twiddle(const gwKeyEvent& event)
+{
+    if (!find_detail(event))
+        return 0;
+    twiddle_start(event);
+    if (refresher())
+        refresher()->base_start_twiddle();
+    return 1;
+}
+
+void grStdViewTwiddleTool::end_view_twiddle(const gwKeyEvent& event)
+{
+    if (!detail())
+        return;
+    if (refresher())
+        refresher()->base_end_twiddle();
+    save_camera();
+    twiddle_end(event);
+}
+
+void grStdViewTwiddleTool::refresh_views()
+{
+    if (refresher())
+        refresher()->base_refresh();
+}
+
+grIdleAction grStdViewTwiddleTool::idle_event()
+{
+    if (!detail())
+        return grIDLE_DONE;
+    const grIdleAction action = refresher() ? refresher()->base_idle() : grIDLE_DONE;
+    twiddle_idle(action);
+    return action;
 }

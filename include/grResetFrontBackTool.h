@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dgEnums.h"
+#include "grStdViewTwiddleTool.h"
+
+/// Puts the clipping planes around the contents of the view again and lets the view look after them itself from then
+/// on; acts at the press.
+class GR_EXPORT grResetFrontBackTool : public grStdViewTwiddleTool
+{
+public:
+    grResetFrontBackTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grResetFrontBackTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grResetFrontBackTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+protected:
+    /// Resets the planes of the target view.
+    virtual void do_action(const gwKeyEvent& event) const;
+
+    void start_twiddle(const gwKeyEvent& event) override;
+    void end_twiddle(const gwKeyEvent& event) override;
+
+    /// Resets the planes of a view; mode is how they are fitted to the box of its contents.
+    static void reset_planes(dgView* view, dgBoundingViewType mode);
+};

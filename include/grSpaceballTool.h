@@ -1,0 +1,36 @@
+#pragma once
+
+#include "giPoint3.h"
+#include "grStdViewTwiddleTool.h"
+
+/// Turns and moves a view with a six-axis device: what is seen follows the ball.
+///
+/// One event at full deflection turns the view by 0.05 radians about the centre that a trackball would take, moves the
+/// picture by 2 % of the height of the view window to the side or up, and zooms by 2 % when the ball is pulled towards
+/// the user (closer) or pushed away. Smaller deflections act in proportion.
+class GR_EXPORT grSpaceballTool : public grStdViewTwiddleTool
+{
+public:
+    using grStdViewTwiddleTool::grStdViewTwiddleTool;
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grSpaceballTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grSpaceballTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+protected:
+    void start_twiddle(const gwKeyEvent& event) override;
+    void mouse_event(const gwMouseEvent& event) override;
+    void spaceball_event(const gwSpaceballEvent& event) override;
+    void end_twiddle(const gwKeyEvent& event) override;
+
+    /// The centre of rotation of a view in world space, by the hooks' trackball centre type.
+    giPoint3 trackball_centre(dgView* view) const;
+
+    /// Applies one event of the device to a view about a centre in world space.
+    static void spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre);
+
+private:
+    giPoint3 the_centre;
+};

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "grStdViewTwiddleTool.h"
+
+/// Switches the depth cueing of the renderer on or off, if its driver can do it; acts at the press.
+class GR_EXPORT grToggleDepthCueingTool : public grStdViewTwiddleTool
+{
+public:
+    grToggleDepthCueingTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grToggleDepthCueingTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grToggleDepthCueingTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+protected:
+    /// Switches the renderer of the target view.
+    virtual void do_action(const gwKeyEvent& event) const;
+
+    void start_twiddle(const gwKeyEvent& event) override;
+    void end_twiddle(const gwKeyEvent& event) override;
+
+    /// Switches the renderer of a view.
+    static void toggle_depth_cueing(dgView* view);
+};

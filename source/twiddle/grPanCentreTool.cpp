@@ -1,0 +1,43 @@
+#include "grPanCentreTool.h"
+
+#include "dgView.h"
+#include "grViewUtils.h"
+#include "gwKeyEvent.h"
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grPanCentreTool, grStdViewTwiddleTool);
+
+grPanCentreTool* grPanCentreTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grPanCentreTool>(tool);
+}
+
+const grPanCentreTool* grPanCentreTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grPanCentreTool>(tool);
+}
+
+grPanCentreTool::grPanCentreTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdViewTwiddleTool(args, db, hooks)
+{
+    flags().can_save_camera(1);
+}
+
+void grPanCentreTool::start_twiddle(const gwKeyEvent& event)
+{
+    if (!start_view_twiddle(event))
+        return;
+    do_action(event);
+    refresh_views();
+    save_camera();
+}
+
+void grPanCentreTool::do_action(const gwKeyEvent& event) const
+{
+    grViewUtils::pan_centre(target_view(), event);
+}
+
+void grPanCentreTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_view_twiddle(event);
+}

@@ -1,0 +1,155 @@
+#include "grRotateViewTool.h"
+
+#include "dgView.h"
+#include "giXform3.h"
+#include "grRotationCentre.h"
+#include "grStdTwiddleHooks.h"
+#include "grTwiddleTimer.h"
+#include "grViewRefresher.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "utTypeID.h"
+
+#include <algorithm>
+#include <numbers>
+
+namespace
+{
+constexpr int timer_capacity = 5;
+
+enum AxisMode
+{
+    X_AXIS = 0,
+    Y_AXIS = 1,
+    Z_AXIS = 2,
+    XYZ_AXIS = 3
+};
+
+int axis_mode_of(const utString& args)
+{
+    if (args == "y_axis")
+        return Y_AXIS;
+    if (args == "z_axis")
+        return Z_AXIS;
+    if (args == "xyz_axis")
+        return XYZ_AXIS;
+    return X_AXIS;
+}
+
+// The rotation vector in view space, with the pixels of the travel as its length. Travel is delta reversed, and what is
+// nearest to the eye moves along (axis x z).
+giVector3 turning_pixels(const giVector2& delta, int axis_mode)
+{
+    switch (axis_mode)
+    {
+    case Y_AXIS: return giVector3(0, -delta.x(), 0);
+    case Z_AXIS: return giVector3(0, 0, delta.x());
+    case XYZ_AXIS: return giVector3(delta.y(), -delta.x(), 0);
+    default: return giVector3(delta.y(), 0, 0);
+    }
+}
+}
+
+UT_DEFINE_TYPE(grRotateViewTool, grStdViewTwiddleTool);
+
+grRotateViewTool* grRotateViewTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grRotateViewTool>(tool);
+}
+
+const grRotateViewTool* grRotateViewTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grRotateViewTool>(tool);
+}
+
+grRotateViewTool::grRotateViewTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdViewTwiddleTool(args, db, hooks), the_axis_mode(axis_mode_of(args))
+{
+    flags().can_timeout_twiddle(1);
+    flags().can_save_camera(1);
+    if (hooks && hooks->allow_spinning())
+        the_timer = std::make_unique<grTwiddleTimer>(timer_capacity);
+}
+
+grRotateViewTool::~grRotateViewTool() = default;
+
+void grRotateViewTool::start_twiddle(const gwKeyEvent& event)
+{
+    if (!find_detail(event))
+        return;
+    the_rotation_centre = rotation_centre(target_view());
+    the_last_point = giPoint2(event.x(), event.y());
+    twiddle_start(event);
+    if (refresher())
+        refresher()->base_start_twiddle();
+}
+
+giPoint3 grRotateViewTool::rotation_centre(dgView* view) const
+{
+    const grTrackballCentreType type = gr_usable_centre_type(dgLEAVS_TRACKBALL_CENTRE_WORKPLANE, workplane());
+    return gr_rotation_centre(type, *view, *hooks(), workplane());
+}
+
+void grRotateViewTool::mouse_event(const gwMouseEvent& event)
+{
+    dgView* view = target_view();
+    if (state() != grTWID_TWIDDLING || !view)
+        return;
+    const giPoint2 point(event.x(), event.y());
+    if (the_timer)
+        the_timer->add_mouse_event(point);
+    // Unlike the trackball, a step of nothing is told and drawn as well.
+    apply_rotation(view, the_rotation_centre, the_last_point - point, the_axis_mode);
+    the_last_point = point;
+    twiddle_mouse(event);
+    refresh_views();
+}
+
+void grRotateViewTool::apply_rotation(dgView* view, const giPoint3& centre, const giVector2& delta, int axis_mode)
+{
+    const giVector3 pixels = turning_pixels(delta, axis_mode);
+    const giAngle angle(2 * std::numbers::pi * pixels.length() / std::max(view->renderer_height(), 1));
+    dgCamera& camera = view->camera();
+    const giPoint3 centre_view = camera.orientation().transform(centre);
+    camera.orientation(camera.orientation() * giXform3::rotation(angle, pixels, centre_view));
+    camera.world2view_altered();
+}
+
+void grRotateViewTool::end_twiddle(const gwKeyEvent& event)
+{
+    if (the_timer && target_view())
+    {
+        the_timer->end_twiddle_event(giPoint2(event.x(), event.y()));
+        the_spinning = the_timer->can_spin();
+        if (the_spinning)
+        {
+            busy_state(grTWID_NOT_BUSY);
+            spin_action();
+        }
+    }
+    end_view_twiddle(event);
+}
+
+void grRotateViewTool::spin_action() const
+{
+    if (dgView* view = target_view())
+        apply_spin_rotation(view, the_rotation_centre);
+}
+
+void grRotateViewTool::apply_spin_rotation(dgView* view, const giPoint3& centre) const
+{
+    giVector2 step;
+    the_timer->diff_vector(step);
+    apply_rotation(view, centre, -step, the_axis_mode);
+}
+
+grIdleAction grRotateViewTool::idle_event()
+{
+    if (state() != grTWID_ENDED || !the_spinning || !target_view())
+        return grStdViewTwiddleTool::idle_event();
+    spin_action();
+    if (refresher())
+        refresher()->base_idle_refresh();
+    twiddle_idle(grIDLE_AGAIN);
+    return grIDLE_AGAIN;
+}

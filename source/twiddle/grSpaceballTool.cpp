@@ -1,0 +1,78 @@
+#include "grSpaceballTool.h"
+
+#include "dgView.h"
+#include "giXform3.h"
+#include "grRotationCentre.h"
+#include "grStdTwiddleHooks.h"
+#include "grViewRefresher.h"
+#include "gwKeyEvent.h"
+#include "gwSpaceballEvent.h"
+#include "utTypeID.h"
+
+#include <cmath>
+
+namespace
+{
+// At full deflection, for one event.
+constexpr double radians_per_event = 0.05;
+constexpr double height_share_per_event = 0.02;
+constexpr double zoom_per_event = 1.02;
+}
+
+UT_DEFINE_TYPE(grSpaceballTool, grStdViewTwiddleTool);
+
+grSpaceballTool* grSpaceballTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grSpaceballTool>(tool);
+}
+
+const grSpaceballTool* grSpaceballTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grSpaceballTool>(tool);
+}
+
+void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
+{
+    if (!find_detail(event))
+        return;
+    if (gr_usable_centre_type(hooks()->get_trackball_centre_type(), workplane()) == dgLEAVS_TRACKBALL_CENTRE_VIEW)
+        hooks()->update_rotation_centre(*target_view(), event);
+    the_centre = trackball_centre(target_view());
+    twiddle_start(event);
+    if (refresher())
+        refresher()->base_start_twiddle();
+}
+
+giPoint3 grSpaceballTool::trackball_centre(dgView* view) const
+{
+    const grTrackballCentreType type = gr_usable_centre_type(hooks()->get_trackball_centre_type(), workplane());
+    return gr_rotation_centre(type, *view, *hooks(), workplane());
+}
+
+void grSpaceballTool::mouse_event(const gwMouseEvent&) {}
+
+void grSpaceballTool::spaceball_event(const gwSpaceballEvent& event)
+{
+    if (state() != grTWID_TWIDDLING || !target_view())
+        return;
+    spaceball_action(target_view(), event, the_centre);
+    refresh_views();
+}
+
+void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre)
+{
+    dgCamera& camera = view->camera();
+    const giVector3 turn = event.rotation() * radians_per_event;
+    const giVector3 push = event.translation() * (height_share_per_event * camera.view_window().height());
+    const giPoint3 centre_view = camera.orientation().transform(centre);
+    // Motion along the line of sight does not show in a parallel projection; zooming stands for it.
+    camera.orientation(camera.orientation() * giXform3::rotation(giAngle(turn.length()), turn, centre_view) *
+                       giXform3::translation(giVector3(push.x(), push.y(), 0)));
+    camera.zoom(std::pow(zoom_per_event, -event.translation().z()));
+    camera.world2view_altered();
+}
+
+void grSpaceballTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_view_twiddle(event);
+}
