@@ -1,0 +1,3 @@
+#include "grToolFactory.h"
+
+grToolFactory::~grToolFactory() = default;
