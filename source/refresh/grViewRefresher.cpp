@@ -1,0 +1,169 @@
+#include "grViewRefresher.h"
+
+#include "dgRenderer.h"
+#include "dgStructure.h"
+#include "dgView.h"
+#include "utTypeID.h"
+
+#include <algorithm>
+#include <utility>
+
+UT_DEFINE_TYPE(grViewRefresher, coReceiver);
+
+grViewRefresher::grViewRefresher(const dgViewcoDList& views)
+    : the_views(views), the_missing_views(grViewListUtils::missing_renderer_views(views))
+{
+    for (dgView* view : the_views)
+    {
+        view->reference();
+        view->call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&grViewRefresher::view_to_be_deleted>(this));
+        the_twiddle_icons.add_last(nullptr);
+    }
+    collect_renderers();
+    for (const dgRenderer* renderer : the_renderers)
+        the_double_buffered |= renderer->driver_capability(-1, dgCAPABILITY_DOUBLE_BUFFERING);
+}
+
+grViewRefresher::~grViewRefresher()
+{
+    for (dgStructure* icon : the_twiddle_icons)
+        if (icon)
+            icon->unreference();
+    for (dgView* view : the_views)
+        view->unreference();
+}
+
+grViewRefresher* grViewRefresher::ut_dynamic_cast(coReceiver* receiver)
+{
+    return ut_cast<grViewRefresher>(receiver);
+}
+
+void grViewRefresher::base_start_twiddle()
+{
+    start_twiddle();
+    the_state = grTWID_TWIDDLING;
+}
+
+void grViewRefresher::base_refresh()
+{
+    set_draw_quality();
+    refresh();
+    reset_draw_quality();
+}
+
+void grViewRefresher::base_idle_refresh()
+{
+    set_draw_quality();
+    idle_refresh();
+    reset_draw_quality();
+}
+
+void grViewRefresher::base_end_twiddle()
+{
+    end_twiddle();
+    for (dgStructure*& icon : the_twiddle_icons)
+        if (dgStructure* released = std::exchange(icon, nullptr))
+            released->unreference();
+    the_state = grTWID_ENDED;
+}
+
+void grViewRefresher::set_twiddle_icon(dgStructure* icon, dgView* view)
+{
+    const int position = the_views.find(view);
+    if (position < 0)
+        return;
+    // Referenced first: releasing an icon that is set again could destroy it.
+    if (icon)
+        icon->reference();
+    if (dgStructure* released = std::exchange(the_twiddle_icons[position], icon))
+        released->unreference();
+}
+
+void grViewRefresher::remove(dgView* view)
+{
+    int position = the_views.find(view);
+    if (position < 0)
+        return;
+    view->call_list().remove(DG_VIEW_TO_BE_DELETED, this);
+    for (; position >= 0; position = the_views.find(view))
+    {
+        if (dgStructure* icon = the_twiddle_icons[position])
+            icon->unreference();
+        the_twiddle_icons.remove_at(position);
+        the_views.remove_at(position);
+        view->unreference();
+    }
+    collect_renderers();
+    view_removed(view);
+}
+
+void grViewRefresher::view_removed(dgView*) {}
+
+int grViewRefresher::check_views() const
+{
+    return std::all_of(the_views.begin(), the_views.end(), [](const dgView* view) { return view->renderer(); });
+}
+
+void grViewRefresher::refresh_at_end_of_twiddle() const
+{
+    if (!the_missing_views || !the_double_buffered)
+    {
+        grViewListUtils::refresh_views_and_rubber_banding(the_views, the_renderers);
+        return;
+    }
+    dgViewcoDList all_views = the_views;
+    grViewListUtils::add_renderer_views(all_views);
+    grViewListUtils::sort_views_into_dgs_order(all_views);
+    grViewListUtils::sort_views_by_renderer(all_views);
+    grViewListUtils::refresh_views_and_rubber_banding(all_views, the_renderers);
+}
+
+void grViewRefresher::view_to_be_deleted(void* sender, void*)
+{
+    remove(static_cast<dgView*>(sender));
+}
+
+void grViewRefresher::set_draw_quality()
+{
+    if (!the_draw_quality_overrides.any_enabled())
+        return;
+    for (dgRenderer* renderer : the_renderers)
+    {
+        dgDrawQuality quality = renderer->get_pipeline_draw_quality();
+        the_saved_draw_qualities.push_back({renderer, quality});
+        if (the_draw_quality_overrides.facet_tolerance.enabled)
+        {
+            quality.facet_tolerance_set = 1;
+            quality.facet_tolerance = the_draw_quality_overrides.facet_tolerance.value;
+        }
+        if (the_draw_quality_overrides.polygons.enabled)
+        {
+            quality.polygon_regeneration_set = 1;
+            quality.polygon_regeneration = the_draw_quality_overrides.polygons.value;
+        }
+        if (the_draw_quality_overrides.text.enabled)
+        {
+            quality.text_quality_set = 1;
+            quality.text_quality = the_draw_quality_overrides.text.value;
+        }
+        renderer->set_in_pipeline_context(&quality);
+    }
+    // So that the last picture is one of the normal quality.
+    the_forced_redraw = 1;
+}
+
+void grViewRefresher::reset_draw_quality()
+{
+    for (const SavedQuality& saved : the_saved_draw_qualities)
+        saved.renderer->set_in_pipeline_context(&saved.quality);
+    the_saved_draw_qualities.clear();
+}
+
+// A renderer may be destroyed once its last view is gone, so this is done again after each removal.
+void grViewRefresher::collect_renderers()
+{
+    the_renderers.clear();
+    for (const dgView* view : the_views)
+        if (view->renderer() && !the_renderers.contains(view->renderer()))
+            the_renderers.add_last(view->renderer());
+}

@@ -1,0 +1,34 @@
+#include "grViewRefresherFull.h"
+
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grViewRefresherFull, grViewRefresher);
+
+grViewRefresherFull::grViewRefresherFull(const dgViewcoDList& views) : grViewRefresher(views), the_sorted_views(views)
+{
+    grViewListUtils::sort_views_by_renderer(the_sorted_views);
+}
+
+grViewRefresherFull::~grViewRefresherFull() = default;
+
+void grViewRefresherFull::refresh()
+{
+    grViewListUtils::refresh_views(the_sorted_views, views(), twiddle_icons());
+}
+
+void grViewRefresherFull::end_twiddle()
+{
+    if (forced_redraw())
+        refresh_at_end_of_twiddle();
+}
+
+grViewRefresherFull* grViewRefresherFull::ut_dynamic_cast(coReceiver* receiver)
+{
+    return ut_cast<grViewRefresherFull>(receiver);
+}
+
+void grViewRefresherFull::view_removed(dgView* view)
+{
+    while (the_sorted_views.remove(view))
+        ;
+}
