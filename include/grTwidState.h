@@ -1,5 +1,9 @@
 #pragma once
 
+#include "grExport.h"
+
+#include <iosfwd>
+
 /// Where a twiddle, or what takes part in one, is in its life.
 enum grTwidState : int
 {
@@ -7,3 +11,5 @@ enum grTwidState : int
     grTWID_TWIDDLING = 1,
     grTWID_ENDED = 2 ///< a tool may still act on idle events, as a spinning trackball does
 };
+
+GR_EXPORT std::ostream& operator<<(std::ostream& os, grTwidState state);

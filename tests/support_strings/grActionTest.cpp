@@ -1,6 +1,9 @@
 #include "grAction.h"
 
 #include "grColourMode.h"
+#include "grIdleAction.h"
+#include "grTwidBusyState.h"
+#include "grTwidState.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +39,25 @@ TEST(grAction, dumps_its_trigger_and_binding)
                         "}\n");
 }
 
-TEST(grColourMode, prints_its_names)
+namespace
+{
+template <class... Values>
+std::string text(Values... values)
 {
     std::ostringstream os;
-    os << grTRUE_COLOUR << ' ' << grPSEUDO_COLOUR << ' ' << static_cast<grColourMode>(5);
-    EXPECT_EQ(os.str(), "grTRUE_COLOUR grPSEUDO_COLOUR Unknown value for grColourMode");
+    ((os << values << ' '), ...);
+    return os.str();
+}
+}
+
+TEST(enumerations, print_their_own_names_and_their_type_for_unknown_values)
+{
+    EXPECT_EQ(text(grTRUE_COLOUR, grPSEUDO_COLOUR, static_cast<grColourMode>(5)),
+              "grTRUE_COLOUR grPSEUDO_COLOUR Unknown value for grColourMode ");
+    EXPECT_EQ(text(grTWID_NOT_STARTED, grTWID_TWIDDLING, grTWID_ENDED, static_cast<grTwidState>(3)),
+              "grTWID_NOT_STARTED grTWID_TWIDDLING grTWID_ENDED Unknown value for grTwidState ");
+    EXPECT_EQ(text(grTWID_NOT_BUSY, grTWID_BUSY, static_cast<grTwidBusyState>(2)),
+              "grTWID_NOT_BUSY grTWID_BUSY Unknown value for grTwidBusyState ");
+    EXPECT_EQ(text(grIDLE_DONE, grIDLE_AGAIN, static_cast<grIdleAction>(2)),
+              "grIDLE_DONE grIDLE_AGAIN Unknown value for grIdleAction ");
 }
