@@ -29,12 +29,13 @@ if(MSVC)
 else()
     # A guard may enter itself into its object's list for its own scope, which GCC takes for a dangling pointer.
     target_compile_options(gr_build INTERFACE
-        -Wall -Wextra -Wpedantic -Wshadow=local -Wnon-virtual-dtor -Wno-dangling-pointer
+        -Wall -Wextra -Wpedantic -Wnon-virtual-dtor $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local;-Wno-dangling-pointer>
         $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:-Werror>)
     if(GR_SANITIZE)
         # The instrumented code misleads GCC's warnings about data flow; the other builds keep them.
         target_compile_options(gr_build INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
-            -fno-omit-frame-pointer -Wno-stringop-overflow -Wno-array-bounds -Wno-maybe-uninitialized)
+            -fno-omit-frame-pointer
+            $<$<CXX_COMPILER_ID:GNU>:-Wno-stringop-overflow;-Wno-array-bounds;-Wno-maybe-uninitialized>)
         target_link_options(gr_build INTERFACE -fsanitize=address,undefined)
     endif()
 endif()
