@@ -69,7 +69,8 @@ int grStdViewTwiddleTool::start_view_twiddle(const gwKeyEvent& event)
     twiddle_start(event);
     if (refresher())
         refresher()->base_start_twiddle();
-    return 1;
+    // The hooks may have closed the view.
+    return target_view() != nullptr;
 }
 
 void grStdViewTwiddleTool::end_view_twiddle(const gwKeyEvent& event)

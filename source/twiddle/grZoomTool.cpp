@@ -62,7 +62,7 @@ void grZoomTool::zoom_action(const gwMouseEvent& event) const
 
 void grZoomTool::zoom_view(dgView* view, const giBox2& start_window, const giVector2& drag)
 {
-    double t = std::clamp(2 * drag.y() / view->renderer_height(), -1.0, 1.0);
+    double t = std::clamp(2 * drag.y() / std::max(view->renderer_height(), 1), -1.0, 1.0);
     if (the_invert_zoom)
         t = -t;
     view->camera().view_window(start_window);

@@ -324,6 +324,44 @@ TEST(grTrackballTool, outlives_its_view)
     EXPECT_EQ(spun.the_man.idle(), grIDLE_DONE) << "nothing is left to spin";
 }
 
+TEST(grTrackballTool, lends_the_refresher_an_icon_around_the_centre)
+{
+    const giPoint3 centre(1, 0.25, 0);
+    const struct
+    {
+        const char* name;
+        int draw;
+        const char* radius; // share of the height of the view
+        double magnification;
+        double expected; // world units, below 0 for no icon
+    } cases[] = {
+        {"a quarter of 2.01 units", 1, "0.25", 1, 0.5025},
+        {"the same share of a closer view", 1, "0.25", 10, 0.05025},
+        {"without a resource a point, which is drawn all the same", 1, nullptr, 1, 0},
+        {"switched off", 0, "0.25", 1, -1},
+        {"a scale of 1e-5 at most", 1, "0.25", 1e-6, -1},
+    };
+    for (const auto& c : cases)
+    {
+        tsToolScene scene;
+        scene.the_hooks.the_centre = &centre;
+        scene.the_hooks.draw_trackball_icon(c.draw);
+        if (c.radius)
+            scene.the_resources.set_resource("trackball_icon_radius", c.radius);
+        scene.camera().zoom(1 / c.magnification);
+        scene.bind<grTrackballTool>();
+        scene.press(50, 50);
+        EXPECT_EQ(scene.taken_log(), (tsLog{"update centre", "start", "start refresher"})) << c.name;
+        const giBox3& box = scene.the_hooks.the_icon_box;
+        ASSERT_EQ(box.empty(), c.expected < 0) << c.name;
+        if (c.expected < 0)
+            continue;
+        const giVector3 r(c.expected, c.expected, c.expected);
+        EXPECT_TRUE(box.low().coincident(centre - r, 1e-12)) << c.name << ": " << box;
+        EXPECT_TRUE(box.high().coincident(centre + r, 1e-12)) << c.name << ": " << box;
+    }
+}
+
 TEST(grTrackballTool, forces_a_redraw_at_the_end_when_the_icon_s_radius_is_set)
 {
     // Whether the icon is drawn does not matter, nor what the radius is.

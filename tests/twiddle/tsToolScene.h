@@ -14,14 +14,21 @@
 
 using tsLog = std::vector<std::string>;
 
-/// Refresher that draws nothing and logs what it is asked.
+/// Refresher that draws nothing and logs what it is asked. At the start it keeps the box of the first view's icon.
 class tsRecordingRefresher : public grViewRefresher
 {
 public:
-    tsRecordingRefresher(const dgViewcoDList& views, tsLog& log) : grViewRefresher(views), the_log(log) {}
+    tsRecordingRefresher(const dgViewcoDList& views, tsLog& log, giBox3& icon_box)
+        : grViewRefresher(views), the_log(log), the_icon_box(icon_box)
+    {}
 
 protected:
-    void start_twiddle() override { the_log.emplace_back("start refresher"); }
+    void start_twiddle() override
+    {
+        the_log.emplace_back("start refresher");
+        const dgStructure* icon = twiddle_icons().empty() ? nullptr : twiddle_icons().first();
+        the_icon_box = icon ? icon->bounding_box() : giBox3();
+    }
     void refresh() override { the_log.emplace_back("refresh"); }
     void idle_refresh() override { the_log.emplace_back("idle refresh"); }
     grIdleAction idle() override
@@ -33,6 +40,7 @@ protected:
 
 private:
     tsLog& the_log;
+    giBox3& the_icon_box;
 };
 
 /// Hooks that log their notifications and make recording refreshers. Icons are off.
@@ -43,7 +51,7 @@ public:
 
     grViewRefresher* view_refresher(const grStdTwiddleTool*, const dgViewcoDList& views) override
     {
-        return new tsRecordingRefresher(views, the_log);
+        return new tsRecordingRefresher(views, the_log, the_icon_box);
     }
     grViewTwiddleDetail* view_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event) override
     {
@@ -70,6 +78,7 @@ public:
     grWorkPlane* the_workplane = nullptr;
     const giPoint3* the_centre = nullptr; // null: the default
     int the_detail_logged = 0;
+    giBox3 the_icon_box; // empty without an icon
 
 private:
     tsLog& the_log;
