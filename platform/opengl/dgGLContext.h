@@ -1,0 +1,36 @@
+#pragma once
+
+#include "dg_openglExport.h"
+
+#include <memory>
+#include <string>
+
+/// An OpenGL context, version 3.3 core or later and not forward-compatible, that everything is drawn in.
+///
+/// A window back end derives from it to hand over a context of its window system; without a window,
+/// create_off_screen makes one.
+class DG_OPENGL_EXPORT dgGLContext
+{
+public:
+    /// A context without a surface: on a graphics card if there is one, else the software driver. Null on failure,
+    /// with the reason in error.
+    static std::unique_ptr<dgGLContext> create_off_screen(std::string& error);
+
+    /// The context ends here; whatever was made in it is gone already.
+    virtual ~dgGLContext();
+    dgGLContext(const dgGLContext&) = delete;
+    dgGLContext& operator=(const dgGLContext&) = delete;
+
+    /// Makes the context the current one; 1 on success. Called before every drawing, so that it must cost nothing when
+    /// the context is current already.
+    virtual int make_current() = 0;
+
+    /// Leaves no context current.
+    virtual void done() = 0;
+
+    /// How the context came about, for messages: "EGL surfaceless".
+    virtual std::string name() const = 0;
+
+protected:
+    dgGLContext() = default;
+};

@@ -1,0 +1,87 @@
+#include "dgGLDevice.h"
+
+#include "dgGLContext.h"
+#include "dgGLGeometryStore.h"
+#include "dgGLPrograms.h"
+
+#include <epoxy/gl.h>
+
+std::shared_ptr<dgGLDevice> dgGLDevice::create(std::unique_ptr<dgGLContext> context, std::string& error)
+{
+    error.clear();
+    if (!context->make_current())
+    {
+        error = context->name() + ": the context cannot be made current";
+        return nullptr;
+    }
+    if (epoxy_gl_version() < 33)
+    {
+        error = context->name() + ": OpenGL 3.3 is needed, " + std::to_string(epoxy_gl_version() / 10) + "." +
+                std::to_string(epoxy_gl_version() % 10) + " is there";
+        return nullptr;
+    }
+    std::shared_ptr<dgGLDevice> device(new dgGLDevice(std::move(context)));
+    if (!device->the_programs->compile_basics(error))
+        return nullptr;
+    return device;
+}
+
+std::shared_ptr<dgGLDevice> dgGLDevice::create_off_screen(std::string& error)
+{
+    std::unique_ptr<dgGLContext> context = dgGLContext::create_off_screen(error);
+    return context ? create(std::move(context), error) : nullptr;
+}
+
+dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
+    : the_context(std::move(context)), the_programs(std::make_unique<dgGLPrograms>()),
+      the_geometry(std::make_unique<dgGLGeometryStore>())
+{
+    glGenBuffers(1, &the_stream_buffer);
+    glGenVertexArrays(1, &the_stream_array);
+    glBindVertexArray(the_stream_array);
+    glBindBuffer(GL_ARRAY_BUFFER, the_stream_buffer);
+    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, 0, nullptr);
+    glEnableVertexAttribArray(0);
+    float range[2] = {1, 1};
+    glGetFloatv(GL_ALIASED_LINE_WIDTH_RANGE, range);
+    the_line_width_limit = range[1];
+}
+
+dgGLDevice::~dgGLDevice()
+{
+    // Where the context is gone already, its objects are too; the calls then do nothing.
+    the_context->make_current();
+    glDeleteVertexArrays(1, &the_stream_array);
+    glDeleteBuffers(1, &the_stream_buffer);
+    the_geometry.reset();
+    the_programs.reset();
+}
+
+std::string dgGLDevice::name() const
+{
+    const auto text = [](unsigned what) { return std::string(reinterpret_cast<const char*>(glGetString(what))); };
+    the_context->make_current();
+    return text(GL_RENDERER) + ", OpenGL " + text(GL_VERSION) + ", " + the_context->name();
+}
+
+void dgGLDevice::stream_points(const float* xyz, int npoints)
+{
+    glBindVertexArray(the_stream_array);
+    glBindBuffer(GL_ARRAY_BUFFER, the_stream_buffer);
+    glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(npoints) * 3 * GLsizeiptr(sizeof(float)), xyz,
+                 GL_STREAM_DRAW);
+}
+
+void dgGLDevice::finish()
+{
+    the_context->make_current();
+    glFinish();
+}
+
+int dgGLDevice::no_errors()
+{
+    int clean = 1;
+    while (glGetError() != GL_NO_ERROR)
+        clean = 0;
+    return clean;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "dg_openglExport.h"
+
+#include <memory>
+#include <string>
+
+class dgGLContext;
+class dgGLGeometryStore;
+class dgGLPrograms;
+
+/// What all windows that draw in one OpenGL context share: programs, buffers and the copies of the geometry.
+///
+/// A primitive drawn in several windows of one device is kept once.
+class DG_OPENGL_EXPORT dgGLDevice
+{
+public:
+    /// Takes a context over and makes it current. Null when it is older than OpenGL 3.3 or a program does not compile,
+    /// with the reason in error.
+    static std::shared_ptr<dgGLDevice> create(std::unique_ptr<dgGLContext> context, std::string& error);
+
+    /// The same with a context without a surface.
+    static std::shared_ptr<dgGLDevice> create_off_screen(std::string& error);
+
+    /// Windows keep their device; it ends with the last of them.
+    ~dgGLDevice();
+    dgGLDevice(const dgGLDevice&) = delete;
+    dgGLDevice& operator=(const dgGLDevice&) = delete;
+
+    dgGLContext& context() { return *the_context; }
+    dgGLGeometryStore& geometry() { return *the_geometry; }
+    dgGLPrograms& programs() { return *the_programs; }
+
+    /// The driver's own name and version, and how the context was made.
+    std::string name() const;
+
+    /// Widest line in pixels that the graphics driver draws by itself; wider ones become quads.
+    float line_width_limit() const { return the_line_width_limit; }
+    void line_width_limit(float pixels) { the_line_width_limit = pixels; }
+
+    /// Fills a vertex buffer that is used once, with positions of three floats, and binds its vertex array.
+    void stream_points(const float* xyz, int npoints);
+
+    /// Whose modes OpenGL is in: the driver that finds another one here sets its own first. Null for nobody's.
+    const void* modes_owner() const { return the_modes_owner; }
+    void modes_owner(const void* driver) { the_modes_owner = driver; }
+
+    /// Waits until everything is drawn.
+    void finish();
+
+    /// 1 when OpenGL has recorded no error since the last call.
+    int no_errors();
+
+private:
+    explicit dgGLDevice(std::unique_ptr<dgGLContext> context);
+
+    std::unique_ptr<dgGLContext> the_context;
+    std::unique_ptr<dgGLPrograms> the_programs;
+    std::unique_ptr<dgGLGeometryStore> the_geometry;
+    unsigned the_stream_buffer = 0;
+    unsigned the_stream_array = 0;
+    float the_line_width_limit = 1;
+    const void* the_modes_owner = nullptr;
+};

@@ -1,0 +1,485 @@
+#include "dgGLDriver.h"
+
+#include "dgCompiledStructure.h"
+#include "dgGLContext.h"
+#include "dgGLDevice.h"
+#include "dgGLPrograms.h"
+#include "dgGLWindow.h"
+#include "dgGraphicalPrimitive.h"
+#include "dgImage.h"
+#include "giPoint3.h"
+#include "gsColour.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <cmath>
+
+namespace
+{
+// A device box as OpenGL takes boxes. Positions are cut off towards zero, as everywhere in device space.
+struct PixelBox
+{
+    explicit PixelBox(const giBox2& box)
+        : x(static_cast<int>(box.low().x())), y(static_cast<int>(box.low().y())),
+          width(std::max(static_cast<int>(box.high().x()) - x + 1, 0)),
+          height(std::max(static_cast<int>(box.high().y()) - y + 1, 0))
+    {}
+    int x, y, width, height;
+};
+
+void to_floats(const giXform3& xform, float (&elements)[16])
+{
+    // A matrix of row vectors, row by row, is the same memory as OpenGL's of column vectors, column by column.
+    for (int i = 0; i < 16; ++i)
+        elements[i] = static_cast<float>(xform.data()[i]);
+}
+
+// Vectors at right angles to surfaces go through the transposed inverse, up to a positive factor: the matrix of
+// cofactors, with the sign of the determinant.
+double normal_matrix(const giXform3& xform, float (&elements)[9])
+{
+    const auto m = [&](int row, int column) { return xform(row % 3, column % 3); };
+    double cofactors[3][3];
+    double largest = 0;
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 3; ++column)
+        {
+            cofactors[row][column] =
+                m(row + 1, column + 1) * m(row + 2, column + 2) - m(row + 1, column + 2) * m(row + 2, column + 1);
+            largest = std::max(largest, std::abs(cofactors[row][column]));
+        }
+    const double determinant = m(0, 0) * cofactors[0][0] + m(0, 1) * cofactors[0][1] + m(0, 2) * cofactors[0][2];
+    const double scale = (determinant < 0 ? -1 : 1) / (largest > 0 ? largest : 1);
+    for (int row = 0; row < 3; ++row)
+        for (int column = 0; column < 3; ++column)
+            elements[3 * row + column] = static_cast<float>(cofactors[row][column] * scale);
+    return determinant;
+}
+
+void set_capability(unsigned capability, int on)
+{
+    if (on)
+        glEnable(capability);
+    else
+        glDisable(capability);
+}
+
+void draw_ranges(unsigned mode, const dgGLIndexRanges& ranges)
+{
+    if (ranges.counts.size() == 1)
+        glDrawElements(mode, ranges.counts[0], GL_UNSIGNED_INT, ranges.offsets[0]);
+    else
+        glMultiDrawElements(mode, ranges.counts.data(), GL_UNSIGNED_INT, ranges.offsets.data(),
+                            static_cast<GLsizei>(ranges.counts.size()));
+}
+
+unsigned mode_of(dgTopology topology)
+{
+    switch (topology)
+    {
+    case dgTOPOLOGY_POINTS: return GL_POINTS;
+    case dgTOPOLOGY_LINES: return GL_LINES;
+    case dgTOPOLOGY_TRIANGLES: return GL_TRIANGLES;
+    }
+    return GL_POINTS;
+}
+
+// Stamps of all drivers share one count, so that a program can tell the values of one from those of another.
+unsigned long long next_stamp()
+{
+    static unsigned long long stamp = 0;
+    return ++stamp;
+}
+}
+
+dgGLDriver::dgGLDriver(dgGLWindow& window, int overlay, int inverting)
+    : the_window(window), the_device(window.device()), the_overlay(overlay), the_inverting(inverting)
+{
+    the_camera.view_port = window.device_box();
+}
+
+dgGLDriver::~dgGLDriver()
+{
+    if (the_device.modes_owner() == this)
+        the_device.modes_owner(nullptr);
+}
+
+int dgGLDriver::capability(int, dgDriverCapability capability) const
+{
+    switch (capability)
+    {
+    case dgCAPABILITY_DEPTH_CUEING: return 1;
+    case dgCAPABILITY_STENCIL: return 1;
+    case dgCAPABILITY_OVERLAY:
+    case dgCAPABILITY_DOUBLE_BUFFERING: return !the_overlay;
+    }
+    return 0;
+}
+
+void dgGLDriver::begin()
+{
+    ++the_begun;
+    the_device.context().make_current();
+    own_modes();
+}
+
+void dgGLDriver::end()
+{
+    flush();
+    --the_begun;
+}
+
+// Other drivers draw in the same context between two calls of this one.
+void dgGLDriver::own_modes()
+{
+    if (the_device.modes_owner() == this)
+        return;
+    the_device.modes_owner(this);
+    the_window.bind_layer(the_overlay);
+    const PixelBox port(the_camera.view_port);
+    glViewport(port.x, port.y, port.width, port.height);
+    glScissor(port.x, port.y, port.width, port.height);
+    glEnable(GL_SCISSOR_TEST);
+    glDisable(GL_BLEND);
+    glDisable(GL_DITHER);
+    glDisable(GL_CULL_FACE);
+    glEnable(GL_PROGRAM_POINT_SIZE);
+    glDepthFunc(GL_LEQUAL);
+    set_capability(GL_DEPTH_TEST, the_camera.depth_test);
+    glDepthMask(!the_inverting);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, !the_inverting);
+    set_capability(GL_COLOR_LOGIC_OP, the_inverting);
+    glLogicOp(GL_INVERT);
+    glStencilMask(~0u);
+    set_capability(GL_STENCIL_TEST, the_stencil.on);
+    glStencilFunc(the_stencil.function, the_stencil.reference, the_stencil.mask);
+    glStencilOp(the_stencil.operations[0], the_stencil.operations[1], the_stencil.operations[2]);
+}
+
+void dgGLDriver::select_buffer(dgDoubleBuffer buffer)
+{
+    flush();
+    the_window.select_buffer(buffer);
+}
+
+void dgGLDriver::swap_buffers(dgDoubleBufferSwap mode)
+{
+    flush();
+    the_window.swap();
+    if (mode != dgSWAP_AND_CLEAR)
+        return;
+    const dgDoubleBuffer selected = the_window.selected_buffer();
+    select_buffer(dgBACK_BUFFER);
+    begin();
+    const dgBackground background = the_background;
+    clear(the_window.device_box(), background, dgERASE_FRAMEBUFFER_YES, dgERASE_ZBUFFER_YES);
+    end();
+    select_buffer(selected);
+}
+
+void dgGLDriver::clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4])
+{
+    own_modes();
+    const PixelBox box(device_box);
+    const PixelBox port(the_camera.view_port);
+    glScissor(box.x, box.y, box.width, box.height);
+    glClearColor(rgba[0], rgba[1], rgba[2], rgba[3]);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDepthMask(GL_TRUE);
+    glClear(planes);
+    glDepthMask(!the_inverting);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, !the_inverting);
+    glScissor(port.x, port.y, port.width, port.height);
+    if (!(planes & GL_COLOR_BUFFER_BIT))
+        return;
+    if (the_overlay && rgba[3] == 0)
+        the_window.overlay_cleared(device_box);
+    else
+        the_window.layer_drawn(the_overlay);
+}
+
+void dgGLDriver::clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
+                       dgEraseZbuffer depth)
+{
+    flush();
+    // Depth and stencil lie in one buffer; clearing both is what drivers do fast.
+    unsigned planes = depth ? GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT : 0;
+    const auto& bottom = background.bottom;
+    const auto& top = background.top;
+    const int plain = std::equal(bottom, bottom + 3, top);
+    // The overlay has no background: where nothing is drawn, the picture under it shows.
+    if (colour && (plain || the_overlay))
+        planes |= GL_COLOR_BUFFER_BIT;
+    if (colour)
+        the_background = background;
+    clear_box(device_box, planes, {bottom[0], bottom[1], bottom[2], the_overlay ? 0.0f : 1.0f});
+    if (!colour || plain || the_overlay)
+        return;
+
+    const PixelBox box(device_box);
+    glScissor(box.x, box.y, box.width, box.height);
+    glViewport(0, 0, the_window.width(), the_window.height());
+    for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP})
+        glDisable(capability);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    the_device.programs().draw_graduated(bottom, top, box.y, box.y + box.height - 1);
+    the_window.layer_drawn(the_overlay);
+    the_device.modes_owner(nullptr);
+}
+
+void dgGLDriver::set_camera(const dgCameraState& camera)
+{
+    flush();
+    the_camera = camera;
+    the_transforms_changed = 1;
+    the_state_stamp = next_stamp(); // cue colour and viewport
+    own_modes();
+    const PixelBox port(camera.view_port);
+    glViewport(port.x, port.y, port.width, port.height);
+    glScissor(port.x, port.y, port.width, port.height);
+    set_capability(GL_DEPTH_TEST, camera.depth_test);
+}
+
+void dgGLDriver::set_model_transform(const giXform3& model_to_world)
+{
+    flush();
+    the_model_to_world = model_to_world;
+    the_transforms_changed = 1;
+}
+
+void dgGLDriver::set_state(const dgDrawState& state)
+{
+    if (state == the_state)
+        return;
+    flush();
+    the_state = state;
+    the_state_stamp = next_stamp();
+}
+
+void dgGLDriver::update_transforms()
+{
+    the_transforms_changed = 0;
+    the_transform_stamp = next_stamp();
+    const giXform3 model_to_view = the_model_to_world * the_camera.world_to_view;
+    to_floats(model_to_view * the_camera.projection, the_model_to_clip);
+    to_floats(model_to_view, the_model_to_view);
+    the_mirrored = normal_matrix(model_to_view, the_normal_to_view) < 0;
+
+    // The share of the cue colour grows evenly with view z from the front plane to the back plane. In a parallel view
+    // window z does, in perspective clip w.
+    const giXform3& p = the_camera.projection;
+    const auto w_of = [&](double z) { return z * p(2, 3) + p(3, 3); };
+    const double w_front = w_of(the_camera.front);
+    const double w_back = w_of(the_camera.back);
+    if (p.kind() == giXFORM_PROJECTIVE && w_back != w_front)
+    {
+        the_cue[0] = 0;
+        the_cue[1] = static_cast<float>(1 / (w_back - w_front));
+        the_cue[2] = static_cast<float>(-w_front / (w_back - w_front));
+    }
+    else
+    {
+        the_cue[0] = 1;
+        the_cue[1] = the_cue[2] = 0;
+    }
+}
+
+// Puts the program, its values and the modes in force that draw under the current state.
+void dgGLDriver::prepare(dgTopology topology, int has_normals)
+{
+    own_modes();
+    if (the_transforms_changed)
+        update_transforms();
+    const int triangles = topology == dgTOPOLOGY_TRIANGLES;
+    const int lines = topology == dgTOPOLOGY_LINES;
+    dgGLProgramKind kind;
+    // What inverts has no shades: every pixel that it covers is treated alike.
+    if (triangles && the_state.lighting && !the_inverting)
+        kind.shading = has_normals ? dgGL_SHADE_SMOOTH : the_state.interior_style ? dgGL_SHADE_FLAT : dgGL_SHADE_PLAIN;
+    kind.depth_cueing = the_camera.depth_cueing && !the_inverting;
+    kind.line_style = lines && the_state.line_style;
+    kind.wide_lines = lines && the_state.line_width > the_device.line_width_limit();
+    dgGLProgram* program = the_device.programs().find(kind);
+    if (!program)
+        program = the_device.programs().find({});
+    the_device.programs().use(program->name);
+
+    if (program->transform_stamp != the_transform_stamp)
+    {
+        program->transform_stamp = the_transform_stamp;
+        glUniformMatrix4fv(program->model_to_clip, 1, GL_FALSE, the_model_to_clip);
+        glUniformMatrix4fv(program->model_to_view, 1, GL_FALSE, the_model_to_view);
+        glUniformMatrix3fv(program->normal_to_view, 1, GL_FALSE, the_normal_to_view);
+        glUniform3fv(program->cue, 1, the_cue);
+    }
+    if (program->state_stamp != the_state_stamp || program->topology != topology)
+    {
+        program->state_stamp = the_state_stamp;
+        program->topology = topology;
+        const float* front = triangles ? the_state.front_colour
+                             : lines   ? the_state.line_colour
+                                       : the_state.marker_colour;
+        glUniform3fv(program->front_colour, 1, front);
+        glUniform3fv(program->back_colour, 1, triangles ? the_state.back_colour : front);
+        glUniform3fv(program->cue_colour, 1, the_camera.cue_colour);
+        const PixelBox port(the_camera.view_port);
+        glUniform4f(program->view_port, static_cast<float>(port.x), static_cast<float>(port.y), 0.5f * port.width,
+                    0.5f * port.height);
+        glUniform1f(program->line_width, the_state.line_width);
+        glUniform1i(program->line_style, the_state.line_style);
+        glUniform1f(program->point_size, std::max(the_state.marker_size, 1.0f));
+    }
+    if (triangles)
+    {
+        glFrontFace(the_mirrored ? GL_CW : GL_CCW);
+        glPolygonMode(GL_FRONT_AND_BACK, the_state.interior_style ? GL_FILL : GL_LINE);
+    }
+    else
+    {
+        glFrontFace(GL_CCW);
+        glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    }
+    glLineWidth(kind.wide_lines ? 1.0f : std::clamp(the_state.line_width, 1.0f, the_device.line_width_limit()));
+    the_window.layer_drawn(the_overlay);
+}
+
+void dgGLDriver::draw_run(const dgPrimitiveRun& run)
+{
+    flush();
+    const dgGLIndexRanges& ranges = the_device.geometry().store(run);
+    if (ranges.empty())
+        return;
+    prepare(run.topology, run.has_normals);
+    the_device.geometry().bind();
+    draw_ranges(mode_of(run.topology), ranges);
+}
+
+void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
+{
+    dgGLGeometryStore& store = the_device.geometry();
+    // Copying may use the room of one that has gone since, but was drawn before.
+    if (!store.is_stored(primitive))
+        flush();
+    const dgGeometry geometry = primitive.geometry();
+    const int has_normals = geometry.normals != nullptr;
+    if (!the_pending.empty() && (geometry.topology != the_pending_topology || has_normals != the_pending_normals))
+        flush();
+    const dgGLGeometryStore::Record& record = store.store(primitive);
+    if (record.index_count == 0)
+        return;
+    the_pending_topology = geometry.topology;
+    the_pending_normals = has_normals;
+    the_pending.add(record.first_index, record.index_count);
+}
+
+void dgGLDriver::flush()
+{
+    if (the_pending.empty())
+        return;
+    prepare(the_pending_topology, the_pending_normals);
+    the_device.geometry().bind();
+    draw_ranges(mode_of(the_pending_topology), the_pending);
+    the_pending.clear();
+}
+
+void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
+{
+    flush();
+    std::vector<float> xyz;
+    xyz.reserve(3 * static_cast<std::size_t>(std::max(npoints, 0)));
+    for (int i = 0; i < npoints; ++i)
+        for (const double value : {points[i].x(), points[i].y(), points[i].z()})
+            xyz.push_back(static_cast<float>(value));
+    if (xyz.empty())
+        return;
+    prepare(dgTOPOLOGY_LINES, 0);
+    the_device.stream_points(xyz.data(), npoints);
+    glDrawArrays(GL_LINES, 0, npoints - npoints % 2);
+}
+
+void dgGLDriver::read_pixels(const giBox2& device_box, dgImage& image)
+{
+    flush();
+    const PixelBox box(device_box);
+    image.width = box.width;
+    image.height = box.height;
+    image.rgba.assign(std::size_t(4) * static_cast<std::size_t>(box.width) * static_cast<std::size_t>(box.height), 0);
+    const int low_x = std::max(box.x, 0);
+    const int low_y = std::max(box.y, 0);
+    const int end_x = std::min(box.x + box.width, the_window.width());
+    const int end_y = std::min(box.y + box.height, the_window.height());
+    if (low_x >= end_x || low_y >= end_y)
+        return;
+    begin();
+    own_modes();
+    glPixelStorei(GL_PACK_ROW_LENGTH, box.width);
+    glReadPixels(low_x, low_y, end_x - low_x, end_y - low_y, GL_RGBA, GL_UNSIGNED_BYTE,
+                 image.rgba.data() + 4 * (static_cast<std::size_t>(low_y - box.y) * box.width + (low_x - box.x)));
+    glPixelStorei(GL_PACK_ROW_LENGTH, 0);
+    end();
+}
+
+void dgGLDriver::finish()
+{
+    if (!the_pending.empty())
+        flush();
+    the_device.finish();
+}
+
+void dgGLDriver::gl_enable(unsigned capability)
+{
+    flush();
+    the_device.context().make_current();
+    own_modes();
+    if (capability == GL_STENCIL_TEST)
+        the_stencil.on = 1;
+    glEnable(capability);
+}
+
+void dgGLDriver::gl_disable(unsigned capability)
+{
+    flush();
+    the_device.context().make_current();
+    own_modes();
+    if (capability == GL_STENCIL_TEST)
+        the_stencil.on = 0;
+    glDisable(capability);
+}
+
+void dgGLDriver::gl_stencil_func(unsigned function, int reference, unsigned mask)
+{
+    flush();
+    the_device.context().make_current();
+    own_modes();
+    the_stencil.function = function;
+    the_stencil.reference = reference;
+    the_stencil.mask = mask;
+    glStencilFunc(function, reference, mask);
+}
+
+void dgGLDriver::gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes)
+{
+    flush();
+    the_device.context().make_current();
+    own_modes();
+    the_stencil.operations[0] = stencil_fails;
+    the_stencil.operations[1] = depth_fails;
+    the_stencil.operations[2] = depth_passes;
+    glStencilOp(stencil_fails, depth_fails, depth_passes);
+}
+
+void dgGLDriver::erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
+                            dgEraseZbuffer zbuffer)
+{
+    begin();
+    flush();
+    unsigned planes = (framebuffer ? GL_COLOR_BUFFER_BIT : 0) | (zbuffer ? GL_DEPTH_BUFFER_BIT : 0);
+    if (!planes)
+        planes = GL_STENCIL_BUFFER_BIT;
+    clear_box(
+        device_box, planes,
+        {static_cast<float>(colour.red()), static_cast<float>(colour.green()), static_cast<float>(colour.blue()), 1});
+    end();
+}

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "dgDrawState.h"
+#include "dgDriver.h"
+#include "dgGLGeometryStore.h"
+#include "dg_openglExport.h"
+
+#include <vector>
+
+class dgGLDevice;
+class dgGLWindow;
+class gsColour;
+
+/// The driver that draws with OpenGL.
+class DG_OPENGL_EXPORT dgGLDriver : public dgDriver
+{
+public:
+    /// Draws on a window, or with overlay 1 on its overlay. The window must outlive the driver. With inverting 1 every
+    /// pixel that is drawn inverts the colour under it and leaves depth alone.
+    dgGLDriver(dgGLWindow& window, int overlay, int inverting);
+    ~dgGLDriver() override;
+
+    dgDriverKind type() const override { return dgDRIVER_OPENGL; }
+    int capability(int mode, dgDriverCapability capability) const override;
+
+    void begin() override;
+    void end() override;
+    void select_buffer(dgDoubleBuffer buffer) override;
+    void swap_buffers(dgDoubleBufferSwap mode) override;
+    void clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
+               dgEraseZbuffer depth) override;
+    void set_camera(const dgCameraState& camera) override;
+    void set_model_transform(const giXform3& model_to_world) override;
+    void set_state(const dgDrawState& state) override;
+    void draw_run(const dgPrimitiveRun& run) override;
+    void draw_primitive(const dgGraphicalPrimitive& primitive) override;
+    void draw_segments(const giPoint3* points, int npoints) override;
+    void read_pixels(const giBox2& device_box, dgImage& image) override;
+    void finish() override;
+
+    /// Switch an OpenGL capability by its number; 0x0B90 is the stencil test.
+    void gl_enable(unsigned capability);
+    void gl_disable(unsigned capability);
+
+    /// As glStencilFunc and glStencilOp. They stay in force for this driver.
+    void gl_stencil_func(unsigned function, int reference, unsigned mask);
+    void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes);
+
+    /// Fills a device box, low and high pixels included. With neither option the stencil buffer is cleared inside the
+    /// box and nothing else.
+    void erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
+                    dgEraseZbuffer zbuffer);
+
+private:
+    void own_modes();
+    void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
+    void prepare(dgTopology topology, int has_normals);
+    void update_transforms();
+    void flush();
+
+    dgGLWindow& the_window;
+    dgGLDevice& the_device;
+    int the_overlay;
+    int the_inverting;
+    int the_begun = 0;
+
+    dgCameraState the_camera;
+    giXform3 the_model_to_world;
+    dgDrawState the_state;
+    dgBackground the_background; // what was last erased with
+
+    // What follows from the transforms, made when next needed.
+    int the_transforms_changed = 1;
+    int the_mirrored = 0;
+    float the_model_to_clip[16];
+    float the_model_to_view[16];
+    float the_normal_to_view[9];
+    float the_cue[3];
+
+    // Raised whenever the values that a program takes have changed, so that each program takes them once.
+    unsigned long long the_transform_stamp;
+    unsigned long long the_state_stamp;
+
+    struct Stencil
+    {
+        int on = 0;
+        unsigned function = 0x0207; // always
+        int reference = 0;
+        unsigned mask = ~0u;
+        unsigned operations[3] = {0x1E00, 0x1E00, 0x1E00}; // keep
+    };
+    Stencil the_stencil;
+
+    // Primitives drawn one by one under one state, waiting to be drawn together.
+    dgTopology the_pending_topology = dgTOPOLOGY_POINTS;
+    int the_pending_normals = 0;
+    dgGLIndexRanges the_pending;
+};

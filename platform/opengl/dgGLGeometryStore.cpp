@@ -1,0 +1,342 @@
+#include "dgGLGeometryStore.h"
+
+#include "dgCompiledStructure.h"
+#include "dgGLArena.h"
+#include "dgGraphicalPrimitive.h"
+#include "giPoint3.h"
+#include "giTriangle.h"
+#include "giVector3.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <numeric>
+
+namespace
+{
+// What the buffers hold for each vertex. Normals have 10 bits a component, which is finer than 8-bit colours show.
+struct Vertex
+{
+    float position[3];
+    std::uint32_t normal;
+};
+static_assert(sizeof(Vertex) == 16);
+
+std::uint32_t packed(const giVector3& normal)
+{
+    // Any length is taken; lengths near 0 stay 0 rather than become directions of their own.
+    const double length = normal.length();
+    const double scale = length > 1e-30 ? 511 / length : 0;
+    const auto bits = [scale](double component)
+    { return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lrint(component * scale))) & 0x3ff; };
+    return bits(normal.x()) | bits(normal.y()) << 10 | bits(normal.z()) << 20;
+}
+
+// A number that no other store has had, so that what a run keeps from a store long gone is never taken for its own.
+unsigned long long next_generation()
+{
+    static unsigned long long generation = 0;
+    return ++generation;
+}
+
+class RunCache : public dgRunCache
+{
+public:
+    unsigned long long run_stamp = 0;
+    unsigned long long generation = 0;
+    dgGLIndexRanges ranges;
+};
+
+unsigned vertices_per_feature(dgTopology topology)
+{
+    switch (topology)
+    {
+    case dgTOPOLOGY_POINTS: return 1;
+    case dgTOPOLOGY_LINES: return 2;
+    case dgTOPOLOGY_TRIANGLES: return 3;
+    }
+    return 1;
+}
+}
+
+void dgGLIndexRanges::clear()
+{
+    counts.clear();
+    offsets.clear();
+}
+
+void dgGLIndexRanges::add(unsigned first_index, unsigned count)
+{
+    const auto* offset = reinterpret_cast<const char*>(std::uintptr_t(first_index) * sizeof(std::uint32_t));
+    if (!counts.empty() &&
+        static_cast<const char*>(offsets.back()) + static_cast<std::size_t>(counts.back()) * sizeof(std::uint32_t) ==
+            offset)
+    {
+        counts.back() += static_cast<int>(count);
+        return;
+    }
+    counts.push_back(static_cast<int>(count));
+    offsets.push_back(offset);
+}
+
+std::vector<unsigned> dg_gl_chunk_order(unsigned count)
+{
+    // Multiples of the golden section, taken round, lie evenly on the circle however many are taken: entry k is the
+    // rank of the k-th multiple among all of them. In units of 2^-32 of a turn no two of them meet.
+    constexpr std::uint32_t golden_section = 2654435769u;
+    std::vector<unsigned> by_place(count);
+    std::iota(by_place.begin(), by_place.end(), 0u);
+    std::sort(by_place.begin(), by_place.end(),
+              [](unsigned a, unsigned b) { return a * golden_section < b * golden_section; });
+    std::vector<unsigned> order(count);
+    for (unsigned rank = 0; rank < count; ++rank)
+        order[by_place[rank]] = rank;
+    return order;
+}
+
+struct dgGLGeometryStore::Buffers
+{
+    dgGLArena vertices{sizeof(Vertex)};
+    dgGLArena indices{sizeof(std::uint32_t)};
+    unsigned vertex_array = 0;
+};
+
+// Gathers items for one buffer and sends them in large pieces as long as they follow on each other.
+class dgGLGeometryStore::Upload
+{
+public:
+    Upload(dgGLArena& arena, unsigned long long& bytes) : the_arena(arena), the_bytes(bytes) {}
+    ~Upload() { send(); }
+
+    void move_to(unsigned first)
+    {
+        if (first == the_first + the_count)
+            return;
+        send();
+        the_first = first;
+    }
+
+    template <class Item>
+    void add(const Item& item)
+    {
+        if (the_count == room<Item>)
+            send();
+        static_cast<Item*>(static_cast<void*>(the_items))[the_count++] = item;
+    }
+
+private:
+    static constexpr std::size_t room_bytes = std::size_t(1) << 18;
+    template <class Item>
+    static constexpr unsigned room = room_bytes / sizeof(Item);
+
+    void send()
+    {
+        if (the_count == 0)
+            return;
+        the_arena.upload(the_first, the_count, the_items);
+        the_bytes += the_count * the_arena.item_bytes();
+        the_first += the_count;
+        the_count = 0;
+    }
+
+    dgGLArena& the_arena;
+    unsigned long long& the_bytes;
+    unsigned the_first = 0;
+    unsigned the_count = 0;
+    std::unique_ptr<unsigned char[]> the_room{new unsigned char[room_bytes]};
+    unsigned char* the_items = the_room.get();
+};
+
+dgGLGeometryStore::dgGLGeometryStore() : the_buffers(std::make_unique<Buffers>()), the_generation(next_generation())
+{
+    glGenVertexArrays(1, &the_buffers->vertex_array);
+}
+
+dgGLGeometryStore::~dgGLGeometryStore()
+{
+    glDeleteVertexArrays(1, &the_buffers->vertex_array);
+}
+
+int dgGLGeometryStore::is_stored(const dgGraphicalPrimitive& primitive) const
+{
+    const unsigned id = primitive.geometry_id();
+    return id < the_records.size() && the_records[id].stamp == primitive.stamp();
+}
+
+const dgGLGeometryStore::Record& dgGLGeometryStore::store(const dgGraphicalPrimitive& primitive)
+{
+    Record& record = record_of(primitive);
+    if (record.stamp != primitive.stamp())
+    {
+        Upload vertices(the_buffers->vertices, the_bytes_uploaded);
+        Upload indices(the_buffers->indices, the_bytes_uploaded);
+        copy(primitive, record, vertices, indices);
+    }
+    return record;
+}
+
+const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
+{
+    auto* cache = run.cache_owner == this ? static_cast<RunCache*>(run.cache.get()) : nullptr;
+    if (cache && cache->generation == the_generation && cache->run_stamp == run.stamp)
+        return cache->ranges;
+    if (!cache)
+    {
+        auto made = std::make_unique<RunCache>();
+        cache = made.get();
+        run.cache = std::move(made);
+        run.cache_owner = this;
+        cache->generation = 0;
+    }
+    reserve(run);
+    cache->ranges.clear();
+    {
+        std::unique_ptr<Upload> vertices, indices;
+        for (const dgGraphicalPrimitive* primitive : run.primitives)
+        {
+            Record& record = record_of(*primitive);
+            if (record.stamp != primitive->stamp())
+            {
+                if (!vertices)
+                {
+                    vertices = std::make_unique<Upload>(the_buffers->vertices, the_bytes_uploaded);
+                    indices = std::make_unique<Upload>(the_buffers->indices, the_bytes_uploaded);
+                }
+                copy(*primitive, record, *vertices, *indices);
+            }
+            if (record.index_count)
+                cache->ranges.add(record.first_index, record.index_count);
+        }
+    }
+    cache->generation = the_generation;
+    cache->run_stamp = run.stamp;
+    return cache->ranges;
+}
+
+void dgGLGeometryStore::bind() const
+{
+    glBindVertexArray(the_buffers->vertex_array);
+    if (the_buffers->indices.buffer_replaced())
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, the_buffers->indices.buffer());
+    if (!the_buffers->vertices.buffer_replaced())
+        return;
+    glBindBuffer(GL_ARRAY_BUFFER, the_buffers->vertices.buffer());
+    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, sizeof(Vertex), nullptr);
+    glVertexAttribPointer(1, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(Vertex),
+                          reinterpret_cast<const void*>(offsetof(Vertex, normal)));
+    glEnableVertexAttribArray(0);
+    glEnableVertexAttribArray(1);
+}
+
+std::size_t dgGLGeometryStore::bytes_used() const
+{
+    return the_buffers->vertices.bytes_used() + the_buffers->indices.bytes_used();
+}
+
+void dgGLGeometryStore::geometry_released(unsigned geometry_id)
+{
+    if (geometry_id < the_records.size())
+        free_ranges(the_records[geometry_id]);
+}
+
+void dgGLGeometryStore::reserve(const dgPrimitiveRun& run)
+{
+    unsigned vertices = 0;
+    unsigned indices = 0;
+    for (const dgGraphicalPrimitive* primitive : run.primitives)
+    {
+        if (is_stored(*primitive))
+            continue;
+        // One that keeps its size keeps its place.
+        const Record& record = record_of(*primitive);
+        const dgGeometry geometry = primitive->geometry();
+        const auto npoints = static_cast<unsigned>(geometry.npoints);
+        const unsigned nindices = static_cast<unsigned>(geometry.nfeatures) * vertices_per_feature(geometry.topology);
+        if (record.vertex_count == npoints && record.index_count == nindices)
+            continue;
+        vertices += npoints;
+        indices += nindices;
+    }
+    if (vertices)
+        the_buffers->vertices.reserve(vertices);
+    if (indices)
+        the_buffers->indices.reserve(indices);
+}
+
+dgGLGeometryStore::Record& dgGLGeometryStore::record_of(const dgGraphicalPrimitive& primitive)
+{
+    const unsigned id = primitive.geometry_id();
+    if (id >= the_records.size())
+        the_records.resize(std::max<std::size_t>(id + 1, 2 * the_records.size()));
+    return the_records[id];
+}
+
+void dgGLGeometryStore::free_ranges(Record& record)
+{
+    if (record.vertex_count)
+        the_buffers->vertices.release(record.first_vertex, record.vertex_count);
+    if (record.index_count)
+        the_buffers->indices.release(record.first_index, record.index_count);
+    record = Record();
+}
+
+void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& record, Upload& vertices, Upload& indices)
+{
+    const dgGeometry geometry = primitive.geometry();
+    const auto npoints = static_cast<unsigned>(geometry.npoints);
+    const auto nfeatures = static_cast<unsigned>(geometry.nfeatures);
+    const unsigned nindices = nfeatures * vertices_per_feature(geometry.topology);
+    if (record.vertex_count != npoints || record.index_count != nindices)
+    {
+        free_ranges(record);
+        if (npoints)
+            record.first_vertex = the_buffers->vertices.allocate(npoints);
+        if (nindices)
+            record.first_index = the_buffers->indices.allocate(nindices);
+        record.vertex_count = npoints;
+        record.index_count = nindices;
+        record.vertices_per_feature = vertices_per_feature(geometry.topology);
+    }
+    record.stamp = primitive.stamp();
+
+    vertices.move_to(record.first_vertex);
+    for (unsigned i = 0; i < npoints; ++i)
+    {
+        const giPoint3& p = geometry.points[i];
+        vertices.add(Vertex{{static_cast<float>(p.x()), static_cast<float>(p.y()), static_cast<float>(p.z())},
+                            geometry.normals ? packed(geometry.normals[i]) : 0});
+    }
+
+    indices.move_to(record.first_index);
+    const unsigned base = record.first_vertex;
+    switch (geometry.topology)
+    {
+    case dgTOPOLOGY_POINTS:
+        for (unsigned i = 0; i < nfeatures; ++i)
+            indices.add(std::uint32_t(base + i));
+        break;
+    case dgTOPOLOGY_LINES:
+        for (unsigned i = 0; i < nfeatures; ++i)
+        {
+            indices.add(std::uint32_t(base + i));
+            indices.add(std::uint32_t(base + i + 1));
+        }
+        break;
+    case dgTOPOLOGY_TRIANGLES:
+        const unsigned nchunks = (nfeatures + chunk_triangles - 1) / chunk_triangles;
+        for (const unsigned chunk : dg_gl_chunk_order(nchunks))
+        {
+            const giTriangle* const end = geometry.triangles + std::min((chunk + 1) * chunk_triangles, nfeatures);
+            for (const giTriangle* t = geometry.triangles + chunk * chunk_triangles; t != end; ++t)
+                for (int corner = 0; corner < 3; ++corner)
+                {
+                    // A node that does not exist must not reach into another primitive's vertices.
+                    const auto node = static_cast<unsigned>((*t)[corner]);
+                    indices.add(std::uint32_t(base + (node < npoints ? node : 0)));
+                }
+        }
+        break;
+    }
+}

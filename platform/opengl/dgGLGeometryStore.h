@@ -1,0 +1,88 @@
+#pragma once
+
+#include "dgGeometry.h"
+#include "dg_openglExport.h"
+
+#include <cstddef>
+#include <memory>
+#include <vector>
+
+class dgGraphicalPrimitive;
+struct dgPrimitiveRun;
+
+/// Ranges of the index buffer, in the form that a multi-draw takes. A range that continues the one before joins it.
+struct DG_OPENGL_EXPORT dgGLIndexRanges
+{
+    std::vector<int> counts;
+    std::vector<const void*> offsets; // in bytes
+
+    bool empty() const { return counts.empty(); }
+    void clear();
+    void add(unsigned first_index, unsigned count);
+};
+
+/// The copies of the geometry of primitives that an OpenGL device draws from.
+///
+/// Vertices of all primitives lie in one buffer and their indices in another. Each primitive has a range in both and a
+/// record of it under its geometry number; only a primitive whose stamp has grown is copied again. The triangles of a
+/// block are stored in chunks of neighbours, and the chunks in an order that spreads evenly, so that the first part
+/// of a block's range is an even sample of the block.
+class DG_OPENGL_EXPORT dgGLGeometryStore : public dgGeometryListener
+{
+public:
+    /// Triangles in a chunk.
+    static constexpr unsigned chunk_triangles = 256;
+
+    /// Where a primitive lies.
+    struct Record
+    {
+        unsigned long long stamp = 0; ///< of the primitive when it was copied; 0 for none
+        unsigned first_vertex = 0;
+        unsigned vertex_count = 0;
+        unsigned first_index = 0;
+        unsigned index_count = 0;
+        unsigned vertices_per_feature = 0; ///< 3 for triangles, 2 for line segments, 1 for points
+    };
+
+    /// A context must be current here and in all calls but geometry_released and those that only ask.
+    dgGLGeometryStore();
+    ~dgGLGeometryStore() override;
+
+    /// 1 when a primitive is stored as it is now.
+    int is_stored(const dgGraphicalPrimitive& primitive) const;
+
+    /// The place of a primitive, copied first where it has changed.
+    const Record& store(const dgGraphicalPrimitive& primitive);
+
+    /// The ranges of a run, kept with it until one of its primitives changes.
+    const dgGLIndexRanges& store(const dgPrimitiveRun& run);
+
+    /// Binds the vertex array that holds both buffers.
+    void bind() const;
+
+    /// Bytes copied to the buffers since the store was made.
+    unsigned long long bytes_uploaded() const { return the_bytes_uploaded; }
+
+    /// Bytes of both buffers that primitives occupy.
+    std::size_t bytes_used() const;
+
+    void geometry_released(unsigned geometry_id) override;
+
+private:
+    class Upload;
+    struct Buffers;
+
+    void reserve(const dgPrimitiveRun& run);
+    Record& record_of(const dgGraphicalPrimitive& primitive);
+    void free_ranges(Record& record);
+    void copy(const dgGraphicalPrimitive& primitive, Record& record, Upload& vertices, Upload& indices);
+
+    std::unique_ptr<Buffers> the_buffers;
+    std::vector<Record> the_records; // by geometry number
+    unsigned long long the_generation;
+    unsigned long long the_bytes_uploaded = 0;
+};
+
+/// The order that count chunks of a block are stored in. However many of them are taken from the first on, they lie
+/// evenly spread over the block.
+DG_OPENGL_EXPORT std::vector<unsigned> dg_gl_chunk_order(unsigned count);

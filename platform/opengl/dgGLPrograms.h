@@ -1,0 +1,79 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+/// How a program shades.
+enum dgGLShading
+{
+    dgGL_SHADE_PLAIN = 0,  ///< front or back colour as it is
+    dgGL_SHADE_SMOOTH = 1, ///< lit, normals of the nodes
+    dgGL_SHADE_FLAT = 2    ///< lit, normal of the triangle
+};
+
+/// What a program is made for; each combination is compiled when it is first asked for.
+struct dgGLProgramKind
+{
+    dgGLShading shading = dgGL_SHADE_PLAIN;
+    int depth_cueing = 0;
+    int line_style = 0; ///< not 0: lines with gaps
+    int wide_lines = 0; ///< lines become quads
+
+    auto operator<=>(const dgGLProgramKind&) const = default;
+};
+
+/// One linked program: where its uniforms are, and which values they were last given.
+struct dgGLProgram
+{
+    unsigned name = 0;
+    int model_to_clip = -1;
+    int model_to_view = -1;
+    int normal_to_view = -1;
+    int front_colour = -1;
+    int back_colour = -1;
+    int cue = -1;
+    int cue_colour = -1;
+    int view_port = -1;
+    int line_width = -1;
+    int line_style = -1;
+    int point_size = -1;
+
+    unsigned long long transform_stamp = 0;
+    unsigned long long state_stamp = 0;
+    int topology = -1;
+};
+
+/// The shader programs of a device. A context must be current in every call.
+class dgGLPrograms
+{
+public:
+    dgGLPrograms();
+    ~dgGLPrograms();
+
+    /// 1 when the programs that every picture needs were compiled, else the compiler's words are in error.
+    int compile_basics(std::string& error);
+
+    /// A program, or null when it does not compile.
+    dgGLProgram* find(const dgGLProgramKind& kind);
+
+    /// Makes a program the current one.
+    void use(unsigned name);
+
+    /// Fills the scissor box: bottom colour at row low, top colour at row high.
+    void draw_graduated(const float (&bottom)[3], const float (&top)[3], int low, int high);
+
+    /// Copies a texture where its alpha is not 0, pixel by pixel. A vertex array of the current context must be bound.
+    void draw_keyed(unsigned texture, int x, int y, int width, int height);
+
+    /// An empty vertex array of the device's context.
+    unsigned empty_array() const { return the_empty_array; }
+
+private:
+    std::map<dgGLProgramKind, dgGLProgram> the_programs;
+    unsigned the_graduated = 0;
+    unsigned the_keyed = 0;
+    unsigned the_empty_array = 0;
+    unsigned the_current = 0;
+    std::string the_log;
+};

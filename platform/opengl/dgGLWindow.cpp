@@ -1,0 +1,280 @@
+#include "dgGLWindow.h"
+
+#include "dgGLContext.h"
+#include "dgGLDevice.h"
+#include "dgGLDriver.h"
+#include "dgGLPrograms.h"
+#include "dgImage.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace
+{
+int at_least_1(int size)
+{
+    return std::max(size, 1);
+}
+
+// Colour is a texture, so that contexts of the window system that share objects can show it.
+unsigned make_colour_texture(int width, int height)
+{
+    unsigned texture = 0;
+    glGenTextures(1, &texture);
+    glBindTexture(GL_TEXTURE_2D, texture);
+    glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA8, width, height, 0, GL_RGBA, GL_UNSIGNED_BYTE, nullptr);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
+    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
+    glBindTexture(GL_TEXTURE_2D, 0);
+    return texture;
+}
+
+unsigned make_depth_stencil(int width, int height)
+{
+    unsigned renderbuffer = 0;
+    glGenRenderbuffers(1, &renderbuffer);
+    glBindRenderbuffer(GL_RENDERBUFFER, renderbuffer);
+    glRenderbufferStorage(GL_RENDERBUFFER, GL_DEPTH24_STENCIL8, width, height);
+    return renderbuffer;
+}
+
+unsigned make_framebuffer(unsigned texture, unsigned depth_stencil)
+{
+    unsigned framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    glFramebufferRenderbuffer(GL_FRAMEBUFFER, GL_DEPTH_STENCIL_ATTACHMENT, GL_RENDERBUFFER, depth_stencil);
+    return framebuffer;
+}
+
+void clear_all(float alpha)
+{
+    glDisable(GL_SCISSOR_TEST);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glDepthMask(GL_TRUE);
+    glStencilMask(~0u);
+    glClearColor(0, 0, 0, alpha);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+}
+}
+
+struct dgGLWindow::Buffers
+{
+    // A colour texture and the framebuffer that draws into it.
+    struct Colour
+    {
+        unsigned texture = 0;
+        unsigned framebuffer = 0;
+    };
+    Colour front, back, overlay;
+    unsigned depth_stencil = 0;
+    unsigned overlay_depth_stencil = 0;
+
+    void make_main(int width, int height)
+    {
+        depth_stencil = make_depth_stencil(width, height);
+        for (Colour* colour : {&front, &back})
+        {
+            colour->texture = make_colour_texture(width, height);
+            colour->framebuffer = make_framebuffer(colour->texture, depth_stencil);
+            clear_all(1);
+        }
+    }
+    void make_overlay(int width, int height)
+    {
+        overlay_depth_stencil = make_depth_stencil(width, height);
+        overlay.texture = make_colour_texture(width, height);
+        overlay.framebuffer = make_framebuffer(overlay.texture, overlay_depth_stencil);
+        clear_all(0);
+    }
+    void free()
+    {
+        for (Colour* colour : {&front, &back, &overlay})
+        {
+            glDeleteFramebuffers(1, &colour->framebuffer);
+            glDeleteTextures(1, &colour->texture);
+            *colour = Colour();
+        }
+        glDeleteRenderbuffers(1, &depth_stencil);
+        glDeleteRenderbuffers(1, &overlay_depth_stencil);
+        depth_stencil = overlay_depth_stencil = 0;
+    }
+};
+
+// The overlay as a surface of its own.
+class dgGLWindow::Overlay : public dgWindow
+{
+public:
+    explicit Overlay(dgGLWindow& under) : the_under(under) {}
+
+    void begin() override
+    {
+        the_under.bind_layer(1);
+        the_under.device().modes_owner(nullptr);
+    }
+    void end() override {}
+    int width() const override { return the_under.width(); }
+    int height() const override { return the_under.height(); }
+    std::unique_ptr<dgDriver> make_driver(int inverting) override
+    {
+        return std::make_unique<dgGLDriver>(the_under, 1, inverting);
+    }
+    void present() override { the_under.present(); }
+
+private:
+    dgGLWindow& the_under;
+};
+
+dgGLWindow::dgGLWindow(std::shared_ptr<dgGLDevice> device, int width, int height)
+    : the_device(std::move(device)), the_buffers(std::make_unique<Buffers>()), the_width(at_least_1(width)),
+      the_height(at_least_1(height))
+{
+    the_device->context().make_current();
+    the_device->modes_owner(nullptr);
+    the_buffers->make_main(the_width, the_height);
+}
+
+dgGLWindow::~dgGLWindow()
+{
+    the_device->context().make_current();
+    the_device->modes_owner(nullptr);
+    the_buffers->free();
+}
+
+void dgGLWindow::begin()
+{
+    bind_layer(0);
+    the_device->modes_owner(nullptr);
+}
+
+void dgGLWindow::end() {}
+
+void dgGLWindow::resize(int width, int height)
+{
+    the_width = at_least_1(width);
+    the_height = at_least_1(height);
+    the_device->context().make_current();
+    the_device->modes_owner(nullptr);
+    the_buffers->free();
+    the_buffers->make_main(the_width, the_height);
+    if (the_overlay)
+        the_buffers->make_overlay(the_width, the_height);
+    the_overlay_used = 0;
+    the_front_changed = 1;
+}
+
+std::unique_ptr<dgDriver> dgGLWindow::make_driver(int inverting)
+{
+    return std::make_unique<dgGLDriver>(*this, 0, inverting);
+}
+
+dgWindow* dgGLWindow::overlay()
+{
+    if (!the_overlay)
+    {
+        the_overlay = std::make_unique<Overlay>(*this);
+        the_device->context().make_current();
+        the_device->modes_owner(nullptr);
+        the_buffers->make_overlay(the_width, the_height);
+    }
+    return the_overlay.get();
+}
+
+void dgGLWindow::select_buffer(dgDoubleBuffer buffer)
+{
+    if (buffer != the_selected)
+        the_device->modes_owner(nullptr); // whoever draws next binds the other one
+    the_selected = buffer;
+}
+
+void dgGLWindow::swap()
+{
+    std::swap(the_buffers->front, the_buffers->back);
+    the_device->modes_owner(nullptr);
+    the_front_changed = 1;
+}
+
+void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
+{
+    const int low_x = std::max(static_cast<int>(box.low().x()), 0);
+    const int low_y = std::max(static_cast<int>(box.low().y()), 0);
+    const int high_x = std::min(static_cast<int>(box.high().x()), the_width - 1);
+    const int high_y = std::min(static_cast<int>(box.high().y()), the_height - 1);
+    the_front_changed = 0;
+    the_device->modes_owner(nullptr);
+    if (high_x < low_x || high_y < low_y)
+        return;
+
+    // Framebuffers and vertex arrays are not shared between contexts, textures are: those made here serve any context.
+    unsigned framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, the_buffers->front.texture, 0);
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, draw_framebuffer);
+    glDisable(GL_SCISSOR_TEST);
+    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+    glBlitFramebuffer(low_x, low_y, high_x + 1, high_y + 1, low_x, low_y, high_x + 1, high_y + 1, GL_COLOR_BUFFER_BIT,
+                      GL_NEAREST);
+    glDeleteFramebuffers(1, &framebuffer);
+    if (!the_overlay_used)
+        return;
+
+    unsigned vertex_array = 0;
+    glGenVertexArrays(1, &vertex_array);
+    glBindVertexArray(vertex_array);
+    for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP, GL_BLEND})
+        glDisable(capability);
+    glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
+    the_device->programs().draw_keyed(the_buffers->overlay.texture, low_x, low_y, high_x - low_x + 1,
+                                      high_y - low_y + 1);
+    glDeleteVertexArrays(1, &vertex_array);
+}
+
+void dgGLWindow::read_front(dgImage& image)
+{
+    the_device->context().make_current();
+    the_device->modes_owner(nullptr);
+    image.width = the_width;
+    image.height = the_height;
+    image.rgba.resize(std::size_t(4) * static_cast<std::size_t>(the_width) * static_cast<std::size_t>(the_height));
+    const int changed = the_front_changed;
+    const unsigned texture = make_colour_texture(the_width, the_height);
+    unsigned framebuffer = 0;
+    glGenFramebuffers(1, &framebuffer);
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glFramebufferTexture2D(GL_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, texture, 0);
+    blit_front_to(framebuffer, device_box());
+    glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
+    glReadPixels(0, 0, the_width, the_height, GL_RGBA, GL_UNSIGNED_BYTE, image.rgba.data());
+    glDeleteFramebuffers(1, &framebuffer);
+    glDeleteTextures(1, &texture);
+    the_front_changed = changed;
+}
+
+void dgGLWindow::bind_layer(int overlay)
+{
+    the_device->context().make_current();
+    const Buffers::Colour& colour = overlay                          ? the_buffers->overlay
+                                    : the_selected == dgFRONT_BUFFER ? the_buffers->front
+                                                                     : the_buffers->back;
+    glBindFramebuffer(GL_FRAMEBUFFER, colour.framebuffer);
+}
+
+void dgGLWindow::layer_drawn(int overlay)
+{
+    if (overlay)
+        the_overlay_used = 1;
+    if (overlay || the_selected == dgFRONT_BUFFER)
+        the_front_changed = 1;
+}
+
+void dgGLWindow::overlay_cleared(const giBox2& box)
+{
+    the_front_changed = 1;
+    if (box.low().x() <= 0 && box.low().y() <= 0 && box.high().x() >= the_width - 1 && box.high().y() >= the_height - 1)
+        the_overlay_used = 0;
+}

@@ -1,0 +1,183 @@
+#include "renderScene.h"
+
+#include "dgGLGeometryStore.h"
+#include "dgPolyline.h"
+#include "dgTriangleBlock.h"
+#include "giTriBlock.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <set>
+
+namespace
+{
+// A sheet of n by n squares over the window, wavy, with normals; from row first_row up to but not last_row.
+giTriBlock* sheet(int n, int first_row, int last_row)
+{
+    auto* block = new giTriBlock;
+    for (int j = first_row; j <= last_row; ++j)
+        for (int i = 0; i <= n; ++i)
+            block->nodes().append(giPoint3(64.0 * i / n, 48.0 * j / n, 10 * std::sin(0.3 * i) * std::cos(0.2 * j)));
+    const int across = n + 1;
+    for (int j = 0; j < last_row - first_row; ++j)
+        for (int i = 0; i < n; ++i)
+        {
+            const int node = j * across + i;
+            block->triangles().emplace_back(node, node + 1, node + across + 1);
+            block->triangles().emplace_back(node, node + across + 1, node + across);
+        }
+    auto& normals = block->create_normals();
+    for (std::size_t i = 0; i < normals.size(); ++i)
+    {
+        const giPoint3& p = block->nodes()[static_cast<int>(i)];
+        normals[i] = giVector3(0.3 * std::cos(p.x()), 0.3 * std::sin(p.y()), 1);
+    }
+    return block;
+}
+
+unsigned long long uploaded(Scene& scene)
+{
+    return scene.window.device().geometry().bytes_uploaded();
+}
+}
+
+TEST(dgGLGeometryStore, many_elements_look_exactly_like_one_large_one)
+{
+    constexpr int n = 40;
+    Scene one;
+    one.add(new dgTriangleBlock(sheet(n, 0, n), 1));
+    one.draw();
+    Scene many;
+    for (int row = 0; row < n; ++row)
+        many.add(new dgTriangleBlock(sheet(n, row, row + 1), 1));
+    many.draw();
+    ASSERT_EQ(one.picture().width, 64);
+    EXPECT_EQ(count_pixels(one.picture(), Pixel{0, 0, 0}), 0);
+    EXPECT_TRUE(same_pictures(one.picture(), many.picture()));
+}
+
+TEST(dgGLGeometryStore, copies_what_has_changed_and_nothing_else)
+{
+    Scene scene;
+    std::vector<dgTriangleBlock*> blocks;
+    for (int row = 0; row < 10; ++row)
+        scene.add(blocks.emplace_back(new dgTriangleBlock(sheet(10, row, row + 1), 1)));
+    const auto before = uploaded(scene);
+    scene.draw();
+    const auto all = uploaded(scene) - before;
+    EXPECT_EQ(all, 10u * (22 * 16 + 20 * 3 * 4)); // vertices of 16 bytes, indices of 4
+
+    scene.draw();
+    EXPECT_EQ(uploaded(scene) - before, all) << "nothing has changed";
+
+    const dgImage flat = scene.picture();
+    for (int i = 0; i < 11; ++i)
+        blocks[4]->block().nodes().set(i, blocks[4]->block().nodes()[i + 11]);
+    blocks[4]->block_changed();
+    scene.draw();
+    EXPECT_EQ(uploaded(scene) - before, all + all / 10) << "one element was changed in place";
+    EXPECT_FALSE(same_pictures(scene.picture(), flat));
+
+    scene.root->set_cursor(3);
+    scene.root->insert(new dgTriangleBlock(sheet(10, 4, 5), 1));
+    scene.draw();
+    EXPECT_EQ(uploaded(scene) - before, all + all / 5) << "one element was inserted";
+    EXPECT_TRUE(same_pictures(scene.picture(), flat));
+}
+
+TEST(dgGLGeometryStore, gives_the_room_of_deleted_elements_to_new_ones)
+{
+    Scene scene;
+    dgGLGeometryStore& store = scene.window.device().geometry();
+    const std::size_t at_first = store.bytes_used();
+    for (int round = 0; round < 3; ++round)
+    {
+        for (int row = 0; row < 10; ++row)
+            scene.add(new dgTriangleBlock(sheet(10 + round, row, row + 1), 1));
+        scene.draw();
+        EXPECT_GT(store.bytes_used(), at_first);
+        // Every other one goes, and a larger one comes.
+        for (int i = 4; i >= 0; --i)
+            scene.root->delete_range(2 * i, 2 * i);
+        scene.add(new dgTriangleBlock(sheet(20, 0, 20), 1));
+        scene.draw();
+        Scene fresh;
+        for (int i = 0; i < scene.root->nelements(); ++i)
+            fresh.add(scene.root->element(i)->copy());
+        fresh.draw();
+        EXPECT_TRUE(same_pictures(scene.picture(), fresh.picture())) << round;
+        scene.root->clear();
+    }
+    EXPECT_EQ(store.bytes_used(), at_first);
+}
+
+TEST(dgGLGeometryStore, windows_of_one_device_share_what_they_draw)
+{
+    Scene first, second;
+    first.add(new dgTriangleBlock(sheet(8, 0, 8), 1));
+    second.view.root(first.root.get());
+    first.draw();
+    const auto before = uploaded(first);
+    second.draw();
+    EXPECT_EQ(uploaded(second), before);
+    EXPECT_TRUE(same_pictures(first.picture(), second.picture()));
+}
+
+TEST(dgGLGeometryStore, survives_a_device_that_ends_before_what_it_drew)
+{
+    Scene scene;
+    scene.add(new dgTriangleBlock(sheet(8, 0, 8), 1));
+    scene.draw();
+    for (int time = 0; time < 2; ++time)
+    {
+        std::string error;
+        std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+        ASSERT_NE(device, nullptr) << error;
+        dgGLWindow window(device, 64, 48);
+        dgRenderer renderer(&window, &window);
+        dgView view(&renderer);
+        view.camera() = scene.view.camera();
+        view.user_clip_planes(1);
+        view.root(scene.root.get());
+        view.erase(dgERASE_ZBUFFER_YES);
+        view.render_network(nullptr);
+        dgImage image;
+        renderer.read_pixels(window.device_box(), image);
+        EXPECT_TRUE(same_pictures(image, scene.picture()));
+    }
+}
+
+TEST(dgGLGeometryStore, an_index_out_of_range_reaches_no_other_element)
+{
+    Scene scene;
+    auto* block = sheet(2, 0, 2);
+    block->triangles()[0] = giTriangle(-1, 1000000000, 2);
+    scene.add(new dgTriangleBlock(block, 1));
+    scene.add(new dgPolyline); // nothing to draw
+    scene.add(new dgTriangleBlock(new giTriBlock, 1));
+    scene.draw();
+    EXPECT_NE(pixel_at(scene.picture(), 10, 20), (Pixel{0, 0, 0}));
+    EXPECT_EQ(pixel_at(scene.picture(), 31, 5), (Pixel{0, 0, 0})); // the broken triangle is missing
+}
+
+TEST(dgGLGeometryStore, any_first_part_of_the_chunks_is_an_even_sample)
+{
+    for (const unsigned count : {1u, 2u, 7u, 100u, 1000u, 3907u})
+    {
+        const std::vector<unsigned> order = dg_gl_chunk_order(count);
+        EXPECT_EQ(std::set<unsigned>(order.begin(), order.end()).size(), count);
+        EXPECT_LT(*std::max_element(order.begin(), order.end()), count);
+        for (unsigned taken = 1; taken < count; taken = taken * 3 + 1)
+        {
+            std::vector<unsigned> places(order.begin(), order.begin() + taken);
+            std::sort(places.begin(), places.end());
+            unsigned gap = count - places.back() + places.front(); // round the end
+            for (unsigned i = 1; i < taken; ++i)
+                gap = std::max(gap, places[i] - places[i - 1]);
+            // Golden section: the widest gap is below 2.62 times the mean.
+            EXPECT_LE(gap, 2.7 * count / taken + 2) << count << " " << taken;
+        }
+    }
+}
