@@ -191,6 +191,34 @@ TEST(grTrackballTool, puts_the_middle_of_the_ball_under_the_centre)
     EXPECT_LT(largest_difference(scene.camera().orientation(), expected), 1e-12);
 }
 
+TEST(grTrackballTool, turns_and_spins_in_view_space_about_a_centre_in_world_space)
+{
+    // The centre shows in the middle, one unit in front of the view plane; the world is upside down and moved.
+    apClockOverride clock(10);
+    tsToolScene scene;
+    const giXform3 start =
+        giXform3::rotation(giAngle(std::numbers::pi), gi_Z_AXIS) * giXform3::translation(giVector3(3, 4, 0));
+    const giPoint3 centre(3, 4, 1), centre_view(0, 0, 1);
+    scene.camera().orientation(start);
+    scene.the_hooks.the_centre = &centre;
+    scene.the_hooks.allow_spinning(1);
+    scene.bind<grTrackballTool>();
+    scene.press(middle_x, middle_y);
+    clock.advance(interval);
+    scene.move(middle_x + 80, middle_y);
+    const auto turned = [&](double pixels)
+    { return start * giXform3::rotation(giAngle(rolled(pixels)), gi_Y_AXIS, centre_view); };
+    EXPECT_LT(largest_difference(scene.camera().orientation(), turned(80)), 1e-12);
+
+    scene.the_man.stop_twiddling();
+    scene.camera().orientation(start);
+    drag_to_middle(scene, clock);
+    const giXform3 before = scene.camera().orientation();
+    scene.the_man.idle();
+    const giXform3 step = giXform3::rotation(giAngle(rolled(10)), gi_Y_AXIS, centre_view);
+    EXPECT_LT(largest_difference(scene.camera().orientation(), before * step), 1e-12);
+}
+
 TEST(grTrackballTool, spins_on_after_a_release_in_motion_until_the_next_key_press)
 {
     apClockOverride clock(10);
