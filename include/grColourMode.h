@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// How a window's pixels hold colours.
-enum grColourMode
+enum grColourMode : int
 {
     grTRUE_COLOUR = 0,  ///< red, green and blue directly
     grPSEUDO_COLOUR = 1 ///< indices into a colour table

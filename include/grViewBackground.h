@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// Whether a view is erased before it is drawn.
-enum grViewBackground
+enum grViewBackground : int
 {
     grVIEW_BACKGROUND_OPAQUE = 0,
     grVIEW_BACKGROUND_TRANSPARENT = 1 ///< never erased: what lies behind the view shows through

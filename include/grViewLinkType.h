@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// How a view is linked to its parent.
-enum grViewLinkType
+enum grViewLinkType : int
 {
     grVIEW_LINK_ONE_WAY = 0,
     grVIEW_LINK_TWO_WAY = 1
