@@ -136,8 +136,7 @@ private:
     void add_child_view(grView* view) { the_children.add_last(view); }
     void remove_child_view(grView* view) { the_children.remove(view); }
     void update_offset();
-    void follow(const grView& leader);
-    void parent_updated();
+    void parent_updated(const grView& parent);
     void add_twiddle_locks() const;
     void need_twiddle_locks() const;
     void append_twiddle_lock(const utTypeID& tool_type) const;

@@ -50,4 +50,8 @@ public:
     /// Whether find_child_views puts paper children at the front, which is the default, or behind the view.
     static int insert_paper_children_first();
     static void insert_paper_children_first(int on);
+
+private:
+    static dgDoubleBufferSwap the_erase_on_swap_buffers_arg;
+    static int the_insert_paper_children_first_flag;
 };

@@ -49,4 +49,7 @@ public:
     static void fast_shade_stuff() {}
     static void print_framerate() {}
     static void delete_statics() {}
+
+private:
+    static double the_minimum_framerate;
 };

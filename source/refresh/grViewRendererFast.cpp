@@ -1,8 +1,9 @@
 #include "grViewRendererFast.h"
 
+double grViewRendererFast::the_minimum_framerate = 1.0;
+
 namespace
 {
-double the_minimum_framerate = 1.0;
 int the_adjust_clip_planes = 0;
 int the_disable_flattening = 0;
 double the_view_bbox_offset = 0.0;

@@ -159,24 +159,18 @@ void grView::world2view_altered()
     the_called_from_parent = 1;
     // By index: callbacks on the children's cameras may change the list.
     for (int i = 0; i < the_children.count(); ++i)
-        if (the_children[i]->the_locked_child)
-            the_children[i]->follow(*this);
+        the_children[i]->parent_updated(*this);
     the_called_from_parent = called_before;
 }
 
-void grView::parent_updated()
+// The parent is handed over: a child that has been orphaned is still moved by its former parent.
+void grView::parent_updated(const grView& parent)
 {
-    if (the_locked_child && the_parent)
-        follow(*the_parent);
-}
-
-void grView::follow(const grView& leader)
-{
-    if (!the_view || !leader.the_view)
+    if (!the_locked_child || !the_view || !parent.the_view)
         return;
     giPoint3 eye;
     giVector3 direction, up;
-    dgCamera::orientation(the_child_offset * leader.the_view->camera().orientation(), &eye, &direction, &up);
+    dgCamera::orientation(the_child_offset * parent.the_view->camera().orientation(), &eye, &direction, &up);
     the_view->camera().orientation(eye, direction, up);
     the_view->camera().world2view_altered();
 }

@@ -7,11 +7,13 @@
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
 
+#include <algorithm>
+
+dgDoubleBufferSwap grViewListUtils::the_erase_on_swap_buffers_arg = dgSWAP_PLAIN;
+int grViewListUtils::the_insert_paper_children_first_flag = 1;
+
 namespace
 {
-dgDoubleBufferSwap the_erase_on_swap_buffers_arg = dgSWAP_PLAIN;
-int the_insert_paper_children_first_flag = 1;
-
 // Calls visit for every view that a renderer of the list draws and that is not in the list, the renderers in the order
 // of the sorted list's groups from the last to the first, until visit answers true.
 template <class Visit>
@@ -138,8 +140,9 @@ void grViewListUtils::find_child_views(dgView* view, dgViewcoDList& views)
 void grViewListUtils::refresh_views(const dgViewcoDList& views, const dgViewcoDList& extra_views,
                                     const dgStructurecoDList& extra_structures)
 {
-    for (int i = views.count() - 1; i >= 0; --i)
+    for (int i = views.count() - 1, next = 0; i >= 0; i = next)
     {
+        next = i - 1;
         dgView* view = views[i];
         dgRenderer* renderer = view->renderer();
         if (!renderer)
@@ -148,8 +151,11 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, const dgViewcoDL
         const int extra = extra_views.find(view);
         draw_view(*view, extra < 0 ? nullptr : extra_structures[extra]);
 
+        // The overlay callback may have destroyed views, which are then gone from the list of a refresher.
+        next = std::min(i, views.count()) - 1;
+
         // One swap per renderer, after its last view: a second one would show the half-drawn back buffer.
-        const int last_of_renderer = i == 0 || views[i - 1]->renderer() != renderer;
+        const int last_of_renderer = next < 0 || views[next]->renderer() != renderer;
         if (last_of_renderer && double_buffered(renderer, renderer->mode()))
         {
             renderer->swap_buffers(the_erase_on_swap_buffers_arg);

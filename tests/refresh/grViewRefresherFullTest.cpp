@@ -1,5 +1,6 @@
 #include "grViewRefresherFull.h"
 
+#include "grTwiddleOverlayCallback.h"
 #include "tsScene.h"
 
 #include <gtest/gtest.h>
@@ -83,4 +84,35 @@ TEST(grViewRefresherFull, goes_on_without_a_view_that_is_destroyed_during_the_tw
     refresher.base_refresh();
     refresher.base_end_twiddle();
     EXPECT_EQ(scene.take_log(0), Log());
+}
+
+namespace
+{
+tsScene* the_scene = nullptr;
+
+// Destroys the two other views when the first one of three has been drawn, which is the last in the list.
+void destroy_others(dgView& view)
+{
+    if (&view != the_scene->view(2))
+        return;
+    the_scene->delete_view(0);
+    the_scene->delete_view(1);
+}
+}
+
+TEST(grViewRefresherFull, finishes_a_frame_whose_overlay_destroys_views)
+{
+    tsScene scene;
+    for (int i = 0; i < 3; ++i)
+        scene.add_view();
+    grViewRefresherFull refresher({scene.view(0), scene.view(1), scene.view(2)});
+    the_scene = &scene;
+    grTwiddleOverlayCallback::register_callback(&destroy_others);
+    refresher.base_start_twiddle();
+    refresher.base_refresh();
+    grTwiddleOverlayCallback::register_callback(nullptr);
+    EXPECT_EQ(refresher.views(), dgViewcoDList{scene.view(2)});
+    const Log log = scene.take_log();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "swap_buffers 0"), 1);
+    EXPECT_EQ(log.back(), "select_buffer front");
 }
