@@ -1,0 +1,163 @@
+#include "tnCommands.h"
+
+#include "tnProgress.h"
+#include "tnTarnFile.h"
+
+#include "grMeshFile.h"
+#include "grSamplePart.h"
+
+#include "giAngleDegrees.h"
+
+#include <CLI/CLI.hpp>
+
+#include <iomanip>
+#include <ostream>
+#include <sstream>
+
+namespace
+{
+const int most_sample_triangles = 20000000;
+
+struct tn_options
+{
+    std::string input;
+    std::string output;
+    double crease_degrees = 30;
+    int triangles = 200000;
+};
+
+/// What a command reports to.
+struct tn_outlets
+{
+    std::ostream& out;
+    std::ostream* progress; // null: no bars
+};
+
+int import_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    tn_blocks blocks;
+    {
+        tnProgress bar(outlets.progress, "reading");
+        if (!gr_read_mesh_file(options.input, giAngleDegrees(options.crease_degrees), blocks, error,
+                               [&bar](double share) { bar.show(share); }))
+            return 0;
+    }
+    tnProgress bar(outlets.progress, "writing");
+    return tn_write(options.output, blocks, error, bar);
+}
+
+int export_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    // Asked first: a long file should not be read for nothing.
+    if (!gr_mesh_file_writable(options.output))
+    {
+        error = options.output + ": no mesh format has this ending; .obj, .ply and .stl are known";
+        return 0;
+    }
+    tn_blocks blocks;
+    tnProgress bar(outlets.progress, "reading");
+    return tn_read(options.input, blocks, error, bar) && gr_write_mesh_file(options.output, blocks, error);
+}
+
+std::string three(double x, double y, double z)
+{
+    std::ostringstream text;
+    text << std::setprecision(6) << x << ' ' << y << ' ' << z;
+    return text.str();
+}
+
+void print_row(std::ostream& out, const std::string& name, long long nodes, long long triangles,
+               const std::string& vectors, const std::string& texture, const giBox3& box)
+{
+    out << std::left << std::setw(6) << name << std::right << std::setw(11) << nodes << std::setw(11) << triangles
+        << "  " << std::left << std::setw(11) << vectors << std::setw(8) << texture;
+    if (box.empty())
+        out << "empty\n";
+    else
+        out << three(box.low().x(), box.low().y(), box.low().z()) << "  to  "
+            << three(box.high().x(), box.high().y(), box.high().z()) << '\n';
+}
+
+int print_info(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    tn_blocks blocks;
+    {
+        tnProgress bar(outlets.progress, "reading");
+        if (!tn_read(options.input, blocks, error, bar))
+            return 0;
+    }
+    outlets.out << "block       nodes  triangles  vectors    texture box\n";
+    long long nodes = 0, triangles = 0;
+    giBox3 box;
+    int number = 0;
+    for (const auto& block : blocks)
+    {
+        print_row(outlets.out, std::to_string(++number), block->node_count(), block->triangle_count(),
+                  block->normals() ? "normals" : "curvatures", block->texture_coordinates() ? "yes" : "no",
+                  block->box());
+        nodes += block->node_count();
+        triangles += block->triangle_count();
+        box.merge(block->box());
+    }
+    print_row(outlets.out, "all", nodes, triangles, "", "", box);
+    return 1;
+}
+
+int write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    const tn_blocks blocks = gr_sample_part(options.triangles);
+    tnProgress bar(outlets.progress, "writing");
+    return tn_write(options.output, blocks, error, bar);
+}
+}
+
+int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& errors, int show_progress)
+{
+    using command = int (*)(const tn_options&, const tn_outlets&, std::string&);
+    tn_options options;
+    command chosen = nullptr;
+    CLI::App app("Converts triangle meshes to and from tarn files.", "gr-tarn");
+    app.set_version_flag("--version", "gr-tarn " GR_VERSION);
+    app.require_subcommand(1);
+
+    CLI::App* import = app.add_subcommand("import", "Make a tarn file of a mesh file (STL, OBJ, PLY and others)");
+    import->add_option("MESH", options.input, "File to read; its ending tells the format")->required();
+    import->add_option("TARN", options.output, "File to write")->required();
+    import
+        ->add_option("--crease", options.crease_degrees,
+                     "Where normals are computed, edges sharper than this stay sharp, in degrees")
+        ->check(CLI::Range(0.0, 175.0))
+        ->capture_default_str();
+    import->callback([&chosen] { chosen = import_mesh;
+});
+
+CLI::App* exporter = app.add_subcommand("export", "Make a mesh file (OBJ, PLY, STL and others) of a tarn file");
+exporter->add_option("TARN", options.input, "File to read")->required();
+exporter->add_option("MESH", options.output, "File to write; its ending tells the format")->required();
+exporter->callback([&chosen] { chosen = export_mesh; });
+
+CLI::App* info = app.add_subcommand("info", "List the blocks of a tarn file");
+info->add_option("TARN", options.input, "File to read")->required();
+info->callback([&chosen] { chosen = print_info; });
+
+CLI::App* sample = app.add_subcommand("sample", "Write a generated machined part");
+sample->add_option("TARN", options.output, "File to write")->required();
+sample->add_option("--triangles", options.triangles, "About how many triangles; the coarsest part has about 13000")
+    ->check(CLI::Range(1, most_sample_triangles))
+    ->capture_default_str();
+sample->callback([&chosen] { chosen = write_sample; });
+
+try
+{
+    app.parse(argc, argv);
+}
+catch (const CLI::ParseError& error)
+{
+    return app.exit(error, out, errors) == 0 ? 0 : 2;
+}
+std::string error;
+if (chosen(options, tn_outlets{out, show_progress ? &errors : nullptr}, error))
+    return 0;
+errors << "gr-tarn: " << error << '\n';
+return 1;
+}

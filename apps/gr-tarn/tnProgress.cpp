@@ -1,0 +1,26 @@
+#include "tnProgress.h"
+
+#include <algorithm>
+#include <ostream>
+
+namespace
+{
+const int bar_width = 40;
+}
+
+tnProgress::~tnProgress()
+{
+    if (the_stream && the_percent >= 0)
+        *the_stream << '\r' << std::string(the_title.size() + bar_width + 8, ' ') << '\r' << std::flush;
+}
+
+void tnProgress::show(double share)
+{
+    const int percent = static_cast<int>(100 * std::clamp(share, 0.0, 1.0));
+    if (!the_stream || percent == the_percent)
+        return;
+    the_percent = percent;
+    const auto done = static_cast<std::size_t>(percent * bar_width / 100);
+    *the_stream << '\r' << the_title << " [" << std::string(done, '#') << std::string(bar_width - done, ' ') << "] "
+                << percent << '%' << std::flush;
+}

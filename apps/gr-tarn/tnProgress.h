@@ -1,0 +1,23 @@
+#pragma once
+
+#include <iosfwd>
+#include <string>
+
+/// A bar on one line of a terminal, drawn over as work goes on and wiped away at its end.
+class tnProgress
+{
+public:
+    /// stream null: draws nothing.
+    tnProgress(std::ostream* stream, const std::string& title) : the_stream(stream), the_title(title) {}
+    ~tnProgress();
+    tnProgress(const tnProgress&) = delete;
+    tnProgress& operator=(const tnProgress&) = delete;
+
+    /// The share done, from 0 to 1. Draws only when the bar or the figure beside it changes.
+    void show(double share);
+
+private:
+    std::ostream* the_stream;
+    std::string the_title;
+    int the_percent = -1; // last drawn
+};

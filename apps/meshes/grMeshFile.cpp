@@ -1,0 +1,250 @@
+#include "grMeshFile.h"
+
+#include "giAngle.h"
+#include "giTriBlock.h"
+
+#include <assimp/Exporter.hpp>
+#include <assimp/Importer.hpp>
+#include <assimp/ProgressHandler.hpp>
+#include <assimp/postprocess.h>
+#include <assimp/scene.h>
+
+#include <algorithm>
+#include <cctype>
+#include <cmath>
+#include <filesystem>
+#include <iterator>
+#include <system_error>
+
+namespace
+{
+/// The ending of a name in small letters, without the dot.
+std::string ending(const std::string& file)
+{
+    std::string found = std::filesystem::path(file).extension().string();
+    std::transform(found.begin(), found.end(), found.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return found.empty() ? found : found.substr(1);
+}
+
+/// The exporter's name for the format of an ending; empty when there is none.
+std::string format_of(const std::string& kind)
+{
+    if (kind == "stl" || kind == "ply")
+        return kind + "b";
+    if (kind == "obj")
+        return "objnomtl";
+    Assimp::Exporter exporter;
+    for (std::size_t i = 0; i < exporter.GetExportFormatCount(); ++i)
+        if (kind == exporter.GetExportFormatDescription(i)->fileExtension)
+            return exporter.GetExportFormatDescription(i)->id;
+    return {};
+}
+
+class progress_teller : public Assimp::ProgressHandler
+{
+public:
+    explicit progress_teller(const gr_mesh_progress& progress) : the_progress(progress) {}
+    bool Update(float share) override
+    {
+        if (the_progress && share >= 0)
+            the_progress(share);
+        return true;
+    }
+
+private:
+    const gr_mesh_progress& the_progress;
+};
+
+giVector3 usable_normal(const aiVector3D& n)
+{
+    // A node of triangles without area has no direction of its own.
+    const giVector3 normal(n.x, n.y, n.z);
+    const double length = normal.length();
+    return std::isfinite(length) && length > 0 ? normal / length : giVector3(0, 0, 1);
+}
+
+std::unique_ptr<giTriBlock> block_of(const aiMesh& mesh)
+{
+    auto block = std::make_unique<giTriBlock>();
+    std::vector<giPoint3> nodes;
+    nodes.reserve(mesh.mNumVertices);
+    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+        nodes.push_back(giPoint3(mesh.mVertices[i].x, mesh.mVertices[i].y, mesh.mVertices[i].z));
+    block->nodes() = giBoxArrPoint3(std::move(nodes));
+
+    block->triangles().reserve(mesh.mNumFaces);
+    for (unsigned i = 0; i < mesh.mNumFaces; ++i)
+    {
+        const unsigned* face = mesh.mFaces[i].mIndices;
+        block->triangles().push_back(
+            giTriangle(static_cast<int>(face[0]), static_cast<int>(face[1]), static_cast<int>(face[2])));
+    }
+    std::vector<giVector3>& normals = block->create_normals();
+    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+        normals[i] = mesh.HasNormals() ? usable_normal(mesh.mNormals[i]) : giVector3(0, 0, 1);
+    if (mesh.HasTextureCoords(0))
+    {
+        std::vector<giPoint2>& texture = block->create_texture_coordinates();
+        for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+            texture[i] = giPoint2(mesh.mTextureCoords[0][i].x, mesh.mTextureCoords[0][i].y);
+    }
+    return block;
+}
+
+aiVector3D vector_of(double x, double y, double z)
+{
+    return aiVector3D(static_cast<ai_real>(x), static_cast<ai_real>(y), static_cast<ai_real>(z));
+}
+
+/// The scene owns the mesh, the arrays belong to the mesh.
+aiMesh* mesh_of(const giTriBlock& block)
+{
+    auto* mesh = new aiMesh;
+    const auto nodes = static_cast<unsigned>(block.node_count());
+    mesh->mPrimitiveTypes = aiPrimitiveType_TRIANGLE;
+    mesh->mNumVertices = nodes;
+    mesh->mVertices = new aiVector3D[nodes];
+    for (unsigned i = 0; i < nodes; ++i)
+    {
+        const giPoint3& p = block.nodes()[static_cast<int>(i)];
+        mesh->mVertices[i] = vector_of(p.x(), p.y(), p.z());
+    }
+    if (block.normals())
+    {
+        mesh->mNormals = new aiVector3D[nodes];
+        for (unsigned i = 0; i < nodes; ++i)
+            mesh->mNormals[i] =
+                vector_of((*block.normals())[i].x(), (*block.normals())[i].y(), (*block.normals())[i].z());
+    }
+    if (block.texture_coordinates())
+    {
+        mesh->mNumUVComponents[0] = 2;
+        mesh->mTextureCoords[0] = new aiVector3D[nodes];
+        for (unsigned i = 0; i < nodes; ++i)
+            mesh->mTextureCoords[0][i] =
+                vector_of((*block.texture_coordinates())[i].x(), (*block.texture_coordinates())[i].y(), 0);
+    }
+    mesh->mNumFaces = static_cast<unsigned>(block.triangle_count());
+    mesh->mFaces = new aiFace[mesh->mNumFaces];
+    for (unsigned i = 0; i < mesh->mNumFaces; ++i)
+    {
+        const giTriangle& triangle = block.triangles()[i];
+        mesh->mFaces[i].mNumIndices = 3;
+        mesh->mFaces[i].mIndices = new unsigned[3]{
+            static_cast<unsigned>(triangle[0]), static_cast<unsigned>(triangle[1]), static_cast<unsigned>(triangle[2])};
+    }
+    return mesh;
+}
+
+std::unique_ptr<aiScene> scene_of(const std::vector<std::unique_ptr<giTriBlock>>& blocks)
+{
+    auto scene = std::make_unique<aiScene>();
+    scene->mMaterials = new aiMaterial* [1] { new aiMaterial };
+    scene->mNumMaterials = 1;
+    scene->mRootNode = new aiNode;
+    scene->mMeshes = new aiMesh*[blocks.size()];
+    scene->mRootNode->mChildren = new aiNode*[blocks.size()];
+    for (const auto& block : blocks)
+    {
+        if (block->triangle_count() == 0)
+            continue;
+        // A node of its own for each block: formats with groups then keep the blocks apart.
+        const std::string name = "block_" + std::to_string(scene->mNumMeshes + 1);
+        auto* node = new aiNode(name);
+        node->mParent = scene->mRootNode;
+        node->mMeshes = new unsigned[1]{scene->mNumMeshes};
+        node->mNumMeshes = 1;
+        scene->mRootNode->mChildren[scene->mRootNode->mNumChildren++] = node;
+        scene->mMeshes[scene->mNumMeshes] = mesh_of(*block);
+        scene->mMeshes[scene->mNumMeshes++]->mName = name;
+    }
+    return scene;
+}
+}
+
+int gr_mesh_file_readable(const std::string& file)
+{
+    return !ending(file).empty() && Assimp::Importer().IsExtensionSupported("." + ending(file));
+}
+
+int gr_mesh_file_writable(const std::string& file)
+{
+    return !format_of(ending(file)).empty();
+}
+
+int gr_read_mesh_file(const std::string& file, const giAngle& crease, std::vector<std::unique_ptr<giTriBlock>>& blocks,
+                      std::string& error, const gr_mesh_progress& progress)
+{
+    std::error_code ignored;
+    if (!std::filesystem::is_regular_file(file, ignored))
+    {
+        error = file + ": there is no such file";
+        return 0;
+    }
+    Assimp::Importer importer;
+    importer.SetProgressHandler(new progress_teller(progress)); // the importer owns it
+    // Points and lines are dropped; equal nodes are joined after normals have been found for them.
+    importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
+    importer.SetPropertyBool(AI_CONFIG_PP_FD_REMOVE, true);
+    importer.SetPropertyBool(AI_CONFIG_PP_PTV_KEEP_HIERARCHY, true); // or meshes of one material become one
+    importer.SetPropertyFloat(AI_CONFIG_PP_GSN_MAX_SMOOTHING_ANGLE, static_cast<float>(crease.degrees()));
+    unsigned steps = aiProcess_Triangulate | aiProcess_SortByPType | aiProcess_FindDegenerates |
+                     aiProcess_GenSmoothNormals | aiProcess_JoinIdenticalVertices | aiProcess_PreTransformVertices;
+    if (ending(file) == "stl")
+    {
+        importer.SetPropertyInteger(AI_CONFIG_PP_RVC_FLAGS, aiComponent_NORMALS);
+        steps |= aiProcess_RemoveComponent;
+    }
+
+    const aiScene* scene = importer.ReadFile(file, steps);
+    if (!scene)
+    {
+        error = file + ": " + importer.GetErrorString();
+        return 0;
+    }
+    std::vector<std::unique_ptr<giTriBlock>> read;
+    for (unsigned i = 0; i < scene->mNumMeshes; ++i)
+        if (scene->mMeshes[i]->mNumFaces > 0)
+            read.push_back(block_of(*scene->mMeshes[i]));
+    if (read.empty())
+    {
+        error = file + ": the file holds no triangles";
+        return 0;
+    }
+    std::move(read.begin(), read.end(), std::back_inserter(blocks));
+    return 1;
+}
+
+int gr_write_mesh_file(const std::string& file, const std::vector<std::unique_ptr<giTriBlock>>& blocks,
+                       std::string& error)
+{
+    const std::string format = format_of(ending(file));
+    if (format.empty())
+    {
+        error = file + ": no mesh format has this ending";
+        return 0;
+    }
+    const std::unique_ptr<aiScene> scene = scene_of(blocks);
+    if (scene->mNumMeshes == 0)
+    {
+        error = file + ": there are no triangles to write";
+        return 0;
+    }
+    const std::string unfinished = file + ".part";
+    Assimp::Exporter exporter;
+    std::error_code failure;
+    if (exporter.Export(scene.get(), format, unfinished) != aiReturn_SUCCESS)
+    {
+        error = file + ": " + exporter.GetErrorString();
+        std::filesystem::remove(unfinished, failure);
+        return 0;
+    }
+    std::filesystem::rename(unfinished, file, failure);
+    if (failure)
+    {
+        error = file + ": " + failure.message();
+        return 0;
+    }
+    return 1;
+}
