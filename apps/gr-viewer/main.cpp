@@ -1,0 +1,28 @@
+#include "vwOffscreen.h"
+#include "vwOptions.h"
+#include "vwResources.h"
+#include "vwWindow.h"
+
+#include <iostream>
+
+int main(int argc, char** argv)
+{
+    vwOptions options;
+    std::string text;
+    switch (vw_read_options(argc, argv, options, text))
+    {
+    case vwOPTIONS_RUN: break;
+    case vwOPTIONS_DONE: std::cout << text; return 0;
+    case vwOPTIONS_BAD: std::cerr << text; return 2;
+    }
+    if (options.print_resources)
+    {
+        std::cout << vw_default_resources();
+        return 0;
+    }
+    std::string error;
+    if (options.offscreen ? vw_play_offscreen(options, std::cout, error) : vw_run_window(options, error))
+        return 0;
+    std::cerr << "gr-viewer: " << error << '\n';
+    return 1;
+}

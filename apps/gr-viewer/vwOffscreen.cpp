@@ -1,0 +1,159 @@
+#include "vwOffscreen.h"
+
+#include "vwModel.h"
+#include "vwOptions.h"
+#include "vwPictureFile.h"
+#include "vwPlayer.h"
+#include "vwReport.h"
+#include "vwResources.h"
+#include "vwScene.h"
+#include "vwSession.h"
+#include "vwSessionClock.h"
+
+#include "apFile.h"
+#include "apNumber.h"
+#include "dgGLDevice.h"
+#include "dgGLWindow.h"
+#include "gwHeadlessWindow.h"
+#include "gwResourceDB.h"
+
+#include <filesystem>
+#include <fstream>
+#include <ostream>
+
+namespace
+{
+// Plays on framebuffers and writes the pictures to a folder.
+class FolderPlayer : public vwPlayer
+{
+public:
+    FolderPlayer(vwSessionClock& clock, vwScene& scene, gwHeadlessWindow& area, dgGLWindow& window,
+                 const std::string& folder, vwReport& report)
+        : vwPlayer(clock, scene, area), the_area(area), the_window(window), the_folder(folder), the_report(report)
+    {}
+    const std::string& error() const { return the_error; }
+
+protected:
+    void resize(int width, int height) override
+    {
+        the_area.resize(width, height);
+        the_window.resize(width, height);
+    }
+    void read_picture(dgImage& image) override { the_window.read_front(image); }
+    int keep_picture(vwPicture& picture) override
+    {
+        the_report.pictures.push_back({picture.name, picture.session_time, picture.image.width, picture.image.height});
+        return vw_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
+    }
+
+private:
+    gwHeadlessWindow& the_area;
+    dgGLWindow& the_window;
+    std::string the_folder;
+    vwReport& the_report;
+    std::string the_error;
+};
+
+int read_session(const std::string& file, vwSession& session, std::string& error)
+{
+    std::ifstream stream;
+    if (!ap_open_for_reading(file, stream))
+    {
+        error = file + ": the session is missing or cannot be read";
+        return 0;
+    }
+    std::string complaint;
+    if (vw_read_session(stream, session, complaint))
+        return 1;
+    error = file + ": " + complaint;
+    return 0;
+}
+
+int make_folder(const std::string& folder, std::string& error)
+{
+    std::error_code code;
+    std::filesystem::create_directories(folder, code);
+    if (std::filesystem::is_directory(folder, code))
+        return 1;
+    error = folder + ": the folder cannot be made";
+    return 0;
+}
+
+std::string size_text(int width, int height)
+{
+    return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+}
+
+void add_facts(vwReport& report, const vwOptions& options, const vwSession& session, const vwModel& model,
+               const dgGLDevice& device)
+{
+    report.title = "gr-viewer: " + model.names();
+    report.facts = {{"Model", model.names() + ": " + std::to_string(model.n_blocks()) + " blocks, " +
+                                  std::to_string(model.n_triangles()) + " triangles"},
+                    {"Session", options.play + ", " + std::to_string(session.steps.size()) + " steps, " +
+                                    ap_number_text(session.steps.empty() ? 0 : session.steps.back().end_time(), 2) +
+                                    " s"},
+                    {"Window", size_text(session.width, session.height) + ", " + std::to_string(session.views) +
+                                   (session.views == 1 ? " view" : " views")},
+                    {"Drawn by", device.name()}};
+}
+
+int write_report(const std::string& file, const vwReport& report, std::string& error)
+{
+    std::ofstream stream(file, std::ios::binary);
+    vw_write_report(stream, report);
+    stream.close();
+    if (stream)
+        return 1;
+    error = file + ": the report cannot be written";
+    return 0;
+}
+}
+
+int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::string& error)
+{
+    gwResourceDB db;
+    vwSession session;
+    vwModel model;
+    if (!vw_load_resources(options.resources, db, error) || !read_session(options.play, session, error))
+        return 0;
+    for (const std::string& file : options.files)
+        if (!model.add_file(file, error))
+            return 0;
+    if (!make_folder(options.out, error))
+        return 0;
+    if (options.width)
+    {
+        session.width = options.width;
+        session.height = options.height;
+    }
+    if (options.views)
+        session.views = options.views;
+
+    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    if (!device)
+    {
+        error = "nothing can be drawn off-screen: " + error;
+        return 0;
+    }
+    vwReport report;
+    add_facts(report, options, session, model, *device);
+    dgGLWindow window(device, session.width, session.height);
+    gwHeadlessWindow area(session.width, session.height);
+    vwSessionClock clock;
+    vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats});
+    FolderPlayer player(clock, scene, area, window, options.out, report);
+    if (!player.play(session))
+    {
+        error = player.error();
+        return 0;
+    }
+    report.frame_times = scene.frame_times();
+    const std::string page = options.out + "/index.html";
+    if (!write_report(page, report, error))
+        return 0;
+    const vwFrameSummary frames = report.frame_times.summary();
+    messages << "gr-viewer: " << report.pictures.size() << " pictures and " << page << " written; " << frames.count
+             << " frames, median " << ap_number_text(frames.median * 1000, 1) << " ms\n";
+    return 1;
+}

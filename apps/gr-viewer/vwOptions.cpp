@@ -1,0 +1,107 @@
+#include "vwOptions.h"
+
+#include "vwSession.h"
+
+#include "apNumber.h"
+
+#include <CLI/CLI.hpp>
+
+namespace
+{
+// "960x720" into two numbers; answers what is wrong, or nothing.
+std::string parse_size(const std::string& text, int& width, int& height)
+{
+    const char* const end = text.data() + text.size();
+    int read[2] = {};
+    const char* at = ap_scan_number(text.data(), end, read[0]);
+    if (at && at != end && (*at == 'x' || *at == 'X'))
+        at = ap_scan_number(at + 1, end, read[1]);
+    else
+        at = nullptr;
+    if (at != end)
+        return "'" + text + "' is no size such as 960x720";
+    for (const int size : read)
+        if (size < 1 || size > vw_max_size)
+            return "a window's sides are 1 to " + std::to_string(vw_max_size) + " pixels, not " + std::to_string(size);
+    width = read[0];
+    height = read[1];
+    return {};
+}
+
+// What no single option can know: which go together.
+std::string contradiction(const vwOptions& options)
+{
+    if (options.print_resources)
+        return {};
+    if (options.files.empty())
+        return "no file to show: name at least one tarn file (or STL, OBJ, PLY)";
+    if (options.offscreen && options.play.empty())
+        return "--offscreen needs a session to play: --play SESSION";
+    if (!options.offscreen && !options.play.empty())
+        return "--play works off-screen alone: add --offscreen";
+    if (!options.play.empty() && options.out.empty())
+        return "--play needs a folder for its pictures: --out DIR";
+    if (options.play.empty() && !options.out.empty())
+        return "--out belongs to --offscreen --play SESSION";
+    if (options.offscreen && !options.record.empty())
+        return "--record needs a window and does not go with --offscreen";
+    return {};
+}
+}
+
+vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& options, std::string& text)
+{
+    vwOptions read;
+    std::string size;
+    int version = 0;
+    CLI::App app("Shows triangle meshes and turns them with the mouse.", "gr-viewer");
+    app.footer(
+        "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
+        "right zooms, the wheel zooms, R resets, I shows the isometric view, control Q closes the window.");
+    app.add_option("FILE", read.files, "Tarn files; also STL, OBJ and PLY");
+    app.add_option("--views", read.views, "Number of views, in a grid; the first one is the main view")
+        ->check(CLI::Range(1, vw_max_views));
+    app.add_option("--size", size, "Size of the window in pixels")->type_name("WxH");
+    app.add_option("--resources", read.resources, "Bindings and settings; what it leaves out is built in")
+        ->type_name("FILE");
+    app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
+        ->check(CLI::Range(0.1, 1000.0))
+        ->type_name("F");
+    app.add_flag("--stats", read.stats, "Show frame times as bars in the picture and as numbers in the title");
+    app.add_option("--record", read.record, "Write what is done in the window as a session")->type_name("SESSION");
+    app.add_flag("--offscreen", read.offscreen, "Open no window");
+    app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");
+    app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");
+    app.add_flag("--print-resources", read.print_resources, "Print the built-in resources");
+    app.add_flag("--version", version, "Print the version");
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::CallForHelp&)
+    {
+        text = app.help();
+        return vwOPTIONS_DONE;
+    }
+    catch (const CLI::ParseError& error)
+    {
+        text = std::string("gr-viewer: ") + error.what() + "\nSee gr-viewer --help.\n";
+        return vwOPTIONS_BAD;
+    }
+    if (version)
+    {
+        text = "gr-viewer " GR_VERSION "\n";
+        return vwOPTIONS_DONE;
+    }
+
+    std::string complaint = size.empty() ? std::string() : parse_size(size, read.width, read.height);
+    if (complaint.empty())
+        complaint = contradiction(read);
+    if (!complaint.empty())
+    {
+        text = "gr-viewer: " + complaint + "\nSee gr-viewer --help.\n";
+        return vwOPTIONS_BAD;
+    }
+    options = read;
+    return vwOPTIONS_RUN;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What the command line asks for.
+struct vwOptions
+{
+    std::vector<std::string> files;
+    std::string resources; ///< resource file, empty: built-in resources alone
+    std::string play;      ///< session to play, empty: none
+    std::string out;       ///< folder for what playing makes
+    std::string record;    ///< session file to write, empty: none
+    int width = 0;         ///< device pixels, 0: not given
+    int height = 0;
+    int views = 0;        ///< 0: not given
+    double framerate = 0; ///< frames per second, 0: not given
+    int stats = 0;
+    int offscreen = 0;
+    int print_resources = 0;
+};
+
+/// What main does after reading the command line.
+enum vwOptionsStatus
+{
+    vwOPTIONS_RUN = 0,
+    vwOPTIONS_DONE = 1, ///< help or version: text goes to standard output, exit 0
+    vwOPTIONS_BAD = 2   ///< text goes to standard error, exit 2
+};
+
+/// Reads the command line into options. Anything but vwOPTIONS_RUN sets text to what is to be printed.
+vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& options, std::string& text);

@@ -1,0 +1,29 @@
+#include "vwPictureFile.h"
+
+#include "dgImage.h"
+
+#include <png.h>
+
+#include <cstddef>
+#include <vector>
+
+int vw_write_png(const std::string& path, const dgImage& image, std::string& error)
+{
+    std::vector<unsigned char> rgb;
+    rgb.reserve(static_cast<std::size_t>(image.width) * image.height * 3);
+    for (std::size_t i = 0; i + 3 < image.rgba.size(); i += 4)
+        rgb.insert(rgb.end(), {image.rgba[i], image.rgba[i + 1], image.rgba[i + 2]});
+
+    png_image png = {};
+    png.version = PNG_IMAGE_VERSION;
+    png.width = static_cast<png_uint_32>(image.width);
+    png.height = static_cast<png_uint_32>(image.height);
+    png.format = PNG_FORMAT_RGB;
+    // A negative row length tells that the first row is the lowest one.
+    if (!png_image_write_to_file(&png, path.c_str(), 0, rgb.data(), -3 * image.width, nullptr))
+    {
+        error = path + ": " + png.message;
+        return 0;
+    }
+    return 1;
+}

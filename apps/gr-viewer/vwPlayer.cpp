@@ -1,0 +1,56 @@
+#include "vwPlayer.h"
+
+#include "vwScene.h"
+#include "vwSession.h"
+#include "vwSessionClock.h"
+
+#include "dgView.h"
+#include "gwDrawingArea.h"
+
+vwPlayer::~vwPlayer() = default;
+
+int vwPlayer::play(const vwSession& session)
+{
+    for (const vwStep& step : session.steps)
+        if (!play(step))
+            return 0;
+    return 1;
+}
+
+int vwPlayer::play(const vwStep& step)
+{
+    the_clock.session_time(step.time);
+    switch (step.kind)
+    {
+    case vwSTEP_PRESS:
+    case vwSTEP_RELEASE:
+    case vwSTEP_MOVE:
+    case vwSTEP_WHEEL:
+    case vwSTEP_SPACEBALL: vw_post_step(step, the_area); return 1;
+    case vwSTEP_IDLE:
+        for (int i = 0; i < step.count; ++i)
+        {
+            the_clock.session_time(step.time + i * step.interval);
+            the_scene.idle();
+        }
+        return 1;
+    case vwSTEP_RESIZE:
+        resize(step.width, step.height);
+        the_scene.resized();
+        return 1;
+    case vwSTEP_PICTURE: return take_picture(step);
+    }
+    return 1;
+}
+
+int vwPlayer::take_picture(const vwStep& step)
+{
+    vwPicture picture;
+    picture.name = step.name;
+    picture.session_time = step.time;
+    const dgCamera& camera = the_scene.view(0).camera();
+    picture.orientation = camera.orientation();
+    picture.view_window = camera.view_window();
+    read_picture(picture.image);
+    return keep_picture(picture);
+}
