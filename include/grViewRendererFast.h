@@ -29,12 +29,12 @@ public:
     static void view_bbox_offset(double distance);
 
     /// Function called with a view's bounding box before a final frame; null by default.
-    typedef void (*ClipPlanesResetCB)(dgView*, const giBox3&);
+    using ClipPlanesResetCB = void (*)(dgView*, const giBox3&);
     static ClipPlanesResetCB clip_planes_resetCB();
     static void set_clip_planes_resetCB(ClipPlanesResetCB callback);
 
     /// Function that receives each flattened structure after a frame; null by default.
-    typedef void (*PrintCallback)(dgView*, dgStructure*);
+    using PrintCallback = void (*)(dgView*, dgStructure*);
     static PrintCallback print_callback();
     static void set_print_callback(PrintCallback callback);
 
