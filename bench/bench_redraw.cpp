@@ -1,0 +1,250 @@
+// Redrawing a view beside bare OpenGL: one draw call in the same framebuffer with the same program and program values,
+// once on the very buffers that the view is drawn from, and once on buffers in the triangles' own order, which a
+// program for this one picture would fill. Each frame is erased, drawn and finished; the three take turns.
+#include "dgClientStructure.h"
+#include "dgGLDevice.h"
+#include "dgGLGeometryStore.h"
+#include "dgGLWindow.h"
+#include "dgRenderer.h"
+#include "dgTriangleBlock.h"
+#include "dgView.h"
+#include "giTriBlock.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace
+{
+constexpr double two_pi = 6.283185307179586;
+
+/// Rows first_row to last_row of a ring with waves on it, of across by around squares of two triangles each.
+giTriBlock* ring(int around, int across, int first_row, int last_row, int first_column, int last_column)
+{
+    auto* block = new giTriBlock;
+    const int rows = last_row - first_row, columns = last_column - first_column;
+    block->nodes().reserve((rows + 1) * (columns + 1));
+    std::vector<giVector3> normals;
+    for (int row = first_row; row <= last_row; ++row)
+        for (int column = first_column; column <= last_column; ++column)
+        {
+            const double u = two_pi * row / around, v = two_pi * column / across;
+            const double thickness = 30 + 2 * std::sin(12 * u) * std::cos(3 * v);
+            const giVector3 outwards(std::cos(v) * std::cos(u), std::cos(v) * std::sin(u), std::sin(v));
+            const giPoint3 middle(70 * std::cos(u), 70 * std::sin(u), 0);
+            block->nodes().append(middle + outwards * thickness);
+            normals.push_back(outwards);
+        }
+    block->create_normals() = std::move(normals);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+        {
+            const int node = row * (columns + 1) + column;
+            block->triangles().emplace_back(node, node + columns + 1, node + columns + 2);
+            block->triangles().emplace_back(node, node + columns + 2, node + 1);
+        }
+    return block;
+}
+
+/// A frame of plain OpenGL. The program of the last drawing is still the current one, with its values.
+void bare_frame(unsigned vertex_array, GLsizei index_count, const void* offset)
+{
+    glBindVertexArray(vertex_array);
+    glClearColor(0, 0, 0, 1);
+    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    glDrawElements(GL_TRIANGLES, index_count, GL_UNSIGNED_INT, offset);
+    glFinish();
+}
+
+/// One vertex buffer and one index buffer in the order of the structure's blocks and triangles.
+class OwnBuffers
+{
+public:
+    explicit OwnBuffers(const dgStructure& structure)
+    {
+        std::vector<Vertex> vertices;
+        std::vector<std::uint32_t> indices;
+        for (int i = 0; i < structure.nelements(); ++i)
+            append(static_cast<const dgTriangleBlock&>(*structure.element(i)).block(), vertices, indices);
+        the_index_count = static_cast<GLsizei>(indices.size());
+        glGenVertexArrays(1, &the_vertex_array);
+        glBindVertexArray(the_vertex_array);
+        glGenBuffers(2, the_buffers);
+        glBindBuffer(GL_ARRAY_BUFFER, the_buffers[0]);
+        glBufferData(GL_ARRAY_BUFFER, static_cast<GLsizeiptr>(vertices.size() * sizeof(Vertex)), vertices.data(),
+                     GL_STATIC_DRAW);
+        glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, the_buffers[1]);
+        glBufferData(GL_ELEMENT_ARRAY_BUFFER, static_cast<GLsizeiptr>(indices.size() * sizeof(std::uint32_t)),
+                     indices.data(), GL_STATIC_DRAW);
+        glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, sizeof(Vertex), nullptr);
+        glVertexAttribPointer(1, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(Vertex),
+                              reinterpret_cast<const void*>(offsetof(Vertex, normal)));
+        glEnableVertexAttribArray(0);
+        glEnableVertexAttribArray(1);
+    }
+    ~OwnBuffers()
+    {
+        glDeleteBuffers(2, the_buffers);
+        glDeleteVertexArrays(1, &the_vertex_array);
+    }
+
+    void frame() const { bare_frame(the_vertex_array, the_index_count, nullptr); }
+
+private:
+    struct Vertex
+    {
+        float position[3];
+        std::uint32_t normal;
+    };
+
+    static std::uint32_t packed(const giVector3& n)
+    {
+        const auto bits = [](double c) { return static_cast<std::uint32_t>(std::lround(c * 511)) & 0x3ff; };
+        return bits(n.x()) | bits(n.y()) << 10 | bits(n.z()) << 20;
+    }
+
+    static void append(const giTriBlock& block, std::vector<Vertex>& vertices, std::vector<std::uint32_t>& indices)
+    {
+        const auto base = static_cast<std::uint32_t>(vertices.size());
+        for (int i = 0; i < block.node_count(); ++i)
+        {
+            const giPoint3& p = block.nodes()[i];
+            vertices.push_back({{static_cast<float>(p.x()), static_cast<float>(p.y()), static_cast<float>(p.z())},
+                                packed((*block.normals())[static_cast<std::size_t>(i)])});
+        }
+        for (const giTriangle& t : block.triangles())
+            for (int corner = 0; corner < 3; ++corner)
+                indices.push_back(base + static_cast<std::uint32_t>(t[corner]));
+    }
+
+    unsigned the_vertex_array = 0;
+    unsigned the_buffers[2] = {};
+    GLsizei the_index_count = 0;
+};
+
+template <class Work>
+double seconds(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double median(std::vector<double> values)
+{
+    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
+    return values[values.size() / 2];
+}
+
+struct Picture
+{
+    Picture(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure)
+        : window(device, 1024, 768), renderer(&window, &window), view(&renderer)
+    {
+        view.root(structure);
+        view.camera().orientation(giPoint3(), giVector3(-1, 2, -1.5), giVector3(0, 0, 1));
+        view.view_bbox();
+    }
+    void frame()
+    {
+        view.erase(dgERASE_ZBUFFER_YES);
+        view.render_network(nullptr);
+        renderer.finish();
+    }
+
+    dgGLWindow window;
+    dgRenderer renderer;
+    dgView view;
+};
+
+void compare(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStructure* structure, int frames,
+             double goal)
+{
+    Picture picture(device, structure);
+    const double first = seconds([&] { picture.frame(); });
+
+    // All elements lie together in the buffers, which are those bound last.
+    dgGLIndexRanges ranges;
+    for (int i = 0; i < structure->nelements(); ++i)
+    {
+        const auto& record = device->geometry().store(static_cast<const dgGraphicalPrimitive&>(*structure->element(i)));
+        ranges.add(record.first_index, record.index_count);
+    }
+    int vertex_array = 0;
+    glGetIntegerv(GL_VERTEX_ARRAY_BINDING, &vertex_array);
+    const auto same_frame = [&]
+    { bare_frame(static_cast<unsigned>(vertex_array), ranges.counts[0], ranges.offsets[0]); };
+    if (ranges.counts.size() != 1)
+        std::printf("%s: not comparable, the elements lie apart\n", name);
+
+    const OwnBuffers own(*structure);
+    own.frame();
+    std::vector<double> times, same_times, own_times;
+    for (int i = 0; i < frames; ++i)
+    {
+        times.push_back(seconds([&] { picture.frame(); }));
+        same_times.push_back(seconds(same_frame));
+        own_times.push_back(seconds([&] { own.frame(); }));
+    }
+    const double ours = median(times), same = median(same_times), in_order = median(own_times);
+    std::printf("%s: %.2f ms a frame\n", name, 1e3 * ours);
+    std::printf("  bare draw of the same buffers %.2f ms: ratio %.3f (goal at most %.2f)\n", 1e3 * same, ours / same,
+                goal);
+    std::printf("  bare draw in the triangles' own order %.2f ms: ratio %.3f\n", 1e3 * in_order, ours / in_order);
+    std::printf("  first frame, with copying: %.1f ms\n", 1e3 * first);
+}
+
+/// A frame after one of many elements was changed in place, beside one without a change.
+void compare_edit(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure, int frames)
+{
+    Picture picture(device, structure);
+    picture.frame();
+    std::vector<double> still, edited;
+    for (int i = 0; i < frames; ++i)
+    {
+        still.push_back(seconds([&] { picture.frame(); }));
+        auto* element = static_cast<dgTriangleBlock*>(structure->element(i * 97 % structure->nelements()));
+        edited.push_back(seconds(
+            [&]
+            {
+                element->block_changed();
+                picture.frame();
+            }));
+    }
+    std::printf("one element of %d changed in place: %.2f ms a frame, %.2f ms without a change: ratio %.3f\n",
+                structure->nelements(), 1e3 * median(edited), 1e3 * median(still), median(edited) / median(still));
+}
+}
+
+int main(int argc, char** argv)
+{
+    const int frames = argc > 1 ? std::max(3, std::atoi(argv[1])) : 31;
+    std::string error;
+    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    if (!device)
+    {
+        std::fprintf(stderr, "bench_redraw: %s\n", error.c_str());
+        return EXIT_FAILURE;
+    }
+    std::printf("%s\n", device->name().c_str());
+
+    const dgRef<dgClientStructure> one(new dgClientStructure);
+    one->add(new dgTriangleBlock(ring(1000, 500, 0, 1000, 0, 500), 1));
+    compare("one block of 1,000,000 triangles", device, one.get(), frames, 1.05);
+
+    const dgRef<dgClientStructure> many(new dgClientStructure);
+    for (int i = 0; i < 10000; ++i)
+        many->add(
+            new dgTriangleBlock(ring(400, 300, 4 * (i / 100), 4 * (i / 100) + 4, 3 * (i % 100), 3 * (i % 100) + 3), 1));
+    compare("10,000 elements of 24 triangles", device, many.get(), frames, 1.25);
+    compare_edit(device, many.get(), frames);
+    return EXIT_SUCCESS;
+}
