@@ -23,6 +23,6 @@ protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void end_twiddle(const gwKeyEvent& event) override;
 
-    /// Resets the planes of a view; mode is how they are fitted to the box of its contents.
+    /// Resets the planes of a view; mode is how they are fitted to the box of its contents, now and from then on.
     static void reset_planes(dgView* view, dgBoundingViewType mode);
 };

@@ -108,7 +108,7 @@ void dgView::draw_network(dgStructure& structure, int past_action)
 void dgView::fit_planes()
 {
     if (!the_user_clip_planes && the_root)
-        the_camera.clip_bounding_box(the_root->bounding_box(), dgBOUNDING_VIEW_SPHERE);
+        the_camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
 }
 
 void dgView::begin()

@@ -81,6 +81,10 @@ public:
     int user_clip_planes() const { return the_user_clip_planes; }
     void user_clip_planes(int on) { the_user_clip_planes = on; }
 
+    /// How the planes are fitted to the network at each drawing, unless the user set them.
+    dgBoundingViewType clipping_mode() const { return the_clipping_mode; }
+    void clipping_mode(dgBoundingViewType mode) { the_clipping_mode = mode; }
+
     /// Consulted about this view, or null; not owned. the_global_render_network_action serves views without one.
     dgRenderNetworkAction* render_network_action() const { return the_render_network_action; }
     void render_network_action(dgRenderNetworkAction* action) { the_render_network_action = action; }
@@ -105,6 +109,7 @@ private:
     dgViewShadingContext the_shading;
     int the_pan_forbidden = 0;
     int the_user_clip_planes = 0;
+    dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_SPHERE;
     int the_begun = 0;
     dgRenderNetworkAction* the_render_network_action = nullptr;
 };

@@ -41,6 +41,8 @@ void grResetFrontBackTool::reset_planes(dgView* view, dgBoundingViewType mode)
 {
     if (view->root())
         view->camera().clip_bounding_box(view->root()->bounding_box(), mode);
+    // Every drawing fits the planes of such a view again.
+    view->clipping_mode(mode);
     view->user_clip_planes(0);
 }
 
