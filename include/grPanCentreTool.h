@@ -15,7 +15,7 @@ public:
     static const grPanCentreTool* ut_dynamic_cast(const grTwiddleTool* tool);
 
 protected:
-    /// Moves the world point under the event to the middle of the target view.
+    /// Moves the world point under the event to the middle of the target view and saves the camera.
     virtual void do_action(const gwKeyEvent& event) const;
 
     void start_twiddle(const gwKeyEvent& event) override;

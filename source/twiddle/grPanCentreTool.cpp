@@ -29,12 +29,12 @@ void grPanCentreTool::start_twiddle(const gwKeyEvent& event)
         return;
     do_action(event);
     refresh_views();
-    save_camera();
 }
 
 void grPanCentreTool::do_action(const gwKeyEvent& event) const
 {
     grViewUtils::pan_centre(target_view(), event);
+    save_camera();
 }
 
 void grPanCentreTool::end_twiddle(const gwKeyEvent& event)
