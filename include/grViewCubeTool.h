@@ -2,8 +2,8 @@
 
 #include "grStdViewTwiddleTool.h"
 
-/// Tells the hooks of start, mouse events and end, so that an application can act on a view cube of its own. The
-/// standard factory does not make it.
+/// Tells the hooks of start, of mouse events up to the end, and of the end, so that an application can act on a view
+/// cube of its own. The standard factory does not make it.
 class GR_EXPORT grViewCubeTool : public grStdViewTwiddleTool
 {
 public:

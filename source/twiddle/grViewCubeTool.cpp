@@ -21,7 +21,8 @@ void grViewCubeTool::start_twiddle(const gwKeyEvent& event)
 
 void grViewCubeTool::mouse_event(const gwMouseEvent& event)
 {
-    twiddle_mouse(event);
+    if (state() == grTWID_TWIDDLING)
+        twiddle_mouse(event);
 }
 
 void grViewCubeTool::end_twiddle(const gwKeyEvent& event)
