@@ -135,6 +135,11 @@ TEST(grResetFrontBackTool, puts_the_planes_around_the_contents_by_the_hooks_mode
         EXPECT_NEAR(scene.camera().front_plane(), 0, 1e-3);
         EXPECT_NEAR(scene.camera().back_plane(), -1, 1e-3);
         EXPECT_EQ(scene.view()->user_clip_planes(), 0) << "the view looks after them again";
+
+        scene.camera().front_back_plane(100, 99);
+        scene.view()->render_network(nullptr);
+        EXPECT_EQ(scene.camera().front_plane(), expected.front_plane()) << "and fits them in the same mode";
+        EXPECT_EQ(scene.camera().back_plane(), expected.back_plane());
     }
 }
 
@@ -199,6 +204,8 @@ TEST(grViewCubeTool, only_tells_the_hooks)
     scene.move(20, 20);
     scene.release(20, 20);
     EXPECT_EQ(scene.taken_log(), (tsLog{"start", "mouse", "final frame", "end"}));
+    scene.move(30, 30);
+    EXPECT_EQ(scene.taken_log(), tsLog()) << "a cube that was let go does not follow the pointer";
 }
 
 TEST(grNoOpTool, holds_other_tools_off_while_its_key_is_held)
