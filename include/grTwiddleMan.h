@@ -86,6 +86,7 @@ private:
     int key_released(const gwKeyEvent& event);
     void finish_one_shot_tool(const gwEvent& event);
     void start_tool(const gwKeyEvent& event);
+    int tool_claims(const gwKeyEvent& event);
     void end_twiddle(const gwKeyEvent& event);
     int twiddling() const { return current_tool_state() == grTWID_TWIDDLING; }
 

@@ -90,8 +90,7 @@ grIdleAction grTwiddleMan::idle()
 
 void grTwiddleMan::stop_twiddling()
 {
-    if (twiddling())
-        end_twiddle(synthetic_release());
+    end_twiddle(synthetic_release());
     delete_current_tool();
 }
 
@@ -144,7 +143,7 @@ int grTwiddleMan::key_pressed(const gwKeyEvent& event)
 {
     if (twiddling())
     {
-        if (event.key_type() == gwMOUSE_WHEEL || the_current_tool->allow_key_event_when_active(event))
+        if (event.key_type() == gwMOUSE_WHEEL || tool_claims(event))
             return 1;
         end_twiddle(event);
     }
@@ -158,7 +157,7 @@ int grTwiddleMan::key_released(const gwKeyEvent& event)
     // Any release ends the twiddle, whichever key started it.
     if (!twiddling())
         return 0;
-    if (the_current_tool->allow_key_event_when_active(event))
+    if (tool_claims(event))
         return 1;
     end_twiddle(event);
     return 0;
@@ -193,8 +192,17 @@ void grTwiddleMan::start_tool(const gwKeyEvent& event)
     the_current_tool->base_start_twiddle(event);
 }
 
+int grTwiddleMan::tool_claims(const gwKeyEvent& event)
+{
+    const InCall in_call(the_in_call);
+    return the_current_tool->allow_key_event_when_active(event);
+}
+
 void grTwiddleMan::end_twiddle(const gwKeyEvent& event)
 {
+    // A tool that was asked about the event may have stopped itself.
+    if (!twiddling())
+        return;
     const InCall in_call(the_in_call);
     the_current_tool->base_end_twiddle(event);
 }

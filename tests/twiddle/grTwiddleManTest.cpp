@@ -201,6 +201,20 @@ TEST(grTwiddleMan, a_tool_that_stops_itself_lives_until_the_next_press)
     EXPECT_EQ(scene.take(), (Calls{"destruction in 2", "deleted", "start one in 1"}));
 }
 
+TEST(grTwiddleMan, a_tool_that_stops_itself_when_asked_about_a_key_is_ended_once)
+{
+    Scene scene;
+    scene.record.inside = [&](const std::string& call)
+    {
+        if (call == "allow?")
+            scene.man.stop_twiddling();
+    };
+    scene.press(1);
+    scene.take();
+    scene.release(1);
+    EXPECT_EQ(scene.take(), (Calls{"allow?", "final frame in 1", "end in 2"}));
+}
+
 TEST(grTwiddleMan, a_press_from_inside_a_tool_ends_it_and_starts_nothing)
 {
     Scene scene;

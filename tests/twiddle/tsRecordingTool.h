@@ -29,7 +29,7 @@ struct tsToolRecord
     }
 };
 
-/// A tool that records every call, in a name of its own for each so that two of them can be told apart.
+/// A tool that records every call with the state that it is made in, and its start with its arguments.
 class tsRecordingTool : public grTwiddleTool
 {
 public:
