@@ -1,7 +1,6 @@
 #include "grView.h"
 
 #include "dgView.h"
-#include "grStdTwiddleTool.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
 #include "gsHeap.h"
@@ -98,7 +97,10 @@ void grView::remove_view(grView* view)
             it.remove();
     }
 
-    // Once out of the registry, a view cannot be told of the end of its relatives: it must not know them any more.
+    // Once out of the registry, a view cannot be told of the end of its relatives: it must not know them any more. Its
+    // parent may be out already, when the view was made under it after that.
+    if (view->the_parent)
+        view->the_parent->remove_child_view(view);
     view->the_parent = nullptr;
     view->the_children.clear();
     if (grViewPaperParent* paper = grViewPaperParent::ut_dynamic_cast(view))

@@ -119,6 +119,20 @@ TEST(grView, display_views_and_views_die_in_any_order)
     } while (std::next_permutation(order.begin(), order.end()));
 }
 
+TEST(grView, a_child_made_under_a_detached_parent_leaves_it_when_its_display_view_dies)
+{
+    tsScene scene;
+    scene.add_view();
+    scene.add_view();
+    grView parent(scene.view(0));
+    scene.delete_view(0);
+    grView child(scene.view(1), &parent);
+    EXPECT_EQ(parent.nchild_views(), 1);
+    scene.delete_view(1);
+    EXPECT_EQ(child.parent(), nullptr);
+    EXPECT_EQ(parent.nchild_views(), 0);
+}
+
 TEST(grViewPaperParent, unlinks_paper_children_that_die_and_is_forgotten_when_it_dies)
 {
     tsScene scene;
