@@ -54,6 +54,11 @@ public:
     /// Records frame times in a cache, which is not owned; null ends it.
     void enable_twiddle_timings(grTimeoutRendererCache* cache) { the_timing_cache = cache; }
 
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grViewRefresher* ut_dynamic_cast(coReceiver* receiver);
+
 protected:
     grViewRefresher(const grViewRefresher&) = delete;
     grViewRefresher& operator=(const grViewRefresher&) = delete;
@@ -74,19 +79,13 @@ protected:
     /// too, because a swap shows them all.
     void refresh_at_end_of_twiddle() const;
 
-    /// The renderers of the views, in order of first appearance.
+    /// The renderers that the views now have, in order of first appearance. Taken anew before each refresh and the end.
     const dgRenderercoDList& renderers() const { return the_renderers; }
     /// Whether any of them is double buffered in any of its modes.
     int double_buffered() const { return the_double_buffered; }
     /// One icon or null for each of views().
     const dgStructurecoDList& twiddle_icons() const { return the_twiddle_icons; }
     grTimeoutRendererCache* timing_cache() const { return the_timing_cache; }
-
-public:
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static grViewRefresher* ut_dynamic_cast(coReceiver* receiver);
 
 private:
     struct SavedQuality

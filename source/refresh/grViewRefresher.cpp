@@ -33,11 +33,6 @@ grViewRefresher::~grViewRefresher()
         view->unreference();
 }
 
-grViewRefresher* grViewRefresher::ut_dynamic_cast(coReceiver* receiver)
-{
-    return ut_cast<grViewRefresher>(receiver);
-}
-
 void grViewRefresher::base_start_twiddle()
 {
     start_twiddle();
@@ -46,6 +41,7 @@ void grViewRefresher::base_start_twiddle()
 
 void grViewRefresher::base_refresh()
 {
+    collect_renderers();
     set_draw_quality();
     refresh();
     reset_draw_quality();
@@ -53,6 +49,7 @@ void grViewRefresher::base_refresh()
 
 void grViewRefresher::base_idle_refresh()
 {
+    collect_renderers();
     set_draw_quality();
     idle_refresh();
     reset_draw_quality();
@@ -60,6 +57,7 @@ void grViewRefresher::base_idle_refresh()
 
 void grViewRefresher::base_end_twiddle()
 {
+    collect_renderers();
     end_twiddle();
     for (dgStructure*& icon : the_twiddle_icons)
         if (dgStructure* released = std::exchange(icon, nullptr))
@@ -95,6 +93,11 @@ void grViewRefresher::remove(dgView* view)
     }
     collect_renderers();
     view_removed(view);
+}
+
+grViewRefresher* grViewRefresher::ut_dynamic_cast(coReceiver* receiver)
+{
+    return ut_cast<grViewRefresher>(receiver);
 }
 
 void grViewRefresher::view_removed(dgView*) {}
@@ -159,7 +162,8 @@ void grViewRefresher::reset_draw_quality()
     the_saved_draw_qualities.clear();
 }
 
-// A renderer may be destroyed once its last view is gone, so this is done again after each removal.
+// A renderer may be destroyed once its last view is gone or has been taken from it, so this is done again after each
+// removal and before all drawing.
 void grViewRefresher::collect_renderers()
 {
     the_renderers.clear();

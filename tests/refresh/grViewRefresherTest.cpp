@@ -156,6 +156,24 @@ TEST(grViewRefresher, drops_a_view_that_is_removed_or_destroyed_with_its_icon)
     EXPECT_EQ(refresher.calls, (Log{"removed in 0", "removed in 0"}));
 }
 
+// A view may outlive its renderer when it has been taken from it.
+TEST(grViewRefresher, forgets_a_renderer_that_its_views_have_left)
+{
+    tsScene scene;
+    scene.add_window();
+    scene.add_view(0);
+    scene.add_view(1);
+    RecordingRefresher refresher({scene.view(0), scene.view(1)});
+    dgRenderercoDList seen;
+    refresher.look = [&] { seen = refresher.renderers(); };
+    scene.view(0)->renderer(nullptr);
+    refresher.base_refresh();
+    EXPECT_EQ(seen, dgRenderercoDList{&scene.renderer(1)});
+    scene.view(1)->renderer(nullptr);
+    refresher.base_end_twiddle();
+    EXPECT_EQ(seen, dgRenderercoDList());
+}
+
 TEST(grViewRefresher, overrides_the_drawing_quality_around_each_refresh_only)
 {
     tsScene scene;
