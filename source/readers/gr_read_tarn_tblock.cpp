@@ -133,7 +133,7 @@ int skip_header(grTarnScanner& scanner)
     return 0;
 }
 
-/// Reads the whole file, keeping only the first block unless all are wanted. Returns 0 when it is damaged.
+// Reads the whole file, keeping only the first block unless all are wanted. Returns 0 when it is damaged.
 int read_blocks(grTarnScanner& scanner, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
 {
     if (!skip_header(scanner) || !scanner.read(count))

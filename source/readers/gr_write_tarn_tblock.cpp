@@ -13,7 +13,7 @@ namespace
 const std::size_t piece = 64 * 1024;
 const double no_curvature = std::numeric_limits<double>::max();
 
-/// Collects text and hands it to the stream in large pieces.
+// Collects text and hands it to the stream in large pieces.
 class tarn_text
 {
 public:

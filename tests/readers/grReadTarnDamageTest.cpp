@@ -39,7 +39,7 @@ const struct
     {"a zero byte", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 " + std::string(1, '\0') + "0 0 0 1 0 0\n"), 1},
 };
 
-/// A source of characters that cannot be positioned, such as a pipe, and hands out a few at a time.
+// A source of characters that cannot be positioned, such as a pipe, and hands out a few at a time.
 class tsPipe : public std::streambuf
 {
 public:

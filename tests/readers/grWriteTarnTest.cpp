@@ -7,7 +7,7 @@
 
 namespace
 {
-/// Numbers that a fixed number of digits would not bring back.
+// Numbers that a fixed number of digits would not bring back.
 giTriBlock awkward_block()
 {
     const double tiny = std::numeric_limits<double>::denorm_min(), largest = std::numeric_limits<double>::max();
