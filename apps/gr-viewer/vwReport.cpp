@@ -21,7 +21,7 @@ const char style[] =
     "figure{display:inline-block;margin:0 1rem 1rem 0;width:310px;vertical-align:top}"
     "figure img{width:100%;border-radius:4px;border:1px solid #cfd5dd}figcaption{font-size:.85rem;color:#56606e}"
     "svg{width:100%;height:auto;background:#fff;border:1px solid #cfd5dd;border-radius:4px}"
-    "svg text{font:11px system-ui,sans-serif;fill:#56606e}";
+    "svg text{font:11px system-ui,sans-serif;fill:#3b4350;paint-order:stroke;stroke:#fff;stroke-width:3px}";
 
 std::string ms_text(double seconds)
 {
@@ -76,7 +76,11 @@ void write_grid(std::ostream& os, const Axes& axes)
     for (double time = std::ceil(axes.first_time / time_step) * time_step; time <= axes.last_time + 1e-9;
          time += time_step)
         write_text(os, axes.x(time), chart_height - bottom + 18, "middle", ap_number_text(time, 2) + " s");
+}
 
+// The frame rates that look fluid, over the frames.
+void write_goals(std::ostream& os, const Axes& axes)
+{
     const char* goal_look = "stroke=\"#c2410c\" stroke-dasharray=\"4 4\"";
     for (const double frames_per_second : {60.0, 30.0})
     {
@@ -102,6 +106,7 @@ void write_chart(std::ostream& os, const vwFrameTimes& times)
         const double x = axes.x(frame.session_time);
         write_line(os, x, axes.y(0), x, axes.y(frame.seconds * ms_per_second), "stroke=\"#2563eb\" stroke-width=\"2\"");
     }
+    write_goals(os, axes);
     os << "</svg>\n";
 }
 
