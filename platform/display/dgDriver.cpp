@@ -10,6 +10,12 @@ dgWindow::~dgWindow() = default;
 dgWidgetWindow::~dgWidgetWindow() = default;
 dgRenderNetworkAction::~dgRenderNetworkAction() = default;
 
+void dgDriver::gl_enable(unsigned) {}
+void dgDriver::gl_disable(unsigned) {}
+void dgDriver::gl_stencil_func(unsigned, int, unsigned) {}
+void dgDriver::gl_stencil_op(unsigned, unsigned, unsigned) {}
+void dgDriver::erase_area(const giBox2&, const gsColour&, dgEraseFramebuffer, dgEraseZbuffer) {}
+
 gsRenderAction::~gsRenderAction()
 {
     if (the_renderer)

@@ -13,6 +13,7 @@ class dgWindow;
 class giBox2;
 class giPoint3;
 class giXform3;
+class gsColour;
 
 /// The seam between the display library and a graphics interface. A renderer drives it; applications do not.
 ///
@@ -54,4 +55,18 @@ public:
     virtual void read_pixels(const giBox2& device_box, dgImage& image) = 0;
 
     virtual void finish() = 0;
+
+    /// Switch an OpenGL capability by its number; 0x0B90 is the stencil test. Drivers of other types do nothing in
+    /// these and the following calls.
+    virtual void gl_enable(unsigned capability);
+    virtual void gl_disable(unsigned capability);
+
+    /// As glStencilFunc and glStencilOp. They stay in force for this driver.
+    virtual void gl_stencil_func(unsigned function, int reference, unsigned mask);
+    virtual void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes);
+
+    /// Fills a device box, low and high pixels included. With neither option the stencil buffer is cleared inside the
+    /// box and nothing else.
+    virtual void erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
+                            dgEraseZbuffer zbuffer);
 };

@@ -48,7 +48,8 @@ public:
     /// The callbacks of the view; reasons are dgViewReason, the sender is the view.
     coCallList& call_list() { return the_call_list; }
 
-    /// Fills the viewport with the background.
+    /// Fills the viewport with the background. This and the drawing of networks always go to the main window through
+    /// driver 0, whichever driver is selected; it is selected again afterwards.
     void erase(dgEraseZbuffer zbuffer);
 
     /// Draws the whole network (null) or one structure through the renderer's render action. Unless the user set the

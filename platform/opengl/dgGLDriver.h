@@ -9,7 +9,6 @@
 
 class dgGLDevice;
 class dgGLWindow;
-class gsColour;
 
 /// The driver that draws with OpenGL.
 class DG_OPENGL_EXPORT dgGLDriver : public dgDriver
@@ -37,19 +36,12 @@ public:
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
     void finish() override;
-
-    /// Switch an OpenGL capability by its number; 0x0B90 is the stencil test.
-    void gl_enable(unsigned capability);
-    void gl_disable(unsigned capability);
-
-    /// As glStencilFunc and glStencilOp. They stay in force for this driver.
-    void gl_stencil_func(unsigned function, int reference, unsigned mask);
-    void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes);
-
-    /// Fills a device box, low and high pixels included. With neither option the stencil buffer is cleared inside the
-    /// box and nothing else.
+    void gl_enable(unsigned capability) override;
+    void gl_disable(unsigned capability) override;
+    void gl_stencil_func(unsigned function, int reference, unsigned mask) override;
+    void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes) override;
     void erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
-                    dgEraseZbuffer zbuffer);
+                    dgEraseZbuffer zbuffer) override;
 
 private:
     void own_modes();

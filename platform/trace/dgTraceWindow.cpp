@@ -41,6 +41,13 @@ private:
     std::ostringstream the_text;
 };
 
+std::string hex(unsigned number)
+{
+    std::ostringstream text;
+    text << "0x" << std::hex << number;
+    return text.str();
+}
+
 const char* topology_name(dgTopology topology)
 {
     switch (topology)
@@ -124,8 +131,31 @@ public:
     }
     void finish() override { record(Line("finish")); }
 
+    // What only OpenGL drivers do is seen only on a surface that reports to be one.
+    void gl_enable(unsigned capability) override { record_gl(Line("gl_enable") << hex(capability)); }
+    void gl_disable(unsigned capability) override { record_gl(Line("gl_disable") << hex(capability)); }
+    void gl_stencil_func(unsigned function, int reference, unsigned mask) override
+    {
+        record_gl(Line("gl_stencil_func") << hex(function) << reference << hex(mask));
+    }
+    void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes) override
+    {
+        record_gl(Line("gl_stencil_op") << hex(stencil_fails) << hex(depth_fails) << hex(depth_passes));
+    }
+    void erase_area(const giBox2& device_box, const gsColour&, dgEraseFramebuffer framebuffer,
+                    dgEraseZbuffer zbuffer) override
+    {
+        record_gl(Line("erase_area") << device_box << (framebuffer ? "colour" : "keep_colour")
+                                     << (zbuffer ? "depth" : "keep_depth"));
+    }
+
 private:
     void record(const Line& line) { the_window.record(the_prefix + line.text()); }
+    void record_gl(const Line& line)
+    {
+        if (type() == dgDRIVER_OPENGL)
+            record(line);
+    }
     void drawn(const Line& line, int features)
     {
         record(line);
