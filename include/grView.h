@@ -38,15 +38,6 @@ public:
     grView(dgView* view, grView* parent);
     ~grView() override;
 
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static const utTypeID& ut_static_type();
-    static grView* ut_dynamic_cast(grView* view) { return view; }
-    static const grView* ut_dynamic_cast(const grView* view) { return view; }
-
-    /// From level 1 on with the twiddle locks, from 2 on with the display view's own dump at level - 2.
-    virtual void print(std::ostream& os, int level) const;
-
     /// The view of a display view, or null.
     static grView* contains(const dgView* view);
     /// Appends a view to the registry, as the constructors do.
@@ -124,6 +115,15 @@ public:
     /// Called back by the display view: its camera has changed, it is about to be destroyed.
     void world2view_altered();
     void view_to_be_deleted();
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grView* ut_dynamic_cast(grView* view) { return view; }
+    static const grView* ut_dynamic_cast(const grView* view) { return view; }
+
+    /// From level 1 on with the twiddle locks, from 2 on with the display view's own dump at level - 2.
+    virtual void print(std::ostream& os, int level) const;
 
 protected:
     grView(const grView&) = delete;

@@ -10,9 +10,9 @@ public:
     explicit grViewPaper(dgView* view);
     ~grViewPaper() override;
 
+    static const utTypeID& ut_static_type();
     const utTypeID& ut_dynamic_type() const override;
     int ut_is_kind_of(const utTypeID& type) const override;
-    static const utTypeID& ut_static_type();
     static grViewPaper* ut_dynamic_cast(grView* view);
     static const grViewPaper* ut_dynamic_cast(const grView* view);
 

@@ -12,16 +12,16 @@ public:
     grViewPaperChild(dgView* view, grViewPaperParent* paper_parent);
     ~grViewPaperChild() override;
 
+    /// Null once the paper has been deleted, or this view's display view destroyed.
+    grViewPaperParent* paper_parent() const { return the_paper_parent; }
+
+    static const utTypeID& ut_static_type();
     const utTypeID& ut_dynamic_type() const override;
     int ut_is_kind_of(const utTypeID& type) const override;
-    static const utTypeID& ut_static_type();
     static grViewPaperChild* ut_dynamic_cast(grView* view);
     static const grViewPaperChild* ut_dynamic_cast(const grView* view);
 
     void print(std::ostream& os, int level) const override;
-
-    /// Null once the paper has been deleted, or this view's display view destroyed.
-    grViewPaperParent* paper_parent() const { return the_paper_parent; }
 
 private:
     friend class grView;

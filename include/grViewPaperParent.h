@@ -12,17 +12,17 @@ public:
     /// The paper children live on without a paper parent.
     ~grViewPaperParent() override;
 
+    /// Paper children in the order in which they were attached; i counts from 0 and is in range.
+    int npaper_child_views() const { return the_paper_children.count(); }
+    grViewPaperChild* paper_child(int i) const { return the_paper_children[i]; }
+
+    static const utTypeID& ut_static_type();
     const utTypeID& ut_dynamic_type() const override;
     int ut_is_kind_of(const utTypeID& type) const override;
-    static const utTypeID& ut_static_type();
     static grViewPaperParent* ut_dynamic_cast(grView* view);
     static const grViewPaperParent* ut_dynamic_cast(const grView* view);
 
     void print(std::ostream& os, int level) const override;
-
-    /// Paper children in the order in which they were attached; i counts from 0 and is in range.
-    int npaper_child_views() const { return the_paper_children.count(); }
-    grViewPaperChild* paper_child(int i) const { return the_paper_children[i]; }
 
 private:
     friend class grView;

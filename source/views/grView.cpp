@@ -53,25 +53,6 @@ grView::~grView()
     gsHeap::object_remove(this);
 }
 
-void grView::print(std::ostream& os, int level) const
-{
-    os << "grView {\n"
-       << "view rtti type is \"" << ut_dynamic_type() << "\"\n";
-    if (level >= 1)
-        print_twiddle_lock_info(os);
-    os << "nchild views is " << nchild_views() << '\n';
-    for (int i = 0; i < nchild_views(); ++i)
-        os << "Child " << i << " is " << static_cast<const void*>(child(i)) << '\n';
-    os << "Parent is " << static_cast<const void*>(the_parent) << '\n'
-       << "Link type is " << the_link_type << '\n'
-       << "Locked is " << the_locked_child << '\n'
-       << "Background is " << the_background << '\n'
-       << "Hidden is " << the_hidden << '\n';
-    if (level >= 2 && the_view)
-        the_view->print(os, level - 2, 0);
-    os << "}\n";
-}
-
 grView* grView::contains(const dgView* view)
 {
     for (grView* candidate : all_views())
@@ -116,11 +97,6 @@ void grView::lock_child(int on)
         update_offset();
 }
 
-int grView::has_child_view(const grView* view) const
-{
-    return std::find(the_children.begin(), the_children.end(), view) != the_children.end();
-}
-
 void grView::same_scale(double scale)
 {
     if (the_view)
@@ -142,15 +118,6 @@ double grView::view_bounding_box(const giBox3& box, dgBoundingViewType type)
     return smallest;
 }
 
-void grView::update_offset()
-{
-    if (!the_locked_child || !the_parent || !the_parent->the_view || !the_view)
-        return;
-    const giXform3& transform = the_view->camera().orientation();
-    const giXform3& parent_transform = the_parent->the_view->camera().orientation();
-    the_child_offset = parent_transform.is_identity() ? transform : transform * parent_transform.inverse();
-}
-
 void grView::world2view_altered()
 {
     // A move that comes from the parent leaves the offset exactly as it was, so that it does not drift.
@@ -159,10 +126,54 @@ void grView::world2view_altered()
 
     const int called_before = the_called_from_parent;
     the_called_from_parent = 1;
-    // By index: callbacks on the children's cameras may change the list.
-    for (int i = 0; i < the_children.count(); ++i)
-        the_children[i]->parent_updated(*this);
+    // Callbacks on the children's cameras may destroy children: the step is left out when the list has moved up.
+    for (int i = 0; i < the_children.count();)
+    {
+        grView* child = the_children[i];
+        child->parent_updated(*this);
+        i += i < the_children.count() && the_children[i] == child;
+    }
     the_called_from_parent = called_before;
+}
+
+void grView::view_to_be_deleted()
+{
+    clear_callbacks();
+    remove_view(this);
+    the_view = nullptr;
+}
+
+void grView::print(std::ostream& os, int level) const
+{
+    os << "grView {\n"
+       << "view rtti type is \"" << ut_dynamic_type() << "\"\n";
+    if (level >= 1)
+        print_twiddle_lock_info(os);
+    os << "nchild views is " << nchild_views() << '\n';
+    for (int i = 0; i < nchild_views(); ++i)
+        os << "Child " << i << " is " << static_cast<const void*>(child(i)) << '\n';
+    os << "Parent is " << static_cast<const void*>(the_parent) << '\n'
+       << "Link type is " << the_link_type << '\n'
+       << "Locked is " << the_locked_child << '\n'
+       << "Background is " << the_background << '\n'
+       << "Hidden is " << the_hidden << '\n';
+    if (level >= 2 && the_view)
+        the_view->print(os, level - 2, 0);
+    os << "}\n";
+}
+
+int grView::has_child_view(const grView* view) const
+{
+    return std::find(the_children.begin(), the_children.end(), view) != the_children.end();
+}
+
+void grView::update_offset()
+{
+    if (!the_locked_child || !the_parent || !the_parent->the_view || !the_view)
+        return;
+    const giXform3& transform = the_view->camera().orientation();
+    const giXform3& parent_transform = the_parent->the_view->camera().orientation();
+    the_child_offset = parent_transform.is_identity() ? transform : transform * parent_transform.inverse();
 }
 
 // The parent is handed over: a child that has been orphaned is still moved by its former parent.
@@ -175,13 +186,6 @@ void grView::parent_updated(const grView& parent)
     dgCamera::orientation(the_child_offset * parent.the_view->camera().orientation(), &eye, &direction, &up);
     the_view->camera().orientation(eye, direction, up);
     the_view->camera().world2view_altered();
-}
-
-void grView::view_to_be_deleted()
-{
-    clear_callbacks();
-    remove_view(this);
-    the_view = nullptr;
 }
 
 std::ostream& operator<<(std::ostream& os, const grView& view)

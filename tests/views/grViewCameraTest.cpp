@@ -105,6 +105,36 @@ TEST_F(grViewCamera, the_flag_is_up_while_the_children_are_pushed)
     EXPECT_EQ(of_grandchild.flag, 0);
 }
 
+TEST_F(grViewCamera, children_that_are_destroyed_by_a_callback_hold_up_none_of_the_others)
+{
+    struct Destroyer : coReceiver
+    {
+        void changed() { victim.reset(); }
+        std::unique_ptr<grView> victim;
+    };
+    for (const int destroyed_by : {0, 1})
+    {
+        // Of three children the first, or the second, destroys the first one.
+        scene.view(0)->camera().orientation(giXform3());
+        for (int i = 1; i < 4; ++i)
+            scene.view(i)->camera().orientation(giXform3());
+        grandchild.reset();
+        child.reset();
+        Destroyer destroyer;
+        destroyer.victim = std::make_unique<grView>(scene.view(1), parent.get());
+        const grView second(scene.view(2), parent.get()), third(scene.view(3), parent.get());
+        scene.view(1 + destroyed_by)
+            ->call_list()
+            .add(DG_WORLD2VIEW_CHANGED, coCallFunc::member<&Destroyer::changed>(&destroyer));
+
+        const giXform3 moved = turned(0.4, giVector3(1, 2, 3));
+        move(*parent, moved);
+        EXPECT_EQ(parent->nchild_views(), 2);
+        expect_near(scene.view(2)->camera().orientation(), moved);
+        expect_near(scene.view(3)->camera().orientation(), moved);
+    }
+}
+
 TEST_F(grViewCamera, an_unlocked_child_stays_and_keeps_its_offset)
 {
     const giXform3 offset = child->child_offset();
