@@ -66,7 +66,7 @@ double seconds(Clock::time_point start)
 
 int main(int argc, char** argv)
 {
-    const int side = argc > 1 ? std::max(2, std::atoi(argv[1])) : 450;
+    const int side = argc > 1 ? std::max(2, std::atoi(argv[1])) : 260;
     const giTriBlock block = wavy_grid(side);
     const giTriBlock* const blocks[] = {&block};
     std::ostringstream out;
@@ -77,7 +77,7 @@ int main(int argc, char** argv)
 
     double best_bare = 1e30, best_reader = 1e30;
     volatile double sink = 0;
-    for (int repetition = 0; repetition < 11; ++repetition)
+    for (int repetition = 0; repetition < 41; ++repetition)
     {
         const char* position = text.data() + numbers_start;
         const char* end = text.data() + text.size();
