@@ -8,7 +8,8 @@
 
 namespace
 {
-// Wheel settings for one test; the defaults before and after it.
+// Wheel settings for one test, the defaults before and after it, and a time long after every other test's twiddle, which
+// would hold the wheel back.
 class WheelResources
 {
 public:
@@ -22,6 +23,7 @@ public:
 
 private:
     gwResourceDB the_db;
+    apClockOverride the_clock{1e9};
 };
 
 class DerivedZoomTool : public grZoomTool
