@@ -24,6 +24,12 @@ struct Vertex
 };
 static_assert(sizeof(Vertex) == 16);
 
+// OpenGL takes places in a buffer as pointers.
+const void* buffer_offset(std::size_t bytes)
+{
+    return reinterpret_cast<const void*>(bytes); // NOLINT(performance-no-int-to-ptr)
+}
+
 std::uint32_t packed(const giVector3& normal)
 {
     // Any length is taken; lengths near 0 stay 0 rather than become directions of their own.
@@ -225,7 +231,7 @@ void dgGLGeometryStore::bind() const
     glBindBuffer(GL_ARRAY_BUFFER, the_buffers->vertices.buffer());
     glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, sizeof(Vertex), nullptr);
     glVertexAttribPointer(1, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(Vertex),
-                          reinterpret_cast<const void*>(offsetof(Vertex, normal)));
+                          buffer_offset(offsetof(Vertex, normal)));
     glEnableVertexAttribArray(0);
     glEnableVertexAttribArray(1);
 }
@@ -329,7 +335,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         for (const unsigned chunk : dg_gl_chunk_order(nchunks))
         {
             const giTriangle* const end = geometry.triangles + std::min((chunk + 1) * chunk_triangles, nfeatures);
-            for (const giTriangle* t = geometry.triangles + chunk * chunk_triangles; t != end; ++t)
+            for (const giTriangle* t = geometry.triangles + std::size_t(chunk) * chunk_triangles; t != end; ++t)
                 for (int corner = 0; corner < 3; ++corner)
                 {
                     // A node that does not exist must not reach into another primitive's vertices.

@@ -140,7 +140,7 @@ void main()
     shine *= shine;
     shine *= shine;
     shine *= shine;
-    colour = colour * (0.21 + 0.07 * normal.y + 0.74 * max(dot(normal, light), 0.0)) + 0.16 * shine;
+    colour = colour * (0.26 + 0.07 * normal.y + 0.69 * max(dot(normal, light), 0.0)) + 0.16 * shine;
 #endif
 #ifdef CUED
     colour = mix(colour, cue_colour, clamp(cue.x * gl_FragCoord.z + cue.y / gl_FragCoord.w + cue.z, 0.0, 1.0));
@@ -244,7 +244,7 @@ dgGLPrograms::dgGLPrograms()
 dgGLPrograms::~dgGLPrograms()
 {
     glUseProgram(0);
-    for (const auto& [kind, program] : the_programs)
+    for (const dgGLProgram& program : the_programs)
         glDeleteProgram(program.name);
     glDeleteProgram(the_graduated);
     glDeleteProgram(the_keyed);
@@ -265,10 +265,10 @@ int dgGLPrograms::compile_basics(std::string& error)
 
 dgGLProgram* dgGLPrograms::find(const dgGLProgramKind& kind)
 {
-    const auto [place, is_new] = the_programs.try_emplace(kind);
-    dgGLProgram& program = place->second;
-    if (!is_new)
+    dgGLProgram& program = the_programs[static_cast<std::size_t>(kind.number())];
+    if (program.made)
         return program.name ? &program : nullptr;
+    program.made = 1;
 
     constexpr const char* shading_names[] = {"#define PLAIN\n", "#define SMOOTH\n", "#define FLAT\n"};
     std::string defines = shading_names[kind.shading];

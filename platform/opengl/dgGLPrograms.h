@@ -1,7 +1,6 @@
 #pragma once
 
-#include <map>
-#include <memory>
+#include <array>
 #include <string>
 
 /// How a program shades.
@@ -20,13 +19,16 @@ struct dgGLProgramKind
     int line_style = 0; ///< not 0: lines with gaps
     int wide_lines = 0; ///< lines become quads
 
-    auto operator<=>(const dgGLProgramKind&) const = default;
+    /// A number from 0 to count - 1.
+    static constexpr int count = 32;
+    int number() const { return shading + 4 * (depth_cueing != 0) + 8 * (line_style != 0) + 16 * (wide_lines != 0); }
 };
 
 /// One linked program: where its uniforms are, and which values they were last given.
 struct dgGLProgram
 {
     unsigned name = 0;
+    int made = 0; // compiled, or tried in vain
     int model_to_clip = -1;
     int model_to_view = -1;
     int normal_to_view = -1;
@@ -70,7 +72,7 @@ public:
     unsigned empty_array() const { return the_empty_array; }
 
 private:
-    std::map<dgGLProgramKind, dgGLProgram> the_programs;
+    std::array<dgGLProgram, dgGLProgramKind::count> the_programs;
     unsigned the_graduated = 0;
     unsigned the_keyed = 0;
     unsigned the_empty_array = 0;

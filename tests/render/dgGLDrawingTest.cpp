@@ -229,6 +229,29 @@ TEST(dgGLDrawing, draws_lines_of_every_width_by_both_ways)
     scene.window.device().line_width_limit(own_limit);
 }
 
+TEST(dgGLDrawing, wide_lines_that_pass_the_eye_are_cut_at_the_near_plane)
+{
+    // Both ways draw the same piece of a line that runs from far behind the view plane to behind the eye.
+    int drawn[2];
+    Scene scene;
+    dgCamera& camera = scene.view.camera();
+    camera.projection(dgPROJECTION_PERSPECTIVE);
+    camera.projection_reference_point(giPoint3(32, 24, 50));
+    camera.front_back_plane(40, -100);
+    scene.add(new dgLineWidth(3));
+    scene.add(segment({5, 20, -90}, {60, 28, 60}));
+    const float own_limit = scene.window.device().line_width_limit();
+    for (const int quads : {0, 1})
+    {
+        scene.window.device().line_width_limit(quads ? 1.0f : own_limit);
+        scene.draw();
+        drawn[quads] = count_pixels(scene.picture(), white);
+    }
+    scene.window.device().line_width_limit(own_limit);
+    EXPECT_GT(drawn[0], 80);
+    EXPECT_NEAR(drawn[0], drawn[1], 0.15 * drawn[0]);
+}
+
 TEST(dgGLDrawing, line_styles_leave_gaps_that_run_on_over_short_segments)
 {
     Scene scene;
