@@ -34,6 +34,9 @@ public:
     virtual void select_buffer(dgDoubleBuffer buffer) = 0;
     virtual void swap_buffers(dgDoubleBufferSwap mode) = 0;
 
+    /// Confines clearing and drawing to a device box, low and high pixels included; an empty box lifts it.
+    virtual void clip(const giBox2& device_box) = 0;
+
     /// Fills a device box, low and high pixels included, of the selected buffer.
     virtual void clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
                        dgEraseZbuffer depth) = 0;

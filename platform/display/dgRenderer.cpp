@@ -113,6 +113,11 @@ void dgRenderer::erase(int window)
     target->end();
 }
 
+void dgRenderer::clip(const giBox2& device_box)
+{
+    driver(0)->clip(device_box);
+}
+
 void dgRenderer::begin()
 {
     if (the_begun++ == 0)

@@ -48,7 +48,7 @@ public:
     int select_driver(int index);
     int current_driver_index() const { return the_current_driver; }
 
-    /// 1 when what is drawn inverts pixels: driver 1 where there is no overlay.
+    /// 1 when what is drawn is combined with what is there by exclusive or: driver 1 where there is no overlay.
     int in_xor_mode() const;
 
     /// Choose and exchange colour buffers; nothing happens on a single-buffered renderer.
@@ -71,6 +71,10 @@ public:
 
     gsColour background_colour() const { return the_background; }
     void background_colour(const gsColour& colour) { the_background = colour; }
+
+    /// Confines what is erased and drawn on the main window to a device box, low and high pixels included; an empty box
+    /// lifts it. The picture inside is the same as without.
+    void clip(const giBox2& device_box);
 
     /// Bracket immediate drawing under a camera. They nest; the outermost pair acts.
     void begin();

@@ -25,7 +25,8 @@ public:
     /// (0, 0) to (width - 1, height - 1).
     giBox2 device_box() const { return giBox2(0, 0, width() - 1, height() - 1); }
 
-    /// A new driver for this surface; with inverting 1, everything it draws inverts the pixels under it.
+    /// A new driver for this surface; with inverting 1, the colours of all that it draws are combined with those there
+    /// by exclusive or, so that white inverts and the same drawn twice leaves no trace.
     virtual std::unique_ptr<dgDriver> make_driver(int inverting) = 0;
 
     /// Shows what was drawn, where there is somewhere to show it.

@@ -139,7 +139,7 @@ void dgGLDriver::own_modes()
     the_window.bind_layer(the_overlay);
     const PixelBox port(the_camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
-    glScissor(port.x, port.y, port.width, port.height);
+    set_scissor(the_camera.view_port);
     glEnable(GL_SCISSOR_TEST);
     glDisable(GL_BLEND);
     glDisable(GL_DITHER);
@@ -150,11 +150,33 @@ void dgGLDriver::own_modes()
     glDepthMask(!the_inverting);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, !the_inverting);
     set_capability(GL_COLOR_LOGIC_OP, the_inverting);
-    glLogicOp(GL_INVERT);
+    glLogicOp(GL_XOR);
     glStencilMask(~0u);
     set_capability(GL_STENCIL_TEST, the_stencil.on);
     glStencilFunc(the_stencil.function, the_stencil.reference, the_stencil.mask);
     glStencilOp(the_stencil.operations[0], the_stencil.operations[1], the_stencil.operations[2]);
+}
+
+void dgGLDriver::set_scissor(const giBox2& device_box) const
+{
+    giBox2 visible = device_box;
+    if (!the_clip.empty())
+        visible = device_box.intersection(the_clip);
+    if (visible.empty())
+        glScissor(0, 0, 0, 0);
+    else
+    {
+        const PixelBox box(visible);
+        glScissor(box.x, box.y, box.width, box.height);
+    }
+}
+
+void dgGLDriver::clip(const giBox2& device_box)
+{
+    flush();
+    the_clip = device_box;
+    if (the_device.modes_owner() == this)
+        the_device.modes_owner(nullptr); // the scissor box is set again with the rest
 }
 
 void dgGLDriver::select_buffer(dgDoubleBuffer buffer)
@@ -181,16 +203,14 @@ void dgGLDriver::swap_buffers(dgDoubleBufferSwap mode)
 void dgGLDriver::clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4])
 {
     own_modes();
-    const PixelBox box(device_box);
-    const PixelBox port(the_camera.view_port);
-    glScissor(box.x, box.y, box.width, box.height);
+    set_scissor(device_box);
     glClearColor(rgba[0], rgba[1], rgba[2], rgba[3]);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);
     glClear(planes);
     glDepthMask(!the_inverting);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, !the_inverting);
-    glScissor(port.x, port.y, port.width, port.height);
+    set_scissor(the_camera.view_port);
     if (!(planes & GL_COLOR_BUFFER_BIT))
         return;
     if (the_overlay && rgba[3] == 0)
@@ -218,7 +238,7 @@ void dgGLDriver::clear(const giBox2& device_box, const dgBackground& background,
         return;
 
     const PixelBox box(device_box);
-    glScissor(box.x, box.y, box.width, box.height);
+    set_scissor(device_box);
     glViewport(0, 0, the_window.width(), the_window.height());
     for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP})
         glDisable(capability);
@@ -238,7 +258,7 @@ void dgGLDriver::set_camera(const dgCameraState& camera)
     own_modes();
     const PixelBox port(camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
-    glScissor(port.x, port.y, port.width, port.height);
+    set_scissor(camera.view_port);
     set_capability(GL_DEPTH_TEST, camera.depth_test);
 }
 

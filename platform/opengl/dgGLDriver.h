@@ -14,8 +14,8 @@ class dgGLWindow;
 class DG_OPENGL_EXPORT dgGLDriver : public dgDriver
 {
 public:
-    /// Draws on a window, or with overlay 1 on its overlay. The window must outlive the driver. With inverting 1 every
-    /// pixel that is drawn inverts the colour under it and leaves depth alone.
+    /// Draws on a window, or with overlay 1 on its overlay. The window must outlive the driver. With inverting 1 the
+    /// colour of every pixel that is drawn is combined with the one there by exclusive or; alpha and depth stay.
     dgGLDriver(dgGLWindow& window, int overlay, int inverting);
     ~dgGLDriver() override;
 
@@ -26,6 +26,7 @@ public:
     void end() override;
     void select_buffer(dgDoubleBuffer buffer) override;
     void swap_buffers(dgDoubleBufferSwap mode) override;
+    void clip(const giBox2& device_box) override;
     void clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
                dgEraseZbuffer depth) override;
     void set_camera(const dgCameraState& camera) override;
@@ -45,6 +46,7 @@ public:
 
 private:
     void own_modes();
+    void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
     void prepare(dgTopology topology, int has_normals);
     void update_transforms();
@@ -57,6 +59,7 @@ private:
     int the_begun = 0;
 
     dgCameraState the_camera;
+    giBox2 the_clip; // empty: none
     giXform3 the_model_to_world;
     dgDrawState the_state;
     dgBackground the_background; // what was last erased with

@@ -75,6 +75,13 @@ public:
         record(Line("select_buffer") << (buffer == dgBACK_BUFFER ? "back" : "front"));
     }
     void swap_buffers(dgDoubleBufferSwap mode) override { record(Line("swap_buffers") << static_cast<int>(mode)); }
+    void clip(const giBox2& device_box) override
+    {
+        if (device_box.empty())
+            record(Line("clip off"));
+        else
+            record(Line("clip") << device_box);
+    }
     void clear(const giBox2& device_box, const dgBackground& background, dgEraseFramebuffer colour,
                dgEraseZbuffer depth) override
     {

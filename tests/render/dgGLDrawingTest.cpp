@@ -79,6 +79,28 @@ TEST(dgGLDrawing, graduates_the_background_from_bottom_row_to_top_row)
     EXPECT_EQ(pixel_at(picture, 1, 10), black);
 }
 
+TEST(dgGLDrawing, a_clip_box_confines_a_redraw_whose_picture_is_the_same_inside)
+{
+    Scene scene;
+    scene.view.shading_context().graduated_background = 1;
+    add_unlit(scene, gsColour(0.3, 0.5, 0.7), rectangle(10, 10, 40, 30));
+    scene.draw();
+    const dgImage whole = scene.picture();
+
+    scene.renderer.erase(0);
+    const giBox2 box(5, 20, 15, 60); // reaches outside
+    scene.renderer.clip(box);
+    scene.draw();
+    scene.renderer.clip(giBox2());
+    const dgImage part = scene.picture();
+    for (int y = 0; y < part.height; ++y)
+        for (int x = 0; x < part.width; ++x)
+            ASSERT_EQ(pixel_at(part, x, y), box.contains(giPoint2(x, y)) ? pixel_at(whole, x, y) : black)
+                << x << ' ' << y;
+    scene.draw();
+    EXPECT_TRUE(same_pictures(scene.picture(), whole));
+}
+
 TEST(dgGLDrawing, covers_the_pixels_whose_centres_lie_in_a_triangle)
 {
     Scene scene;
@@ -290,7 +312,7 @@ TEST(dgGLDrawing, markers_and_edges)
     EXPECT_EQ(pixel_at(scene.picture(), 5, 20), red);
 }
 
-TEST(dgGLDrawing, inverting_twice_restores_every_pixel)
+TEST(dgGLDrawing, exclusive_or_combines_colours_and_twice_restores_every_pixel)
 {
     Scene scene;
     scene.view.shading_context().graduated_background = 1;
@@ -313,9 +335,13 @@ TEST(dgGLDrawing, inverting_twice_restores_every_pixel)
         }
     }
     const dgRef<dgTriangleBlock> block(rectangle(20, 20, 20, 20, 50));
-    scene.draw(*block);
+    const dgRef<dgSurfaceColour> colour(new dgSurfaceColour(gsColour(1, 0, 15 / 255.0)));
+    scene.view.begin();
+    scene.view.execute(*colour);
+    scene.view.execute(*block);
+    scene.view.end();
     const Pixel under = pixel_at(before, 20, 20);
-    EXPECT_EQ(pixel_at(scene.picture(), 20, 20), (Pixel{255 - under.red, 255 - under.green, 255 - under.blue}));
+    EXPECT_EQ(pixel_at(scene.picture(), 20, 20), (Pixel{255 - under.red, under.green, under.blue ^ 15}));
     EXPECT_EQ(scene.picture().pixel(20, 20)[3], 255);
 }
 
