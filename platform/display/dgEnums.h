@@ -1,5 +1,9 @@
 #pragma once
 
+#include "dgExport.h"
+
+#include <iosfwd>
+
 /// What happens to the depth buffer when an area is erased.
 enum dgEraseZbuffer
 {
@@ -75,11 +79,13 @@ enum dgViewReason
 };
 
 /// Whether a holder takes a counted reference; any other value than 0 takes none.
-enum dgReferenceMode
+enum dgReferenceMode : int
 {
     dgREFERENCE_COUNTED = 0,
     dgREFERENCE_NONE = 1
 };
+
+DG_EXPORT std::ostream& operator<<(std::ostream& os, dgReferenceMode mode);
 
 enum dgGraphicalElementKind
 {
@@ -89,7 +95,7 @@ enum dgGraphicalElementKind
 };
 
 /// Primitive types; they name the attribute ranges that a primitive uses.
-enum dgGraphicalPrimitiveType
+enum dgGraphicalPrimitiveType : int
 {
     dgPRIMITIVE_LINES = 0,
     dgPRIMITIVE_LINES_2D = 1,
@@ -102,7 +108,7 @@ enum dgGraphicalPrimitiveType
 };
 
 /// Element type codes. Attributes are 0 to 74, primitives 84 to 109.
-enum dgGraphicalElementType
+enum dgGraphicalElementType : int
 {
     dgTYPE_LINE_COLOUR = 0,
     dgTYPE_LINE_STYLE = 1,

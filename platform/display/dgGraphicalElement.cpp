@@ -30,6 +30,14 @@ giBox3 dgGraphicalElement::bounding_box() const
     return giBox3();
 }
 
+int dgGraphicalElement::times_held_by(const dgStructure* structure) const
+{
+    int times = the_holder == structure;
+    if (the_others)
+        times += static_cast<int>(std::count(the_others->begin(), the_others->end(), structure));
+    return times;
+}
+
 void dgGraphicalElement::print(std::ostream& os) const
 {
     os << ut_dynamic_type().name() << " type " << type();

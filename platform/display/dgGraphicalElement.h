@@ -41,6 +41,9 @@ public:
     /// Grows whenever the element is changed in place. Stamps of all elements and structures share one count.
     unsigned long long stamp() const { return the_stamp; }
 
+    /// How many times a structure holds the element.
+    int times_held_by(const dgStructure* structure) const;
+
     virtual void print(std::ostream& os) const;
 
     static const utTypeID& ut_static_type();

@@ -88,32 +88,6 @@ void dgStructure::unreference()
     destroying = false;
 }
 
-void dgStructure::set_cursor(int position)
-{
-    the_cursor = std::clamp(position, -1, nelements() - 1);
-}
-
-dgGraphicalElement* dgStructure::read() const
-{
-    return the_cursor >= 0 ? element(the_cursor) : nullptr;
-}
-
-int dgStructure::next()
-{
-    if (the_cursor + 1 >= nelements())
-        return 0;
-    ++the_cursor;
-    return 1;
-}
-
-int dgStructure::previous()
-{
-    if (the_cursor <= 0)
-        return 0;
-    --the_cursor;
-    return 1;
-}
-
 int dgStructure::insert(dgGraphicalElement* element)
 {
     element->reference();

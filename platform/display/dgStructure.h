@@ -4,6 +4,7 @@
 #include "dgElementBuffer.h"
 #include "giBox3.h"
 
+#include <algorithm>
 #include <iosfwd>
 #include <memory>
 
@@ -29,15 +30,27 @@ public:
     dgGraphicalElement* element(int position) const { return the_elements[position]; }
 
     /// Moves the cursor. A position past the ends stops there; 0 on an empty structure leaves no current element.
-    void set_cursor(int position);
+    void set_cursor(int position) { the_cursor = std::clamp(position, -1, nelements() - 1); }
     int cursor() const { return the_cursor; }
 
     /// The element at the cursor, or null.
-    dgGraphicalElement* read() const;
+    dgGraphicalElement* read() const { return the_cursor >= 0 ? element(the_cursor) : nullptr; }
 
     /// Move the cursor by one. 0 at the ends, where the cursor stays.
-    int next();
-    int previous();
+    int next()
+    {
+        if (the_cursor + 1 >= nelements())
+            return 0;
+        ++the_cursor;
+        return 1;
+    }
+    int previous()
+    {
+        if (the_cursor <= 0)
+            return 0;
+        --the_cursor;
+        return 1;
+    }
 
     /// Puts element behind the cursor (before the first one at -1), references it, moves the cursor onto it and
     /// answers its position.
