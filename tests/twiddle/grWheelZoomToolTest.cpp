@@ -8,8 +8,8 @@
 
 namespace
 {
-// Wheel settings for one test, the defaults before and after it, and a time long after every other test's twiddle, which
-// would hold the wheel back.
+// Wheel settings for one test, the defaults before and after it, and a time long after every other test's twiddle,
+// which would hold the wheel back.
 class WheelResources
 {
 public:
