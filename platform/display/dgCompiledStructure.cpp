@@ -7,6 +7,13 @@ dgRunCache::~dgRunCache() = default;
 dgPrimitiveRun::~dgPrimitiveRun() = default;
 dgCompiledStructure::~dgCompiledStructure() = default;
 
+const dgRunSampling& dgPrimitiveRun::sampling() const
+{
+    if (!sampling_cache || sampling_cache->run_stamp() != stamp)
+        sampling_cache = std::make_unique<dgRunSampling>(*this);
+    return *sampling_cache;
+}
+
 dgCompiledStructure::dgCompiledStructure(const dgStructure& structure) : the_content_stamp(structure.content_stamp())
 {
     dgPrimitiveRun* open_run = nullptr;

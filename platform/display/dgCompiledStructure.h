@@ -2,6 +2,7 @@
 
 #include "dgExport.h"
 #include "dgGeometry.h"
+#include "dgRunSampling.h"
 
 #include <deque>
 #include <memory>
@@ -28,6 +29,10 @@ struct DG_EXPORT dgPrimitiveRun
     /// Grows whenever one of the primitives was changed in place.
     unsigned long long stamp = 0;
 
+    /// How the run is sampled and its number of features; made when first asked for after a change.
+    const dgRunSampling& sampling() const;
+
+    mutable std::unique_ptr<dgRunSampling> sampling_cache;
     mutable std::unique_ptr<dgRunCache> cache;
     mutable const void* cache_owner = nullptr; ///< the driver's store that made the cache
 

@@ -1,5 +1,7 @@
 #include "dgDriver.h"
 
+#include "dgCompiledStructure.h"
+#include "dgGraphicalPrimitive.h"
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
 #include "dgWidgetWindow.h"
@@ -20,4 +22,11 @@ gsRenderAction::~gsRenderAction()
 {
     if (the_renderer)
         the_renderer->render_action(nullptr);
+}
+
+void gsRenderAction::run(dgRenderer& renderer, const dgPrimitiveRun& run)
+{
+    for (const dgGraphicalPrimitive* one : run.primitives)
+        if (primitive(renderer, *one))
+            renderer.draw_primitive(*one);
 }

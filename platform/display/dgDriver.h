@@ -3,10 +3,13 @@
 #include "dgEnums.h"
 #include "dgExport.h"
 
+#include <vector>
+
 struct dgBackground;
 struct dgCameraState;
 struct dgDrawState;
 struct dgImage;
+struct dgFeatureSpan;
 struct dgPrimitiveRun;
 class dgGraphicalPrimitive;
 class dgWindow;
@@ -47,6 +50,9 @@ public:
 
     /// Draws a run of primitives, whose geometry the driver keeps from one drawing to the next.
     virtual void draw_run(const dgPrimitiveRun& run) = 0;
+
+    /// Draws some features of a run. The spans follow on each other without overlapping.
+    virtual void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) = 0;
 
     /// Draws one primitive, whose geometry the driver keeps too.
     virtual void draw_primitive(const dgGraphicalPrimitive& primitive) = 0;

@@ -8,6 +8,7 @@
 #include "dgStructureCall.h"
 #include "dgTransform.h"
 #include "dgTriangleBlock.h"
+#include "dgWorldTransform.h"
 
 #include "giBox3.h"
 #include "giTriBlock.h"
@@ -21,6 +22,7 @@ UT_DEFINE_TYPE(dgAppElement, dgGraphicalElement);
 UT_DEFINE_TYPE(dgLabel, dgGraphicalElement);
 UT_DEFINE_TYPE(dgStructureCall, dgGraphicalElement);
 UT_DEFINE_TYPE(dgTransform, dgGraphicalAttribute);
+UT_DEFINE_TYPE(dgWorldTransform, dgGraphicalAttribute);
 UT_DEFINE_TYPE(dgCameraIndex, dgGraphicalElement);
 
 namespace
@@ -183,6 +185,16 @@ dgTransform* dgTransform::copy() const
 int dgTransform::equal_value(const dgGraphicalAttribute& other) const
 {
     return the_transform == static_cast<const dgTransform&>(other).the_transform;
+}
+
+dgWorldTransform* dgWorldTransform::copy() const
+{
+    return new dgWorldTransform(*this);
+}
+
+int dgWorldTransform::equal_value(const dgGraphicalAttribute& other) const
+{
+    return the_transform == static_cast<const dgWorldTransform&>(other).the_transform;
 }
 
 dgCameraIndex* dgCameraIndex::copy() const

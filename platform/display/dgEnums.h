@@ -121,6 +121,7 @@ enum dgGraphicalElementType : int
     dgTYPE_SURFACE_COLOUR = 29,
     dgTYPE_BACK_SURFACE_COLOUR = 31,
     dgTYPE_TRANSFORM = 67,
+    dgTYPE_WORLD_TRANSFORM = 68,
     dgTYPE_LIGHTING = 71,
     dgTYPE_LAST_ATTRIBUTE = 74,
     dgTYPE_APP_ELEMENT = 75,

@@ -11,6 +11,7 @@
 #include "dgStructure.h"
 #include "dgTransform.h"
 #include "dgWindow.h"
+#include "dgWorldTransform.h"
 #include "gsRenderAction.h"
 
 #include "giPoint3.h"
@@ -124,6 +125,8 @@ void dgRenderer::begin()
     {
         driver()->begin();
         the_state_changed = the_transform_changed = 1;
+        if (the_camera)
+            set_camera(the_camera);
     }
 }
 
@@ -140,7 +143,8 @@ void dgRenderer::end()
 void dgRenderer::set_camera(const dgCamera* camera)
 {
     the_camera = camera;
-    if (!camera)
+    // Drivers take it between begin and end alone.
+    if (!camera || !the_begun)
         return;
     dgCameraState state;
     state.world_to_view = camera->orientation();
@@ -213,6 +217,12 @@ void dgRenderer::set_attribute(const dgGraphicalAttribute& attribute)
         the_transform_changed = 1;
         return;
     }
+    if (attribute.type() == dgTYPE_WORLD_TRANSFORM)
+    {
+        the_transform = static_cast<const dgWorldTransform&>(attribute).transform();
+        the_transform_changed = 1;
+        return;
+    }
     const dgGraphicalAttribute*& slot = the_attributes[attribute.type()];
     the_state_changed = 1; // even for the same element: it may have been changed in place
     if (slot == &attribute)
@@ -228,6 +238,20 @@ void dgRenderer::draw_primitive(const dgGraphicalPrimitive& primitive)
     driver()->draw_primitive(primitive);
 }
 
+void dgRenderer::draw_run(const dgPrimitiveRun& run)
+{
+    flush_state();
+    driver()->draw_run(run);
+}
+
+void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
+{
+    if (spans.empty())
+        return;
+    flush_state();
+    driver()->draw_features(run, spans);
+}
+
 void dgRenderer::draw_structure(const dgStructure& structure)
 {
     draw_steps(structure, 0);
@@ -238,7 +262,9 @@ void dgRenderer::draw_network(const dgStructure& structure)
     gsRenderAction* action = the_render_action;
     if (action)
         action->start_network(*this, &structure);
-    draw_steps(structure, action != nullptr);
+    do
+        draw_steps(structure, action != nullptr);
+    while (action && the_render_action == action && action->another_pass(*this));
     if (action && the_render_action == action)
         action->end_network(*this);
 }
@@ -272,13 +298,13 @@ void dgRenderer::draw_steps(const dgStructure& root, int through_action)
             continue;
         }
         const dgCompiledStructure::Step step = frame.compiled->steps()[frame.next_step++];
+        gsRenderAction* action = through_action ? the_render_action : nullptr;
         if (step.run)
         {
-            flush_state();
-            if (through_action && the_render_action)
-                draw_run_through_action(*step.run);
+            if (action)
+                action->run(*this, *step.run);
             else
-                driver()->draw_run(*step.run);
+                draw_run(*step.run);
         }
         else if (const dgStructure* called = step.element->called_structure())
         {
@@ -286,16 +312,10 @@ void dgRenderer::draw_steps(const dgStructure& root, int through_action)
         }
         else if (step.element->type() != dgTYPE_STRUCTURE_CALL)
         {
-            step.element->draw(this);
+            if (!action || step.element->kind() == dgELEMENT_ATTRIBUTE || action->element(*this, *step.element))
+                step.element->draw(this);
         }
     }
-}
-
-void dgRenderer::draw_run_through_action(const dgPrimitiveRun& run)
-{
-    for (const dgGraphicalPrimitive* primitive : run.primitives)
-        if (!the_render_action || the_render_action->primitive(*this, *primitive))
-            driver()->draw_primitive(*primitive);
 }
 
 void dgRenderer::draw_bounding_box(const dgStructure& structure)

@@ -21,6 +21,7 @@ class dgStructure;
 class dgWindow;
 class gsRenderAction;
 class gwWindow;
+struct dgFeatureSpan;
 struct dgImage;
 struct dgPrimitiveRun;
 
@@ -76,7 +77,8 @@ public:
     /// lifts it. The picture inside is the same as without.
     void clip(const giBox2& device_box);
 
-    /// Bracket immediate drawing under a camera. They nest; the outermost pair acts.
+    /// Bracket immediate drawing under a camera, which is set before or inside and is forgotten at the end. They nest;
+    /// the outermost pair acts.
     void begin();
     void end();
     void set_camera(const dgCamera* camera);
@@ -113,6 +115,14 @@ public:
     void execute(const dgGraphicalElement& element);
     void set_attribute(const dgGraphicalAttribute& attribute);
     void draw_primitive(const dgGraphicalPrimitive& primitive);
+    void draw_run(const dgPrimitiveRun& run);
+    void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans);
+
+    /// The attribute of a type code that was set in the present context, or null where the default holds.
+    const dgGraphicalAttribute* attribute(int type) const { return the_attributes[type]; }
+
+    /// From the coordinates of the present context to world space.
+    const giXform3& transform() const { return the_transform; }
 
     /// Draws a structure and all that it calls between begin and end, in a context of its own. A structure that is
     /// already being drawn is not entered again, so that cycles end.
@@ -145,7 +155,6 @@ private:
         giXform3 transform;
     };
     void draw_steps(const dgStructure& structure, int through_action);
-    void draw_run_through_action(const dgPrimitiveRun& run);
 
     dgWindow* the_windows[2];
     const gwWindow* the_input_window;

@@ -5,6 +5,7 @@
 #include "dgGraphicalElement.h"
 #include "dgStamp.h"
 #include "dgTransform.h"
+#include "dgWorldTransform.h"
 
 #include "giXform3.h"
 
@@ -155,6 +156,11 @@ const giBox3& dgStructure::bounding_box() const
             if (element.type() == dgTYPE_TRANSFORM)
             {
                 transforms.back() = static_cast<const dgTransform&>(element).transform() * transforms.back();
+                return;
+            }
+            if (element.type() == dgTYPE_WORLD_TRANSFORM)
+            {
+                transforms.back() = static_cast<const dgWorldTransform&>(element).transform();
                 return;
             }
             const giBox3 element_box = element.bounding_box();

@@ -2,9 +2,11 @@
 
 #include "dgExport.h"
 
+class dgGraphicalElement;
 class dgGraphicalPrimitive;
 class dgRenderer;
 class dgStructure;
+struct dgPrimitiveRun;
 
 /// Sees every primitive of a network drawing before it is drawn. Installed with dgRenderer::render_action.
 ///
@@ -21,8 +23,18 @@ public:
     virtual void start_network(dgRenderer&, const dgStructure*) {}
     virtual void end_network(dgRenderer&) {}
 
+    /// Asked when all primitives were met; 1 to meet them once more before the end.
+    virtual int another_pass(dgRenderer&) { return 0; }
+
+    /// Draws what is to be drawn of primitives that follow on each other under one state, which is in force. By default
+    /// asks about each of them.
+    virtual void run(dgRenderer& renderer, const dgPrimitiveRun& run);
+
     /// 1 to draw the primitive, 0 to skip it.
-    virtual int primitive(dgRenderer& renderer, const dgGraphicalPrimitive& primitive) = 0;
+    virtual int primitive(dgRenderer&, const dgGraphicalPrimitive&) { return 1; }
+
+    /// 1 to execute an element that is neither attribute, primitive nor call, such as an application's own.
+    virtual int element(dgRenderer&, const dgGraphicalElement&) { return 1; }
 
 private:
     friend class dgRenderer;

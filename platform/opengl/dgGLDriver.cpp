@@ -376,6 +376,17 @@ void dgGLDriver::draw_run(const dgPrimitiveRun& run)
     draw_ranges(mode_of(run.topology), ranges);
 }
 
+void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
+{
+    flush();
+    the_device.geometry().store(run, spans, the_selected);
+    if (the_selected.empty())
+        return;
+    prepare(run.topology, run.has_normals);
+    the_device.geometry().bind();
+    draw_ranges(mode_of(run.topology), the_selected);
+}
+
 void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
 {
     dgGLGeometryStore& store = the_device.geometry();

@@ -33,6 +33,7 @@ public:
     void set_model_transform(const giXform3& model_to_world) override;
     void set_state(const dgDrawState& state) override;
     void draw_run(const dgPrimitiveRun& run) override;
+    void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
@@ -90,4 +91,6 @@ private:
     dgTopology the_pending_topology = dgTOPOLOGY_POINTS;
     int the_pending_normals = 0;
     dgGLIndexRanges the_pending;
+
+    dgGLIndexRanges the_selected; // the features that were drawn last
 };

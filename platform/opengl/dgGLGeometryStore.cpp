@@ -221,6 +221,35 @@ const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
     return cache->ranges;
 }
 
+void dgGLGeometryStore::store(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans,
+                              dgGLIndexRanges& ranges)
+{
+    ranges.clear();
+    const dgGLIndexRanges& all = store(run);
+    const auto scale = static_cast<std::uint64_t>(vertices_per_feature(run.topology));
+    std::size_t piece = 0;
+    std::uint64_t start = 0; // of the piece, in indices from the start of the run
+    for (const dgFeatureSpan& span : spans)
+    {
+        std::uint64_t low = scale * static_cast<std::uint64_t>(span.first);
+        const std::uint64_t high = low + scale * static_cast<std::uint64_t>(span.count);
+        while (low < high && piece < all.counts.size())
+        {
+            const auto count = static_cast<std::uint64_t>(all.counts[piece]);
+            if (low >= start + count)
+            {
+                start += count;
+                ++piece;
+                continue;
+            }
+            const std::uint64_t end = std::min(high, start + count);
+            const auto first = reinterpret_cast<std::uintptr_t>(all.offsets[piece]) / sizeof(std::uint32_t);
+            ranges.add(static_cast<unsigned>(first + (low - start)), static_cast<unsigned>(end - low));
+            low = end;
+        }
+    }
+}
+
 void dgGLGeometryStore::bind() const
 {
     glBindVertexArray(the_buffers->vertex_array);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgGeometry.h"
+#include "dgRunSampling.h"
 #include "dg_openglExport.h"
 
 #include <cstddef>
@@ -32,7 +33,7 @@ class DG_OPENGL_EXPORT dgGLGeometryStore : public dgGeometryListener
 {
 public:
     /// Triangles in a chunk.
-    static constexpr unsigned chunk_triangles = 256;
+    static constexpr unsigned chunk_triangles = dgRunSampling::chunk_triangles;
 
     /// Where a primitive lies.
     struct Record
@@ -57,6 +58,9 @@ public:
 
     /// The ranges of a run, kept with it until one of its primitives changes.
     const dgGLIndexRanges& store(const dgPrimitiveRun& run);
+
+    /// Sets ranges to those of some features of a run, which are copied first where they have changed.
+    void store(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans, dgGLIndexRanges& ranges);
 
     /// Binds the vertex array that holds both buffers.
     void bind() const;

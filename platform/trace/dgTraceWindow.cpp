@@ -120,6 +120,14 @@ public:
             features += primitive->geometry().nfeatures;
         drawn(Line("draw") << topology_name(run.topology) << features << "of" << run.primitives.size(), features);
     }
+    void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) override
+    {
+        int features = 0;
+        for (const dgFeatureSpan& span : spans)
+            features += span.count;
+        drawn(Line("draw_part") << topology_name(run.topology) << features << "of" << run.sampling().features(),
+              features);
+    }
     void draw_primitive(const dgGraphicalPrimitive& primitive) override
     {
         const dgGeometry geometry = primitive.geometry();

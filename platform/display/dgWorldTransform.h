@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dgGraphicalAttribute.h"
+#include "giXform3.h"
+
+/// Places what follows straight in world space, in place of all transforms in force: flattened structures use it, which
+/// have no calls.
+class DG_EXPORT dgWorldTransform : public dgGraphicalAttribute
+{
+public:
+    explicit dgWorldTransform(const giXform3& transform)
+        : dgGraphicalAttribute(dgTYPE_WORLD_TRANSFORM), the_transform(transform)
+    {}
+
+    const giXform3& transform() const { return the_transform; }
+
+    dgWorldTransform* copy() const override;
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+
+protected:
+    int equal_value(const dgGraphicalAttribute& other) const override;
+
+private:
+    giXform3 the_transform;
+};

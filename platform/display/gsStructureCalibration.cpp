@@ -1,0 +1,142 @@
+#include "gsStructureCalibration.h"
+
+#include "apHighResTime.h"
+#include "dgCompiledStructure.h"
+#include "dgRenderer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace
+{
+// Where the sample starts, and by how much it may grow from one pass to the next.
+constexpr double first_share = 1 / 1024.0;
+constexpr double largest_growth = 4;
+
+// How much of the time a piece may take, so that little is drawn too much, and how little, so that waiting for pieces
+// costs little.
+constexpr double largest_piece = 1 / 16.0;
+constexpr double smallest_piece = 1 / 1000.0;
+constexpr long long first_piece = 256;
+}
+
+gsStructureCalibration::gsStructureCalibration(double frame_time) : the_frame_time(frame_time) {}
+
+void gsStructureCalibration::start_network(dgRenderer&, const dgStructure*)
+{
+    const int limited = the_frame_time > 0;
+    the_elapsed = 0;
+    for (int kind : {0, 1})
+        the_drawn[kind] = the_total[kind] = 0;
+    the_share_done = 0;
+    the_share_aim = limited ? first_share : 1;
+    the_first_pass = 1;
+    the_out_of_time = 0;
+    the_piece = limited ? first_piece : std::numeric_limits<long long>::max();
+    the_unread = 0;
+    the_small_runs = 0;
+    the_start = apHighResTime::time();
+}
+
+void gsStructureCalibration::run(dgRenderer& renderer, const dgPrimitiveRun& run)
+{
+    const dgRunSampling& sampling = run.sampling();
+    const int kind = run.topology == dgTOPOLOGY_TRIANGLES;
+    const int features = sampling.features();
+    if (the_first_pass)
+        the_total[kind] += features;
+    if (the_out_of_time)
+        return;
+    the_spans.clear();
+    if (sampling.indivisible())
+    {
+        const double place = dg_even_sequence(the_small_runs++);
+        if (features && place >= the_share_done && place < the_share_aim)
+            the_spans.push_back({0, features});
+    }
+    else
+    {
+        const auto end_of = [features](double share) { return static_cast<int>(std::lround(features * share)); };
+        sampling.sample(end_of(the_share_done), end_of(the_share_aim), the_spans);
+    }
+    draw(renderer, run, kind);
+}
+
+void gsStructureCalibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)
+{
+    the_piece_spans.clear();
+    const auto draw_piece = [&]
+    {
+        if (!the_piece_spans.empty())
+            renderer.draw_features(run, the_piece_spans);
+        the_piece_spans.clear();
+    };
+    for (dgFeatureSpan span : the_spans)
+    {
+        while (span.count > 0 && !the_out_of_time)
+        {
+            const int count = static_cast<int>(std::min<long long>(span.count, the_piece - the_unread));
+            the_piece_spans.push_back({span.first, count});
+            span.first += count;
+            span.count -= count;
+            the_drawn[kind] += count;
+            the_unread += count;
+            if (the_unread < the_piece)
+                continue;
+            draw_piece();
+            read_clock(renderer);
+        }
+    }
+    draw_piece();
+}
+
+void gsStructureCalibration::read_clock(dgRenderer& renderer)
+{
+    renderer.finish();
+    the_elapsed = apHighResTime::time_diff(the_start, apHighResTime::time());
+    the_unread = 0;
+    if (!(the_frame_time > 0))
+        return;
+    the_out_of_time = the_elapsed >= the_frame_time;
+    long long piece = 2 * the_piece;
+    if (the_elapsed > 0)
+    {
+        const double in_frame_time = static_cast<double>(drawn()) * the_frame_time / the_elapsed;
+        const double in_time_left = in_frame_time * (1 - the_elapsed / the_frame_time);
+        const double most = std::min(in_frame_time * largest_piece, in_time_left);
+        piece = std::min(piece, static_cast<long long>(std::max(most, in_frame_time * smallest_piece)));
+    }
+    the_piece = std::max(piece, 1ll);
+}
+
+int gsStructureCalibration::another_pass(dgRenderer& renderer)
+{
+    the_first_pass = 0;
+    the_small_runs = 0;
+    the_share_done = the_share_aim;
+    if (the_out_of_time || the_share_done >= 1)
+        return 0;
+    if (the_unread)
+        read_clock(renderer);
+    if (the_out_of_time)
+        return 0;
+    // Aimed a little short of the time left, so that the last pass, which the end of the time cuts off in the middle of
+    // the network, draws little.
+    double aim = the_share_done * largest_growth;
+    if (the_elapsed > 0)
+        aim = std::min(aim, the_share_done * 0.97 * the_frame_time / the_elapsed);
+    the_share_aim = std::min(1.0, std::max(aim, the_share_done * 1.02));
+    return 1;
+}
+
+void gsStructureCalibration::end_network(dgRenderer& renderer)
+{
+    if (the_unread || !(the_frame_time > 0))
+        read_clock(renderer);
+}
+
+int gsStructureCalibration::element(dgRenderer&, const dgGraphicalElement&)
+{
+    return the_first_pass;
+}

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "dgRunSampling.h"
+#include "gsRenderAction.h"
+
+#include <vector>
+
+/// Draws as much of a network as the time of one frame allows, and counts. Primitives are counted as triangles, line
+/// segments and points.
+///
+/// What is drawn is a sample spread evenly over the network, as gsStructureSkipper draws it, that grows until the time
+/// has passed, in the middle of a primitive if need be. Each reading of the clock comes after the drawing is finished.
+class DG_EXPORT gsStructureCalibration : public gsRenderAction
+{
+public:
+    /// Seconds to draw for; 0 and less is no limit.
+    explicit gsStructureCalibration(double frame_time);
+
+    /// Seconds that the drawing took.
+    double elapsed_time() const { return the_elapsed; }
+
+    /// What was drawn and what the network has, of one kind: 0 lines and points, 1 surfaces.
+    int prims_drawn(int kind) const { return static_cast<int>(the_drawn[kind]); }
+    int prims_total(int kind) const { return static_cast<int>(the_total[kind]); }
+
+    void start_network(dgRenderer& renderer, const dgStructure* structure) override;
+    void end_network(dgRenderer& renderer) override;
+    int another_pass(dgRenderer& renderer) override;
+    void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
+    int element(dgRenderer& renderer, const dgGraphicalElement& element) override;
+
+private:
+    void draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind);
+    void read_clock(dgRenderer& renderer);
+    long long drawn() const { return the_drawn[0] + the_drawn[1]; }
+
+    double the_frame_time;
+    double the_start = 0;
+    double the_elapsed = 0; // when the clock was last read
+    long long the_drawn[2] = {};
+    long long the_total[2] = {};
+
+    // Each pass draws the part of the sampling order from one share to the next.
+    double the_share_done = 0;
+    double the_share_aim = 1;
+    int the_first_pass = 1;
+    int the_out_of_time = 0;
+
+    long long the_piece = 0;     // primitives to draw before the clock is read again
+    long long the_unread = 0;    // drawn since
+    unsigned the_small_runs = 0; // met so far in this pass
+    std::vector<dgFeatureSpan> the_spans;
+    std::vector<dgFeatureSpan> the_piece_spans;
+};

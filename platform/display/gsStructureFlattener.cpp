@@ -1,0 +1,203 @@
+#include "gsStructureFlattener.h"
+
+#include "apHighResTime.h"
+#include "dgAttributeArray.h"
+#include "dgBackSurfaceColour.h"
+#include "dgColourAttribute.h"
+#include "dgCompiledStructure.h"
+#include "dgGraphicalPrimitive.h"
+#include "dgRenderer.h"
+#include "dgS.h"
+#include "dgStructureCall.h"
+#include "dgWorldTransform.h"
+
+namespace
+{
+struct Range
+{
+    int first, last;
+};
+
+// The attributes that primitives of each type use.
+constexpr Range line_range[] = {{0, 2}};
+constexpr Range text_range[] = {{3, 20}};
+constexpr Range marker_range[] = {{21, 24}};
+constexpr Range curve_range[] = {{0, 2}, {72, 72}};
+constexpr Range surface_range[] = {{22, 23}, {0, 2}, {25, 66}, {71, 74}, {69, 69}};
+constexpr Range area_range[] = {{0, 2}, {25, 66}};
+constexpr Range any_range[] = {{0, 66}, {69, 74}};
+
+template <class Visit>
+void for_each_attribute(dgGraphicalPrimitiveType type, Visit visit)
+{
+    const auto walk = [&](const auto& ranges)
+    {
+        for (const Range& range : ranges)
+            for (int i = range.first; i <= range.last; ++i)
+                visit(i);
+    };
+    switch (type)
+    {
+    case dgPRIMITIVE_LINES:
+    case dgPRIMITIVE_LINES_2D: walk(line_range); return;
+    case dgPRIMITIVE_TEXT: walk(text_range); return;
+    case dgPRIMITIVE_MARKERS: walk(marker_range); return;
+    case dgPRIMITIVE_CURVE: walk(curve_range); return;
+    case dgPRIMITIVE_SURFACE: walk(surface_range); return;
+    case dgPRIMITIVE_FILL_AREA: walk(area_range); return;
+    case dgPRIMITIVE_ANY: walk(any_range); return;
+    }
+}
+
+// Structures count references on their elements, which a const pointer does not allow.
+template <class Element>
+Element* shared(const Element* element)
+{
+    return const_cast<Element*>(element);
+}
+}
+
+gsStructureFlattener::gsStructureFlattener(dgStructure* root, dgStructure* target, double frame_time)
+    : the_root(root), the_target(target), the_frame_time(frame_time)
+{}
+
+gsStructureFlattener::~gsStructureFlattener() = default;
+
+int gsStructureFlattener::final_refresh_non_flattened() const
+{
+    return the_draws_by_itself || the_given_up || !flat_root_matches();
+}
+
+int gsStructureFlattener::flat_root_matches() const
+{
+    return the_written && the_root->network_stamp() == the_root_stamp;
+}
+
+void gsStructureFlattener::start_network(dgRenderer&, const dgStructure* structure)
+{
+    the_writing = structure == the_root.get() && !the_written;
+    if (the_writing)
+        the_root_stamp = the_root->network_stamp();
+}
+
+void gsStructureFlattener::end_network(dgRenderer&)
+{
+    the_written |= the_writing;
+    the_writing = 0;
+}
+
+void gsStructureFlattener::run(dgRenderer& renderer, const dgPrimitiveRun& run)
+{
+    renderer.draw_run(run);
+    if (!the_writing || the_given_up)
+        return;
+    const double started = apHighResTime::time();
+    write_run(renderer, run);
+    check_time(started);
+}
+
+int gsStructureFlattener::element(dgRenderer& renderer, const dgGraphicalElement& element)
+{
+    if (!the_writing || the_given_up)
+        return 1;
+    const double started = apHighResTime::time();
+    if (element.type() == dgTYPE_APP_ELEMENT)
+    {
+        // It may look at any attribute.
+        the_draws_by_itself = 1;
+        write_state(renderer, dgPRIMITIVE_ANY);
+    }
+    the_target->add(shared(&element));
+    check_time(started);
+    return 1;
+}
+
+void gsStructureFlattener::write_run(const dgRenderer& renderer, const dgPrimitiveRun& run)
+{
+    int state_of = -1; // the type that the state was last written for
+    for (const dgGraphicalPrimitive* primitive : run.primitives)
+    {
+        if (const int type = primitive->primitive_type(); type != state_of)
+        {
+            write_state(renderer, primitive->primitive_type());
+            state_of = type;
+        }
+        the_target->add(shared(primitive));
+    }
+}
+
+void gsStructureFlattener::write_state(const dgRenderer& renderer, dgGraphicalPrimitiveType type)
+{
+    // Points are not brought to world space one by one: their rounding would move pixels.
+    if (!(renderer.transform() == the_transform))
+    {
+        the_transform = renderer.transform();
+        the_target->add(new dgWorldTransform(the_transform));
+    }
+    for_each_attribute(type,
+                       [&](int i)
+                       {
+                           if (i == dgTYPE_BACK_SURFACE_COLOUR)
+                               write_back_colour(renderer);
+                           else
+                               write_attribute(renderer, i);
+                       });
+}
+
+void gsStructureFlattener::write_attribute(const dgRenderer& renderer, int type)
+{
+    const dgGraphicalAttribute* before = the_attributes[type].get();
+    const dgGraphicalAttribute* now = renderer.attribute(type);
+    if (now == before)
+        return;
+    const dgGraphicalAttribute* standard = dgS::attribute_array().query(type);
+    if (!before)
+        before = standard;
+    if (!now)
+        now = standard;
+    if (now && !(before && now->equal(*before)))
+        write(shared(now));
+}
+
+// Back faces take the front colour until one of their own is set, which cannot be taken back within a structure: from
+// then on the front colour is written for them too.
+void gsStructureFlattener::write_back_colour(const dgRenderer& renderer)
+{
+    const dgGraphicalAttribute* before = the_attributes[dgTYPE_BACK_SURFACE_COLOUR].get();
+    const dgGraphicalAttribute* now = renderer.attribute(dgTYPE_BACK_SURFACE_COLOUR);
+    if (now == before)
+        return;
+    if (now)
+    {
+        if (!before || !now->equal(*before))
+            write(shared(now));
+        return;
+    }
+    const dgGraphicalAttribute* front = renderer.attribute(dgTYPE_SURFACE_COLOUR);
+    if (!front)
+        front = dgS::attribute_array().query(dgTYPE_SURFACE_COLOUR);
+    const gsColour colour = front ? static_cast<const dgColourAttribute*>(front)->colour() : gsColour(0.8, 0.8, 0.8);
+    if (!(static_cast<const dgColourAttribute*>(before)->colour() == colour))
+        write(new dgBackSurfaceColour(colour));
+}
+
+void gsStructureFlattener::write(dgGraphicalAttribute* attribute)
+{
+    the_attributes[attribute->type()] = dgRef<dgGraphicalAttribute>(attribute);
+    the_target->add(attribute);
+}
+
+void gsStructureFlattener::check_time(double started)
+{
+    the_written_time += apHighResTime::time_diff(started, apHighResTime::time());
+    if (the_frame_time >= 0 && the_written_time > the_frame_time)
+        give_up();
+}
+
+// A call of the root keeps the picture whole, which half of the equivalent would not.
+void gsStructureFlattener::give_up()
+{
+    the_given_up = 1;
+    the_target->clear();
+    the_target->add(new dgStructureCall(the_root.get()));
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "dgRunSampling.h"
+#include "gsRenderAction.h"
+
+#include <vector>
+
+/// Draws a share of a network, spread evenly over all of its primitives and over the inside of large ones. The share is
+/// the same primitives on every drawing. Primitives are counted as triangles, line segments and points.
+class DG_EXPORT gsStructureSkipper : public gsRenderAction
+{
+public:
+    /// total is what the network has in all; ratio is the share to draw: 0 draws none, 1 all.
+    gsStructureSkipper(int total, double ratio);
+
+    /// How many of them are to be drawn.
+    int wanted() const { return the_wanted; }
+
+    void start_network(dgRenderer& renderer, const dgStructure* structure) override;
+    void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
+
+private:
+    int the_wanted;
+    double the_ratio;
+    double the_carry = 0;        // what rounding has left over from the runs before
+    unsigned the_small_runs = 0; // met so far in this drawing
+    std::vector<dgFeatureSpan> the_spans;
+};
