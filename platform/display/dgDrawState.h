@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dgTextStyle.h"
 #include "giBox2.h"
 #include "giXform3.h"
 
@@ -16,6 +17,7 @@ struct dgDrawState
     int line_style = 0;
     int interior_style = 1;
     int lighting = 1;
+    dgTextStyle text;
 
     bool operator==(const dgDrawState&) const = default;
 };

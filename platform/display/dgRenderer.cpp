@@ -9,6 +9,9 @@
 #include "dgNumberAttribute.h"
 #include "dgS.h"
 #include "dgStructure.h"
+#include "dgTextAlignment.h"
+#include "dgTextDirection.h"
+#include "dgTextFont.h"
 #include "dgTransform.h"
 #include "dgWindow.h"
 #include "dgWorldTransform.h"
@@ -179,6 +182,21 @@ void dgRenderer::render_action(gsRenderAction* action)
 void dgRenderer::set_in_pipeline_context(const dgDrawQuality* quality)
 {
     the_draw_quality = quality ? *quality : dgDrawQuality();
+}
+
+dgTextFont* dgRenderer::get_text_font(int slot) const
+{
+    const auto found = the_text_fonts.find(slot);
+    return found == the_text_fonts.end() ? nullptr : found->second.get();
+}
+
+void dgRenderer::set_text_font(dgTextFont* font, int slot)
+{
+    the_state_changed = 1;
+    if (font)
+        the_text_fonts[slot] = dgRef<dgTextFont>(font);
+    else
+        the_text_fonts.erase(slot);
 }
 
 void dgRenderer::push_structure()
@@ -376,6 +394,22 @@ void dgRenderer::flush_state()
     number(dgTYPE_MARKER_SIZE, state.marker_size);
     number(dgTYPE_INTERIOR_STYLE, state.interior_style);
     number(dgTYPE_LIGHTING, state.lighting);
+    int slot = 0;
+    number(dgTYPE_TEXT_FONT_SLOT, slot);
+    state.text.font = get_text_font(slot);
+    number(dgTYPE_TEXT_HEIGHT, state.text.height);
+    number(dgTYPE_TEXT_WIDTH_FACTOR, state.text.width_factor);
+    number(dgTYPE_TEXT_SPACING, state.text.spacing);
+    if (const auto* direction = static_cast<const dgTextDirection*>(attribute(dgTYPE_TEXT_DIRECTION)))
+    {
+        state.text.baseline = direction->baseline();
+        state.text.up = direction->up();
+    }
+    if (const auto* alignment = static_cast<const dgTextAlignment*>(attribute(dgTYPE_TEXT_ALIGNMENT)))
+    {
+        state.text.horizontal = alignment->horizontal();
+        state.text.vertical = alignment->vertical();
+    }
     driver()->set_state(state);
 }
 

@@ -4,11 +4,13 @@
 #include "dgDrawState.h"
 #include "dgEnums.h"
 #include "dgExport.h"
+#include "dgRef.h"
 #include "giBox2.h"
 #include "giXform3.h"
 #include "gsColour.h"
 
 #include <array>
+#include <map>
 #include <memory>
 #include <vector>
 
@@ -18,6 +20,7 @@ class dgGraphicalAttribute;
 class dgGraphicalElement;
 class dgGraphicalPrimitive;
 class dgStructure;
+class dgTextFont;
 class dgWindow;
 class gsRenderAction;
 class gwWindow;
@@ -99,6 +102,12 @@ public:
     /// Copies the record; null puts the default back.
     void set_in_pipeline_context(const dgDrawQuality* quality);
 
+    /// The font of a numbered slot, from 0 without a limit; null when the slot is free.
+    dgTextFont* get_text_font(int slot) const;
+
+    /// References the font in place of the one before; null clears the slot.
+    void set_text_font(dgTextFont* font, int slot);
+
     /// Whether frames are accumulated for smooth edges.
     int accumulate() const { return the_accumulate; }
     void accumulate(int on) { the_accumulate = on; }
@@ -170,6 +179,7 @@ private:
     gsColour the_cue_colour{0, 0, 0};
     gsRenderAction* the_render_action = nullptr;
     dgDrawQuality the_draw_quality;
+    std::map<int, dgRef<dgTextFont>> the_text_fonts; // by slot
     const dgCamera* the_camera = nullptr;
 
     // The context: attributes that were set, null where the default holds; undone level by level.

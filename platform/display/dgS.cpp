@@ -12,7 +12,13 @@
 #include "dgMarkerSize.h"
 #include "dgRenderer.h"
 #include "dgSurfaceColour.h"
+#include "dgTextAlignment.h"
 #include "dgTextColour.h"
+#include "dgTextDirection.h"
+#include "dgTextFontSlot.h"
+#include "dgTextHeight.h"
+#include "dgTextSpacing.h"
+#include "dgTextWidthFactor.h"
 #include "dgView.h"
 
 #include <utility>
@@ -94,6 +100,12 @@ dgAttributeArray::dgAttributeArray()
     set(new dgLineColour(white));
     set(new dgLineStyle(0));
     set(new dgLineWidth(1));
+    set(new dgTextFontSlot(0));
+    set(new dgTextHeight(1));
+    set(new dgTextWidthFactor(1));
+    set(new dgTextSpacing(0));
+    set(new dgTextDirection(giVector3(1, 0, 0), giVector3(0, 1, 0)));
+    set(new dgTextAlignment(dgTEXT_LEFT, dgTEXT_BASELINE));
     set(new dgTextColour(white));
     set(new dgMarkerColour(white));
     set(new dgMarkerSize(1));

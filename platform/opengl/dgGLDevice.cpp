@@ -3,6 +3,7 @@
 #include "dgGLContext.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
+#include "dgGLTextStore.h"
 
 #include <epoxy/gl.h>
 
@@ -34,7 +35,7 @@ std::shared_ptr<dgGLDevice> dgGLDevice::create_off_screen(std::string& error)
 
 dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
     : the_context(std::move(context)), the_programs(std::make_unique<dgGLPrograms>()),
-      the_geometry(std::make_unique<dgGLGeometryStore>())
+      the_geometry(std::make_unique<dgGLGeometryStore>()), the_texts(std::make_unique<dgGLTextStore>())
 {
     glGenBuffers(1, &the_stream_buffer);
     glGenVertexArrays(1, &the_stream_array);
@@ -53,6 +54,7 @@ dgGLDevice::~dgGLDevice()
     the_context->make_current();
     glDeleteVertexArrays(1, &the_stream_array);
     glDeleteBuffers(1, &the_stream_buffer);
+    the_texts.reset();
     the_geometry.reset();
     the_programs.reset();
 }

@@ -8,6 +8,7 @@
 class dgGLContext;
 class dgGLGeometryStore;
 class dgGLPrograms;
+class dgGLTextStore;
 
 /// What all windows that draw in one OpenGL context share: programs, buffers and the copies of the geometry.
 ///
@@ -30,6 +31,7 @@ public:
     dgGLContext& context() { return *the_context; }
     dgGLGeometryStore& geometry() { return *the_geometry; }
     dgGLPrograms& programs() { return *the_programs; }
+    dgGLTextStore& texts() { return *the_texts; }
 
     /// The driver's own name and version, and how the context was made.
     std::string name() const;
@@ -57,6 +59,7 @@ private:
     std::unique_ptr<dgGLContext> the_context;
     std::unique_ptr<dgGLPrograms> the_programs;
     std::unique_ptr<dgGLGeometryStore> the_geometry;
+    std::unique_ptr<dgGLTextStore> the_texts;
     unsigned the_stream_buffer = 0;
     unsigned the_stream_array = 0;
     float the_line_width_limit = 1;

@@ -4,9 +4,11 @@
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
 #include "dgGLPrograms.h"
+#include "dgGLTextStore.h"
 #include "dgGLWindow.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgImage.h"
+#include "dgText.h"
 #include "giPoint3.h"
 #include "gsColour.h"
 
@@ -80,7 +82,8 @@ unsigned mode_of(dgTopology topology)
     {
     case dgTOPOLOGY_POINTS: return GL_POINTS;
     case dgTOPOLOGY_LINES: return GL_LINES;
-    case dgTOPOLOGY_TRIANGLES: return GL_TRIANGLES;
+    case dgTOPOLOGY_TRIANGLES:
+    case dgTOPOLOGY_TEXT: return GL_TRIANGLES;
     }
     return GL_POINTS;
 }
@@ -314,6 +317,7 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals)
         update_transforms();
     const int triangles = topology == dgTOPOLOGY_TRIANGLES;
     const int lines = topology == dgTOPOLOGY_LINES;
+    const int text = topology == dgTOPOLOGY_TEXT;
     dgGLProgramKind kind;
     // What inverts has no shades: every pixel that it covers is treated alike.
     if (triangles && the_state.lighting && !the_inverting)
@@ -340,6 +344,7 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals)
         program->topology = topology;
         const float* front = triangles ? the_state.front_colour
                              : lines   ? the_state.line_colour
+                             : text    ? the_state.text_colour
                                        : the_state.marker_colour;
         glUniform3fv(program->front_colour, 1, front);
         glUniform3fv(program->back_colour, 1, triangles ? the_state.back_colour : front);
@@ -368,6 +373,8 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals)
 void dgGLDriver::draw_run(const dgPrimitiveRun& run)
 {
     flush();
+    if (run.topology == dgTOPOLOGY_TEXT)
+        return draw_texts(run, 0, static_cast<int>(run.primitives.size()));
     const dgGLIndexRanges& ranges = the_device.geometry().store(run);
     if (ranges.empty())
         return;
@@ -379,6 +386,12 @@ void dgGLDriver::draw_run(const dgPrimitiveRun& run)
 void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
 {
     flush();
+    if (run.topology == dgTOPOLOGY_TEXT)
+    {
+        for (const dgFeatureSpan& span : spans)
+            draw_texts(run, span.first, span.first + span.count);
+        return;
+    }
     the_device.geometry().store(run, spans, the_selected);
     if (the_selected.empty())
         return;
@@ -387,20 +400,35 @@ void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
     draw_ranges(mode_of(run.topology), the_selected);
 }
 
+// What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.
+void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
+{
+    for (int i = first; i < end; ++i)
+        draw_primitive(*run.primitives[static_cast<std::size_t>(i)]);
+    flush();
+}
+
 void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
+{
+    const dgGeometry geometry = primitive.geometry();
+    if (geometry.topology != dgTOPOLOGY_TEXT)
+        return draw_stored(primitive, geometry.topology, geometry.normals != nullptr);
+    const auto& text = static_cast<const dgText&>(primitive);
+    draw_stored(the_device.texts().triangles(text, the_state.text, the_inverting), dgTOPOLOGY_TEXT, 0);
+}
+
+void dgGLDriver::draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals)
 {
     dgGLGeometryStore& store = the_device.geometry();
     // Copying may use the room of one that has gone since, but was drawn before.
     if (!store.is_stored(primitive))
         flush();
-    const dgGeometry geometry = primitive.geometry();
-    const int has_normals = geometry.normals != nullptr;
-    if (!the_pending.empty() && (geometry.topology != the_pending_topology || has_normals != the_pending_normals))
+    if (!the_pending.empty() && (topology != the_pending_topology || has_normals != the_pending_normals))
         flush();
     const dgGLGeometryStore::Record& record = store.store(primitive);
     if (record.index_count == 0)
         return;
-    the_pending_topology = geometry.topology;
+    the_pending_topology = topology;
     the_pending_normals = has_normals;
     the_pending.add(record.first_index, record.index_count);
 }

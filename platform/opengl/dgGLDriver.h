@@ -52,6 +52,8 @@ private:
     void prepare(dgTopology topology, int has_normals);
     void update_transforms();
     void flush();
+    void draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals);
+    void draw_texts(const dgPrimitiveRun& run, int first, int end);
 
     dgGLWindow& the_window;
     dgGLDevice& the_device;

@@ -62,6 +62,7 @@ unsigned vertices_per_feature(dgTopology topology)
     case dgTOPOLOGY_POINTS: return 1;
     case dgTOPOLOGY_LINES: return 2;
     case dgTOPOLOGY_TRIANGLES: return 3;
+    case dgTOPOLOGY_TEXT: return 0; // has no geometry of its own to be stored
     }
     return 1;
 }
@@ -359,6 +360,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
             indices.add(std::uint32_t(base + i + 1));
         }
         break;
+    case dgTOPOLOGY_TEXT: break;
     case dgTOPOLOGY_TRIANGLES:
         const unsigned nchunks = (nfeatures + chunk_triangles - 1) / chunk_triangles;
         for (const unsigned chunk : dg_gl_chunk_order(nchunks))

@@ -55,6 +55,7 @@ const char* topology_name(dgTopology topology)
     case dgTOPOLOGY_POINTS: return "points";
     case dgTOPOLOGY_LINES: return "lines";
     case dgTOPOLOGY_TRIANGLES: return "triangles";
+    case dgTOPOLOGY_TEXT: return "text";
     }
     return "unknown";
 }

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "dgGeometry.h"
+#include "dgRef.h"
+#include "dgTextStyle.h"
+#include "dgTriangleBlock.h"
+
+#include <unordered_map>
+#include <vector>
+
+class dgText;
+
+/// The triangles of texts, made when a text is first drawn under a style and kept until the text changes or goes.
+///
+/// Glyphs are triangulated once for each font. Of texts that invert pixels, glyphs that reach into each other are
+/// triangulated together, so that no pixel is covered twice.
+class dgGLTextStore : public dgGeometryListener
+{
+public:
+    /// A primitive that looks like the text, for the geometry store.
+    const dgTriangleBlock& triangles(const dgText& text, const dgTextStyle& style, int inverting);
+
+    void geometry_released(unsigned geometry_id) override;
+
+private:
+    struct Variant
+    {
+        unsigned long long text_stamp;
+        unsigned long long font_serial;
+        dgTextStyle style;
+        int inverting;
+        dgRef<dgTriangleBlock> block;
+    };
+    struct Entry
+    {
+        std::vector<Variant> variants;
+        std::size_t oldest = 0; // that is replaced next when there are too many
+    };
+    std::unordered_map<unsigned, Entry> the_entries; // by geometry number
+};

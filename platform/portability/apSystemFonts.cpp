@@ -1,0 +1,97 @@
+#include "apSystemFonts.h"
+
+#include "apSystemFontHost.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <utility>
+
+namespace
+{
+apSystemFontsOverride* the_override = nullptr;
+
+class TableListing : public apSystemFontHost::Listing
+{
+public:
+    explicit TableListing(std::vector<apSystemFace> faces) : the_faces(std::move(faces)) {}
+
+    void enumerate(const char* family, const apSystemFonts::Callback& callback) const override
+    {
+        std::set<std::string> seen;
+        for (const apSystemFace& face : the_faces)
+            if (family ? face.family == family : seen.insert(face.family).second)
+                callback(face);
+    }
+
+private:
+    std::vector<apSystemFace> the_faces;
+};
+
+char lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+int same_name(const std::string& a, const std::string& b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
+}
+}
+
+struct apSystemFonts::List
+{
+    std::unique_ptr<apSystemFontHost::Listing> listing;
+};
+
+apSystemFonts::apSystemFonts() : the_list(std::make_unique<List>())
+{
+    the_list->listing.reset(the_override ? new TableListing(the_override->faces()) : apSystemFontHost::open());
+}
+
+apSystemFonts::~apSystemFonts() = default;
+
+void apSystemFonts::enumerate(const char* family, const Callback& callback) const
+{
+    if (the_list->listing)
+        the_list->listing->enumerate(family, callback);
+}
+
+int apSystemFonts::add_private(const apPathName& file)
+{
+    return file.valid() && !file.empty() && apSystemFontHost::add_private(file);
+}
+
+int apSystemFonts::remove_private(const apPathName& file)
+{
+    return file.valid() && !file.empty() && apSystemFontHost::remove_private(file);
+}
+
+int apSystemFonts::find_face(const std::string& full_name, apFaceData& data)
+{
+    if (full_name.empty())
+        return 0;
+    if (!the_override)
+        return apSystemFontHost::find_face(full_name, data);
+    for (const apSystemFace& face : the_override->faces())
+        if (same_name(face.full_name, full_name))
+        {
+            data = apFaceData{face.file, face.face_index, {}};
+            return 1;
+        }
+    return 0;
+}
+
+apSystemFontsOverride::apSystemFontsOverride(std::vector<apSystemFace> faces)
+    : the_faces(std::move(faces)), the_previous(std::exchange(the_override, this))
+{}
+
+apSystemFontsOverride::~apSystemFontsOverride()
+{
+    the_override = the_previous;
+}
+
+const apSystemFontsOverride* apSystemFontsOverride::current()
+{
+    return the_override;
+}

@@ -1,0 +1,242 @@
+#include "apSystemFontHost.h"
+
+#include "apFile.h"
+
+#include <fontconfig/fontconfig.h>
+#include <ft2build.h>
+#include FT_FREETYPE_H
+#include FT_TRUETYPE_TABLES_H
+
+#include <algorithm>
+#include <memory>
+#include <strings.h>
+#include <tuple>
+
+namespace
+{
+struct Unreference
+{
+    void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
+    void operator()(FcObjectSet* objects) const { FcObjectSetDestroy(objects); }
+    void operator()(FcFontSet* fonts) const { FcFontSetDestroy(fonts); }
+};
+
+std::string text(const FcPattern* pattern, const char* object, int i)
+{
+    FcChar8* found = nullptr;
+    if (FcPatternGetString(pattern, object, i, &found) != FcResultMatch)
+        return {};
+    return reinterpret_cast<const char*>(found);
+}
+
+// Fonts may carry several names: the typographic ones come before those that group four styles at most. Of these, and
+// so the last one, applications know the English form.
+std::string name(const FcPattern* pattern, const char* object, const char* language_object)
+{
+    std::string found = text(pattern, object, 0);
+    for (int i = 0;; ++i)
+    {
+        const std::string other = text(pattern, object, i);
+        if (other.empty())
+            return found;
+        if (text(pattern, language_object, i).starts_with("en"))
+            found = other;
+    }
+}
+
+int number(const FcPattern* pattern, const char* object, int otherwise)
+{
+    int found = otherwise;
+    FcPatternGetInteger(pattern, object, 0, &found);
+    return found;
+}
+
+// On the scale from 100 to 900. Variable fonts have a range, which is no number and leaves 400.
+int weight(const FcPattern* pattern)
+{
+    double found = FC_WEIGHT_REGULAR;
+    FcPatternGetDouble(pattern, FC_WEIGHT, 0, &found);
+    return static_cast<int>(FcWeightToOpenTypeDouble(found) + 0.5);
+}
+
+FT_Library free_type()
+{
+    static FT_Library library = nullptr;
+    if (!library && FT_Init_FreeType(&library) != 0)
+        library = nullptr;
+    return library;
+}
+
+// Bits of the field of code pages in the OS/2 table, as the OpenType specification numbers them, in the order in which
+// they stand for a font: what makes a font an East Asian one counts more than the Latin letters beside.
+const struct
+{
+    int bit, character_set;
+} code_pages[] = {{31, 2},  {17, 128}, {18, 134}, {19, 129}, {20, 136}, {0, 0},   {2, 204}, {1, 238},
+                  {3, 161}, {4, 162},  {5, 177},  {6, 178},  {7, 186},  {8, 163}, {16, 222}};
+constexpr int western = 0, symbol = 2, unspecified = 1;
+
+// All four East Asian pages at once say that the font serves all of the world rather than one of them.
+int character_set(unsigned long pages)
+{
+    const unsigned long east_asian = 0xful << 17;
+    if ((pages & east_asian) == east_asian && (pages & 1))
+        return western;
+    for (const auto& page : code_pages)
+        if (pages >> page.bit & 1)
+            return page.character_set;
+    return unspecified;
+}
+
+int character_set(const std::string& file, int index)
+{
+    FT_Face face = nullptr;
+    if (!free_type() || FT_New_Face(free_type(), file.c_str(), index, &face) != 0)
+        return unspecified;
+    int found = unspecified;
+    if (const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
+        os2 && os2->version != 0xffff)
+        found = character_set(os2->ulCodePageRange1);
+    // Old fonts claim no pages.
+    if (found == unspecified)
+        found = FT_Select_Charmap(face, FT_ENCODING_MS_SYMBOL) == 0 ? symbol : western;
+    FT_Done_Face(face);
+    return found;
+}
+
+// Faces without their character sets, which cost opening the font.
+std::vector<apSystemFace> list_faces()
+{
+    const std::unique_ptr<FcPattern, Unreference> any(FcPatternCreate());
+    const std::unique_ptr<FcObjectSet, Unreference> objects(
+        FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG, FC_WEIGHT, FC_SLANT, FC_FILE, FC_INDEX,
+                         FC_FONTFORMAT, FC_VARIABLE, static_cast<char*>(nullptr)));
+    const std::unique_ptr<FcFontSet, Unreference> fonts(FcFontList(nullptr, any.get(), objects.get()));
+    std::vector<apSystemFace> faces;
+    if (!fonts)
+        return faces;
+    for (int i = 0; i < fonts->nfont; ++i)
+    {
+        const FcPattern* pattern = fonts->fonts[i];
+        FcBool variable = FcFalse;
+        // A variable font is listed for itself, without a style, and once more for each of its named styles.
+        if (FcPatternGetBool(pattern, FC_VARIABLE, 0, &variable) == FcResultMatch && variable)
+            continue;
+        apSystemFace face;
+        face.family = name(pattern, FC_FAMILY, FC_FAMILYLANG);
+        face.full_name = name(pattern, FC_FULLNAME, FC_FULLNAMELANG);
+        face.weight = weight(pattern);
+        face.italic = number(pattern, FC_SLANT, FC_SLANT_ROMAN) != FC_SLANT_ROMAN;
+        face.font_type = text(pattern, FC_FONTFORMAT, 0) == "TrueType" ? apFONT_TYPE_TRUETYPE : apFONT_TYPE_DEVICE;
+        face.file = text(pattern, FC_FILE, 0);
+        face.face_index = number(pattern, FC_INDEX, 0);
+        if (!face.family.empty() && !face.full_name.empty())
+            faces.push_back(std::move(face));
+    }
+    return faces;
+}
+
+class FontconfigListing : public apSystemFontHost::Listing
+{
+public:
+    FontconfigListing() : the_faces(list_faces())
+    {
+        for (apSystemFace& face : the_faces)
+            face.character_set =
+                face.font_type == apFONT_TYPE_TRUETYPE ? ::character_set(face.file, face.face_index) : unspecified;
+        // fontconfig has no order.
+        std::sort(the_faces.begin(), the_faces.end(),
+                  [](const apSystemFace& a, const apSystemFace& b)
+                  {
+                      return std::tie(a.family, a.full_name, a.file, a.face_index) <
+                             std::tie(b.family, b.full_name, b.file, b.face_index);
+                  });
+    }
+
+    void enumerate(const char* family, const apSystemFonts::Callback& callback) const override
+    {
+        const std::string* last = nullptr;
+        for (const apSystemFace& face : the_faces)
+        {
+            if (family ? face.family == family : !last || face.family != *last)
+                callback(face);
+            last = &face.family;
+        }
+    }
+
+private:
+    std::vector<apSystemFace> the_faces;
+};
+
+std::vector<std::string>& private_files()
+{
+    static std::vector<std::string> files;
+    return files;
+}
+
+int private_font_count()
+{
+    const FcFontSet* fonts = FcConfigGetFonts(nullptr, FcSetApplication);
+    return fonts ? fonts->nfont : 0;
+}
+
+// fontconfig answers yes to files that hold no font.
+int add_to_application_set(const std::string& file)
+{
+    const int before = private_font_count();
+    return FcConfigAppFontAddFile(nullptr, reinterpret_cast<const FcChar8*>(file.c_str())) &&
+           private_font_count() > before;
+}
+}
+
+apSystemFontHost::Listing* apSystemFontHost::open()
+{
+    return new FontconfigListing;
+}
+
+int apSystemFontHost::add_private(const apPathName& path)
+{
+    const std::string& file = path.utf8();
+    std::vector<std::string>& files = private_files();
+    if (!ap_file_exists(path))
+        return 0;
+    if (std::find(files.begin(), files.end(), file) == files.end() && !add_to_application_set(file))
+        return 0;
+    files.push_back(file);
+    return 1;
+}
+
+int apSystemFontHost::remove_private(const apPathName& path)
+{
+    std::vector<std::string>& files = private_files();
+    const auto found = std::find(files.begin(), files.end(), path.utf8());
+    if (found == files.end())
+        return 0;
+    files.erase(found);
+    // Single fonts cannot be taken out: the set is made again from those that stay.
+    FcConfigAppFontClear(nullptr);
+    std::vector<std::string> distinct(files);
+    std::sort(distinct.begin(), distinct.end());
+    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+    for (const std::string& file : distinct)
+        add_to_application_set(file);
+    return 1;
+}
+
+int apSystemFontHost::find_face(const std::string& full_name, apFaceData& data)
+{
+    const apSystemFace* best = nullptr;
+    const std::vector<apSystemFace> faces = list_faces();
+    for (const apSystemFace& face : faces)
+    {
+        if (strcasecmp(face.full_name.c_str(), full_name.c_str()) != 0)
+            continue;
+        // The same name may belong to several formats of one font; the file's name settles what is left.
+        if (!best || std::make_tuple(-face.font_type, face.file) < std::make_tuple(-best->font_type, best->file))
+            best = &face;
+    }
+    if (!best)
+        return 0;
+    data = apFaceData{best->file, best->face_index, {}};
+    return 1;
+}
