@@ -40,7 +40,8 @@ public:
                               const dgStructurecoDList& extra_structures);
     /// The same with one extra structure; none when extra or extra_view is null.
     static void refresh_views(const dgViewcoDList& views, dgStructure* extra, dgView* extra_view);
-    /// Redraws views whose renderers are given.
+    /// Redraws views whose renderers are given; their rubber bands are taken off before and put back after it, unless
+    /// grRubberBandManager::do_redraw is off.
     static void refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList& renderers);
 
     /// What every buffer swap does with the new back buffer; dgSWAP_PLAIN by default.

@@ -2,6 +2,7 @@
 
 #include "dgRenderer.h"
 #include "dgView.h"
+#include "grRubberBandManager.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grView.h"
 #include "grViewPaperChild.h"
@@ -172,9 +173,17 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, dgStructure* ext
         refresh_views(views, dgViewcoDList(), dgStructurecoDList());
 }
 
-void grViewListUtils::refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList&)
+void grViewListUtils::refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList& renderers)
 {
+    const int rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
+    if (rubber_bands)
+        for (int i = 0; i < renderers.count(); ++i)
+            grRubberBandManager::temp_undraw(renderers[i]);
     refresh_views(views, nullptr, nullptr);
+    // By index: the overlay callback may have taken a renderer out of the list of a refresher.
+    if (rubber_bands)
+        for (int i = 0; i < renderers.count(); ++i)
+            grRubberBandManager::update(renderers[i]);
 }
 
 dgDoubleBufferSwap grViewListUtils::erase_on_swap_buffers()
