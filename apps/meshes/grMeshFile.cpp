@@ -10,11 +10,14 @@
 #include <assimp/scene.h>
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <cmath>
 #include <filesystem>
+#include <functional>
 #include <iterator>
 #include <system_error>
+#include <unordered_map>
 
 namespace
 {
@@ -64,12 +67,62 @@ giVector3 usable_normal(const aiVector3D& n)
     return std::isfinite(length) && length > 0 ? normal / length : giVector3(0, 0, 1);
 }
 
+/// What makes two vertices of a mesh one node: equal positions and texture coordinates, normals that differ by no more
+/// than what their computation leaves.
+struct VertexKey
+{
+    std::array<float, 5> place;
+    std::array<int, 3> normal;
+
+    bool operator==(const VertexKey&) const = default;
+};
+
+struct VertexKeyHash
+{
+    std::size_t operator()(const VertexKey& key) const
+    {
+        std::size_t hash = 0;
+        for (const float coordinate : key.place)
+            hash = hash * 1099511628211U + std::hash<float>()(coordinate);
+        return hash ^ (hash >> 29);
+    }
+};
+
+VertexKey key_of(const aiMesh& mesh, unsigned vertex)
+{
+    const aiVector3D& p = mesh.mVertices[vertex];
+    const aiVector3D t = mesh.HasTextureCoords(0) ? mesh.mTextureCoords[0][vertex] : aiVector3D();
+    const giVector3 n = mesh.HasNormals() ? usable_normal(mesh.mNormals[vertex]) : giVector3(0, 0, 1);
+    const auto rounded = [](double x) { return static_cast<int>(std::lround(x * 1e5)); };
+    return {{p.x, p.y, p.z, t.x, t.y}, {rounded(n.x()), rounded(n.y()), rounded(n.z())}};
+}
+
+/// The node of each vertex; first_vertices gets one vertex of each node. The importer's own joining works to a fixed
+/// length, in which the detail of a part in metres is lost.
+std::vector<int> join_vertices(const aiMesh& mesh, std::vector<unsigned>& first_vertices)
+{
+    std::unordered_map<VertexKey, int, VertexKeyHash> nodes;
+    nodes.reserve(mesh.mNumVertices / 4);
+    std::vector<int> node_of(mesh.mNumVertices);
+    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+    {
+        const auto [place, is_new] = nodes.try_emplace(key_of(mesh, i), static_cast<int>(first_vertices.size()));
+        if (is_new)
+            first_vertices.push_back(i);
+        node_of[i] = place->second;
+    }
+    return node_of;
+}
+
 std::unique_ptr<giTriBlock> block_of(const aiMesh& mesh)
 {
+    std::vector<unsigned> vertices;
+    const std::vector<int> node_of = join_vertices(mesh, vertices);
+
     auto block = std::make_unique<giTriBlock>();
     std::vector<giPoint3> nodes;
-    nodes.reserve(mesh.mNumVertices);
-    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+    nodes.reserve(vertices.size());
+    for (const unsigned i : vertices)
         nodes.push_back(giPoint3(mesh.mVertices[i].x, mesh.mVertices[i].y, mesh.mVertices[i].z));
     block->nodes() = giBoxArrPoint3(std::move(nodes));
 
@@ -77,19 +130,48 @@ std::unique_ptr<giTriBlock> block_of(const aiMesh& mesh)
     for (unsigned i = 0; i < mesh.mNumFaces; ++i)
     {
         const unsigned* face = mesh.mFaces[i].mIndices;
-        block->triangles().push_back(
-            giTriangle(static_cast<int>(face[0]), static_cast<int>(face[1]), static_cast<int>(face[2])));
+        block->triangles().push_back(giTriangle(node_of[face[0]], node_of[face[1]], node_of[face[2]]));
     }
     std::vector<giVector3>& normals = block->create_normals();
-    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
-        normals[i] = mesh.HasNormals() ? usable_normal(mesh.mNormals[i]) : giVector3(0, 0, 1);
+    for (std::size_t node = 0; node < vertices.size(); ++node)
+        normals[node] = mesh.HasNormals() ? usable_normal(mesh.mNormals[vertices[node]]) : giVector3(0, 0, 1);
     if (mesh.HasTextureCoords(0))
     {
         std::vector<giPoint2>& texture = block->create_texture_coordinates();
-        for (unsigned i = 0; i < mesh.mNumVertices; ++i)
-            texture[i] = giPoint2(mesh.mTextureCoords[0][i].x, mesh.mTextureCoords[0][i].y);
+        for (std::size_t node = 0; node < vertices.size(); ++node)
+        {
+            const aiVector3D& place = mesh.mTextureCoords[0][vertices[node]];
+            texture[node] = giPoint2(place.x, place.y);
+        }
     }
     return block;
+}
+
+/// The values of an array at the corners of the faces; frees the array.
+aiVector3D* spread(const aiVector3D* values, const std::vector<unsigned>& corners)
+{
+    auto* const spread_values = new aiVector3D[corners.size()];
+    std::transform(corners.begin(), corners.end(), spread_values, [values](unsigned i) { return values[i]; });
+    delete[] values;
+    return spread_values;
+}
+
+/// Gives each corner of each face a vertex of its own: faces that share vertices would share normals, sharp edges or
+/// not.
+void separate_faces(aiMesh& mesh)
+{
+    std::vector<unsigned> corners;
+    for (unsigned i = 0; i < mesh.mNumFaces; ++i)
+        for (unsigned j = 0; j < mesh.mFaces[i].mNumIndices; ++j)
+        {
+            corners.push_back(mesh.mFaces[i].mIndices[j]);
+            mesh.mFaces[i].mIndices[j] = static_cast<unsigned>(corners.size() - 1);
+        }
+    mesh.mVertices = spread(mesh.mVertices, corners);
+    for (aiVector3D*& coordinates : mesh.mTextureCoords)
+        if (coordinates)
+            coordinates = spread(coordinates, corners);
+    mesh.mNumVertices = static_cast<unsigned>(corners.size());
 }
 
 aiVector3D vector_of(double x, double y, double z)
@@ -184,20 +266,27 @@ int gr_read_mesh_file(const std::string& file, const giAngle& crease, std::vecto
     }
     Assimp::Importer importer;
     importer.SetProgressHandler(new progress_teller(progress)); // the importer owns it
-    // Points and lines are dropped; equal nodes are joined after normals have been found for them.
+    // Points and lines are dropped, and triangles that use a node twice; those that are merely small stay.
     importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
     importer.SetPropertyBool(AI_CONFIG_PP_FD_REMOVE, true);
+    importer.SetPropertyBool(AI_CONFIG_PP_FD_CHECKAREA, false);
     importer.SetPropertyBool(AI_CONFIG_PP_PTV_KEEP_HIERARCHY, true); // or meshes of one material become one
     importer.SetPropertyFloat(AI_CONFIG_PP_GSN_MAX_SMOOTHING_ANGLE, static_cast<float>(crease.degrees()));
-    unsigned steps = aiProcess_Triangulate | aiProcess_SortByPType | aiProcess_FindDegenerates |
-                     aiProcess_GenSmoothNormals | aiProcess_JoinIdenticalVertices | aiProcess_PreTransformVertices;
+    int removed = aiComponent_COLORS | aiComponent_TANGENTS_AND_BITANGENTS | aiComponent_BONEWEIGHTS |
+                  aiComponent_ANIMATIONS | aiComponent_LIGHTS | aiComponent_CAMERAS;
     if (ending(file) == "stl")
-    {
-        importer.SetPropertyInteger(AI_CONFIG_PP_RVC_FLAGS, aiComponent_NORMALS);
-        steps |= aiProcess_RemoveComponent;
-    }
+        removed |= aiComponent_NORMALS; // one a facet, and not always right
+    importer.SetPropertyInteger(AI_CONFIG_PP_RVC_FLAGS, removed);
 
-    const aiScene* scene = importer.ReadFile(file, steps);
+    const aiScene* scene = importer.ReadFile(file, aiProcess_RemoveComponent | aiProcess_SortByPType);
+    if (scene)
+    {
+        for (unsigned i = 0; i < scene->mNumMeshes; ++i)
+            if (!scene->mMeshes[i]->HasNormals())
+                separate_faces(*scene->mMeshes[i]);
+        scene = importer.ApplyPostProcessing(aiProcess_Triangulate | aiProcess_SortByPType | aiProcess_FindDegenerates |
+                                             aiProcess_GenSmoothNormals | aiProcess_PreTransformVertices);
+    }
     if (!scene)
     {
         error = file + ": " + importer.GetErrorString();

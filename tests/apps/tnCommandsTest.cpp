@@ -57,6 +57,32 @@ protected:
 // Two triangles that share an edge, 0.2 degrees apart in one file and 90 degrees in the other; no normals.
 const char* const flat_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 1 1 0.003\nf 1 2 3\nf 2 4 3\n";
 const char* const bent_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n";
+
+// A cube of 4 micrometres, in metres; its faces share their corners.
+const char* const cube_ply = R"(ply
+format ascii 1.0
+element vertex 8
+property float x
+property float y
+property float z
+element face 6
+property list uchar int vertex_indices
+end_header
+0 0 0
+4e-6 0 0
+4e-6 4e-6 0
+0 4e-6 0
+0 0 4e-6
+4e-6 0 4e-6
+4e-6 4e-6 4e-6
+0 4e-6 4e-6
+4 3 2 1 0
+4 4 5 6 7
+4 0 1 5 4
+4 1 2 6 5
+4 2 3 7 6
+4 3 0 4 7
+)";
 }
 
 TEST_F(gr_tarn, meshes_survive_the_way_there_and_back)
@@ -102,6 +128,17 @@ TEST_F(gr_tarn, meshes_survive_the_way_there_and_back)
         EXPECT_TRUE(box_back.low().coincident(box.low(), 1e-4)) << c.name;
         EXPECT_TRUE(box_back.high().coincident(box.high(), 1e-4)) << c.name;
     }
+}
+
+TEST_F(gr_tarn, small_parts_keep_every_triangle_and_shared_nodes_their_sharp_edges)
+{
+    write("cube.ply", cube_ply);
+    ASSERT_EQ(run("import", file("cube.ply"), file("cube.tarn")), 0) << the_errors.str();
+    const tn_blocks read = blocks("cube.tarn");
+    ASSERT_EQ(read.size(), 1u);
+    EXPECT_EQ(read[0]->triangle_count(), 12);
+    EXPECT_EQ(read[0]->node_count(), 24);
+    EXPECT_NEAR(read[0]->box().high().x(), 4e-6, 1e-12);
 }
 
 TEST_F(gr_tarn, normals_are_computed_where_absent_and_split_at_sharp_edges)
