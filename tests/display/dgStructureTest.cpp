@@ -38,13 +38,13 @@ TEST(dgStructure, agrees_with_a_plain_vector_under_random_edits)
         if (random() % 5 < 3)
         {
             EXPECT_EQ(structure.insert(new dgLabel(step)), position + 1);
-            expected.insert(expected.begin() + position + 1, step);
+            expected.insert(expected.begin() + (position + 1), step);
         }
         else if (position >= 0)
         {
             const int last = std::min(size - 1, position + static_cast<int>(random() % 4));
             structure.delete_range(position, last);
-            expected.erase(expected.begin() + position, expected.begin() + last + 1);
+            expected.erase(expected.begin() + position, expected.begin() + (last + 1));
             EXPECT_EQ(structure.cursor(), position - 1);
         }
         if (step % 100 == 0)
