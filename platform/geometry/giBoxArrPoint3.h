@@ -33,6 +33,12 @@ public:
     GI_EXPORT void truncate(int new_count);
     void reserve(int expected_count) { m_points.reserve(static_cast<std::size_t>(expected_count)); }
     GI_EXPORT void transform(const giXform3& xform);
+    /// Gives the points away and leaves none; together with the constructor above, to change them as one array.
+    std::vector<giPoint3> release()
+    {
+        m_box_known = false;
+        return std::exchange(m_points, {});
+    }
 
     /// The box around all points, found when first asked for after a change; empty when there are none.
     GI_EXPORT const giBox3& box() const;
