@@ -1,0 +1,7 @@
+#pragma once
+
+/// Selects adding without filters.
+enum grAddRegardless
+{
+    grADD_REGARDLESS = 0
+};
