@@ -17,7 +17,8 @@ class grTimeoutRendererCache;
 ///
 /// Whoever twiddles makes a refresher and calls base_start_twiddle, base_refresh for every frame, base_idle between
 /// frames as long as it answers grIDLE_AGAIN, base_idle_refresh for a better picture, and base_end_twiddle. Idle
-/// refreshes may go on after the end. A view that is destroyed meanwhile is dropped.
+/// refreshes may go on after the end. A view that is destroyed meanwhile is dropped. All of them take rubber bands off
+/// before they draw and put them back.
 class GR_EXPORT grViewRefresher : public coReceiver
 {
 public:
@@ -28,7 +29,7 @@ public:
     void base_start_twiddle();
     void base_refresh();
     void base_idle_refresh();
-    grIdleAction base_idle() { return idle(); }
+    grIdleAction base_idle();
     /// Releases the twiddle icons after the last drawing.
     void base_end_twiddle();
 

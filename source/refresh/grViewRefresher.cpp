@@ -3,12 +3,40 @@
 #include "dgRenderer.h"
 #include "dgStructure.h"
 #include "dgView.h"
+#include "grRubberBandManager.h"
 #include "utTypeID.h"
 
 #include <algorithm>
 #include <utility>
 
 UT_DEFINE_TYPE(grViewRefresher, coReceiver);
+
+namespace
+{
+// Takes the rubber bands off that would lie under what is drawn, and puts them back at the end of its life. Renderers
+// may leave the list meanwhile.
+class RubberBandsOff
+{
+public:
+    explicit RubberBandsOff(const dgRenderercoDList& renderers)
+        : the_renderers(renderers), the_acts(grRubberBandManager::do_redraw() && !grRubberBandManager::empty())
+    {
+        for (int i = 0; the_acts && i < the_renderers.count(); ++i)
+            grRubberBandManager::temp_undraw(the_renderers[i]);
+    }
+    ~RubberBandsOff()
+    {
+        for (int i = 0; the_acts && i < the_renderers.count(); ++i)
+            grRubberBandManager::update(the_renderers[i]);
+    }
+    RubberBandsOff(const RubberBandsOff&) = delete;
+    RubberBandsOff& operator=(const RubberBandsOff&) = delete;
+
+private:
+    const dgRenderercoDList& the_renderers;
+    int the_acts;
+};
+}
 
 grViewRefresher::grViewRefresher(const dgViewcoDList& views)
     : the_views(views), the_missing_views(grViewListUtils::missing_renderer_views(views))
@@ -42,6 +70,7 @@ void grViewRefresher::base_start_twiddle()
 void grViewRefresher::base_refresh()
 {
     collect_renderers();
+    const RubberBandsOff rubber_bands_off(the_renderers);
     set_draw_quality();
     refresh();
     reset_draw_quality();
@@ -50,9 +79,16 @@ void grViewRefresher::base_refresh()
 void grViewRefresher::base_idle_refresh()
 {
     collect_renderers();
+    const RubberBandsOff rubber_bands_off(the_renderers);
     set_draw_quality();
     idle_refresh();
     reset_draw_quality();
+}
+
+grIdleAction grViewRefresher::base_idle()
+{
+    const RubberBandsOff rubber_bands_off(the_renderers);
+    return idle();
 }
 
 void grViewRefresher::base_end_twiddle()
