@@ -60,7 +60,7 @@ constexpr double two_pi = 2 * std::numbers::pi;
 const giPlane plane(giPoint3(3, 2, 1), giVector3(0.8, 0.5, 0.3));
 constexpr double tolerance = 1e-6;
 
-/// A closed ring with waves on it and about that many triangles, with normals and texture coordinates.
+// A closed ring with waves on it and about that many triangles, with normals and texture coordinates.
 giTriBlock ring(int triangles)
 {
     const int across = static_cast<int>(std::sqrt(triangles / 2. / 3)), around = triangles / 2 / across;
@@ -98,7 +98,7 @@ std::size_t with_room(std::size_t count, bool room)
     return room ? count + count / 16 : count;
 }
 
-/// A copy, with room at the ends of its arrays or without.
+// A copy, with room at the ends of its arrays or without.
 giTriBlock copy_of(const giTriBlock& original, bool room)
 {
     giTriBlock block = original;
@@ -136,7 +136,7 @@ struct BareMesh
     std::vector<int> triangles;
 };
 
-/// The bare cut. Triangles that touch the plane are not thought of: no node of the ring lies on it.
+// The bare cut. Triangles that touch the plane are not thought of: no node of the ring lies on it.
 class BareCut
 {
 public:

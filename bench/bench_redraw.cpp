@@ -26,7 +26,7 @@ namespace
 {
 constexpr double two_pi = 6.283185307179586;
 
-/// Rows first_row to last_row of a ring with waves on it, of across by around squares of two triangles each.
+// Rows first_row to last_row of a ring with waves on it, of across by around squares of two triangles each.
 giTriBlock* ring(int around, int across, int first_row, int last_row, int first_column, int last_column)
 {
     auto* block = new giTriBlock;
@@ -54,7 +54,7 @@ giTriBlock* ring(int around, int across, int first_row, int last_row, int first_
     return block;
 }
 
-/// A frame of plain OpenGL. The program of the last drawing is still the current one, with its values.
+// A frame of plain OpenGL. The program of the last drawing is still the current one, with its values.
 void bare_frame(unsigned vertex_array, GLsizei index_count, const void* offset)
 {
     glBindVertexArray(vertex_array);
@@ -64,7 +64,7 @@ void bare_frame(unsigned vertex_array, GLsizei index_count, const void* offset)
     glFinish();
 }
 
-/// One vertex buffer and one index buffer in the order of the structure's blocks and triangles.
+// One vertex buffer and one index buffer in the order of the structure's blocks and triangles.
 class OwnBuffers
 {
 public:
@@ -202,7 +202,7 @@ void compare(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
     std::printf("  first frame, with copying: %.1f ms\n", 1e3 * first);
 }
 
-/// A frame after one of many elements was changed in place, beside one without a change.
+// A frame after one of many elements was changed in place, beside one without a change.
 void compare_edit(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure, int frames)
 {
     Picture picture(device, structure);

@@ -18,7 +18,7 @@ namespace
 {
 using Clock = std::chrono::steady_clock;
 
-/// A wavy grid with normals and texture coordinates; every number has all its digits.
+// A wavy grid with normals and texture coordinates; every number has all its digits.
 giTriBlock wavy_grid(int side)
 {
     giTriBlock block;

@@ -26,7 +26,7 @@ struct tn_options
     int triangles = 200000;
 };
 
-/// What a command reports to.
+// What a command reports to.
 struct tn_outlets
 {
     std::ostream& out;

@@ -15,7 +15,7 @@ namespace
 // What a node and a triangle take in a file, on average, for the progress bar.
 const double node_bytes = 120, triangle_bytes = 21;
 
-/// A file that tells how many of its expected bytes went through it.
+// A file that tells how many of its expected bytes went through it.
 class told_file : public std::filebuf
 {
 public:

@@ -21,7 +21,7 @@
 
 namespace
 {
-/// The ending of a name in small letters, without the dot.
+// The ending of a name in small letters, without the dot.
 std::string ending(const std::string& file)
 {
     std::string found = std::filesystem::path(file).extension().string();
@@ -30,7 +30,7 @@ std::string ending(const std::string& file)
     return found.empty() ? found : found.substr(1);
 }
 
-/// The exporter's name for the format of an ending; empty when there is none.
+// The exporter's name for the format of an ending; empty when there is none.
 std::string format_of(const std::string& kind)
 {
     if (kind == "stl" || kind == "ply")
@@ -67,8 +67,8 @@ giVector3 usable_normal(const aiVector3D& n)
     return std::isfinite(length) && length > 0 ? normal / length : giVector3(0, 0, 1);
 }
 
-/// What makes two vertices of a mesh one node: equal positions and texture coordinates, normals that differ by no more
-/// than what their computation leaves.
+// What makes two vertices of a mesh one node: equal positions and texture coordinates, normals that differ by no more
+// than what their computation leaves.
 struct VertexKey
 {
     std::array<float, 5> place;
@@ -97,8 +97,8 @@ VertexKey key_of(const aiMesh& mesh, unsigned vertex)
     return {{p.x, p.y, p.z, t.x, t.y}, {rounded(n.x()), rounded(n.y()), rounded(n.z())}};
 }
 
-/// The node of each vertex; first_vertices gets one vertex of each node. The importer's own joining works to a fixed
-/// length, in which the detail of a part in metres is lost.
+// The node of each vertex; first_vertices gets one vertex of each node. The importer's own joining works to a fixed
+// length, in which the detail of a part in metres is lost.
 std::vector<int> join_vertices(const aiMesh& mesh, std::vector<unsigned>& first_vertices)
 {
     std::unordered_map<VertexKey, int, VertexKeyHash> nodes;
@@ -147,7 +147,7 @@ std::unique_ptr<giTriBlock> block_of(const aiMesh& mesh)
     return block;
 }
 
-/// The values of an array at the corners of the faces; frees the array.
+// The values of an array at the corners of the faces; frees the array.
 aiVector3D* spread(const aiVector3D* values, const std::vector<unsigned>& corners)
 {
     auto* const spread_values = new aiVector3D[corners.size()];
@@ -156,8 +156,8 @@ aiVector3D* spread(const aiVector3D* values, const std::vector<unsigned>& corner
     return spread_values;
 }
 
-/// Gives each corner of each face a vertex of its own: faces that share vertices would share normals, sharp edges or
-/// not.
+// Gives each corner of each face a vertex of its own: faces that share vertices would share normals, sharp edges or
+// not.
 void separate_faces(aiMesh& mesh)
 {
     std::vector<unsigned> corners;
@@ -179,7 +179,7 @@ aiVector3D vector_of(double x, double y, double z)
     return aiVector3D(static_cast<ai_real>(x), static_cast<ai_real>(y), static_cast<ai_real>(z));
 }
 
-/// The scene owns the mesh, the arrays belong to the mesh.
+// The scene owns the mesh, the arrays belong to the mesh.
 aiMesh* mesh_of(const giTriBlock& block)
 {
     auto* mesh = new aiMesh;

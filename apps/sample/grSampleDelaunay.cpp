@@ -55,7 +55,7 @@ private:
         return -1;
     }
 
-    /// Sine and cosine of the angle at apex, both times the lengths of its sides.
+    // Sine and cosine of the angle at apex, both times the lengths of its sides.
     std::pair<double, double> angle(int apex, int from, int to) const
     {
         const giVector3 a = the_nodes[from] - the_nodes[apex], b = the_nodes[to] - the_nodes[apex];

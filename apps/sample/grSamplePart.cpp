@@ -18,7 +18,7 @@ const double drill_chamfer = 0.5, slot_chamfer = 0.8;
 const double shank_end = -6, head_top = 23, head_fillet = 0.6, socket_floor = 19, socket_chamfer = 0.4;
 const giPoint2 hub_centre(18, 0);
 
-/// All outlines of the part, cut to one spacing.
+// All outlines of the part, cut to one spacing.
 struct part_outlines
 {
     explicit part_outlines(double spacing);
@@ -63,7 +63,7 @@ void append(loops& all, const std::vector<grSampleOutline>& outlines, double off
         all.push_back({outline, offset});
 }
 
-/// A hole with a chamfer at its upper end, and at its lower end unless lower_chamfer is 0.
+// A hole with a chamfer at its upper end, and at its lower end unless lower_chamfer is 0.
 grSampleProfile hole(double top, double bottom, double upper_chamfer, double lower_chamfer, double spacing)
 {
     grSampleProfile profile(giPoint2(upper_chamfer, top), spacing);

@@ -43,7 +43,7 @@ public:
         }
         return true;
     }
-    /// Number of the line at which the last one handed out starts.
+    // Number of the line at which the last one handed out starts.
     int line_number() const { return the_first_line; }
 
 private:

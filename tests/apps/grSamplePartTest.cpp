@@ -23,7 +23,7 @@ int total_triangles(const blocks& part)
     return total;
 }
 
-/// Numbers every position of all blocks, equal positions with the same number.
+// Numbers every position of all blocks, equal positions with the same number.
 class weld
 {
 public:

@@ -12,7 +12,7 @@ namespace
 {
 namespace fs = std::filesystem;
 
-/// A folder that goes with the test.
+// A folder that goes with the test.
 class gr_tarn : public testing::Test
 {
 protected:

@@ -9,7 +9,7 @@
 
 namespace
 {
-/// Zones of nodes 0, 1, 2...
+// Zones of nodes 0, 1, 2...
 intgrZonecoTable zones_of(const std::vector<grZone>& zones)
 {
     intgrZonecoTable table(4, 50);

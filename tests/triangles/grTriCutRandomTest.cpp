@@ -47,7 +47,7 @@ void expect_same(const giTriBlock& block, const giTriBlock& expected)
     }
 }
 
-/// How often each edge is used, against its direction counted back: all 0 for a closed mesh.
+// How often each edge is used, against its direction counted back: all 0 for a closed mesh.
 std::map<std::pair<int, int>, int> open_edges(const giTriBlock& block)
 {
     std::map<std::pair<int, int>, int> edges;

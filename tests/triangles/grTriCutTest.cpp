@@ -14,7 +14,7 @@ using meshes::at;
 
 namespace
 {
-/// The plane x = value, positive towards higher x.
+// The plane x = value, positive towards higher x.
 grTriCutterPlane at_x(double value, double tolerance = 1e-6)
 {
     return grTriCutterPlane(giPlane(giPoint3(value, 0, 0), giVector3(1, 0, 0)), tolerance);
@@ -216,7 +216,7 @@ TEST(grTriCut, coordinates_that_are_no_finite_numbers_do_no_harm)
 
 namespace
 {
-/// Leaves every zone to the test; intersects half way.
+// Leaves every zone to the test; intersects half way.
 class FixedCutter : public grTriCutter
 {
 public:

@@ -13,7 +13,7 @@ namespace
 {
 using Block = std::unique_ptr<giTriBlock>;
 
-/// Every triangle faces as the normals of its nodes do, which have length 1.
+// Every triangle faces as the normals of its nodes do, which have length 1.
 void expect_normals_of_the_surface(const giTriBlock& block, double tolerance)
 {
     for (const giTriangle& t : block.triangles())
