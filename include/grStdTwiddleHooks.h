@@ -7,11 +7,14 @@
 #include "grTrackballCentreType.h"
 #include "gsColour.h"
 
+#include <memory>
+
 class dgStructure;
 class dgView;
 class giPoint3;
 class grStdTwiddleTool;
 class grStructureTwiddleDetail;
+class grTimeoutRendererCache;
 class grViewRefresher;
 class grViewTwiddleDetail;
 class grWorkPlane;
@@ -38,7 +41,9 @@ public:
     virtual dgView* identify_views(const gwKeyEvent& event, dgViewcoDList& views);
     /// 1 when the tool may not act on the view.
     virtual int locked_view(const dgView* view, const grStdTwiddleTool* tool);
-    /// What redraws the views during the twiddle; the caller owns it.
+    /// What redraws the views during the twiddle; the caller owns it. With time-out twiddling on, tools that may be
+    /// drawn within the time of a frame get the time-out refresher; otherwise the fast refresher is taken when it is in
+    /// use, and else the full one.
     virtual grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views);
     /// The plane that tools may act about, which must outlive the twiddle; null by default.
     virtual grWorkPlane* identify_workplane();
@@ -82,6 +87,12 @@ public:
     int allow_full_refresh() const { return the_allow_full_refresh; }
     void allow_full_refresh(int on) { the_allow_full_refresh = on; }
 
+    /// What time-out twiddles learn about views, for 16 views.
+    grTimeoutRendererCache& timeout_renderer_cache() { return *the_timeout_renderer_cache; }
+    /// How many frame times are remembered of views that are twiddled for the first time from now on, with the fast
+    /// refresher too; 0 at first.
+    void record_refresh_stats(int n);
+
     /// How clipping planes are fitted to boxes.
     dgBoundingViewType clipping_mode() const { return the_clipping_mode; }
     void clipping_mode(dgBoundingViewType mode) { the_clipping_mode = mode; }
@@ -119,6 +130,7 @@ private:
     int the_draw_trackball_icon = 1;
     gsColour the_trackball_icon_colours[2] = {gsColour(0, 1, 0), gsColour(1, 1, 0)};
     int the_allow_spinning = 0;
+    std::unique_ptr<grTimeoutRendererCache> the_timeout_renderer_cache;
     int the_disable_refresher_fast = 0;
     int the_use_refresher_fast = 0;
 };

@@ -1,16 +1,66 @@
 #pragma once
 
+#include "apHighResTime.h"
+#include "dgRef.h"
+#include "giBox3.h"
 #include "grExport.h"
+#include "grFastDrawMethod.h"
 
+#include <memory>
+#include <string>
+
+class dgRenderer;
 class dgStructure;
 class dgView;
 class giBox3;
+class gsStructureFlattener;
+class gsStructureSlicer;
 
-/// Process-wide settings of fast drawing.
+/// Draws one view at a frame rate, however heavy its network is.
+///
+/// The first frame draws everything and makes a flattened copy of the network; the second draws as much as one frame's
+/// time allows and measures. If that was not all, every later frame draws the same share, a sample spread evenly over
+/// the network, and slices drawn in between complete the picture. Once the network is edited, it is drawn itself, in
+/// the same share. Primitives are counted as triangles, line segments and points.
 class GR_EXPORT grViewRendererFast
 {
 public:
-    grViewRendererFast() = delete;
+    /// The view is referenced, not owned; nothing more is drawn once it is destroyed. Takes the minimum frame rate over
+    /// as it now is.
+    explicit grViewRendererFast(dgView* view);
+    ~grViewRendererFast();
+    grViewRendererFast(const grViewRendererFast&) = delete;
+    grViewRendererFast& operator=(const grViewRendererFast&) = delete;
+
+    /// Erases the view and draws a frame into the selected buffer, with icon, which may be null, over it in frames
+    /// after the second. A final frame draws everything and no icon.
+    void refresh(dgStructure* icon, int final);
+
+    /// Draws the next part of what the last frame left out into the selected buffer, which shows that frame; 0 when
+    /// nothing was left. A picture of another size, or of a network that was edited since, is started anew.
+    int draw_a_slice();
+
+    /// Whether frames draw everything although a share was measured.
+    void force_full_refresh(int on) { the_force_full = on; }
+
+    grFastDrawMethod draw_method() const { return the_draw_method; }
+
+    /// Seconds that the drawing of the last frame took; -1 before the first.
+    double refresh_time() const { return the_refresh_time; }
+
+    /// Null once the view is destroyed.
+    dgView* view() const { return the_view; }
+
+    /// The share of primitives drawn in a frame, from 0 to 1, the number of them in the network, and in a slice; as
+    /// measured, 0 before and for grFAST_DRAW_ALL.
+    double draw_ratio() const { return the_draw_ratio; }
+    int total_prims() const { return the_total_prims; }
+    int slice_prims() const { return the_slice_prims; }
+
+    /// Seconds in which a frame is to be drawn; 0 for no limit.
+    double frame_time() const { return the_frame_time; }
+
+    // Settings of all fast drawing.
 
     /// Frames per second below which views are thinned; 1.0 by default. 1e-5 and less is no limit.
     static double minimum_framerate();
@@ -50,6 +100,56 @@ public:
     static void print_framerate() {}
     static void delete_statics() {}
 
+    /// Whether each flattened structure is written as an XML file and its name printed on standard output, for
+    /// debugging; 0 by default.
+    static int dump_flattened();
+    static void dump_flattened(int on);
+
+    /// What the names of these files start with, folder included; a running number and ".xml" follow. By default
+    /// "flat_" in the temporary folder; on Windows "e:/temp/flat_".
+    static std::string dump_prefix();
+    static void dump_prefix(const std::string& path);
+
 private:
+    class ViewWatch;
+    void forget_view();
+    int debug() const;
+    void draw_frame(dgStructure* icon);
+    void draw_final_frame();
+    void flatten();
+    void calibrate();
+    void find_bbox(dgStructure* icon);
+    dgStructure* drawn_structure() const;
+    void note_picture();
+    int picture_is_stale() const;
+    void forget_flat();
+    template <class Draw>
+    void timed(Draw draw);
+
+    dgView* the_view;
+    apHighResTime the_start_time;
+    int the_frame_limited;
+    double the_frame_time;
+    int the_calibrated = 0;
+    grFastDrawMethod the_draw_method = grFAST_DRAW_ALL;
+    double the_draw_ratio = 0;
+    int the_total_prims = 0;
+    std::unique_ptr<gsStructureSlicer> the_slicer;
+    int the_slice_prims = 0;
+    int the_force_full = 0;
+    dgRef<dgStructure> the_flat;
+    giBox3 the_bbox;
+    int the_non_flattened_final = 0;
+    double the_refresh_time = -1.0;
+
+    std::unique_ptr<ViewWatch> the_watch;
+    std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn
+    dgRef<dgStructure> the_root;                         // that the_flat was made from
+
+    // What the last frame showed.
+    unsigned long long the_picture_stamp = 0;
+    int the_picture_width = 0;
+    int the_picture_height = 0;
+
     static double the_minimum_framerate;
 };

@@ -14,6 +14,11 @@ public:
     /// The geometry, whose arrays stay good until the primitive is next changed.
     virtual dgGeometry geometry() const = 0;
 
+    /// First and end (one behind the last) index of the points that a primitive over a range of points uses; all points
+    /// for every other one.
+    virtual int start_index() const { return 0; }
+    virtual int end_index() const { return geometry().npoints; }
+
     /// Category of the primitive: its type code counted from the first primitive; second storage forms count as the
     /// first.
     int category() const;

@@ -1,14 +1,344 @@
 #include "grViewRendererFast.h"
 
+#include "apEnvironment.h"
+#include "coCallFunc.h"
+#include "coReceiver.h"
+#include "dgClientStructure.h"
+#include "dgRenderer.h"
+#include "dgView.h"
+#include "grFlatDump.h"
+#include "grTwiddleOverlayCallback.h"
+#include "grView.h"
+#include "gsStructureCalibration.h"
+#include "gsStructureFlattener.h"
+#include "gsStructureSkipper.h"
+#include "gsStructureSlicer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+
 double grViewRendererFast::the_minimum_framerate = 1.0;
 
 namespace
 {
+// Frames per second that count as no limit.
+constexpr double no_framerate = 1e-5;
+
 int the_adjust_clip_planes = 0;
 int the_disable_flattening = 0;
 double the_view_bbox_offset = 0.0;
 grViewRendererFast::ClipPlanesResetCB the_clip_planes_resetCB = nullptr;
 grViewRendererFast::PrintCallback the_print_callback = nullptr;
+int the_dump_flattened = 0;
+
+std::string& dump_prefix_text()
+{
+    static std::string prefix = gr_default_flat_dump_prefix();
+    return prefix;
+}
+
+// Installs an action for the life of the object.
+class InstalledAction
+{
+public:
+    InstalledAction(dgRenderer& renderer, gsRenderAction* action) : the_renderer(renderer)
+    {
+        renderer.render_action(action);
+    }
+    ~InstalledAction() { the_renderer.render_action(nullptr); }
+    InstalledAction(const InstalledAction&) = delete;
+    InstalledAction& operator=(const InstalledAction&) = delete;
+
+private:
+    dgRenderer& the_renderer;
+};
+
+// Keeps a renderer from accumulating frames for the life of the object.
+class SingleFrames
+{
+public:
+    explicit SingleFrames(dgRenderer& renderer) : the_renderer(renderer), the_accumulate(renderer.accumulate())
+    {
+        renderer.accumulate(0);
+    }
+    ~SingleFrames() { the_renderer.accumulate(the_accumulate); }
+    SingleFrames(const SingleFrames&) = delete;
+    SingleFrames& operator=(const SingleFrames&) = delete;
+
+private:
+    dgRenderer& the_renderer;
+    int the_accumulate;
+};
+
+// Puts a camera's planes around a box for the life of the object, in place of those fitted to the network at each
+// drawing. Planes that the user has set stay.
+class BoxPlanes
+{
+public:
+    BoxPlanes(dgView& view, const giBox3& box) : the_view(view), the_user_planes(view.user_clip_planes())
+    {
+        if (box.empty() || the_user_planes)
+            return;
+        view.camera().clip_bounding_box(box, dgBOUNDING_VIEW_SPHERE);
+        view.user_clip_planes(1);
+    }
+    ~BoxPlanes() { the_view.user_clip_planes(the_user_planes); }
+    BoxPlanes(const BoxPlanes&) = delete;
+    BoxPlanes& operator=(const BoxPlanes&) = delete;
+
+private:
+    dgView& the_view;
+    int the_user_planes;
+};
+
+int transparent(const dgView& view)
+{
+    const grView* companion = grView::contains(&view);
+    return companion && companion->background() == grVIEW_BACKGROUND_TRANSPARENT;
+}
+}
+
+// Tells the renderer of the end of its view.
+class grViewRendererFast::ViewWatch : public coReceiver
+{
+public:
+    explicit ViewWatch(grViewRendererFast& renderer) : the_renderer(renderer)
+    {
+        renderer.the_view->call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&ViewWatch::deleted>(this));
+    }
+
+private:
+    void deleted(void*, void*) { the_renderer.forget_view(); }
+    grViewRendererFast& the_renderer;
+};
+
+grViewRendererFast::grViewRendererFast(dgView* view)
+    : the_view(view), the_frame_limited(the_minimum_framerate > no_framerate),
+      the_frame_time(the_frame_limited ? 1 / the_minimum_framerate : 0)
+{
+    debug();
+    the_view->reference();
+    the_watch = std::make_unique<ViewWatch>(*this);
+}
+
+grViewRendererFast::~grViewRendererFast()
+{
+    forget_view();
+}
+
+void grViewRendererFast::forget_view()
+{
+    if (dgView* view = std::exchange(the_view, nullptr))
+    {
+        the_watch->clear_callbacks();
+        view->unreference();
+    }
+}
+
+int grViewRendererFast::debug() const
+{
+    // Read once, for the first renderer of the process.
+    static const int on = apEnvironment::contains("GR_TWIDDLE_DEBUG");
+    return on;
+}
+
+template <class Draw>
+void grViewRendererFast::timed(Draw draw)
+{
+    const double start = apHighResTime::time();
+    draw();
+    // Drawing is asynchronous: without this the time would be that of giving orders.
+    the_view->renderer()->finish();
+    the_refresh_time = apHighResTime::time_diff(start, apHighResTime::time());
+}
+
+void grViewRendererFast::refresh(dgStructure* icon, int final)
+{
+    if (!the_view || !the_view->renderer())
+        return;
+    if (!the_view->root())
+    {
+        the_view->erase(dgERASE_ZBUFFER_YES);
+        timed([this] { the_view->render_network(nullptr); });
+        return;
+    }
+    the_slicer.reset();
+    if (the_flat && the_root.get() != the_view->root())
+    {
+        // Another network: nothing that was measured holds.
+        forget_flat();
+        the_calibrated = 0;
+    }
+    if (!transparent(*the_view))
+        the_view->erase(dgERASE_ZBUFFER_YES);
+    const SingleFrames single_frames(*the_view->renderer());
+    {
+        const BoxPlanes box_planes(*the_view, the_bbox);
+        if (final && the_flat)
+            draw_final_frame();
+        else
+            draw_frame(icon);
+    }
+    note_picture();
+    dgView& view = *the_view;
+    grTwiddleOverlayCallback::call_callback(view);
+    if (!the_view)
+        return; // the callback has destroyed it
+    if (the_flat && the_print_callback)
+        the_print_callback(the_view, the_flat.get());
+    if (final && the_flattener && the_non_flattened_final && !the_flattener->flat_root_matches())
+        forget_flat();
+}
+
+void grViewRendererFast::draw_frame(dgStructure* icon)
+{
+    if (!the_flat)
+        flatten();
+    else if (the_calibrated)
+    {
+        find_bbox(icon);
+        gsStructureSkipper skipper(the_total_prims, the_draw_ratio);
+        const int thinned = the_draw_method == grFAST_DRAW_SHARE && !the_force_full;
+        {
+            const InstalledAction installed(*the_view->renderer(), thinned ? &skipper : nullptr);
+            timed([this] { the_view->render_network(drawn_structure()); });
+        }
+        if (debug())
+            std::cout << "Frame time: " << the_refresh_time << std::endl;
+        if (icon)
+            the_view->render_network_normal(*icon);
+    }
+    else
+        calibrate();
+}
+
+void grViewRendererFast::draw_final_frame()
+{
+    if (the_clip_planes_resetCB && !the_bbox.empty())
+        the_clip_planes_resetCB(the_view, the_bbox);
+    // Asked again: the network may have been edited since it was flattened.
+    if (the_flattener && the_flattener->final_refresh_non_flattened())
+        the_non_flattened_final = 1;
+    // The flat copy shares the network's primitives, so that there is no lesser quality to bring back from.
+    dgStructure* structure = the_non_flattened_final ? the_view->root() : the_flat.get();
+    timed([&] { the_view->render_network(structure); });
+}
+
+void grViewRendererFast::flatten()
+{
+    the_root = dgRef<dgStructure>(the_view->root());
+    the_non_flattened_final = 0;
+    if (the_disable_flattening)
+    {
+        the_flat = the_root;
+        timed([this] { the_view->render_network(the_flat.get()); });
+        return;
+    }
+    the_flat = dgRef<dgStructure>(new dgClientStructure);
+    the_flattener = std::make_unique<gsStructureFlattener>(the_root.get(), the_flat.get(),
+                                                           the_frame_limited ? the_frame_time : -1.0);
+    {
+        const InstalledAction installed(*the_view->renderer(), the_flattener.get());
+        timed([this] { the_view->render_network(nullptr); });
+    }
+    if (debug())
+        std::cout << "Flatten time: " << the_refresh_time << std::endl;
+    the_non_flattened_final = the_flattener->final_refresh_non_flattened();
+    if (the_dump_flattened)
+        gr_dump_flat_structure(*the_flat, dump_prefix_text());
+}
+
+void grViewRendererFast::calibrate()
+{
+    const double budget = the_frame_limited ? the_frame_time : -1.0;
+    gsStructureCalibration calibration(budget);
+    {
+        const InstalledAction installed(*the_view->renderer(), &calibration);
+        the_view->render_network(drawn_structure());
+    }
+    the_refresh_time = calibration.elapsed_time();
+    // Deliberate: a time equal to the budget is too long already, and without a limit, when the budget is -1, a share
+    // of all is drawn rather than everything.
+    if (!(budget > the_refresh_time))
+    {
+        the_draw_method = grFAST_DRAW_SHARE;
+        const int drawn = calibration.prims_drawn(1) + calibration.prims_drawn(0);
+        the_total_prims = calibration.prims_total(1) + calibration.prims_total(0);
+        the_draw_ratio = the_total_prims < 1 ? 1.0 : std::clamp(static_cast<double>(drawn) / the_total_prims, 0.0, 1.0);
+        the_slice_prims = static_cast<int>(std::lround(the_total_prims * the_draw_ratio));
+    }
+    else
+        the_draw_method = grFAST_DRAW_ALL;
+    the_calibrated = 1;
+    if (!debug())
+        return;
+    std::cout << "Callibration time: " << the_refresh_time << "\n";
+    std::cout << "Draw method = " << static_cast<int>(the_draw_method) << std::endl;
+}
+
+void grViewRendererFast::find_bbox(dgStructure* icon)
+{
+    if (!the_adjust_clip_planes || !the_bbox.empty())
+        return;
+    the_bbox = the_view->root()->bounding_box();
+    if (icon)
+        the_bbox.merge(icon->bounding_box());
+    if (the_view_bbox_offset > 0)
+        the_bbox.grow(the_view_bbox_offset);
+}
+
+// The flat copy, as long as it shows what the network is.
+dgStructure* grViewRendererFast::drawn_structure() const
+{
+    return the_flattener && !the_flattener->flat_root_matches() ? the_view->root() : the_flat.get();
+}
+
+void grViewRendererFast::forget_flat()
+{
+    the_flattener.reset();
+    the_flat.reset();
+    the_root.reset();
+}
+
+void grViewRendererFast::note_picture()
+{
+    the_picture_stamp = the_view->root()->network_stamp();
+    the_picture_width = the_view->renderer_width();
+    the_picture_height = the_view->renderer_height();
+}
+
+int grViewRendererFast::picture_is_stale() const
+{
+    return the_picture_stamp != the_view->root()->network_stamp() || the_picture_width != the_view->renderer_width() ||
+           the_picture_height != the_view->renderer_height();
+}
+
+int grViewRendererFast::draw_a_slice()
+{
+    if (the_draw_method != grFAST_DRAW_SHARE || the_slice_prims < 1)
+        return 0;
+    if (!the_view || !the_view->renderer() || !the_view->root() || the_root.get() != the_view->root())
+        return 0;
+    if (picture_is_stale())
+    {
+        // What is seen is of another size or of a network that is no more.
+        the_slicer.reset();
+        if (!transparent(*the_view))
+            the_view->erase(dgERASE_ZBUFFER_YES);
+        note_picture();
+    }
+    if (!the_slicer)
+        the_slicer = std::make_unique<gsStructureSlicer>(the_slice_prims);
+    if (!the_slicer->another_slice_needed())
+        return 0;
+    the_slicer->next_slice();
+    const BoxPlanes box_planes(*the_view, the_bbox);
+    const InstalledAction installed(*the_view->renderer(), the_slicer.get());
+    the_view->render_network(drawn_structure());
+    // So that slices do not pile up before the next frame.
+    the_view->renderer()->finish();
+    return 1;
 }
 
 double grViewRendererFast::minimum_framerate()
@@ -69,4 +399,24 @@ grViewRendererFast::PrintCallback grViewRendererFast::print_callback()
 void grViewRendererFast::set_print_callback(PrintCallback callback)
 {
     the_print_callback = callback;
+}
+
+int grViewRendererFast::dump_flattened()
+{
+    return the_dump_flattened;
+}
+
+void grViewRendererFast::dump_flattened(int on)
+{
+    the_dump_flattened = on;
+}
+
+std::string grViewRendererFast::dump_prefix()
+{
+    return dump_prefix_text();
+}
+
+void grViewRendererFast::dump_prefix(const std::string& path)
+{
+    dump_prefix_text() = path;
 }

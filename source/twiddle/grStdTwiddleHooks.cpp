@@ -6,11 +6,14 @@
 #include "grStdTwiddleTool.h"
 #include "grStringConverter.h"
 #include "grStructureTwiddleDetail.h"
+#include "grTimeoutRendererCache.h"
 #include "grView.h"
 #include "grViewListUtils.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
+#include "grViewRefresherFast.h"
 #include "grViewRefresherFull.h"
+#include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
 #include "grViewTwiddleDetail.h"
 #include "gwKeyEvent.h"
@@ -20,6 +23,9 @@ namespace
 {
 // How far outside its viewport, in device pixels, a point still is in a paper child.
 constexpr double the_viewport_tolerance = 1e-5;
+
+// Views whose time-out renderers are kept.
+constexpr int timed_views = 16;
 
 // The first paper child, in order of attachment, under a device point; the view itself when there is none.
 dgView* paper_child_at(dgView* view, const giPoint2& point_device)
@@ -37,6 +43,7 @@ dgView* paper_child_at(dgView* view, const giPoint2& point_device)
 }
 
 grStdTwiddleHooks::grStdTwiddleHooks(const gwResourceDB* db)
+    : the_timeout_renderer_cache(std::make_unique<grTimeoutRendererCache>(timed_views))
 {
     utString text;
     if (db && db->get_resource("disable_refresher_fast", text))
@@ -88,9 +95,26 @@ int grStdTwiddleHooks::locked_view(const dgView* view, const grStdTwiddleTool* t
     return locked_gr_view(view, tool);
 }
 
-grViewRefresher* grStdTwiddleHooks::view_refresher(const grStdTwiddleTool*, const dgViewcoDList& views)
+grViewRefresher* grStdTwiddleHooks::view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views)
 {
-    return new grViewRefresherFull(views);
+    if (the_timeout_twiddling && tool && tool->flags().can_timeout_twiddle())
+    {
+        auto* timeout =
+            new grViewRefresherTimeout(views, the_timeout_renderer_cache.get(), get_timeout_twiddling(), 1, 1, 1);
+        timeout->allow_full_refresh(the_allow_full_refresh);
+        return timeout;
+    }
+    if (!the_use_refresher_fast)
+        return new grViewRefresherFull(views);
+    auto* fast = new grViewRefresherFast(views);
+    if (the_timeout_renderer_cache->refresh_stats() > 0)
+        fast->enable_twiddle_timings(the_timeout_renderer_cache.get());
+    return fast;
+}
+
+void grStdTwiddleHooks::record_refresh_stats(int n)
+{
+    the_timeout_renderer_cache->record_refresh_stats(n);
 }
 
 grWorkPlane* grStdTwiddleHooks::identify_workplane()

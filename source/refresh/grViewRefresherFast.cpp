@@ -1,0 +1,229 @@
+#include "grViewRefresherFast.h"
+
+#include "dgRenderNetworkAction.h"
+#include "dgRenderer.h"
+#include "dgView.h"
+#include "grRubberBandManager.h"
+#include "grTimeoutRenderer.h"
+#include "grTimeoutRendererCache.h"
+#include "grViewRendererFast.h"
+#include "utTypeID.h"
+
+#include <algorithm>
+#include <utility>
+
+UT_DEFINE_TYPE(grViewRefresherFast, grViewRefresher);
+
+namespace
+{
+int the_cache_graphics = 0;
+
+// Renderers kept from the last twiddle; owned, except while a refresher uses them.
+std::vector<grViewRendererFast*> the_cache;
+
+int the_cache_in_use = 0;  // the live refresher took its renderers from the cache
+int the_cache_dropped = 0; // since the live refresher made its renderers
+int the_final_frame = 0;
+int the_in_refresh = 0;
+
+int idle_slices_blocked(const dgView& view)
+{
+    const dgRenderNetworkAction* action = view.render_network_action();
+    if (!action)
+        action = dgView::the_global_render_network_action;
+    return action && action->check(view);
+}
+}
+
+grViewRefresherFast::grViewRefresherFast(const dgViewcoDList& views) : grViewRefresher(views)
+{
+    if (!the_cache_graphics || the_cache.empty())
+        return;
+    // Deliberate: compared in the order given, although the renderers are grouped, so that views of several renderers
+    // that alternate in the list never find theirs again.
+    int same = static_cast<int>(the_cache.size()) == views.count();
+    for (int i = 0; same && i < views.count(); ++i)
+        same = the_cache[static_cast<std::size_t>(i)]->view() == views[i];
+    if (!same)
+        graphics_state_changed();
+}
+
+grViewRefresherFast::~grViewRefresherFast()
+{
+    finish_with_renderers();
+}
+
+void grViewRefresherFast::make_renderers()
+{
+    if (!the_cache.empty())
+    {
+        the_fast_renderers = the_cache;
+        the_cache_in_use = 1;
+        // A view may have gone since the list was compared.
+        std::erase_if(the_fast_renderers, [](const grViewRendererFast* fast) { return !fast->view(); });
+    }
+    else
+    {
+        dgViewcoDList sorted = views();
+        grViewListUtils::sort_views_by_renderer(sorted);
+        for (dgView* view : sorted)
+            the_fast_renderers.push_back(new grViewRendererFast(view));
+    }
+    the_cache_dropped = 0;
+}
+
+void grViewRefresherFast::refresh()
+{
+    the_in_refresh = 1;
+    the_gone.clear();
+    if (the_fast_renderers.empty())
+        make_renderers();
+    for (int i = static_cast<int>(the_fast_renderers.size()) - 1, next = 0; i >= 0; i = next)
+    {
+        grViewRendererFast& fast = *the_fast_renderers[static_cast<std::size_t>(i)];
+        dgRenderer* renderer = fast.view()->renderer();
+        if (renderer)
+        {
+            renderer->select_buffer(dgBACK_BUFFER);
+            refresh_renderer(fast);
+        }
+        // The overlay callback may have destroyed views, whose renderers are then gone from the list.
+        next = std::min(i, static_cast<int>(the_fast_renderers.size())) - 1;
+        const int last_of_renderer =
+            next < 0 || the_fast_renderers[static_cast<std::size_t>(next)]->view()->renderer() != renderer;
+        if (renderer && last_of_renderer)
+            renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
+    }
+}
+
+void grViewRefresherFast::refresh_renderer(grViewRendererFast& fast)
+{
+    const int position = views().find(fast.view());
+    // The final picture has no icons.
+    dgStructure* icon = position < 0 || the_final_frame ? nullptr : twiddle_icons()[position];
+    fast.refresh(icon, the_final_frame);
+    dgView* view = fast.view();
+    if (!view)
+        return;
+    if (idle_slices_blocked(*view))
+        the_idle_blocked = 1;
+    if (!timing_cache())
+        return;
+    if (!timing_cache()->find_timeout_renderer(view))
+        timing_cache()->add_timeout_renderer(view);
+    timing_cache()->find_timeout_renderer(view)->twiddle_refresh_time(fast.refresh_time());
+}
+
+grIdleAction grViewRefresherFast::idle()
+{
+    if (state() != grTWID_TWIDDLING || the_fast_renderers.empty() || the_idle_blocked || !nviews())
+        return grIDLE_DONE;
+    const dgRenderer* first = views().first()->renderer();
+    if (!first || first->idle_slicing_forbidden())
+        return grIDLE_DONE;
+    int drawn = 0;
+    for (grViewRendererFast* fast : the_fast_renderers)
+    {
+        if (!fast->view()->renderer())
+            continue;
+        fast->view()->renderer()->select_buffer(dgFRONT_BUFFER);
+        drawn |= fast->draw_a_slice();
+    }
+    return drawn ? grIDLE_AGAIN : grIDLE_DONE;
+}
+
+void grViewRefresherFast::idle_refresh()
+{
+    if (the_fast_renderers.empty())
+        return;
+    for (grViewRendererFast* fast : the_fast_renderers)
+        fast->force_full_refresh(1);
+    refresh();
+    for (grViewRendererFast* fast : the_fast_renderers)
+        fast->force_full_refresh(0);
+}
+
+void grViewRefresherFast::end_twiddle()
+{
+    if (the_fast_renderers.empty())
+    {
+        grViewListUtils::refresh_views_and_rubber_banding(views(), renderers());
+        the_in_refresh = 0;
+        return;
+    }
+    const int rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
+    if (rubber_bands)
+        for (int i = 0; i < renderers().count(); ++i)
+            grRubberBandManager::temp_undraw(renderers()[i]);
+    the_final_frame = 1;
+    refresh();
+    the_final_frame = 0;
+    // By index: the overlay callback may have taken a renderer out of the list.
+    for (int i = 0; i < renderers().count(); ++i)
+        renderers()[i]->select_buffer(dgFRONT_BUFFER);
+    if (rubber_bands)
+        for (int i = 0; i < renderers().count(); ++i)
+            grRubberBandManager::update(renderers()[i]);
+    the_in_refresh = 0;
+}
+
+void grViewRefresherFast::finish_with_renderers()
+{
+    if (!the_fast_renderers.empty() && the_cache.empty())
+    {
+        if (the_cache_dropped || !the_cache_graphics)
+        {
+            for (const grViewRendererFast* fast : the_fast_renderers)
+                delete fast;
+            the_cache_dropped = 0;
+        }
+        else
+            the_cache = the_fast_renderers;
+    }
+    the_fast_renderers.clear();
+    the_cache_in_use = 0;
+}
+
+void grViewRefresherFast::view_removed(dgView* view)
+{
+    // Deleted later: the renderer may just be drawing, when the overlay callback destroys its view.
+    const auto gone = [view](const grViewRendererFast* fast) { return !fast->view() || fast->view() == view; };
+    for (grViewRendererFast* fast : the_fast_renderers)
+        if (gone(fast))
+            the_gone.emplace_back(fast);
+    std::erase_if(the_fast_renderers, gone);
+    if (the_cache_in_use)
+        std::erase_if(the_cache, gone);
+}
+
+int grViewRefresherFast::cache_graphics()
+{
+    return the_cache_graphics;
+}
+
+void grViewRefresherFast::cache_graphics(int on)
+{
+    the_cache_graphics = on;
+    if (!on)
+        graphics_state_changed();
+}
+
+void grViewRefresherFast::graphics_state_changed()
+{
+    // Those in use belong to the live refresher, which deletes them at its end.
+    if (!the_cache_in_use)
+        for (const grViewRendererFast* fast : the_cache)
+            delete fast;
+    the_cache.clear();
+    the_cache_dropped = 1;
+}
+
+int grViewRefresherFast::in_refresh()
+{
+    return the_in_refresh;
+}
+
+grViewRefresherFast* grViewRefresherFast::ut_dynamic_cast(coReceiver* receiver)
+{
+    return ut_cast<grViewRefresherFast>(receiver);
+}
