@@ -1,0 +1,102 @@
+#include "grPrimColourType.h"
+#include "grRubberBandColourAppElement.h"
+#include "grRubberBandIt.h"
+#include "grRubberBandItemState.h"
+#include "grRubberBandItemType.h"
+#include "grRubberBandMode.h"
+#include "grRubberBandSelectDriver.h"
+#include "tsBands.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace
+{
+// The names of the values 0 to n - 1 and of -1, joined.
+template <class Enum>
+std::string names(int n)
+{
+    std::ostringstream os;
+    for (int value = 0; value < n; ++value)
+        os << static_cast<Enum>(value) << '|';
+    os << static_cast<Enum>(-1);
+    return os.str();
+}
+}
+
+TEST(grRubberBandNames, four_of_the_six_end_the_line)
+{
+    EXPECT_EQ(names<grRubberBandIt>(2),
+              "grDRAW_RUBBER_BAND_ITEM\n|grUNDRAW_RUBBER_BAND_ITEM\n|Unknown value for grRubberBandIt\n");
+    EXPECT_EQ(names<grRubberBandSelectDriver>(2), "grRUBBER_BAND_SELECT_DRIVER\n|grRUBBER_BAND_DO_NOT_SELECT_DRIVER\n|"
+                                                  "Unknown value for grRubberSelectDriver\n");
+    EXPECT_EQ(names<grRubberBandItemState>(3),
+              "grDRAWN_RUBBER_BAND_ITEM\n|grUNDRAWN_RUBBER_BAND_ITEM\n|grTEMP_UNDRAWN_RUBBER_BAND_ITEM\n|"
+              "Unknown value for grRubberBandItemState\n");
+    EXPECT_EQ(names<grRubberBandItemType>(3),
+              "grRUBBER_BAND_CALLBACK_ITEM\n|grRUBBER_BAND_STRUCTURE_ITEM\n|grRUBBER_BAND_GRAPHICAL_ELEMENT_ITEM\n|"
+              "Unknown value for grRubberBandItemType\n");
+    EXPECT_EQ(names<grPrimColourType>(4), "grLINE_COLOUR|grTEXT_COLOUR|grMARKER_COLOUR|grALL_PRIM_COLOUR|"
+                                          "Unknown value for grPrimColourType");
+    EXPECT_EQ(names<grRubberBandMode>(3), "grRUBBER_BAND_VIA_XOR|grRUBBER_BAND_IN_OVERLAY_PLANES|"
+                                          "grRUBBER_BAND_IN_MAIN_PLANES|Unknown value for grRubberBandMode");
+}
+
+TEST(grRubberBandColourAppElement, uses_the_managers_colour_in_xor_mode_alone_and_when_so_constructed)
+{
+    tsBands bands;
+    const gsColour own(1, 0, 0), managers(0, 1, 0);
+    grRubberBandManager::rubber_band_colour(managers);
+    const dgRef<grRubberBandColourAppElement> plain(new grRubberBandColourAppElement(own, grLINE_COLOUR));
+    // Deliberate: the enumerator does not matter.
+    const dgRef<grRubberBandColourAppElement> asking(
+        new grRubberBandColourAppElement(grDO_NOT_USE_MANAGER_COLOUR_IN_XOR_MODE, own, grLINE_COLOUR));
+    const dgRef<grRubberBandColourAppElement> copied(asking->copy());
+    for (const auto* element : {asking.get(), copied.get()})
+    {
+        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), own);
+        bands.renderer.select_driver(1);
+        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), managers);
+        EXPECT_EQ(plain->calculate_rubber_band_colour(&bands.renderer), own);
+        grRubberBandManager::calculate_colour_in_xor_mode(1);
+        bands.view.camera().view_port_dc(giBox2(0, 0, 99, 79));
+        bands.view.shading_context().background_colour = gsColour(1, 1, 1);
+        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), gsColour(1, 0, 1));
+        EXPECT_EQ(plain->calculate_rubber_band_colour(&bands.renderer), gsColour(0, 1, 1));
+        grRubberBandManager::calculate_colour_in_xor_mode(0);
+        bands.renderer.select_driver(0);
+    }
+}
+
+TEST(grRubberBandColourAppElement, colours_the_primitives_of_its_type)
+{
+    tsBands bands;
+    bands.main.record_state(1);
+    const dgRef<grRubberBandColourAppElement> element(
+        new grRubberBandColourAppElement(gsColour(1, 0, 0), grLINE_COLOUR));
+    const auto line_and_marker = [&](grPrimColourType type)
+    {
+        element->set(gsColour(1, 0, 0), type);
+        bands.main.clear_log();
+        bands.view.begin();
+        bands.view.execute(*element);
+        bands.view.execute(*tsSegments(1));
+        bands.view.end();
+        std::string colours;
+        for (const std::string& line : bands.main.log())
+            if (line.starts_with("state line "))
+                colours = line.substr(11, 5) + "," + line.substr(line.find("marker ") + 7, 5);
+        return colours;
+    };
+    EXPECT_EQ(line_and_marker(grLINE_COLOUR), "1 0 0,1 1 1");
+    EXPECT_EQ(line_and_marker(grMARKER_COLOUR), "1 1 1,1 0 0");
+    EXPECT_EQ(line_and_marker(grTEXT_COLOUR), "1 1 1,1 1 1");
+    EXPECT_EQ(line_and_marker(grALL_PRIM_COLOUR), "1 0 0,1 0 0");
+    EXPECT_EQ(line_and_marker(static_cast<grPrimColourType>(4)), "1 1 1,1 1 1");
+    std::ostringstream os;
+    element->set(gsColour(0, 0, 1), grTEXT_COLOUR);
+    element->print(os);
+    EXPECT_NE(os.str().find("m_prim_type is: grTEXT_COLOUR\nm_colour is: "), std::string::npos) << os.str();
+    EXPECT_NE(os.str().find("m_use_manager_colour_in_xor is: 0\n}\n"), std::string::npos) << os.str();
+}
