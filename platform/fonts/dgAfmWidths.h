@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dg_fontsExport.h"
+
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -14,4 +16,4 @@ struct dgAfmWidth
 /// Reads the widths of the glyphs out of an AFM file, the lines "C 65 ; WX 722 ; N A ; ..." between StartCharMetrics
 /// and EndCharMetrics (Adobe Font Metrics File Format Specification 4.1, section 8). Answers 0 when the text is no AFM
 /// file.
-int dg_read_afm_widths(std::istream& stream, std::vector<dgAfmWidth>& widths);
+DG_FONTS_EXPORT int dg_read_afm_widths(std::istream& stream, std::vector<dgAfmWidth>& widths);

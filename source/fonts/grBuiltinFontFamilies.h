@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ltFontType.h"
+
+#include <span>
+
+/// One PostScript Type 1 family under the file names that it is commonly delivered with; an empty stem where a style
+/// does not exist.
+struct grBuiltinFontFamily
+{
+    ltFontType type;
+    const char* family;
+    const char* normal;
+    const char* bold;
+    const char* italic;
+    const char* bold_italic;
+};
+
+/// The families in the order in which they are offered.
+std::span<const grBuiltinFontFamily> gr_builtin_font_families();

@@ -1,0 +1,102 @@
+#include "tsFontFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace
+{
+namespace fs = std::filesystem;
+
+std::string real_file(const char* folder, const std::string& name, const char* package)
+{
+    const fs::path file = fs::path(folder) / name;
+    EXPECT_TRUE(fs::is_regular_file(file)) << file << " is missing: install " << package;
+    return file.string();
+}
+}
+
+std::string tsHtmldocFont(const std::string& name)
+{
+    return real_file("/usr/share/htmldoc/fonts", name, "htmldoc-common");
+}
+
+std::string tsUrwFont(const std::string& name)
+{
+    return real_file("/usr/share/fonts/X11/Type1", name, "fonts-urw-base35");
+}
+
+std::string tsUrwMetrics(const std::string& name)
+{
+    return real_file("/usr/share/fonts/type1/urw-base35", name, "fonts-urw-base35");
+}
+
+std::string tsDejavuFont(const std::string& name)
+{
+    return real_file("/usr/share/fonts/truetype/dejavu", name, "fonts-dejavu-core");
+}
+
+std::string tsFileText(const std::string& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+tsFontFolder::tsFontFolder()
+{
+    static int number = 0;
+    const std::string name = std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "-" +
+                             std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" + std::to_string(++number);
+    the_path = fs::path(testing::TempDir()) / ("gr-fonts-" + name);
+    fs::remove_all(the_path);
+    fs::create_directories(the_path);
+}
+
+tsFontFolder::~tsFontFolder()
+{
+    std::error_code ignored;
+    fs::remove_all(the_path, ignored);
+}
+
+void tsFontFolder::link(const std::string& stem, const std::string& htmldoc_stem)
+{
+    link_file(stem + ".pfa", tsHtmldocFont(htmldoc_stem + ".pfa"));
+    link_file(stem + ".afm", tsHtmldocFont(htmldoc_stem + ".afm"));
+}
+
+void tsFontFolder::link_file(const std::string& name, const std::string& target)
+{
+    fs::create_symlink(target, the_path / name);
+}
+
+utString tsFontFolder::write(const std::string& name, const std::string& text)
+{
+    std::ofstream(the_path / name, std::ios::binary) << text;
+    return *this / name;
+}
+
+void tsFontFolder::make_folder(const std::string& name)
+{
+    fs::create_directory(the_path / name);
+}
+
+std::vector<std::string> tsFamilies(const grOutlineFontFamilyReader& reader)
+{
+    std::vector<std::string> families;
+    for (int i = 0; i < reader.num_families(); ++i)
+    {
+        ltFontType type{};
+        const utString name = reader.family_name(i, type);
+        families.push_back(std::to_string(type) + " " + name.str());
+    }
+    return families;
+}
+
+const grOutlineFontListElement* tsFind(const grOutlineFontFamilyReader& reader, ltFontType type, const char* family)
+{
+    for (int i = 0; i < reader.num_families(); ++i)
+        if (reader.family(i).font_type() == type && reader.family(i).family_name() == family)
+            return &reader.family(i);
+    return nullptr;
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "grOutlineFontFamilyReader.h"
+
+#include "apSystemFonts.h"
+#include "grOutlineFontListElement.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+/// Font files of the packages htmldoc-common, fonts-urw-base35 and fonts-dejavu-core.
+std::string tsHtmldocFont(const std::string& name);
+std::string tsUrwFont(const std::string& name);
+std::string tsUrwMetrics(const std::string& name);
+std::string tsDejavuFont(const std::string& name);
+
+std::string tsFileText(const std::string& file);
+
+/// A folder of its own that is gone with the object.
+class tsFontFolder
+{
+public:
+    tsFontFolder();
+    ~tsFontFolder();
+    tsFontFolder(const tsFontFolder&) = delete;
+    tsFontFolder& operator=(const tsFontFolder&) = delete;
+
+    utString path() const { return the_path.string(); }
+    utString operator/(const std::string& name) const { return (the_path / name).string(); }
+
+    /// Puts a real font of htmldoc-common, with its metrics, under another stem.
+    void link(const std::string& stem, const std::string& htmldoc_stem = "Courier");
+    void link_file(const std::string& name, const std::string& target);
+    utString write(const std::string& name, const std::string& text);
+    void make_folder(const std::string& name);
+
+private:
+    std::filesystem::path the_path;
+};
+
+/// A system without a single font.
+class tsNoSystemFonts
+{
+    apSystemFontsOverride the_override{{}};
+};
+
+/// Types and names of all families, in order: "2 Courier".
+std::vector<std::string> tsFamilies(const grOutlineFontFamilyReader& reader);
+
+/// The first family of a type and name, or null.
+const grOutlineFontListElement* tsFind(const grOutlineFontFamilyReader& reader, ltFontType type, const char* family);
