@@ -33,7 +33,7 @@ public:
     grIdleAction idle();
 
     /// Ends the current tool's twiddle as if its mouse button had been released at (0, 0) of no window, and destroys
-    /// the tool; from inside a call into the tool it only ends it.
+    /// the tool; from inside a call into the tool it only ends it, and from inside its end it does nothing.
     void stop_twiddling();
     /// Destroys the current tool unless it is active or this is called from inside a call into it.
     void delete_current_tool();
@@ -94,4 +94,5 @@ private:
     grActioncoDListPtr the_actions;
     std::unique_ptr<grTwiddleTool> the_current_tool;
     int the_in_call = 0;
+    int the_in_end = 0;
 };

@@ -10,8 +10,8 @@
 
 #include <utility>
 
-// Marks the manager as inside a call into the current tool. Calls nest, as when a tool stops its own twiddle, so the
-// mark is put back as it was: clearing it would let the inner call delete the tool under the outer one.
+// Marks the manager as inside a call into the current tool, or inside its end. Calls nest, as when a tool stops its own
+// twiddle, so the mark is put back as it was: clearing it would let the inner call delete the tool under the outer one.
 class grTwiddleMan::InCall
 {
 public:
@@ -200,9 +200,11 @@ int grTwiddleMan::tool_claims(const gwKeyEvent& event)
 
 void grTwiddleMan::end_twiddle(const gwKeyEvent& event)
 {
-    // A tool that was asked about the event may have stopped itself.
-    if (!twiddling())
+    // A tool that was asked about the event may have stopped itself. One that draws its final frame is still active,
+    // but what comes from inside must not end it a second time.
+    if (!twiddling() || the_in_end)
         return;
     const InCall in_call(the_in_call);
+    const InCall in_end(the_in_end);
     the_current_tool->base_end_twiddle(event);
 }

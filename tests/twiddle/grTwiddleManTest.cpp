@@ -215,6 +215,25 @@ TEST(grTwiddleMan, a_tool_that_stops_itself_when_asked_about_a_key_is_ended_once
     EXPECT_EQ(scene.take(), (Calls{"allow?", "final frame in 1", "end in 2"}));
 }
 
+TEST(grTwiddleMan, a_tool_that_is_stopped_while_its_final_frame_is_drawn_is_ended_once)
+{
+    Scene scene;
+    scene.record.inside = [&](const std::string& call)
+    {
+        if (call != "final frame in 1")
+            return;
+        scene.man.stop_twiddling();
+        scene.release(1);
+        scene.press(2);
+    };
+    scene.press(1);
+    scene.take();
+    scene.release(1);
+    EXPECT_EQ(scene.take(), (Calls{"allow?", "final frame in 1", "allow?", "allow?", "end in 2"}));
+    scene.press(3);
+    EXPECT_EQ(scene.take(), (Calls{"destruction in 2", "deleted"}));
+}
+
 TEST(grTwiddleMan, a_press_from_inside_a_tool_ends_it_and_starts_nothing)
 {
     Scene scene;
