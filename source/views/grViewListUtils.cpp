@@ -40,18 +40,37 @@ int double_buffered(const dgRenderer* renderer, int mode)
     return renderer->driver_capability(mode, dgCAPABILITY_DOUBLE_BUFFERING);
 }
 
-void draw_view(dgView& view, dgStructure* extra)
+// Draws a view without its extra structure; the overlay callback may then have destroyed this view and others.
+void draw_view(dgView& view)
 {
     const grView* companion = grView::contains(&view);
     if (!companion || companion->background() != grVIEW_BACKGROUND_TRANSPARENT)
         view.erase(dgERASE_ZBUFFER_YES);
-    if (!companion || !companion->hidden())
-    {
-        view.render_network(nullptr);
-        grTwiddleOverlayCallback::call_callback(view);
-    }
-    if (extra)
-        view.render_network(extra);
+    if (companion && companion->hidden())
+        return;
+    view.render_network(nullptr);
+    grTwiddleOverlayCallback::call_callback(view);
+}
+
+int alive(dgView* view)
+{
+    return dgS::views().contains(view);
+}
+
+// Position of the last live view before a position; -1 when there is none.
+int live_view_before(const dgViewcoDList& views, int position)
+{
+    do
+        --position;
+    while (position >= 0 && !alive(views[position]));
+    return position;
+}
+
+// A renderer that no view is left on may have been destroyed with its last one.
+int has_views(const dgRenderer* renderer)
+{
+    return std::any_of(dgS::views().begin(), dgS::views().end(),
+                       [=](const dgView* view) { return view->renderer() == renderer; });
 }
 }
 
@@ -141,23 +160,25 @@ void grViewListUtils::find_child_views(dgView* view, dgViewcoDList& views)
 void grViewListUtils::refresh_views(const dgViewcoDList& views, const dgViewcoDList& extra_views,
                                     const dgStructurecoDList& extra_structures)
 {
-    for (int i = views.count() - 1, next = 0; i >= 0; i = next)
+    // Views that the overlay callback destroys leave the lists of a refresher, but not this one.
+    const dgViewcoDList drawn_views = views;
+    for (int i = drawn_views.count() - 1; i >= 0; --i)
     {
-        next = i - 1;
-        dgView* view = views[i];
-        dgRenderer* renderer = view->renderer();
+        dgView* view = drawn_views[i];
+        dgRenderer* renderer = alive(view) ? view->renderer() : nullptr;
         if (!renderer)
             continue;
         renderer->select_buffer(dgBACK_BUFFER);
-        const int extra = extra_views.find(view);
-        draw_view(*view, extra < 0 ? nullptr : extra_structures[extra]);
-
-        // The overlay callback may have destroyed views, which are then gone from the list of a refresher.
-        next = std::min(i, views.count()) - 1;
+        draw_view(*view);
+        // Looked for only now: an extra structure may go with its view.
+        const int extra = alive(view) ? extra_views.find(view) : -1;
+        if (extra >= 0 && extra_structures[extra])
+            view->render_network(extra_structures[extra]);
 
         // One swap per renderer, after its last view: a second one would show the half-drawn back buffer.
-        const int last_of_renderer = next < 0 || views[next]->renderer() != renderer;
-        if (last_of_renderer && double_buffered(renderer, renderer->mode()))
+        const int next = live_view_before(drawn_views, i);
+        const int last_of_renderer = next < 0 || drawn_views[next]->renderer() != renderer;
+        if (last_of_renderer && has_views(renderer) && double_buffered(renderer, renderer->mode()))
         {
             renderer->swap_buffers(the_erase_on_swap_buffers_arg);
             renderer->select_buffer(dgFRONT_BUFFER);

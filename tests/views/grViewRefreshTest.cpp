@@ -120,3 +120,44 @@ TEST(refresh_views, does_nothing_for_an_empty_list_or_a_view_without_renderer)
     grViewListUtils::refresh_views({&without_renderer}, icon.get(), &without_renderer);
     EXPECT_EQ(scene.take_log(), Log());
 }
+
+namespace
+{
+tsScene* the_scene = nullptr;
+
+// Destroys the views of even numbers, its own among them, when view 2 has been drawn.
+void destroy_even_views(dgView& view)
+{
+    if (&view != the_scene->view(2))
+        return;
+    for (int i = 0; i < the_scene->n_views(); i += 2)
+        the_scene->delete_view(i);
+}
+}
+
+TEST(refresh_views, leaves_alone_what_the_overlay_callback_destroys)
+{
+    tsScene scene;
+    scene.add_window();
+    for (int window : {0, 0, 0, 1, 1})
+        scene.add_view(window);
+    the_scene = &scene;
+    // The lists are nobody's, so that nothing takes the views out of them.
+    const dgRef<dgStructure> icon = tsLine(10);
+    grTwiddleOverlayCallback::register_callback(&destroy_even_views);
+    grViewListUtils::refresh_views({scene.view(4), scene.view(0), scene.view(1), scene.view(2)}, icon.get(),
+                                   scene.view(2));
+    EXPECT_EQ(scene.take_log(0), (Log{"select_buffer back", erase_all, "draw lines 3 of 1", "select_buffer back",
+                                      erase_all, "draw lines 2 of 1", "swap_buffers 0", "select_buffer front"}));
+    EXPECT_EQ(scene.take_log(1), Log());
+
+    // A renderer may go with its last view: it is not touched any more.
+    tsScene last;
+    for (int i = 0; i < 3; ++i)
+        last.add_view();
+    last.delete_view(1);
+    the_scene = &last;
+    grViewListUtils::refresh_views({last.view(0), last.view(2)}, nullptr, nullptr);
+    grTwiddleOverlayCallback::register_callback(nullptr);
+    EXPECT_EQ(last.take_log(), (Log{"select_buffer back", erase_all, "draw lines 3 of 1"}));
+}
