@@ -34,6 +34,9 @@ protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void end_twiddle(const gwKeyEvent& event) override;
 
+    /// All that comes before the action; 0 when the step is to be ignored.
+    int start_wheel_step(const gwKeyEvent& event);
+
     using grStdViewTwiddleTool::target_view;
     /// The view under the pointer, or null.
     static dgView* target_view(const gwKeyEvent& event);

@@ -17,6 +17,9 @@ public:
     /// Moves the picture of a view by a step in pixels, to the right and up.
     static void pan(dgView* view, const giVector2& pixels);
 
+    /// The step in pixels that brings what is under the pointer to the middle of a view's viewport.
+    static giVector2 step_to_centre(const dgView* view, const gwPositionalEvent& event);
+
     /// Moves the picture of a view so that what is under the pointer comes to the middle of the viewport.
     static void pan_centre(dgView* view, const gwPositionalEvent& event);
 

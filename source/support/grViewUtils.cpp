@@ -29,9 +29,14 @@ void grViewUtils::pan(dgView* view, const giVector2& pixels)
     view->camera().pan_view(pixels / size_pixels(view->camera().view_port_dc()));
 }
 
+giVector2 grViewUtils::step_to_centre(const dgView* view, const gwPositionalEvent& event)
+{
+    return view->camera().view_port_dc().middle() - giPoint2(event.x(), event.y());
+}
+
 void grViewUtils::pan_centre(dgView* view, const gwPositionalEvent& event)
 {
-    pan(view, view->camera().view_port_dc().middle() - giPoint2(event.x(), event.y()));
+    pan(view, step_to_centre(view, event));
 }
 
 int grViewUtils::zoom_to_box(dgView* view, const giBox2& device_box)

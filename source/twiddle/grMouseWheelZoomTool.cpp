@@ -114,18 +114,23 @@ void grMouseWheelZoomTool::reread_resources(const gwResourceDB* db)
 
 void grMouseWheelZoomTool::start_twiddle(const gwKeyEvent& event)
 {
+    if (start_wheel_step(event) && do_action(event))
+        refresh_views();
+}
+
+int grMouseWheelZoomTool::start_wheel_step(const gwKeyEvent& event)
+{
     if (the_settings.disabled || follows_too_closely())
-        return;
+        return 0;
     if (!target_view(event))
-        return;
+        return 0;
     // The hooks hear of a wheel step before they are asked what it is about, unlike with the other tools.
     twiddle_start(event);
     if (!find_detail(event))
-        return;
+        return 0;
     if (refresher())
         refresher()->base_start_twiddle();
-    if (do_action(event))
-        refresh_views();
+    return 1;
 }
 
 dgView* grMouseWheelZoomTool::target_view(const gwKeyEvent& event)

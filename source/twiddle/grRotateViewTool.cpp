@@ -2,6 +2,7 @@
 
 #include "dgView.h"
 #include "giXform3.h"
+#include "grAxisTurn.h"
 #include "grRotationCentre.h"
 #include "grStdTwiddleHooks.h"
 #include "grTwiddleTimer.h"
@@ -16,38 +17,6 @@
 namespace
 {
 constexpr int timer_capacity = 5;
-
-enum AxisMode
-{
-    X_AXIS = 0,
-    Y_AXIS = 1,
-    Z_AXIS = 2,
-    XYZ_AXIS = 3
-};
-
-int axis_mode_of(const utString& args)
-{
-    if (args == "y_axis")
-        return Y_AXIS;
-    if (args == "z_axis")
-        return Z_AXIS;
-    if (args == "xyz_axis")
-        return XYZ_AXIS;
-    return X_AXIS;
-}
-
-// The rotation vector in view space, with the pixels of the travel as its length. Travel is delta reversed, and what is
-// nearest to the eye moves along (axis x z).
-giVector3 turning_pixels(const giVector2& delta, int axis_mode)
-{
-    switch (axis_mode)
-    {
-    case Y_AXIS: return giVector3(0, -delta.x(), 0);
-    case Z_AXIS: return giVector3(0, 0, delta.x());
-    case XYZ_AXIS: return giVector3(delta.y(), -delta.x(), 0);
-    default: return giVector3(delta.y(), 0, 0);
-    }
-}
 }
 
 UT_DEFINE_TYPE(grRotateViewTool, grStdViewTwiddleTool);
@@ -63,7 +32,7 @@ const grRotateViewTool* grRotateViewTool::ut_dynamic_cast(const grTwiddleTool* t
 }
 
 grRotateViewTool::grRotateViewTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks), the_axis_mode(axis_mode_of(args))
+    : grStdViewTwiddleTool(args, db, hooks), the_axis_mode(gr_axis_mode(args))
 {
     flags().can_timeout_twiddle(1);
     flags().can_save_camera(1);
@@ -107,7 +76,7 @@ void grRotateViewTool::mouse_event(const gwMouseEvent& event)
 
 void grRotateViewTool::apply_rotation(dgView* view, const giPoint3& centre, const giVector2& delta, int axis_mode)
 {
-    const giVector3 pixels = turning_pixels(delta, axis_mode);
+    const giVector3 pixels = gr_turning_pixels(delta, axis_mode);
     const giAngle angle(2 * std::numbers::pi * pixels.length() / std::max(view->renderer_height(), 1));
     dgCamera& camera = view->camera();
     const giPoint3 centre_view = camera.orientation().transform(centre);

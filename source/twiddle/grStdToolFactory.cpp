@@ -3,15 +3,32 @@
 #include "grIsometricTool.h"
 #include "grMouseWheelZoomTool.h"
 #include "grMoveFrontBackTool.h"
+#include "grMultiIsometricTool.h"
+#include "grMultiMouseWheelZoomTool.h"
+#include "grMultiMoveFrontBackTool.h"
+#include "grMultiPanCentreTool.h"
+#include "grMultiPanTool.h"
+#include "grMultiResetFrontBackTool.h"
+#include "grMultiResetTool.h"
+#include "grMultiRotateViewTool.h"
+#include "grMultiSpaceballTool.h"
+#include "grMultiToggleDepthCueingTool.h"
+#include "grMultiTrackballTool.h"
+#include "grMultiViewIndexTool.h"
+#include "grMultiZoomTool.h"
 #include "grNoOpTool.h"
 #include "grPanCentreTool.h"
 #include "grPanTool.h"
 #include "grResetFrontBackTool.h"
 #include "grResetTool.h"
+#include "grRotateStructureTool.h"
 #include "grRotateViewTool.h"
+#include "grScaleStructureTool.h"
 #include "grSpaceballTool.h"
 #include "grToggleDepthCueingTool.h"
 #include "grTrackballTool.h"
+#include "grTranslateStructureTool.h"
+#include "grViewIndexTool.h"
 #include "grZoomTool.h"
 
 #include <algorithm>
@@ -36,25 +53,25 @@ struct ToolRow
 
 // Row i is tool number i + 1.
 constexpr ToolRow the_tools[] = {
-    {"zoom", create<grZoomTool>, nullptr},
-    {"pan", create<grPanTool>, nullptr},
-    {"trackball", create<grTrackballTool>, nullptr},
+    {"zoom", create<grZoomTool>, create<grMultiZoomTool>},
+    {"pan", create<grPanTool>, create<grMultiPanTool>},
+    {"trackball", create<grTrackballTool>, create<grMultiTrackballTool>},
     {"aperture", nullptr, nullptr},
-    {"isometric", create<grIsometricTool>, nullptr},
-    {"reset", create<grResetTool>, nullptr},
-    {"pan_centre", create<grPanCentreTool>, nullptr},
-    {"reset_front_back", create<grResetFrontBackTool>, nullptr},
-    {"move_front_back", create<grMoveFrontBackTool>, nullptr},
-    {"toggle_depth_cueing", create<grToggleDepthCueingTool>, nullptr},
-    {"rotate_view", create<grRotateViewTool>, nullptr},
-    {"translate_structure", nullptr, nullptr},
-    {"scale_structure", nullptr, nullptr},
-    {"rotate_structure", nullptr, nullptr},
-    {"view_index", nullptr, nullptr},
+    {"isometric", create<grIsometricTool>, create<grMultiIsometricTool>},
+    {"reset", create<grResetTool>, create<grMultiResetTool>},
+    {"pan_centre", create<grPanCentreTool>, create<grMultiPanCentreTool>},
+    {"reset_front_back", create<grResetFrontBackTool>, create<grMultiResetFrontBackTool>},
+    {"move_front_back", create<grMoveFrontBackTool>, create<grMultiMoveFrontBackTool>},
+    {"toggle_depth_cueing", create<grToggleDepthCueingTool>, create<grMultiToggleDepthCueingTool>},
+    {"rotate_view", create<grRotateViewTool>, create<grMultiRotateViewTool>},
+    {"translate_structure", create<grTranslateStructureTool>, nullptr},
+    {"scale_structure", create<grScaleStructureTool>, nullptr},
+    {"rotate_structure", create<grRotateStructureTool>, nullptr},
+    {"view_index", create<grViewIndexTool>, create<grMultiViewIndexTool>},
     {"zoom_box", nullptr, nullptr},
     {"no_op", create<grNoOpTool>, nullptr},
-    {"spaceball", create<grSpaceballTool>, nullptr},
-    {"mouse_wheel_zoom", create<grMouseWheelZoomTool>, nullptr},
+    {"spaceball", create<grSpaceballTool>, create<grMultiSpaceballTool>},
+    {"mouse_wheel_zoom", create<grMouseWheelZoomTool>, create<grMultiMouseWheelZoomTool>},
 };
 static_assert(std::size(the_tools) == grStdToolFactoryOptions::the_size);
 }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "grMouseWheelZoomTool.h"
+#include "grOtherViews.h"
+
+/// Zooms the views that belong with the one under the pointer by the same wheel step as that one, with the position of
+/// the pointer measured against the viewport of that one.
+class GR_EXPORT grMultiMouseWheelZoomTool : public grMouseWheelZoomTool
+{
+public:
+    using grMouseWheelZoomTool::grMouseWheelZoomTool;
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grMultiMouseWheelZoomTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grMultiMouseWheelZoomTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+    using grStdViewTwiddleTool::save_camera;
+    /// Saves the cameras of the other views and then the target's, when the flags allow it.
+    void save_camera() const override;
+
+protected:
+    int do_action(const gwKeyEvent& event) const override;
+    void start_twiddle(const gwKeyEvent& event) override;
+
+private:
+    grOtherViews the_others;
+};

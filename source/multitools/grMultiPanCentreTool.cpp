@@ -1,0 +1,45 @@
+#include "grMultiPanCentreTool.h"
+
+#include "dgView.h"
+#include "giVector2.h"
+#include "grViewUtils.h"
+#include "gwKeyEvent.h"
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grMultiPanCentreTool, grPanCentreTool);
+
+grMultiPanCentreTool* grMultiPanCentreTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grMultiPanCentreTool>(tool);
+}
+
+const grMultiPanCentreTool* grMultiPanCentreTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grMultiPanCentreTool>(tool);
+}
+
+void grMultiPanCentreTool::save_camera() const
+{
+    the_others.save_cameras(*this);
+    grPanCentreTool::save_camera();
+}
+
+void grMultiPanCentreTool::start_twiddle(const gwKeyEvent& event)
+{
+    // The others are found before the action, so that one redraw shows all of them changed.
+    if (!start_view_twiddle(event))
+        return;
+    the_others.find(*this, event, target_view());
+    do_action(event);
+    refresh_views();
+}
+
+void grMultiPanCentreTool::do_action(const gwKeyEvent& event) const
+{
+    if (!target_view())
+        return;
+    const giVector2 step = grViewUtils::step_to_centre(target_view(), event);
+    the_others.each([&](dgView* view, int) { grViewUtils::pan(view, step); });
+    if (target_view())
+        grPanCentreTool::do_action(event);
+}

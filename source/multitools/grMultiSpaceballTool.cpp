@@ -1,0 +1,42 @@
+#include "grMultiSpaceballTool.h"
+
+#include "dgView.h"
+#include "gwKeyEvent.h"
+#include "gwSpaceballEvent.h"
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grMultiSpaceballTool, grSpaceballTool);
+
+grMultiSpaceballTool* grMultiSpaceballTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grMultiSpaceballTool>(tool);
+}
+
+const grMultiSpaceballTool* grMultiSpaceballTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grMultiSpaceballTool>(tool);
+}
+
+void grMultiSpaceballTool::save_camera() const
+{
+    the_others.save_cameras(*this);
+    grSpaceballTool::save_camera();
+}
+
+void grMultiSpaceballTool::start_twiddle(const gwKeyEvent& event)
+{
+    grSpaceballTool::start_twiddle(event);
+    if (!target_view())
+        return;
+    the_others.find(*this, event, target_view());
+    the_centres.assign(static_cast<std::size_t>(the_others.count()), giPoint3());
+    the_others.each([&](dgView* view, int i) { the_centres[static_cast<std::size_t>(i)] = trackball_centre(view); });
+}
+
+void grMultiSpaceballTool::spaceball_event(const gwSpaceballEvent& event)
+{
+    if (state() == grTWID_TWIDDLING && target_view())
+        the_others.each([&](dgView* view, int i)
+                        { spaceball_action(view, event, the_centres[static_cast<std::size_t>(i)]); });
+    grSpaceballTool::spaceball_event(event);
+}

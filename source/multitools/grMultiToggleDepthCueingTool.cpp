@@ -1,0 +1,52 @@
+#include "grMultiToggleDepthCueingTool.h"
+
+#include "dgView.h"
+#include "utTypeID.h"
+
+#include <algorithm>
+#include <vector>
+
+UT_DEFINE_TYPE(grMultiToggleDepthCueingTool, grToggleDepthCueingTool);
+
+grMultiToggleDepthCueingTool* grMultiToggleDepthCueingTool::ut_dynamic_cast(grTwiddleTool* tool)
+{
+    return ut_cast<grMultiToggleDepthCueingTool>(tool);
+}
+
+const grMultiToggleDepthCueingTool* grMultiToggleDepthCueingTool::ut_dynamic_cast(const grTwiddleTool* tool)
+{
+    return ut_cast<grMultiToggleDepthCueingTool>(tool);
+}
+
+void grMultiToggleDepthCueingTool::save_camera() const
+{
+    the_others.save_cameras(*this);
+    grToggleDepthCueingTool::save_camera();
+}
+
+void grMultiToggleDepthCueingTool::start_twiddle(const gwKeyEvent& event)
+{
+    // The others are found before the action, so that one redraw shows all of them changed.
+    if (!start_view_twiddle(event))
+        return;
+    the_others.find(*this, event, target_view());
+    do_action(event);
+    refresh_views();
+}
+
+void grMultiToggleDepthCueingTool::do_action(const gwKeyEvent& event) const
+{
+    if (!target_view())
+        return;
+    std::vector<const dgRenderer*> switched{target_view()->renderer()};
+    the_others.each(
+        [&](dgView* view, int)
+        {
+            if (std::find(switched.begin(), switched.end(), view->renderer()) != switched.end())
+                return;
+            switched.push_back(view->renderer());
+            toggle_depth_cueing(view);
+        });
+    if (target_view())
+        grToggleDepthCueingTool::do_action(event);
+}
