@@ -16,9 +16,10 @@ constexpr double largest_growth = 4;
 
 // How much of the time a piece may take, so that little is drawn too much, and how little, so that waiting for pieces
 // costs little.
-constexpr double largest_piece = 1 / 16.0;
+constexpr double largest_piece = 1 / 8.0;
 constexpr double smallest_piece = 1 / 1000.0;
 constexpr long long first_piece = 256;
+constexpr int piece_growth = 8;
 }
 
 gsStructureCalibration::gsStructureCalibration(double frame_time) : the_frame_time(frame_time) {}
@@ -99,7 +100,7 @@ void gsStructureCalibration::read_clock(dgRenderer& renderer)
     if (!(the_frame_time > 0))
         return;
     the_out_of_time = the_elapsed >= the_frame_time;
-    long long piece = 2 * the_piece;
+    long long piece = piece_growth * the_piece;
     if (the_elapsed > 0)
     {
         const double in_frame_time = static_cast<double>(drawn()) * the_frame_time / the_elapsed;

@@ -1,0 +1,349 @@
+// A drag of five seconds that asks for ten frames a second, on scenes that take longer to draw: what frames take with
+// the full, the fast and the time-out refresher, and how long it then is until the picture is complete. Beside that,
+// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles.
+//
+//     bench_framerate [scene...]      scenes: one many placed mixed; all without
+#include "dgClientStructure.h"
+#include "dgCompiledStructure.h"
+#include "dgGLDevice.h"
+#include "dgGLGeometryStore.h"
+#include "dgGLWindow.h"
+#include "dgImage.h"
+#include "dgLineColour.h"
+#include "dgPolyline.h"
+#include "dgRenderer.h"
+#include "dgStructureCall.h"
+#include "dgSurfaceColour.h"
+#include "dgTransform.h"
+#include "dgTriangleBlock.h"
+#include "dgView.h"
+#include "giTriBlock.h"
+#include "grTimeoutRendererCache.h"
+#include "grViewRefresherFast.h"
+#include "grViewRefresherFull.h"
+#include "grViewRefresherTimeout.h"
+#include "grViewRendererFast.h"
+
+#include <epoxy/gl.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace
+{
+constexpr int width = 1280, height = 720;
+constexpr double framerate = 10, drag_seconds = 5;
+constexpr double two_pi = 6.283185307179586;
+
+class Stopwatch
+{
+public:
+    double seconds() const
+    {
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - the_start).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point the_start = std::chrono::steady_clock::now();
+};
+
+template <class Work>
+double seconds(Work work)
+{
+    const Stopwatch stopwatch;
+    work();
+    return stopwatch.seconds();
+}
+
+/// The value that at least share of the values do not exceed.
+double quantile(std::vector<double> values, double share)
+{
+    std::sort(values.begin(), values.end());
+    const auto rank = static_cast<std::size_t>(std::ceil(share * static_cast<double>(values.size())));
+    return values[std::max<std::size_t>(rank, 1) - 1];
+}
+
+double median(const std::vector<double>& values)
+{
+    return quantile(values, 0.5);
+}
+
+giPoint3 on_ring(double u, double v)
+{
+    const double thickness = 30 + 2 * std::sin(12 * u) * std::cos(3 * v);
+    return giPoint3((70 + thickness * std::cos(v)) * std::cos(u), (70 + thickness * std::cos(v)) * std::sin(u),
+                    thickness * std::sin(v));
+}
+
+/// Rows and columns of squares of two triangles each, of a ring with waves that has around by across of them.
+giTriBlock* ring(int around, int across, int first_row, int rows, int first_column, int columns)
+{
+    auto* block = new giTriBlock;
+    block->nodes().reserve((rows + 1) * (columns + 1));
+    std::vector<giVector3> normals;
+    for (int row = first_row; row <= first_row + rows; ++row)
+        for (int column = first_column; column <= first_column + columns; ++column)
+        {
+            const double u = two_pi * row / around, v = two_pi * column / across;
+            block->nodes().append(on_ring(u, v));
+            normals.emplace_back(std::cos(v) * std::cos(u), std::cos(v) * std::sin(u), std::sin(v));
+        }
+    block->create_normals() = std::move(normals);
+    for (int row = 0; row < rows; ++row)
+        for (int column = 0; column < columns; ++column)
+        {
+            const int node = row * (columns + 1) + column;
+            block->triangles().emplace_back(node, node + columns + 1, node + columns + 2);
+            block->triangles().emplace_back(node, node + columns + 2, node + 1);
+        }
+    return block;
+}
+
+using Root = dgRef<dgClientStructure>;
+
+Root one_object()
+{
+    const Root root(new dgClientStructure);
+    root->add(new dgTriangleBlock(ring(2000, 1000, 0, 2000, 0, 1000), 1));
+    return root;
+}
+
+/// Each object is a structure of its own; placed ones have a colour and a place of their own too.
+Root many_objects(int placed)
+{
+    const Root root(new dgClientStructure);
+    for (int i = 0; i < 10000; ++i)
+    {
+        const dgRef<dgClientStructure> object(new dgClientStructure);
+        if (placed)
+        {
+            object->add(new dgSurfaceColour(gsColour(0.4 + i % 7 * 0.1, 0.5 + i % 3 * 0.2, 0.9 - i % 5 * 0.1)));
+            object->add(new dgTransform(giXform3::translation(giVector3(0, 0, i % 10))));
+        }
+        object->add(new dgTriangleBlock(ring(500, 1000, 5 * (i / 100), 5, 10 * (i % 100), 10), 1));
+        root->add(new dgStructureCall(object.get()));
+    }
+    return root;
+}
+
+Root mixed()
+{
+    const Root root(new dgClientStructure);
+    for (int i = 0; i < 2000; ++i)
+        root->add(new dgTriangleBlock(ring(2000, 1000, 40 * (i / 40), 40, 25 * (i % 40), 25), 1));
+    root->add(new dgLineColour(gsColour(0.1, 0.2, 0.6)));
+    for (int i = 0; i < 200000; ++i)
+    {
+        const double u = two_pi * (i / 400) / 500, v = two_pi * (i % 400) / 400;
+        root->add(new dgPolyline({on_ring(u, v), on_ring(u, v + two_pi / 400)}));
+    }
+    return root;
+}
+
+struct Picture
+{
+    Picture(const std::shared_ptr<dgGLDevice>& device, dgStructure* root)
+        : window(device, width, height), renderer(&window, nullptr), view(&renderer)
+    {
+        view.root(root);
+        view.camera().orientation(giPoint3(), giVector3(-1, 2, -1.5), giVector3(0, 0, 1));
+        view.view_bbox();
+    }
+    void full_frame()
+    {
+        view.erase(dgERASE_ZBUFFER_YES);
+        view.render_network(nullptr);
+        renderer.finish();
+    }
+    /// What a full redraw shows, and what it takes.
+    double full_redraw(dgImage& image)
+    {
+        renderer.select_buffer(dgBACK_BUFFER);
+        std::vector<double> times;
+        for (int i = 0; i < 5; ++i)
+            times.push_back(seconds([this] { full_frame(); }));
+        renderer.read_pixels(window.device_box(), image);
+        renderer.select_buffer(dgFRONT_BUFFER);
+        return median(times);
+    }
+    dgImage front()
+    {
+        dgImage image;
+        renderer.select_buffer(dgFRONT_BUFFER);
+        renderer.read_pixels(window.device_box(), image);
+        return image;
+    }
+
+    dgGLWindow window;
+    dgRenderer renderer;
+    dgView view;
+};
+
+/// The k-th step of the drag: to the right, then upwards, then back, as a hand does.
+void step(dgView& view, int k)
+{
+    view.camera().rotate_view(k / 8 % 2 ? gi_X_AXIS : gi_Y_AXIS, k / 16 % 2 ? -0.03 : 0.03);
+}
+
+const char* yes_no(bool answer)
+{
+    return answer ? "yes" : "NO";
+}
+
+void drag(const char* name, Picture& picture, grViewRefresher& refresher, const dgCamera& start)
+{
+    picture.view.camera() = start;
+    std::vector<double> times;
+    refresher.base_start_twiddle();
+    const Stopwatch whole;
+    double idle_seconds = 0;
+    for (int k = 0; whole.seconds() < drag_seconds; ++k)
+    {
+        times.push_back(seconds(
+            [&]
+            {
+                step(picture.view, k);
+                refresher.base_refresh();
+                picture.renderer.finish();
+            }));
+    }
+    int calls = 0;
+    idle_seconds = seconds(
+        [&]
+        {
+            while (refresher.base_idle() != grIDLE_DONE && calls < 100000)
+                ++calls;
+            picture.renderer.finish();
+        });
+    const dgImage completed = picture.front();
+    refresher.base_end_twiddle();
+    const dgImage ended = picture.front();
+    dgImage full;
+    const double full_seconds = picture.full_redraw(full);
+    const double budget = 1 / framerate;
+    const double mid = median(times), late = quantile(times, 0.95);
+    std::printf("  %-8s %3zu frames: median %6.1f ms = %3.0f %% of the budget, 95 %% below %6.1f ms = %.2f budgets; "
+                "first %6.1f, second %6.1f ms\n",
+                name, times.size(), 1e3 * mid, 100 * mid / budget, 1e3 * late, late / budget, 1e3 * times[0],
+                1e3 * times[1]);
+    std::printf(
+        "           complete after %6.1f ms of %d idle calls = %.2f full redraws; complete picture the same: %s, "
+        "end the same: %s\n",
+        1e3 * idle_seconds, calls, idle_seconds / full_seconds, yes_no(completed.rgba == full.rgba),
+        yes_no(ended.rgba == full.rgba));
+}
+
+/// Thinned frames of the fast renderer beside bare draws of the same triangles, on a scene of one block.
+void compare_bare(Picture& picture, dgStructure& root)
+{
+    grViewRendererFast fast(&picture.view);
+    fast.refresh(nullptr, 0);
+    fast.refresh(nullptr, 0);
+    fast.refresh(nullptr, 0);
+    const auto& record =
+        picture.window.device().geometry().store(static_cast<const dgGraphicalPrimitive&>(*root.element(0)));
+    int vertex_array = 0;
+    glGetIntegerv(GL_VERTEX_ARRAY_BINDING, &vertex_array);
+    const auto count = static_cast<GLsizei>(std::lround(record.index_count / 3 * fast.draw_ratio()) * 3);
+    const auto bare = [&]
+    {
+        glBindVertexArray(static_cast<unsigned>(vertex_array));
+        glClearColor(0, 0, 0, 1);
+        glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+        glDrawElements(GL_TRIANGLES, count, GL_UNSIGNED_INT,
+                       reinterpret_cast<const void*>(std::size_t(record.first_index) * 4));
+        glFinish();
+    };
+    std::vector<double> ours, bares;
+    for (int i = 0; i < 21; ++i)
+    {
+        ours.push_back(seconds([&] { fast.refresh(nullptr, 0); }));
+        bares.push_back(seconds(bare));
+    }
+    std::printf(
+        "  a thinned frame of %d triangles: %.2f ms, bare draw of the same %.2f ms: ratio %.3f (goal at most 1.10)\n",
+        count / 3, 1e3 * median(ours), 1e3 * median(bares), median(ours) / median(bares));
+}
+
+void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const Root& root, int one_block)
+{
+    Picture picture(device, root.get());
+    const dgCamera start = picture.view.camera();
+    picture.renderer.select_buffer(dgBACK_BUFFER);
+    const double first = seconds([&] { picture.full_frame(); });
+    dgImage image;
+    const double full = picture.full_redraw(image);
+    std::printf("%s: full redraw %.1f ms, the first one %.1f ms\n", name, 1e3 * full, 1e3 * first);
+
+    // Flattening, and frames of the flat copy, without a limit of time.
+    {
+        grViewRendererFast::minimum_framerate(0.001);
+        std::vector<double> flattening, flat, network;
+        for (int i = 0; i < 5; ++i)
+        {
+            grViewRendererFast fast(&picture.view);
+            flattening.push_back(seconds([&] { fast.refresh(nullptr, 0); }));
+            fast.refresh(nullptr, 0);
+            flat.push_back(seconds([&] { fast.refresh(nullptr, 0); }));
+            network.push_back(seconds([&] { picture.full_frame(); }));
+        }
+        std::printf(
+            "  flattening frame %.1f ms = %.2f full redraws (goal at most 1.5); frame of the flat copy %.1f ms = "
+            "%.2f of the network's %.1f ms\n",
+            1e3 * median(flattening), median(flattening) / median(network), 1e3 * median(flat),
+            median(flat) / median(network), 1e3 * median(network));
+    }
+    grViewRendererFast::minimum_framerate(framerate);
+    const dgViewcoDList views{&picture.view};
+    {
+        grViewRefresherFull refresher(views);
+        drag("full", picture, refresher, start);
+    }
+    {
+        grViewRefresherFast refresher(views);
+        drag("fast", picture, refresher, start);
+    }
+    {
+        grTimeoutRendererCache cache(16);
+        grViewRefresherTimeout refresher(views, &cache, framerate, 1, 1, 1);
+        drag("timeout", picture, refresher, start);
+    }
+    if (one_block)
+        compare_bare(picture, *root);
+}
+}
+
+int main(int argc, char** argv)
+{
+    const auto wanted = [&](const char* scene) {
+        return argc < 2 ||
+               std::any_of(argv + 1, argv + argc, [&](const char* arg) { return !std::strcmp(arg, scene); });
+    };
+    std::string error;
+    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    if (!device)
+    {
+        std::fprintf(stderr, "bench_framerate: %s\n", error.c_str());
+        return EXIT_FAILURE;
+    }
+    std::printf(
+        "%s; %d x %d pixels; %.0f frames a second asked for; goals: median 75 to 100 %% of the budget, 95 %% below "
+        "1.2 budgets, complete within 1.5 full redraws\n",
+        device->name().c_str(), width, height, framerate);
+    if (wanted("one"))
+        measure("one object of 4,000,000 triangles", device, one_object(), 1);
+    if (wanted("many"))
+        measure("10,000 objects of 100 triangles", device, many_objects(0), 0);
+    if (wanted("placed"))
+        measure("10,000 objects of 100 triangles, each with its colour and place", device, many_objects(1), 0);
+    if (wanted("mixed"))
+        measure("2,000 blocks of 2,000 triangles and 200,000 lines", device, mixed(), 0);
+    return EXIT_SUCCESS;
+}
