@@ -29,6 +29,13 @@ int covers(const giBox2& box, const giBox2& other)
     return box.contains(other.low()) && box.contains(other.high());
 }
 
+// The entry of a view among those of a canvas; their end when it is not there.
+template <class Entries>
+auto find_entry(Entries& entries, const dgView* view)
+{
+    return std::find_if(entries.begin(), entries.end(), [=](const auto& entry) { return entry.view.get() == view; });
+}
+
 // Hands a resource that is there and can be converted to a setter.
 template <class Value>
 void pass_on(const gwResourceDB& db, const char* key, int (*convert)(const utString&, Value&), void (*set)(Value))
@@ -110,8 +117,7 @@ dgView& grCanvas::add_view(std::unique_ptr<dgView> view, std::unique_ptr<grView>
 
 int grCanvas::remove_view(dgView* view)
 {
-    const auto found =
-        std::find_if(the_views.begin(), the_views.end(), [&](const Entry& entry) { return entry.view.get() == view; });
+    const auto found = find_entry(the_views, view);
     if (found == the_views.end())
         return 0;
     grRubberBandManager::to_be_deleted(view);
@@ -173,19 +179,22 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
 
 void grCanvas::draw_views(const giBox2& device_box, int erase, int render) const
 {
-    // By index: the overlay callback may remove views.
-    for (std::size_t i = 0; i < the_views.size(); ++i)
+    std::vector<dgView*> views;
+    for (const Entry& entry : the_views)
+        views.push_back(entry.view.get());
+    for (dgView* view : views)
     {
-        dgView& view = *the_views[i].view;
-        if (!view.camera().view_port_dc().overlap(device_box))
+        // The overlay callback may have removed it.
+        const auto entry = find_entry(the_views, view);
+        if (entry == the_views.end() || !view->camera().view_port_dc().overlap(device_box))
             continue;
-        const grView* companion = the_views[i].companion.get();
+        const grView* companion = entry->companion.get();
         if (erase && !(companion && companion->background() == grVIEW_BACKGROUND_TRANSPARENT))
-            view.erase(dgERASE_ZBUFFER_YES);
+            view->erase(dgERASE_ZBUFFER_YES);
         if (!render || (companion && companion->hidden()))
             continue;
-        view.render_network(nullptr);
-        grTwiddleOverlayCallback::call_callback(view);
+        view->render_network(nullptr);
+        grTwiddleOverlayCallback::call_callback(*view);
     }
 }
 
