@@ -1,3 +1,4 @@
+#include "vwFonts.h"
 #include "vwOffscreen.h"
 #include "vwOptions.h"
 #include "vwResources.h"
@@ -21,7 +22,9 @@ int main(int argc, char** argv)
         return 0;
     }
     std::string error;
-    if (options.offscreen ? vw_play_offscreen(options, std::cout, error) : vw_run_window(options, error))
+    if (options.list_fonts  ? vw_list_fonts(options, std::cout, error)
+        : options.offscreen ? vw_play_offscreen(options, std::cout, error)
+                            : vw_run_window(options, error))
         return 0;
     std::cerr << "gr-viewer: " << error << '\n';
     return 1;

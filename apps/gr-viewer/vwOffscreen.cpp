@@ -1,5 +1,6 @@
 #include "vwOffscreen.h"
 
+#include "vwFonts.h"
 #include "vwModel.h"
 #include "vwOptions.h"
 #include "vwPictureFile.h"
@@ -142,6 +143,12 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
     vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats});
+    if (!options.text.empty())
+    {
+        if (!vw_add_text(options, scene.renderer(), model, error))
+            return 0;
+        scene.fit();
+    }
     FolderPlayer player(clock, scene, area, window, options.out, report);
     if (!player.play(session))
     {

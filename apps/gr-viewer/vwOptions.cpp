@@ -31,9 +31,11 @@ std::string parse_size(const std::string& text, int& width, int& height)
 // What no single option can know: which go together.
 std::string contradiction(const vwOptions& options)
 {
-    if (options.print_resources)
+    if (!options.font.empty() && options.text.empty())
+        return "--font is the font of a text: add --text TEXT";
+    if (options.print_resources || options.list_fonts)
         return {};
-    if (options.files.empty())
+    if (options.files.empty() && options.text.empty())
         return "no file to show: name at least one tarn file (or STL, OBJ, PLY)";
     if (options.offscreen && options.play.empty())
         return "--offscreen needs a session to play: --play SESSION";
@@ -73,6 +75,13 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");
     app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");
     app.add_flag("--print-resources", read.print_resources, "Print the built-in resources");
+    app.add_option("--text", read.text, "Show a text, alone or in front of the model; UTF-8")->type_name("TEXT");
+    app.add_option("--font", read.font, "Font family of the text, as --list-fonts prints it")->type_name("FAMILY");
+    app.add_flag("--list-fonts", read.list_fonts, "Print the font families that can be used");
+    app.add_option("--font-list", read.font_list, "Font list to use in place of the one that comes along")
+        ->type_name("FILE");
+    app.add_option("--font-path", read.font_path, "Folders of Type 1 fonts, with ';' between them")->type_name("P");
+    app.add_option("--metrics-path", read.metrics_path, "Folders of their metrics files")->type_name("P");
     app.add_flag("--version", version, "Print the version");
     try
     {

@@ -18,6 +18,12 @@ struct vwOptions
     int stats = 0;
     int offscreen = 0;
     int print_resources = 0;
+    std::string text;         ///< to be shown with the model, UTF-8; empty: none
+    std::string font;         ///< family of the text, empty: any
+    std::string font_list;    ///< font-list file, empty: the one that comes along
+    std::string font_path;    ///< where font files are, empty: where Debian has them
+    std::string metrics_path; ///< where their metrics are, likewise
+    int list_fonts = 0;
 };
 
 /// What main does after reading the command line.

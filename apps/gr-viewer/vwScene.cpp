@@ -128,6 +128,13 @@ void vwScene::redraw()
     end_timing();
 }
 
+void vwScene::fit()
+{
+    for (const ViewPair& pair : the_views)
+        pair.view->view_bbox();
+    redraw();
+}
+
 grIdleAction vwScene::idle()
 {
     start_timing();

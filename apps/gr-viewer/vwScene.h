@@ -44,6 +44,8 @@ public:
     void resized();
     /// Draws all views.
     void redraw();
+    /// Makes all of the model seen in every view, however much of it came late, and draws them.
+    void fit();
     /// One idle call of the twiddle manager: 0 when there is nothing more to do.
     grIdleAction idle();
 

@@ -1,5 +1,6 @@
 #include "vwWindow.h"
 
+#include "vwFonts.h"
 #include "vwModel.h"
 #include "vwOptions.h"
 #include "vwRecorder.h"
@@ -141,6 +142,12 @@ int vw_run_window(const vwOptions& options, std::string& error)
     Keys keys(*window, recording);
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
                   {head.views, options.framerate, options.stats});
+    if (!options.text.empty())
+    {
+        if (!vw_add_text(options, scene.renderer(), model, error))
+            return 0;
+        scene.fit();
+    }
     window->resize_callback(
         [&]
         {

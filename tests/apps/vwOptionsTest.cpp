@@ -30,6 +30,7 @@ const struct
     {{"--play", "s", "--out", "d", "a.tarn"}, "--offscreen"},
     {{"--offscreen", "--play", "s", "a.tarn"}, "--out"},
     {{"--out", "d", "a.tarn"}, "--out"},
+    {{"--font", "DejaVu Sans", "a.tarn"}, "--text"},
     {{"--offscreen", "--play", "s", "--out", "d", "--record", "r", "a.tarn"}, "--record"},
 };
 }
@@ -74,4 +75,7 @@ TEST(vwOptions, help_version_and_resources_need_no_file)
     EXPECT_EQ(text.substr(0, 10), "gr-viewer ");
     EXPECT_EQ(read({"--print-resources"}, options, text), vwOPTIONS_RUN);
     EXPECT_EQ(options.print_resources, 1);
+    EXPECT_EQ(read({"--list-fonts", "--font-list", "f"}, options, text), vwOPTIONS_RUN);
+    EXPECT_EQ(options.font_list, "f");
+    EXPECT_EQ(read({"--text", "words"}, options, text), vwOPTIONS_RUN) << "a text may be shown alone";
 }

@@ -1,0 +1,94 @@
+#include "vwFonts.h"
+
+#include "vwModel.h"
+#include "vwOptions.h"
+
+#include "dgRenderer.h"
+#include "dgStructure.h"
+#include "dgText.h"
+#include "dgTextFont.h"
+#include "dgTraceWindow.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace
+{
+const std::string tetrahedron = VW_TEST_DATA "/tetrahedron.tarn";
+
+vwOptions with_htmldoc_fonts()
+{
+    vwOptions options;
+    options.font_path = options.metrics_path = "/usr/share/htmldoc/fonts"; // of the package htmldoc-common
+    return options;
+}
+
+const dgText* last_text(const vwModel& model)
+{
+    dgStructure& root = model.root();
+    return root.nelements() ? dgText::ut_dynamic_cast(root.element(root.nelements() - 1)) : nullptr;
+}
+}
+
+TEST(vwFonts, families_are_listed_with_kind_and_styles)
+{
+    std::ostringstream list;
+    std::string error;
+    ASSERT_EQ(vw_list_fonts(with_htmldoc_fonts(), list, error), 1) << error;
+    EXPECT_NE(list.str().find("adobe_pfa  regular bold italic bold-italic  Helvetica\n"), std::string::npos);
+    EXPECT_NE(list.str().find("adobe_pfa  regular ---- ------ -----------  Symbol\n"), std::string::npos);
+    EXPECT_NE(list.str().find("truetype   regular bold italic bold-italic  Liberation Serif\n"), std::string::npos);
+    EXPECT_NE(list.str().find(": 4 known Type 1 families, "), std::string::npos) << list.str();
+}
+
+TEST(vwFonts, a_bad_font_list_is_named_with_its_line)
+{
+    vwOptions options = with_htmldoc_fonts();
+    options.font_list = testing::TempDir() + "/vw-fonts-test.fonts";
+    std::ofstream(options.font_list) << "# fine\nadobe_pfa, Courier\n";
+    std::ostringstream list;
+    std::string error;
+    EXPECT_EQ(vw_list_fonts(options, list, error), 0);
+    EXPECT_NE(error.find("vw-fonts-test.fonts: line 2"), std::string::npos) << error;
+    EXPECT_EQ(list.str(), "");
+    options.font_list = "/nowhere/x.fonts";
+    EXPECT_EQ(vw_list_fonts(options, list, error), 0);
+    EXPECT_NE(error.find("/nowhere/x.fonts: the font list is missing"), std::string::npos) << error;
+}
+
+TEST(vwFonts, text_lies_in_front_of_the_model_and_belongs_to_its_box)
+{
+    dgTraceWindow window(100, 100);
+    dgRenderer renderer(&window, &window);
+    vwModel model;
+    std::string error;
+    ASSERT_EQ(model.add_file(tetrahedron, error), 1) << error;
+    const giBox3 before = model.root().bounding_box();
+    vwOptions options = with_htmldoc_fonts();
+    options.text = "words";
+    options.font = "Times";
+    ASSERT_EQ(vw_add_text(options, renderer, model, error), 1) << error;
+    ASSERT_NE(renderer.get_text_font(0), nullptr);
+    const dgText* text = last_text(model);
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(text->text(), "words");
+    EXPECT_LT(text->bounding_box().high().y(), before.low().y());
+    EXPECT_LE(model.root().bounding_box().low().y(), text->bounding_box().low().y());
+}
+
+TEST(vwFonts, a_font_that_is_not_there_is_named_and_adds_nothing)
+{
+    dgTraceWindow window(100, 100);
+    dgRenderer renderer(&window, &window);
+    vwModel model;
+    vwOptions options = with_htmldoc_fonts();
+    options.text = "words";
+    options.font = "times"; // upper and lower case count
+    std::string error;
+    EXPECT_EQ(vw_add_text(options, renderer, model, error), 0);
+    EXPECT_NE(error.find("no font family 'times'"), std::string::npos) << error;
+    EXPECT_EQ(model.root().nelements(), 0);
+    EXPECT_EQ(renderer.get_text_font(0), nullptr);
+}
