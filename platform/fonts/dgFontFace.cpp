@@ -18,7 +18,7 @@
 
 namespace
 {
-constexpr double tolerance = 0.0005; // of curves, in ems
+constexpr double tolerance = 0.001;  // of curves, in ems
 constexpr int most_pieces = 64;      // of one curve
 constexpr double slant_factor = 0.2; // x for each y, about 11 degrees
 constexpr char32_t symbol_codes = 0xF000;

@@ -51,7 +51,7 @@ public:
     /// What the distance between two successive glyphs is altered by; mostly negative.
     double kerning(unsigned left, unsigned right) const;
 
-    /// The outline of a glyph, curves replaced by lines that stay within 0.0005 em. 0 when the font's data for it is
+    /// The outline of a glyph, curves replaced by lines that stay within 0.001 em. 0 when the font's data for it is
     /// damaged.
     int outline(unsigned glyph, dgGlyphOutline& outline) const;
 

@@ -4,6 +4,7 @@
 #include "dgRef.h"
 #include "dgTextStyle.h"
 #include "dgTriangleBlock.h"
+#include "dg_openglExport.h"
 
 #include <unordered_map>
 #include <vector>
@@ -14,7 +15,7 @@ class dgText;
 ///
 /// Glyphs are triangulated once for each font. Of texts that invert pixels, glyphs that reach into each other are
 /// triangulated together, so that no pixel is covered twice.
-class dgGLTextStore : public dgGeometryListener
+class DG_OPENGL_EXPORT dgGLTextStore : public dgGeometryListener
 {
 public:
     /// A primitive that looks like the text, for the geometry store.
