@@ -1,0 +1,333 @@
+#include "grSplitter.h"
+
+#include "grDiagSplitter.h"
+#include "grIdImage.h"
+#include "grSelfHider.h"
+#include "grSplitBlock.h"
+#include "grSplitUtils.h"
+#include "grSplitZones.h"
+#include "grSplitZonesIterator.h"
+#include "grViewFrame.h"
+
+#include "dgImage.h"
+#include "giTriBlock.h"
+#include "giXform3.h"
+
+#include <algorithm>
+#include <cmath>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace
+{
+constexpr int default_image_size = 1024;
+constexpr int block_zoom_reduction = 2;
+constexpr int point_zoom_reduction = 4;
+constexpr double zone_pixels_per_block = 4000; // four times what the overview asks for
+constexpr double most_zones = 256;
+constexpr double point_zoom_thicknesses = 4; // width of a point zoom, in thicknesses of its triangle
+constexpr double least_point_zoom = 1e-4;    // of the model's size: what single precision positions allow
+
+/// Where to look at a block closely: the middle of the triangle that shows most, and a box around it in which that
+/// triangle is some pixels thick.
+giBox3 point_zoom_box(const giTriBlock& block, const giBox3& box, double least_size, giPoint3& point)
+{
+    double largest = -1, thickness = 0;
+    for (const giTriangle& t : block.triangles())
+    {
+        const giPoint3 &a = block.nodes()[t[0]], &b = block.nodes()[t[1]], &c = block.nodes()[t[2]];
+        const giVector3 normal = (b - a).cross(c - a);
+        // Triangles on edge come after all others, the largest first.
+        const double shows = std::abs(normal.z()) + 1e-9 * normal.length();
+        if (!(shows > largest))
+            continue;
+        largest = shows;
+        const auto flat_length = [](const giVector3& v) { return std::hypot(v.x(), v.y()); };
+        const double longest = std::max({flat_length(b - a), flat_length(c - b), flat_length(a - c)});
+        thickness = longest > 0 ? std::abs(normal.z()) / longest : 0;
+        point = giPoint3((a.vector() + b.vector() + c.vector()) / 3);
+    }
+    const double most = std::max({box.width(), box.height(), least_size});
+    const double size = thickness > 0 ? std::clamp(point_zoom_thicknesses * thickness, least_size, most) : most / 16;
+    giBox3 zoom(point, point);
+    zoom.grow(size / 2);
+    return zoom;
+}
+
+std::string with_number(const char* name, int number)
+{
+    return name + std::to_string(number);
+}
+}
+
+struct grSplitter::Run
+{
+    giTriBlockcoDList blocks; // in the frame of the direction
+    std::vector<std::unique_ptr<giTriBlock>> owned_blocks;
+    std::vector<giBox3> boxes;
+    giBox3 model_box;
+    std::vector<grSplitBlock> counts;
+    std::vector<int> open; // blocks that the overview has not decided
+    grIdImage id_image;
+    std::optional<grSplitZones> zones;
+    std::vector<std::vector<int>> zone_blocks;
+    grPixelCountcoDynArr upper, lower, alone; // of the image in work, 0 between
+    const grSplitterCallback& callback;
+    grDiagSplitter* diagnostics;
+
+    Run(const grSplitterCallback& progress, grDiagSplitter* observer) : callback(progress), diagnostics(observer) {}
+
+    grSplitBlock& count(int block) { return counts[static_cast<std::size_t>(block)]; }
+    const giBox3& box(int block) const { return boxes[static_cast<std::size_t>(block)]; }
+    int go_on(grSplitterProgressSection section, std::size_t done, std::size_t total) const
+    {
+        return !callback || callback(section, static_cast<int>(done), static_cast<int>(total)) != 0;
+    }
+    void show(const std::string& name, const dgImage& image) const
+    {
+        if (diagnostics)
+            diagnostics->image(name, image);
+    }
+
+    // Blocks that cannot be seen in a box cannot hide anything in it.
+    std::vector<int> blocks_over(const giBox3& box_seen) const
+    {
+        const giBox3 column(giPoint3(box_seen.low().x(), box_seen.low().y(), model_box.low().z()),
+                            giPoint3(box_seen.high().x(), box_seen.high().y(), model_box.high().z()));
+        std::vector<int> found;
+        for (std::size_t i = 0; i < boxes.size(); ++i)
+            if (boxes[i].overlap(column))
+                found.push_back(static_cast<int>(i));
+        return found;
+    }
+
+    struct ZoomCounts
+    {
+        int upper, lower, alone;
+    };
+    /// Counts the pixels of one block in the image of a box.
+    ZoomCounts zoom(const char* name, int block, const giBox3& seen, int reduction)
+    {
+        const int wanted = diagnostics && diagnostics->is_interesting(block);
+        const auto count_in = [&](const char* side, const std::vector<int>& drawn, grIdImageSense sense)
+        {
+            const dgImage& image = id_image.make_image(seen, drawn, sense, reduction);
+            if (wanted)
+                show(std::string(name) + side + std::to_string(block), image);
+            id_image.count_pixels(image, upper);
+            const int pixels = upper[block];
+            for (const int other : drawn)
+                upper[other] = 0;
+            return pixels;
+        };
+        const std::vector<int> all = blocks_over(seen);
+        const int from_above = count_in("upper_", all, grID_IMAGE_UPPER);
+        const int from_below = count_in("lower_", all, grID_IMAGE_LOWER);
+        return {from_above, from_below, count_in("alone_", {block}, grID_IMAGE_UPPER)};
+    }
+};
+
+grSplitter::~grSplitter() = default;
+
+void grSplitter::transform_nodes(const giTriBlockcoDList& blocks, const giXform3& xform)
+{
+    for (giTriBlock* block : blocks)
+        block->nodes().transform(xform);
+}
+
+void grSplitter::transform_normals(const giTriBlockcoDList& blocks, const giXform3& xform)
+{
+    for (giTriBlock* block : blocks)
+        if (std::vector<giVector3>* normals = block->normals())
+            for (giVector3& normal : *normals)
+                normal = normal * xform;
+}
+
+void grSplitter::find_bounding_boxes(const giTriBlockcoDList& blocks, std::vector<giBox3>& boxes)
+{
+    boxes.clear();
+    for (const giTriBlock* block : blocks)
+    {
+        const bool drawable = block->triangle_count() > 0 && gr_is_finite(block->box()) &&
+                              std::all_of(block->nodes().begin(), block->nodes().end(),
+                                          [](const giPoint3& p) { return std::isfinite(p.x() + p.y() + p.z()); });
+        boxes.push_back(drawable ? block->box() : giBox3());
+    }
+}
+
+void grSplitter::find_self_hiders(const giTriBlockcoDList& blocks, grBlockIdx& self_hiders) const
+{
+    int index = 0;
+    for (const giTriBlock* block : blocks)
+    {
+        if (is_self_hider(*block))
+            self_hiders.add(index);
+        ++index;
+    }
+}
+
+int grSplitter::is_self_hider(const giTriBlock& block) const
+{
+    return gr_hides_itself(block);
+}
+
+int grSplitter::count_overview_pixels(Run& run) const
+{
+    const std::size_t n_zones = run.zone_blocks.size();
+    const std::string suffix = n_zones > 1 ? "_" : "";
+    for (std::size_t i = 0; i < n_zones; ++i)
+    {
+        if (!run.go_on(grSPLITTER_OVERVIEW, i, n_zones))
+            return 0;
+        const std::vector<int>& blocks = run.zone_blocks[i];
+        if (blocks.empty())
+            continue;
+        const int zone = static_cast<int>(i);
+        const giBox3 box = run.zones->zone_box(zone);
+        const std::string number = n_zones > 1 ? with_number("_", zone) : "";
+        const dgImage* image = &run.id_image.make_image(box, blocks, grID_IMAGE_UPPER);
+        run.show("overview_upper" + number, *image);
+        run.id_image.count_pixels(*image, run.upper);
+        image = &run.id_image.make_image(box, blocks, grID_IMAGE_LOWER);
+        run.show("overview_lower" + number, *image);
+        run.id_image.count_pixels(*image, run.lower);
+        run.id_image.count_alone(box, blocks, grID_IMAGE_UPPER, run.alone);
+        for (const int block : blocks)
+            run.count(block).add_overview_counts(run.upper[block], run.lower[block], run.alone[block], zone);
+        overview_diagnostics(run, zone);
+        for (const int block : blocks)
+            run.upper[block] = run.lower[block] = run.alone[block] = 0;
+    }
+    return run.go_on(grSPLITTER_OVERVIEW, n_zones, n_zones);
+}
+
+void grSplitter::overview_diagnostics(const Run& run, int zone) const
+{
+    if (run.diagnostics)
+        run.diagnostics->zone_counts(zone, run.zone_blocks[static_cast<std::size_t>(zone)], run.upper, run.lower,
+                                     run.alone);
+}
+
+int grSplitter::count_point_zoom_pixels(Run& run) const
+{
+    const double least_size = least_point_zoom * run.model_box.diagonal().length();
+    for (std::size_t i = 0; i < run.open.size(); ++i)
+    {
+        if (!run.go_on(grSPLITTER_POINT_ZOOM, i, run.open.size()))
+            return 0;
+        const int block = run.open[i];
+        giPoint3 point;
+        const giBox3 seen =
+            point_zoom_box(*run.owned_blocks[static_cast<std::size_t>(block)], run.box(block), least_size, point);
+        run.count(block).zoom_point(point);
+        const Run::ZoomCounts counts = run.zoom("point_zoom_", block, seen, point_zoom_reduction);
+        run.count(block).set_point_zoom_counts(counts.upper, counts.lower, counts.alone);
+        if (run.diagnostics)
+            run.diagnostics->point_zoom_counts(block, counts.upper, counts.lower, counts.alone);
+    }
+    return run.go_on(grSPLITTER_POINT_ZOOM, run.open.size(), run.open.size());
+}
+
+int grSplitter::count_block_zoom_pixels(Run& run) const
+{
+    for (std::size_t i = 0; i < run.open.size(); ++i)
+    {
+        if (!run.go_on(grSPLITTER_BLOCK_ZOOM, i, run.open.size()))
+            return 0;
+        const int block = run.open[i];
+        int width, height;
+        run.id_image.size_of_box(run.box(block), width, height, block_zoom_reduction);
+        const Run::ZoomCounts counts = run.zoom("block_zoom_", block, run.box(block), block_zoom_reduction);
+        run.count(block).set_block_zoom_counts(counts.upper, counts.lower, counts.alone, width, height);
+        run.count(block).set_vertical_count(gr_count_vertical(*run.owned_blocks[static_cast<std::size_t>(block)]));
+        if (run.diagnostics)
+            run.diagnostics->block_zoom_counts(block, counts.upper, counts.lower, counts.alone, width, height);
+    }
+    return run.go_on(grSPLITTER_BLOCK_ZOOM, run.open.size(), run.open.size());
+}
+
+int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, const giVector3& direction,
+                      int image_size, grBlockIdx& upper, grBlockIdx& lower, grBlockIdx& undecided, grBlockIdx& both,
+                      const grSplitterCallback& progress, grDiagSplitter* diagnostics)
+{
+    Run run(progress, diagnostics);
+    // About the middle of the model, so that single precision positions lose nothing far from the origin.
+    find_bounding_boxes(blocks, run.boxes);
+    giBox3 world_box;
+    for (const giBox3& box : run.boxes)
+        world_box.merge(box);
+    giXform3 to_frame;
+    if (!window || !gr_view_frame(direction, world_box.empty() ? giPoint3() : world_box.middle(), to_frame))
+        return 0;
+    for (const giTriBlock* block : blocks)
+    {
+        run.owned_blocks.push_back(std::make_unique<giTriBlock>(*block));
+        run.blocks.add_last(run.owned_blocks.back().get());
+    }
+    transform_nodes(run.blocks, to_frame);
+    transform_normals(run.blocks, to_frame);
+    find_bounding_boxes(run.blocks, run.boxes);
+    for (const giBox3& box : run.boxes)
+        run.model_box.merge(box);
+    const int n_blocks = blocks.count();
+    for (int block = 0; block < n_blocks; ++block)
+    {
+        run.counts.emplace_back(block);
+        run.count(block).box(run.box(block));
+    }
+
+    if (!run.model_box.empty())
+    {
+        const int size = image_size > 0 ? image_size : default_image_size;
+        const double pixels = static_cast<double>(size) * size;
+        run.zones.emplace(run.model_box, std::min(most_zones, zone_pixels_per_block * n_blocks / pixels));
+        run.zone_blocks.resize(static_cast<std::size_t>(run.zones->num_zones()));
+        for (int block = 0; block < n_blocks; ++block)
+        {
+            int low = 0, high = 0;
+            if (!run.zones->zone(run.box(block), low, high))
+                continue;
+            if (diagnostics)
+                diagnostics->block_zones(block, low, high);
+            for (grSplitZonesIterator it(*run.zones, low, high); it.valid(); it.next())
+            {
+                run.zone_blocks[static_cast<std::size_t>(it.zone())].push_back(block);
+                run.count(block).add_pending_zone(it.zone());
+            }
+        }
+        for (grPixelCountcoDynArr* counts : {&run.upper, &run.lower, &run.alone})
+            grSplitUtils::init(*counts, n_blocks);
+        if (!run.id_image.initialize(window, size, size, run.blocks, run.model_box) || !count_overview_pixels(run))
+            return 0;
+        for (int block = 0; block < n_blocks; ++block)
+            if (!run.box(block).empty() && run.count(block).point_zoom_test_pending())
+                run.open.push_back(block);
+        if (!count_point_zoom_pixels(run) || !count_block_zoom_pixels(run))
+            return 0;
+    }
+
+    grBlockIdx self_hiders;
+    find_self_hiders(run.blocks, self_hiders);
+    std::vector<grBlockVisClass> classes;
+    for (int block = 0; block < n_blocks; ++block)
+    {
+        if (!run.go_on(grSPLITTER_CLASSIFY, static_cast<std::size_t>(block), static_cast<std::size_t>(n_blocks)))
+            return 0;
+        grBlockVisClass vis = grVIS_BOTH;
+        grBlockDiagClass diag = grDIAG_NOT_CLASSIFIED;
+        run.count(block).classified(vis, diag);
+        if ((vis == grVIS_UPPER || vis == grVIS_LOWER) && self_hiders.contains(block))
+        {
+            vis = grVIS_BOTH;
+            diag = grDIAG_SELF_HIDER;
+        }
+        if (diagnostics)
+            diagnostics->classified(run.count(block), vis, diag);
+        classes.push_back(vis);
+    }
+    grBlockIdx* const sets[] = {&upper, &lower, &undecided, &both};
+    for (int block = 0; block < n_blocks; ++block)
+        sets[classes[static_cast<std::size_t>(block)]]->add(block);
+    return 1;
+}
