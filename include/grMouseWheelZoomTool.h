@@ -13,6 +13,9 @@
 ///     mouse_wheel_delay                seconds, 0.2   a step this soon after a zoom or pan-centre tool is ignored
 ///     invert_zoom                      yes/no, no     reverses the wheel
 ///     mouse_wheel_zoom_out_centre      yes/no, no     when zooming about the pointer, zoom out about the middle
+///     mouse_wheel_zoom_reversible      yes/no, no     a step out is the exact inverse of a step in
+///     mouse_wheel_zoom_proportional    yes/no, no     an event zooms by its share of a step, or by its many steps, and
+///                                                     not by one step whatever its travel
 class GR_EXPORT grMouseWheelZoomTool : public grStdViewTwiddleTool
 {
 public:

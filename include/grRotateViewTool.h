@@ -7,14 +7,15 @@
 
 #include <memory>
 
+class grSpin;
 class grTwiddleTimer;
-
 /// Turns a view about a fixed axis of the view in proportion to the travel of the pointer: one turn for the height of
 /// the renderer. It keeps spinning as the trackball does.
 ///
 /// The arguments choose the axis. What is near the eye follows the pointer: "x_axis" (the default) turns with vertical
 /// travel, "y_axis" and "z_axis" with horizontal travel (to the right is clockwise about z), "xyz_axis" about the axis
-/// in the view plane at right angles to the travel.
+/// in the view plane at right angles to the travel. The resources "rotate_about_cursor", "spin_time_true" and
+/// "spin_decay" act as they do on the trackball.
 class GR_EXPORT grRotateViewTool : public grStdViewTwiddleTool
 {
 public:
@@ -56,6 +57,9 @@ private:
     int the_axis_mode;
     giPoint3 the_rotation_centre; // world
     giPoint2 the_last_point;      // device
+    int the_about_cursor = 0;
     int the_spinning = 0;
+    std::unique_ptr<grSpin> the_spin;          // null when spinning is not allowed
+    double the_spin_steps = 1;                 // of the throw, by which the next spin_action turns
     std::unique_ptr<grTwiddleTimer> the_timer; // null when spinning is not allowed
 };

@@ -1,18 +1,19 @@
 #pragma once
 
 #include "giPoint3.h"
+#include "grSpaceballSettings.h"
 #include "grStdViewTwiddleTool.h"
 
 /// Turns and moves a view with a six-axis device: what is seen follows the ball.
 ///
-/// One event at full deflection turns the view by 0.05 radians about the centre that a trackball would take, moves the
-/// picture by 2 % of the height of the view window to the side or up, and zooms by 2 % when the ball is pulled towards
-/// the user (closer) or pushed away. Smaller deflections act in proportion.
+/// One event at full deflection, of the usual length of a 60th of a second, turns the view by 0.05 radians about the
+/// centre that a trackball would take, moves the picture by 2 % of the height of the view window to the side or up, and
+/// zooms by 2 % when the ball is pulled towards the user (closer) or pushed away. Smaller deflections and other lengths
+/// act in proportion. The resources of grSpaceballSettings change which axis does what, and how much.
 class GR_EXPORT grSpaceballTool : public grStdViewTwiddleTool
 {
 public:
-    using grStdViewTwiddleTool::grStdViewTwiddleTool;
-
+    grSpaceballTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
     static const utTypeID& ut_static_type();
     const utTypeID& ut_dynamic_type() const override;
     int ut_is_kind_of(const utTypeID& type) const override;
@@ -29,8 +30,9 @@ protected:
     giPoint3 trackball_centre(dgView* view) const;
 
     /// Applies one event of the device to a view about a centre in world space.
-    static void spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre);
+    void spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const;
 
 private:
-    giPoint3 the_centre;
+    grSpaceballSettings the_settings;
+    giPoint3 the_centre; // world
 };

@@ -11,6 +11,7 @@
 
 class dgStructure;
 class giXform3;
+class grSpin;
 class grTrackball;
 class grTwiddleTimer;
 
@@ -21,6 +22,11 @@ class grTwiddleTimer;
 /// of the viewport, or the origin of the workplane. Resources, both in trackball coordinates (a view spans one unit
 /// each way): "trackball_virtual_radius", that of the ball (0.4, limited to 1e-5 to 1), and "trackball_icon_radius",
 /// that of the sphere drawn around the centre, as a share of the height of the view (0).
+///
+/// Further resources change what is described: "trackball_round", yes/no (no), makes trackball coordinates span the
+/// smaller side of the renderer each way, so that the ball is round on wide and high views; "rotate_about_cursor",
+/// yes/no (no), takes the point of the surface under the pointer as the world centre, where there is one. How a spin
+/// goes on is said by "spin_time_true" and "spin_decay", see docs/view-tools.md.
 class GR_EXPORT grTrackballTool : public grStdViewTwiddleTool
 {
 public:
@@ -79,14 +85,18 @@ private:
     giPoint3 the_rotation_centre; // world
     giPoint2 the_centre_offset;   // trackball coordinates
     grTrackballCentreType the_centre_type = dgLEAVS_TRACKBALL_CENTRE_VIEW;
-    double the_width = 1; // pixels of the target's renderer
+    double the_width = 1; // pixels of the target's renderer that trackball coordinates span
     double the_height = 1;
     double the_icon_radius = 0.0;
     int the_icon_radius_set = 0;
     double the_virtual_radius = 0.4;
     std::unique_ptr<grTrackball> the_trackball;
+    int the_round = 0;
+    int the_about_cursor = 0;
     int the_spinning = 0;
+    std::unique_ptr<grSpin> the_spin;          // null when spinning is not allowed
     std::unique_ptr<grTwiddleTimer> the_timer; // null when spinning is not allowed
     giVector3 the_spin_axis;
-    giAngle the_spin_angle;
+    giAngle the_spin_angle; // by which the next spin_action turns
+    giAngle the_spin_step;  // of the throw
 };

@@ -3,6 +3,7 @@
 #include "giPoint2.h"
 #include "grExport.h"
 
+#include <cstddef>
 #include <iosfwd>
 #include <vector>
 
@@ -26,6 +27,18 @@ public:
     grTwiddleTimer(const grTwiddleTimer&) = delete;
     grTwiddleTimer& operator=(const grTwiddleTimer&) = delete;
 
+    /// Seconds that a step of the spin stands for when it is measured by time.
+    static constexpr double time_true_step = 1.0 / 60;
+
+    /// Measures the throw by time instead of events, so that mice of all rates are alike: the speed is that of the last
+    /// 0.06 seconds of movement, there is no spin below 30 pixels a second or when the release came more than 0.04
+    /// seconds (and more than two mean intervals) after the last movement, and the spin step is the way of
+    /// time_true_step. To be set before the release.
+    void time_true(int on) { the_time_true = on; }
+
+    /// Seconds from the last recorded position to the release.
+    double gap() const { return the_gap; }
+
     /// Records a position now; the oldest one is dropped when all are in use.
     void add_mouse_event(const giPoint2& position);
 
@@ -46,8 +59,13 @@ public:
 
 private:
     int calculate_can_spin() const;
-
+    int calculate_time_true() const;
+    /// Kept positions from the oldest on, counted from 0.
+    std::size_t slot(int i) const;
+    const giPoint2& point(int i) const { return the_points[slot(i)]; }
+    double time(int i) const { return the_times[slot(i)]; }
     int the_capacity;
+    int the_time_true = 0;
     std::vector<giPoint2> the_points; // ring of the_capacity
     std::vector<double> the_times;    // ring of the_capacity
     int the_count = 0;                // positions ever added

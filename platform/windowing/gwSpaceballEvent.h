@@ -7,16 +7,21 @@
 class GW_EXPORT gwSpaceballEvent : public gwPositionalEvent
 {
 public:
+    /// The length of one report of a usual device.
+    static constexpr double usual_seconds = 1.0 / 60;
+
     gwSpaceballEvent() = default;
     gwSpaceballEvent(gwWindow* window, int x, int y, int modifiers, const giVector3& rotation,
-                     const giVector3& translation)
-        : gwPositionalEvent(window, x, y, modifiers), the_rotation(rotation), the_translation(translation)
+                     const giVector3& translation, double seconds = usual_seconds)
+        : gwPositionalEvent(window, x, y, modifiers), the_rotation(rotation), the_translation(translation),
+          the_seconds(seconds)
     {}
 
     /// Deflections about and along the x (right), y (up) and z (towards the user) axes of the screen, -1 to 1 each.
     const giVector3& rotation() const { return the_rotation; }
     const giVector3& translation() const { return the_translation; }
-
+    /// For how long the device was deflected so.
+    double seconds() const { return the_seconds; }
     static const utTypeID& ut_static_type();
     const utTypeID& ut_dynamic_type() const override;
     int ut_is_kind_of(const utTypeID& type) const override;
@@ -26,4 +31,5 @@ public:
 private:
     giVector3 the_rotation;
     giVector3 the_translation;
+    double the_seconds = usual_seconds;
 };

@@ -28,6 +28,8 @@ struct WheelSettings
     double delay_seconds = 0.2;
     int inverted = 0;
     int out_about_middle = 0;
+    int reversible = 0;
+    int proportional = 0;
 };
 
 WheelSettings the_settings;
@@ -41,6 +43,8 @@ WheelSettings settings_from(const gwResourceDB* db)
     gr_read_number(db, "mouse_wheel_delay", settings.delay_seconds);
     gr_read_flag(db, "invert_zoom", settings.inverted);
     gr_read_flag(db, "mouse_wheel_zoom_out_centre", settings.out_about_middle);
+    gr_read_flag(db, "mouse_wheel_zoom_reversible", settings.reversible);
+    gr_read_flag(db, "mouse_wheel_zoom_proportional", settings.proportional);
 
     // A factor of 0 or less would leave a view window that nothing can be seen through.
     double number = 0;
@@ -69,7 +73,10 @@ int follows_too_closely()
 double factor_of(double travel, int modifiers)
 {
     const double multiplier = modifiers & gwMODIFIER_CONTROL ? the_settings.control_multiplier : 1.0;
-    return travel > 0 ? (1 - the_settings.increment) / multiplier : (1 + the_settings.increment) * multiplier;
+    const double in = (1 - the_settings.increment) / multiplier;
+    const double out = the_settings.reversible ? 1 / in : (1 + the_settings.increment) * multiplier;
+    const double factor = travel > 0 ? in : out;
+    return the_settings.proportional ? std::pow(factor, std::abs(travel)) : factor;
 }
 
 // From the pointer to the middle of the viewport, as a share of it. The offset of the pointer and the enlarged size are

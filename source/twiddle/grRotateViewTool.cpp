@@ -4,20 +4,19 @@
 #include "giXform3.h"
 #include "grAxisTurn.h"
 #include "grRotationCentre.h"
+#include "grSpin.h"
 #include "grStdTwiddleHooks.h"
+#include "grSurfacePoint.h"
+#include "grToolResources.h"
 #include "grTwiddleTimer.h"
 #include "grViewRefresher.h"
+#include "grWorkPlane.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
 
 #include <algorithm>
 #include <numbers>
-
-namespace
-{
-constexpr int timer_capacity = 5;
-}
 
 UT_DEFINE_TYPE(grRotateViewTool, grStdViewTwiddleTool);
 
@@ -36,8 +35,12 @@ grRotateViewTool::grRotateViewTool(const utString& args, const gwResourceDB* db,
 {
     flags().can_timeout_twiddle(1);
     flags().can_save_camera(1);
+    gr_read_flag(db, "rotate_about_cursor", the_about_cursor);
     if (hooks && hooks->allow_spinning())
-        the_timer = std::make_unique<grTwiddleTimer>(timer_capacity);
+    {
+        the_spin = std::make_unique<grSpin>(db);
+        the_timer = the_spin->new_timer();
+    }
 }
 
 grRotateViewTool::~grRotateViewTool() = default;
@@ -48,6 +51,8 @@ void grRotateViewTool::start_twiddle(const gwKeyEvent& event)
         return;
     the_rotation_centre = rotation_centre(target_view());
     the_last_point = giPoint2(event.x(), event.y());
+    if (the_about_cursor && !(workplane() && workplane()->on()))
+        gr_surface_point(*target_view(), the_last_point, the_rotation_centre);
     twiddle_start(event);
     if (refresher())
         refresher()->base_start_twiddle();
@@ -93,6 +98,8 @@ void grRotateViewTool::end_twiddle(const gwKeyEvent& event)
         if (the_spinning)
         {
             busy_state(grTWID_NOT_BUSY);
+            the_spin->start(the_timer->gap());
+            the_spin_steps = the_spin->steps();
             spin_action();
         }
     }
@@ -109,14 +116,17 @@ void grRotateViewTool::apply_spin_rotation(dgView* view, const giPoint3& centre)
 {
     giVector2 step;
     the_timer->diff_vector(step);
-    apply_rotation(view, centre, -step, the_axis_mode);
+    apply_rotation(view, centre, -step * the_spin_steps, the_axis_mode);
 }
 
 grIdleAction grRotateViewTool::idle_event()
 {
     if (state() != grTWID_ENDED || !the_spinning || !target_view())
         return grStdViewTwiddleTool::idle_event();
+    the_spin_steps = the_spin->steps();
     spin_action();
+    if (the_spin->over())
+        the_spinning = 0;
     if (refresher())
         refresher()->base_idle_refresh();
     twiddle_idle(grIDLE_AGAIN);

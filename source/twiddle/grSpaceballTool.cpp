@@ -13,7 +13,7 @@
 
 namespace
 {
-// At full deflection, for one event.
+// At full deflection, for an event of the usual length.
 constexpr double radians_per_event = 0.05;
 constexpr double height_share_per_event = 0.02;
 constexpr double zoom_per_event = 1.02;
@@ -30,6 +30,10 @@ const grSpaceballTool* grSpaceballTool::ut_dynamic_cast(const grTwiddleTool* too
 {
     return ut_cast<grSpaceballTool>(tool);
 }
+
+grSpaceballTool::grSpaceballTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdViewTwiddleTool(args, db, hooks), the_settings(db)
+{}
 
 void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
 {
@@ -59,16 +63,19 @@ void grSpaceballTool::spaceball_event(const gwSpaceballEvent& event)
     refresh_views();
 }
 
-void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre)
+void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const
 {
+    giVector3 rotation, translation;
+    the_settings.motion(event, rotation, translation);
+    const double events = event.seconds() / gwSpaceballEvent::usual_seconds;
     dgCamera& camera = view->camera();
-    const giVector3 turn = event.rotation() * radians_per_event;
-    const giVector3 push = event.translation() * (height_share_per_event * camera.view_window().height());
+    const giVector3 turn = rotation * (radians_per_event * events);
+    const giVector3 push = translation * (height_share_per_event * events * camera.view_window().height());
     const giPoint3 centre_view = camera.orientation().transform(centre);
     // Motion along the line of sight does not show in a parallel projection; zooming stands for it.
     camera.orientation(camera.orientation() * giXform3::rotation(giAngle(turn.length()), turn, centre_view) *
                        giXform3::translation(giVector3(push.x(), push.y(), 0)));
-    camera.zoom(std::pow(zoom_per_event, -event.translation().z()));
+    camera.zoom(std::pow(zoom_per_event, -translation.z() * events));
     camera.world2view_altered();
 }
 

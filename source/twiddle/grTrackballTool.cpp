@@ -5,7 +5,9 @@
 #include "dgView.h"
 #include "giXform3.h"
 #include "grRotationCentre.h"
+#include "grSpin.h"
 #include "grStdTwiddleHooks.h"
+#include "grSurfacePoint.h"
 #include "grToolResources.h"
 #include "grTrackball.h"
 #include "grTwiddleTimer.h"
@@ -19,7 +21,6 @@
 
 namespace
 {
-constexpr int timer_capacity = 5;
 constexpr int icon_segments = 40;
 constexpr double smallest_scale_with_icon = 1e-5;
 }
@@ -44,8 +45,13 @@ grTrackballTool::grTrackballTool(const utString& args, const gwResourceDB* db, g
     the_icon_radius_set = gr_read_number(db, "trackball_icon_radius", the_icon_radius);
     gr_read_number(db, "trackball_virtual_radius", the_virtual_radius);
     the_virtual_radius = std::clamp(the_virtual_radius, 1e-5, 1.0);
+    gr_read_flag(db, "trackball_round", the_round);
+    gr_read_flag(db, "rotate_about_cursor", the_about_cursor);
     if (hooks && hooks->allow_spinning())
-        the_timer = std::make_unique<grTwiddleTimer>(timer_capacity);
+    {
+        the_spin = std::make_unique<grSpin>(db);
+        the_timer = the_spin->new_timer();
+    }
 }
 
 grTrackballTool::~grTrackballTool() = default;
@@ -59,6 +65,8 @@ void grTrackballTool::start_twiddle(const gwKeyEvent& event)
     the_trackball = std::make_unique<grTrackball>(the_virtual_radius);
     the_width = std::max(view->renderer_width(), 1);
     the_height = std::max(view->renderer_height(), 1);
+    if (the_round)
+        the_width = the_height = std::min(the_width, the_height);
     the_rotation_centre = trackball_centre(view, event);
     find_centre_offset();
     the_last_point = giPoint2(event.x(), event.y());
@@ -87,6 +95,10 @@ giPoint3 grTrackballTool::trackball_centre(dgView* view, const gwKeyEvent& event
 {
     if (the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW)
         hooks()->update_rotation_centre(*view, event);
+    giPoint3 under_cursor;
+    if (the_about_cursor && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW &&
+        gr_surface_point(*view, giPoint2(event.x(), event.y()), under_cursor))
+        return under_cursor;
     return gr_rotation_centre(the_centre_type, *view, *hooks(), workplane());
 }
 
@@ -190,11 +202,13 @@ void grTrackballTool::start_spinning(const giPoint2& release_point)
     the_timer->start_end_pt(start, end);
     convert_to_trackball_coord(start, the_centre_offset, start);
     convert_to_trackball_coord(end, the_centre_offset, end);
-    the_trackball->incremental_rotation(start, end, the_spin_axis, the_spin_angle);
-    if (the_spin_angle.radians() == 0)
+    the_trackball->incremental_rotation(start, end, the_spin_axis, the_spin_step);
+    if (the_spin_step.radians() == 0)
         return;
     the_spinning = 1;
     busy_state(grTWID_NOT_BUSY);
+    the_spin->start(the_timer->gap());
+    the_spin_angle = giAngle(the_spin_step.radians() * the_spin->steps());
     spin_action();
 }
 
@@ -208,7 +222,10 @@ grIdleAction grTrackballTool::idle_event()
 {
     if (state() != grTWID_ENDED || !the_spinning || !target_view())
         return grStdViewTwiddleTool::idle_event();
+    the_spin_angle = giAngle(the_spin_step.radians() * the_spin->steps());
     spin_action();
+    if (the_spin->over())
+        the_spinning = 0;
     if (refresher())
         refresher()->base_idle_refresh();
     twiddle_idle(grIDLE_AGAIN);

@@ -12,6 +12,11 @@ constexpr double longest_gap_in_intervals = 2.0;
 constexpr double shortest_mean_step_pixels = 0.5;
 constexpr double rest_step_pixels = 1.1;
 constexpr double rest_change_pixels = 0.56;
+
+// Of throws measured by time.
+constexpr double measured_seconds = 0.06;
+constexpr double longest_gap_seconds = 0.04;
+constexpr double slowest_pixels_per_second = 30;
 }
 
 grTwiddleTimer::grTwiddleTimer(int capacity)
@@ -28,7 +33,7 @@ int grTwiddleTimer::can_spin() const
     if (!the_calced_can_spin_flag)
     {
         the_calced_can_spin_flag = 1;
-        the_can_spin_flag = calculate_can_spin();
+        the_can_spin_flag = the_time_true ? calculate_time_true() : calculate_can_spin();
     }
     return the_can_spin_flag;
 }
@@ -55,15 +60,12 @@ int grTwiddleTimer::calculate_can_spin() const
     if (the_count < 2)
         return 0;
 
-    // Once the ring has wrapped, the oldest position is the one to be overwritten next.
     const int kept = std::min(the_count, the_capacity);
-    const int oldest_index = the_count > the_capacity ? the_next : 0;
-    const auto slot = [&](int i) { return static_cast<std::size_t>((oldest_index + i) % the_capacity); };
-    const giPoint2& oldest = the_points[slot(0)];
-    const giPoint2& last = the_points[slot(kept - 1)];
-    const double last_time = the_times[slot(kept - 1)];
+    const giPoint2& oldest = point(0);
+    const giPoint2& last = point(kept - 1);
+    const double last_time = time(kept - 1);
 
-    const double mean_interval = (last_time - the_times[slot(0)]) / (kept - 1);
+    const double mean_interval = (last_time - time(0)) / (kept - 1);
     const double gap = the_end_twiddle_time - last_time;
     // Events at one and the same time give no ratio; comparing this way round refuses them.
     if (!(gap / mean_interval <= longest_gap_in_intervals))
@@ -76,7 +78,7 @@ int grTwiddleTimer::calculate_can_spin() const
     the_start_point = the_end_twiddle_point;
     the_end_point = the_end_twiddle_point + (the_end_twiddle_point - oldest) / kept;
 
-    const giVector2 last_step = last - the_points[slot(kept - 2)];
+    const giVector2 last_step = last - point(kept - 2);
     const int slow = std::abs(last_step.x()) <= rest_step_pixels && std::abs(last_step.y()) <= rest_step_pixels;
     if (slow && (mean_step - last_step).length() >= rest_change_pixels)
         return 0;
@@ -84,6 +86,39 @@ int grTwiddleTimer::calculate_can_spin() const
     the_gap = gap;
     the_mean_interval = mean_interval;
     return 1;
+}
+
+int grTwiddleTimer::calculate_time_true() const
+{
+    if (the_count < 2)
+        return 0;
+    // At least the last two positions are measured, however slowly they come.
+    const int last = std::min(the_count, the_capacity) - 1;
+    int first = last - 1;
+    while (first > 0 && time(last) - time(first - 1) <= measured_seconds)
+        --first;
+    const double span = time(last) - time(first);
+    const double mean_interval = span / (last - first);
+    const double gap = the_end_twiddle_time - time(last);
+    if (!(span > 0) || gap > std::max(longest_gap_seconds, longest_gap_in_intervals * mean_interval))
+        return 0;
+
+    const giVector2 velocity = (point(last) - point(first)) / span;
+    if (velocity.length() < slowest_pixels_per_second)
+        return 0;
+
+    the_start_point = the_end_twiddle_point;
+    the_end_point = the_end_twiddle_point + velocity * time_true_step;
+    the_gap = gap;
+    the_mean_interval = mean_interval;
+    return 1;
+}
+
+std::size_t grTwiddleTimer::slot(int i) const
+{
+    // Once the ring has wrapped, the oldest position is the one to be overwritten next.
+    const int oldest = the_count > the_capacity ? the_next : 0;
+    return static_cast<std::size_t>((oldest + i) % the_capacity);
 }
 
 void grTwiddleTimer::start_end_pt(giPoint2& start, giPoint2& end) const

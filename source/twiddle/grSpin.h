@@ -1,0 +1,35 @@
+#pragma once
+
+#include <memory>
+
+class grTwiddleTimer;
+class gwResourceDB;
+
+/// How a view that was let go while moving goes on turning: by how many of the throw's steps at each idle call.
+///
+/// Without resources it is one step at every call, for ever. Resources: "spin_time_true", yes/no (no), counts steps of
+/// 1/60 second by the clock instead, so that the view turns as fast as the hand did; "spin_decay", seconds (0, never),
+/// is the time in which the speed halves. A spin that has become slower than a hundredth is over.
+class grSpin
+{
+public:
+    explicit grSpin(const gwResourceDB* db);
+
+    /// The timer that measures throws for this course.
+    std::unique_ptr<grTwiddleTimer> new_timer() const;
+
+    /// The view is let go now, and moved last that many seconds before.
+    void start(double gap_seconds);
+    /// The steps to turn by now. Counts from the last call, or from the last movement before the release.
+    double steps();
+    int over() const { return the_over; }
+
+private:
+    double speed(double time) const;
+
+    int the_time_true = 0;
+    double the_half_life = 0; // seconds, 0: never
+    double the_start_time = 0;
+    double the_last_time = 0;
+    int the_over = 0;
+};
