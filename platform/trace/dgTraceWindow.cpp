@@ -177,7 +177,7 @@ private:
         record(line);
         the_window.the_features += features;
         if (apClockOverride* clock = apClockOverride::current())
-            clock->advance(features * the_window.cost_per_feature());
+            clock->advance(the_window.spend(features));
     }
 
     dgTraceWindow& the_window;
@@ -200,6 +200,14 @@ void dgTraceWindow::resize(int width, int height)
 std::unique_ptr<dgDriver> dgTraceWindow::make_driver(int inverting)
 {
     return std::make_unique<dgTraceDriver>(*this, inverting);
+}
+
+double dgTraceWindow::spend(int features)
+{
+    const double cost = features * the_cost;
+    if (the_cost_noise == 0)
+        return cost;
+    return cost * (1 + std::uniform_real_distribution<double>(-the_cost_noise, the_cost_noise)(the_random));
 }
 
 void dgTraceWindow::present()

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <memory>
+#include <random>
 #include <string>
 #include <vector>
 
@@ -50,6 +51,9 @@ public:
     void cost_per_feature(double seconds) { the_cost = seconds; }
     double cost_per_feature() const { return the_cost; }
 
+    /// By what share of it, up or down, the cost of each call strays; 0 by default. The same every time.
+    void cost_noise(double share) { the_cost_noise = share; }
+
     /// Features drawn since the last reset.
     long long features_drawn() const { return the_features; }
     void reset_features_drawn() { the_features = 0; }
@@ -62,6 +66,9 @@ private:
     int the_state_recorded = 0;
     std::array<int, 16> the_capabilities{};
     dgDriverKind the_type = dgDRIVER_TRACE;
+    double spend(int features);
     double the_cost = 0;
+    double the_cost_noise = 0;
+    std::minstd_rand the_random;
     long long the_features = 0;
 };

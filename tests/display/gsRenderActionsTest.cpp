@@ -1,0 +1,339 @@
+#include "apClockOverride.h"
+#include "dgBackSurfaceColour.h"
+#include "dgCameraIndex.h"
+#include "dgClientStructure.h"
+#include "dgCompiledStructure.h"
+#include "dgLineColour.h"
+#include "dgLineWidth.h"
+#include "dgPointSet.h"
+#include "dgPolyline.h"
+#include "dgRenderer.h"
+#include "dgStructureCall.h"
+#include "dgSurfaceColour.h"
+#include "dgTraceWindow.h"
+#include "dgTransform.h"
+#include "dgTriangleBlock.h"
+#include "dgView.h"
+#include "giTriBlock.h"
+#include "gsStructureCalibration.h"
+#include "gsStructureFlattener.h"
+#include "gsStructureSkipper.h"
+#include "gsStructureSlicer.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <numeric>
+#include <string>
+#include <vector>
+
+namespace
+{
+using Lines = std::vector<std::string>;
+
+dgPolyline* line(int segments)
+{
+    std::vector<giPoint3> points;
+    for (int i = 0; i <= segments; ++i)
+        points.emplace_back(i, 0, 0);
+    return new dgPolyline(std::move(points));
+}
+
+dgTriangleBlock* block(int triangles)
+{
+    auto* made = new giTriBlock;
+    for (int i = 0; i < 3; ++i)
+        made->nodes().append(giPoint3(i, i % 2, 0));
+    for (int i = 0; i < triangles; ++i)
+        made->triangles().emplace_back(0, 1, 2);
+    return new dgTriangleBlock(made, 1);
+}
+
+struct Scene
+{
+    dgTraceWindow window{100, 100};
+    dgRenderer renderer{&window, nullptr};
+    dgView view{&renderer};
+    dgRef<dgStructure> root{new dgClientStructure};
+
+    Scene() { view.root(root.get()); }
+    void add(dgGraphicalElement* element) { root->add(element); }
+    // A structure of one element, called under a line width.
+    void call(dgGraphicalElement* element, double width)
+    {
+        const dgRef<dgStructure> part(new dgClientStructure);
+        part->add(new dgLineWidth(width));
+        part->add(element);
+        add(new dgStructureCall(part.get()));
+    }
+    // Large blocks and lines, and many small ones of both, in 4 runs. 42300 primitives.
+    void fill()
+    {
+        add(block(20000));
+        add(block(2000));
+        for (int i = 0; i < 100; ++i)
+            add(block(100));
+        add(line(5000));
+        for (int i = 0; i < 5000; ++i)
+            add(line(1));
+        add(new dgPointSet(std::vector<giPoint3>(200)));
+        call(block(100), 2);
+    }
+    static constexpr int filled = 42300;
+
+    long long draw(gsRenderAction& action, dgStructure* structure = nullptr)
+    {
+        window.reset_features_drawn();
+        renderer.render_action(&action);
+        view.render_network(structure);
+        renderer.render_action(nullptr);
+        return window.features_drawn();
+    }
+    Lines log(dgStructure* structure = nullptr)
+    {
+        window.clear_log();
+        view.render_network(structure);
+        return window.log();
+    }
+};
+
+}
+
+TEST(dgRunSampling, takes_every_feature_once_and_every_prefix_evenly)
+{
+    Scene scene;
+    scene.fill();
+    for (const dgCompiledStructure::Step& step : scene.root->compiled().steps())
+    {
+        if (!step.run)
+            continue;
+        const dgRunSampling& sampling = step.run->sampling();
+        const int n = sampling.features();
+        std::vector<int> taken(static_cast<std::size_t>(n), 0);
+        const int cuts[] = {0, n / 7, n / 3, n / 2, n};
+        for (int i = 0; i + 1 < 5; ++i)
+        {
+            std::vector<dgFeatureSpan> spans;
+            sampling.sample(cuts[i], cuts[i + 1], spans);
+            int count = 0;
+            for (const dgFeatureSpan& span : spans)
+            {
+                count += span.count;
+                for (int f = span.first; f < span.first + span.count; ++f)
+                    ++taken[static_cast<std::size_t>(f)];
+            }
+            EXPECT_EQ(count, cuts[i + 1] - cuts[i]);
+        }
+        EXPECT_EQ(std::count(taken.begin(), taken.end(), 1), n);
+    }
+}
+
+TEST(dgRunSampling, spreads_small_primitives_over_the_whole_run)
+{
+    Scene scene;
+    for (int i = 0; i < 10000; ++i)
+        scene.add(block(100));
+    std::vector<dgFeatureSpan> spans;
+    const dgRunSampling& sampling = scene.root->compiled().steps()[0].run->sampling();
+    sampling.sample(0, 200000, spans); // a fifth
+    int in_tenth[10] = {};
+    for (const dgFeatureSpan& span : spans)
+        in_tenth[span.first / 100000] += span.count;
+    for (const int count : in_tenth)
+        EXPECT_NEAR(count, 20000, 400); // two units of two elements
+}
+
+TEST(gsStructureSkipper, draws_the_share_and_the_same_every_time)
+{
+    Scene scene;
+    scene.fill();
+    for (const double ratio : {0.0, 0.01, 0.25, 0.5, 0.9, 1.0})
+    {
+        gsStructureSkipper skipper(Scene::filled, ratio);
+        EXPECT_NEAR(static_cast<double>(scene.draw(skipper)), ratio * Scene::filled, ratio == 0 || ratio == 1 ? 0 : 101)
+            << ratio;
+        scene.window.clear_log();
+        scene.draw(skipper);
+        const Lines first = scene.window.log();
+        scene.window.clear_log();
+        scene.draw(skipper);
+        EXPECT_EQ(first, scene.window.log()) << ratio;
+    }
+}
+
+TEST(gsStructureSkipper, leaves_out_whole_small_structures_evenly)
+{
+    Scene scene;
+    for (int i = 0; i < 1000; ++i)
+        scene.call(block(100), 1 + i % 2);
+    gsStructureSkipper skipper(100000, 0.3);
+    EXPECT_NEAR(static_cast<double>(scene.draw(skipper)), 30000, 500);
+}
+
+TEST(gsStructureSlicer, slices_together_draw_everything_once)
+{
+    Scene scene;
+    scene.fill();
+    gsStructureSlicer slicer(5000);
+    long long drawn = 0;
+    int slices = 0;
+    while (slicer.another_slice_needed())
+    {
+        slicer.next_slice();
+        const long long slice = scene.draw(slicer);
+        EXPECT_LE(slice, 5000);
+        drawn += slice;
+        ++slices;
+    }
+    EXPECT_EQ(drawn, Scene::filled);
+    EXPECT_EQ(slices, 9);
+}
+
+TEST(gsStructureSlicer, ends_on_a_network_without_primitives)
+{
+    Scene scene;
+    gsStructureSlicer slicer(10);
+    slicer.next_slice();
+    scene.draw(slicer);
+    EXPECT_EQ(slicer.another_slice_needed(), 0);
+}
+
+TEST(gsStructureCalibration, counts_both_kinds_and_stops_inside_a_primitive)
+{
+    apClockOverride clock;
+    Scene scene;
+    scene.add(block(100000));
+    scene.add(line(300000));
+    scene.window.cost_per_feature(1 / 1024.0); // 1024 primitives a second
+    gsStructureCalibration calibration(10);
+    const long long drawn = scene.draw(calibration);
+    EXPECT_EQ(calibration.prims_total(1), 100000);
+    EXPECT_EQ(calibration.prims_total(0), 300000);
+    EXPECT_EQ(calibration.prims_drawn(0) + calibration.prims_drawn(1), drawn);
+    // No sooner than the time is over, and little later.
+    EXPECT_GE(drawn, 10240);
+    EXPECT_LE(drawn, 10240 + 11);
+    EXPECT_DOUBLE_EQ(calibration.elapsed_time(), static_cast<double>(drawn) / 1024);
+    // An even sample: lines have three quarters of it, though they come last.
+    EXPECT_NEAR(calibration.prims_drawn(0) / static_cast<double>(drawn), 0.75, 0.02);
+}
+
+TEST(gsStructureCalibration, draws_everything_once_within_the_time_or_without_a_limit)
+{
+    apClockOverride clock;
+    Scene scene;
+    scene.fill();
+    scene.window.cost_per_feature(1 / 65536.0);
+    for (const double time : {1.0, 0.0, -1.0})
+    {
+        gsStructureCalibration calibration(time);
+        EXPECT_EQ(scene.draw(calibration), Scene::filled) << time;
+        EXPECT_EQ(calibration.prims_drawn(0), calibration.prims_total(0));
+        EXPECT_EQ(calibration.prims_drawn(1), calibration.prims_total(1));
+        EXPECT_DOUBLE_EQ(calibration.elapsed_time(), Scene::filled / 65536.0);
+    }
+}
+
+TEST(gsStructureCalibration, finishes_drawing_before_it_reads_the_clock)
+{
+    Scene scene;
+    scene.add(block(10));
+    gsStructureCalibration calibration(-1);
+    scene.window.clear_log();
+    scene.draw(calibration);
+    const Lines& log = scene.window.log();
+    ASSERT_GE(log.size(), 2u);
+    EXPECT_EQ(log[log.size() - 2], "finish");
+}
+
+TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_run)
+{
+    Scene scene;
+    for (int i = 0; i < 10; ++i)
+        scene.call(line(2), 3);
+    const dgRef<dgStructure> flat(new dgClientStructure);
+    gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
+    EXPECT_EQ(scene.draw(flattener), 20);
+    EXPECT_EQ(flattener.final_refresh_non_flattened(), 0);
+    EXPECT_EQ(flattener.flat_root_matches(), 1);
+    EXPECT_EQ(scene.log(flat.get()), (Lines{"begin", "draw lines 20 of 10", "end"}));
+}
+
+TEST(gsStructureFlattener, keeps_states_and_places_and_takes_them_back)
+{
+    Scene scene;
+    const dgRef<dgStructure> part(new dgClientStructure), inner(new dgClientStructure);
+    inner->add(new dgTransform(giXform3::translation({0, 5, 0})));
+    inner->add(new dgLineWidth(4));
+    inner->add(line(1));
+    part->add(new dgTransform(giXform3::translation({7, 0, 0})));
+    part->add(new dgLineColour(gsColour(1, 0, 0)));
+    part->add(new dgStructureCall(inner.get()));
+    part->add(line(2));
+    part->add(new dgBackSurfaceColour(gsColour(0, 1, 0)));
+    part->add(block(3));
+    scene.add(new dgStructureCall(part.get()));
+    scene.add(line(3));
+    scene.add(new dgSurfaceColour(gsColour(0, 0, 1)));
+    scene.add(block(4));
+
+    const dgRef<dgStructure> flat(new dgClientStructure);
+    gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
+    scene.draw(flattener);
+    scene.window.record_state(1);
+    // Every drawing comes under the state and the transform that it has in the network.
+    const auto drawings = [&](dgStructure* structure)
+    {
+        Lines found;
+        std::string state, transform;
+        for (const std::string& entry : scene.log(structure))
+        {
+            if (entry.rfind("state", 0) == 0)
+                state = entry;
+            else if (entry.rfind("transform", 0) == 0)
+                transform = entry;
+            else if (entry.rfind("draw", 0) == 0)
+            {
+                // Lines do not look at surface colours.
+                const std::size_t surface =
+                    entry.find("lines") != std::string::npos ? state.find(" surface") : state.size();
+                found.push_back(entry + " " + state.substr(0, surface) + " " + transform);
+            }
+        }
+        return found;
+    };
+    EXPECT_EQ(drawings(flat.get()), drawings(nullptr));
+    EXPECT_EQ(drawings(nullptr).size(), 5u);
+    for (int i = 0; i < flat->nelements(); ++i)
+        EXPECT_NE(flat->element(i)->type(), dgTYPE_STRUCTURE_CALL);
+}
+
+TEST(gsStructureFlattener, sees_edits_anywhere_in_the_network)
+{
+    Scene scene;
+    const dgRef<dgStructure> part(new dgClientStructure);
+    auto* width = new dgLineWidth(2);
+    part->add(width);
+    part->add(line(1));
+    scene.add(new dgStructureCall(part.get()));
+    const dgRef<dgStructure> flat(new dgClientStructure);
+    gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
+    scene.draw(flattener);
+    EXPECT_EQ(flattener.flat_root_matches(), 1);
+    width->value(3);
+    EXPECT_EQ(flattener.flat_root_matches(), 0);
+    EXPECT_EQ(flattener.final_refresh_non_flattened(), 1);
+}
+
+TEST(gsStructureFlattener, calls_the_root_when_writing_takes_longer_than_the_frame)
+{
+    Scene scene;
+    scene.fill();
+    const dgRef<dgStructure> flat(new dgClientStructure);
+    gsStructureFlattener flattener(scene.root.get(), flat.get(), 0); // any time is too long on the real clock
+    EXPECT_EQ(scene.draw(flattener), Scene::filled);
+    EXPECT_EQ(flattener.final_refresh_non_flattened(), 1);
+    scene.window.reset_features_drawn();
+    scene.view.render_network(flat.get());
+    EXPECT_EQ(scene.window.features_drawn(), Scene::filled);
+}
