@@ -10,7 +10,7 @@ class GR_EXPORT grTwiddleOverlayCallback
 public:
     grTwiddleOverlayCallback() = delete;
 
-    /// Replaces the function; null removes it.
+    /// Replaces the function; null removes it. It may destroy views, also the one it is called for, but no renderer.
     static void register_callback(void (*callback)(dgView&));
     static void call_callback(dgView& view);
 };

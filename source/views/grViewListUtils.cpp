@@ -8,8 +8,6 @@
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
 
-#include <algorithm>
-
 dgDoubleBufferSwap grViewListUtils::the_erase_on_swap_buffers_arg = dgSWAP_PLAIN;
 int grViewListUtils::the_insert_paper_children_first_flag = 1;
 
@@ -64,13 +62,6 @@ int live_view_before(const dgViewcoDList& views, int position)
         --position;
     while (position >= 0 && !alive(views[position]));
     return position;
-}
-
-// A renderer that no view is left on may have been destroyed with its last one.
-int has_views(const dgRenderer* renderer)
-{
-    return std::any_of(dgS::views().begin(), dgS::views().end(),
-                       [=](const dgView* view) { return view->renderer() == renderer; });
 }
 }
 
@@ -178,7 +169,7 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, const dgViewcoDL
         // One swap per renderer, after its last view: a second one would show the half-drawn back buffer.
         const int next = live_view_before(drawn_views, i);
         const int last_of_renderer = next < 0 || drawn_views[next]->renderer() != renderer;
-        if (last_of_renderer && has_views(renderer) && double_buffered(renderer, renderer->mode()))
+        if (last_of_renderer && double_buffered(renderer, renderer->mode()))
         {
             renderer->swap_buffers(the_erase_on_swap_buffers_arg);
             renderer->select_buffer(dgFRONT_BUFFER);
