@@ -26,6 +26,11 @@ int the_cache_dropped = 0; // since the live refresher made its renderers
 int the_final_frame = 0;
 int the_in_refresh = 0;
 
+dgRenderer* renderer_of(const grViewRendererFast* fast)
+{
+    return fast->view() ? fast->view()->renderer() : nullptr;
+}
+
 int idle_slices_blocked(const dgView& view)
 {
     const dgRenderNetworkAction* action = view.render_network_action();
@@ -78,20 +83,19 @@ void grViewRefresherFast::refresh()
     the_gone.clear();
     if (the_fast_renderers.empty())
         make_renderers();
-    for (int i = static_cast<int>(the_fast_renderers.size()) - 1, next = 0; i >= 0; i = next)
+    // Those whose views the overlay callback destroys leave the list, but live on in the_gone.
+    const std::vector<grViewRendererFast*> drawn = the_fast_renderers;
+    for (auto fast = drawn.rbegin(); fast != drawn.rend(); ++fast)
     {
-        grViewRendererFast& fast = *the_fast_renderers[static_cast<std::size_t>(i)];
-        dgRenderer* renderer = fast.view()->renderer();
-        if (renderer)
-        {
-            renderer->select_buffer(dgBACK_BUFFER);
-            refresh_renderer(fast);
-        }
-        // The overlay callback may have destroyed views, whose renderers are then gone from the list.
-        next = std::min(i, static_cast<int>(the_fast_renderers.size())) - 1;
-        const int last_of_renderer =
-            next < 0 || the_fast_renderers[static_cast<std::size_t>(next)]->view()->renderer() != renderer;
-        if (renderer && last_of_renderer)
+        dgRenderer* renderer = renderer_of(*fast);
+        if (!renderer)
+            continue;
+        renderer->select_buffer(dgBACK_BUFFER);
+        refresh_renderer(**fast);
+        const auto next =
+            std::find_if(fast + 1, drawn.rend(), [](const grViewRendererFast* other) { return other->view(); });
+        const int last_of_renderer = next == drawn.rend() || renderer_of(*next) != renderer;
+        if (last_of_renderer)
             renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
     }
 }
