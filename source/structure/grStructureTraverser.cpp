@@ -5,6 +5,8 @@
 #include "dgGraphicalElement.h"
 #include "dgStructure.h"
 
+#include <algorithm>
+
 grStructureTraverser::grStructureTraverser(dgStructure* root) : the_open(std::make_unique<grOpenStructures>())
 {
     push(root, -1);
@@ -73,7 +75,7 @@ dgGraphicalElement* grStructureTraverser::find(int type, grConsiderFirstElement 
     int at = 0;
     if (!undefined())
     {
-        at = structure->cursor();
+        at = std::max(structure->cursor(), 0); // it is -1 when the first element was deleted
         if (consider != grCONSIDER_FIRST_ELEMENT)
         {
             if (dgStructure* called = structure_to_enter(structure->read()))
@@ -85,7 +87,7 @@ dgGraphicalElement* grStructureTraverser::find(int type, grConsiderFirstElement 
             }
             else
             {
-                ++at;
+                at = structure->cursor() + 1;
             }
         }
     }

@@ -219,7 +219,6 @@ public:
         set_flags(flags);
         put_default(new dgLineColour(gsColour(table_reds[1], 0, 0)), table_reds[1]);
         put_default(new dgLineWidth(default_width), default_width);
-        // Types that have a default of the library's own classes get one that test attributes can be compared with.
         for (const int type : {1, 5, 23, 25, 50, 70, 71})
             put_default(new tsAttribute(type, 1), 1);
         // The library's own defaults that the rules see.

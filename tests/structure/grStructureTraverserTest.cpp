@@ -143,6 +143,21 @@ TEST(grStructureTraverser, goes_on_behind_an_element_deleted_at_the_cursor)
     EXPECT_EQ(root->nelements(), 3);
 }
 
+TEST(grStructureTraverser, finds_what_follows_a_first_element_deleted_at_the_cursor)
+{
+    for (const grConsiderFirstElement consider : {grCONSIDER_FIRST_ELEMENT, grSKIP_FIRST_ELEMENT})
+    {
+        const dgRef<dgStructure> root(new dgClientStructure);
+        for (int label = 0; label < 3; ++label)
+            root->add(new dgLabel(label));
+        grStructureTraverser traverser(root.get());
+        traverser.next();
+        root->delete_range(0, 0);
+        EXPECT_EQ(traverser.find(dgTYPE_LABEL, consider), root->element(0));
+        EXPECT_EQ(traverser.position(), 0);
+    }
+}
+
 TEST(grStructureTraverser, positions_on_the_last_leaf)
 {
     const dgRef<dgStructure> root = tsChain(3);

@@ -24,7 +24,9 @@ public:
 protected:
     int equal_value(const dgGraphicalAttribute& other) const override
     {
-        return the_value == static_cast<const tsAttribute&>(other).the_value;
+        // The library's own defaults may share a type code with test attributes.
+        const auto* attribute = dynamic_cast<const tsAttribute*>(&other);
+        return attribute && the_value == attribute->the_value;
     }
 
 private:
