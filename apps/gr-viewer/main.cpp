@@ -2,9 +2,24 @@
 #include "vwOffscreen.h"
 #include "vwOptions.h"
 #include "vwResources.h"
+#include "vwStructureDump.h"
 #include "vwWindow.h"
 
 #include <iostream>
+
+namespace
+{
+int run(const vwOptions& options, std::string& error)
+{
+    if (options.list_fonts)
+        return vw_list_fonts(options, std::cout, error);
+    if (options.dumps())
+        return vw_dump_structure(options, std::cout, error);
+    if (options.offscreen)
+        return vw_play_offscreen(options, std::cout, error);
+    return vw_run_window(options, error);
+}
+}
 
 int main(int argc, char** argv)
 {
@@ -22,9 +37,7 @@ int main(int argc, char** argv)
         return 0;
     }
     std::string error;
-    if (options.list_fonts  ? vw_list_fonts(options, std::cout, error)
-        : options.offscreen ? vw_play_offscreen(options, std::cout, error)
-                            : vw_run_window(options, error))
+    if (run(options, error))
         return 0;
     std::cerr << "gr-viewer: " << error << '\n';
     return 1;

@@ -37,6 +37,10 @@ std::string contradiction(const vwOptions& options)
         return {};
     if (options.files.empty() && options.text.empty())
         return "no file to show: name at least one tarn file (or STL, OBJ, PLY)";
+    if (options.dumps() && (options.offscreen || !options.play.empty() || !options.record.empty()))
+        return "--dump-structure and --dump-xml show nothing: they do not go with --offscreen, --play and --record";
+    if (options.dumps() && !options.text.empty())
+        return "--dump-structure and --dump-xml write files alone: leave --text out";
     if (options.offscreen && options.play.empty())
         return "--offscreen needs a session to play: --play SESSION";
     if (!options.offscreen && !options.play.empty())
@@ -74,6 +78,9 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_flag("--offscreen", read.offscreen, "Open no window");
     app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");
     app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");
+    app.add_flag("--dump-structure", read.dump_structure, "Print the display structure as a tree, and show nothing");
+    app.add_option("--dump-xml", read.dump_xml, "Write the display structure as XML, and show nothing")
+        ->type_name("FILE");
     app.add_flag("--print-resources", read.print_resources, "Print the built-in resources");
     app.add_option("--text", read.text, "Show a text, alone or in front of the model; UTF-8")->type_name("TEXT");
     app.add_option("--font", read.font, "Font family of the text, as --list-fonts prints it")->type_name("FAMILY");

@@ -24,6 +24,11 @@ struct vwOptions
     std::string font_path;    ///< where font files are, empty: where Debian has them
     std::string metrics_path; ///< where their metrics are, likewise
     int list_fonts = 0;
+    int dump_structure = 0;
+    std::string dump_xml; ///< file to write the display structure to, empty: none
+
+    /// 1 when the display structure is to be written and nothing shown.
+    int dumps() const { return dump_structure || !dump_xml.empty(); }
 };
 
 /// What main does after reading the command line.

@@ -32,6 +32,8 @@ const struct
     {{"--out", "d", "a.tarn"}, "--out"},
     {{"--font", "DejaVu Sans", "a.tarn"}, "--text"},
     {{"--offscreen", "--play", "s", "--out", "d", "--record", "r", "a.tarn"}, "--record"},
+    {{"--dump-structure", "--record", "r", "a.tarn"}, "--dump-structure"},
+    {{"--dump-xml", "x", "--text", "t", "a.tarn"}, "--text"},
 };
 }
 
