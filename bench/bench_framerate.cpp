@@ -62,7 +62,7 @@ double seconds(Work work)
     return stopwatch.seconds();
 }
 
-/// The value that at least share of the values do not exceed.
+// The value that at least share of the values do not exceed.
 double quantile(std::vector<double> values, double share)
 {
     std::sort(values.begin(), values.end());
@@ -82,7 +82,7 @@ giPoint3 on_ring(double u, double v)
                     thickness * std::sin(v));
 }
 
-/// Rows and columns of squares of two triangles each, of a ring with waves that has around by across of them.
+// Rows and columns of squares of two triangles each, of a ring with waves that has around by across of them.
 giTriBlock* ring(int around, int across, int first_row, int rows, int first_column, int columns)
 {
     auto* block = new giTriBlock;
@@ -115,7 +115,7 @@ Root one_object()
     return root;
 }
 
-/// Each object is a structure of its own; placed ones have a colour and a place of their own too.
+// Each object is a structure of its own; placed ones have a colour and a place of their own too.
 Root many_objects(int placed)
 {
     const Root root(new dgClientStructure);
@@ -162,7 +162,7 @@ struct Picture
         view.render_network(nullptr);
         renderer.finish();
     }
-    /// What a full redraw shows, and what it takes.
+    // What a full redraw shows, and what it takes.
     double full_redraw(dgImage& image)
     {
         renderer.select_buffer(dgBACK_BUFFER);
@@ -186,7 +186,7 @@ struct Picture
     dgView view;
 };
 
-/// The k-th step of the drag: to the right, then upwards, then back, as a hand does.
+// The k-th step of the drag: to the right, then upwards, then back, as a hand does.
 void step(dgView& view, int k)
 {
     view.camera().rotate_view(k / 8 % 2 ? gi_X_AXIS : gi_Y_AXIS, k / 16 % 2 ? -0.03 : 0.03);
@@ -240,7 +240,7 @@ void drag(const char* name, Picture& picture, grViewRefresher& refresher, const 
         yes_no(ended.rgba == full.rgba));
 }
 
-/// Thinned frames of the fast renderer beside bare draws of the same triangles, on a scene of one block.
+// Thinned frames of the fast renderer beside bare draws of the same triangles, on a scene of one block.
 void compare_bare(Picture& picture, dgStructure& root)
 {
     grViewRendererFast fast(&picture.view);
