@@ -105,7 +105,8 @@ public:
     static void print(std::ostream& os);
 
 protected:
-    /// Puts the renderer's items back after one of them was taken off by other means than XOR.
+    /// Puts the renderer's items back after one of them was taken off by other means than XOR. Unless that was erasing
+    /// the overlay, the renderer's canvas draws the scene again first.
     static void redraw_all_that_are_drawn(dgRenderer* renderer, int overlay);
 
 private:

@@ -137,6 +137,7 @@ void dgView::begin()
     if (!the_renderer)
         return;
     the_renderer->begin();
+    the_renderers_hlhsr_mode = the_renderer->hlhsr_mode();
     the_renderer->set_hlhsr_mode(the_shading.hlhsr_mode);
     the_renderer->cue_colour(the_shading.graduated_background ? the_shading.bottom_colour
                                                               : the_shading.background_colour);
@@ -150,6 +151,7 @@ void dgView::end()
     if (!the_renderer)
         return;
     the_renderer->pop_structure();
+    the_renderer->set_hlhsr_mode(the_renderers_hlhsr_mode);
     the_renderer->end();
 }
 

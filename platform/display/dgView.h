@@ -112,5 +112,6 @@ private:
     int the_user_clip_planes = 0;
     dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_SPHERE;
     int the_begun = 0;
+    dgHLHSRMode the_renderers_hlhsr_mode = dgHLHSR_OFF; // before begin
     dgRenderNetworkAction* the_render_network_action = nullptr;
 };

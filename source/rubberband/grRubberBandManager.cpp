@@ -370,9 +370,10 @@ void grRubberBandManager::end_draw(dgRenderer* renderer, int xor_mode, int selec
     state().saved_driver = -1;
 }
 
-void grRubberBandManager::redraw_all_that_are_drawn(dgRenderer* renderer, int)
+void grRubberBandManager::redraw_all_that_are_drawn(dgRenderer* renderer, int overlay)
 {
-    grCanvas* const canvas = gr_find_canvas(renderer);
+    // The scene under an overlay is whole, and is not to be drawn while an item has its hidden surfaces switched off.
+    grCanvas* const canvas = overlay ? nullptr : gr_find_canvas(renderer);
     if (!canvas)
     {
         const grRubberBandDriver driver(renderer);
