@@ -274,7 +274,7 @@ void grTimeoutRenderer::refresh_draw()
     {
         // Edited since it was counted: what was drawn of it says nothing any more.
         count_structure();
-        the_recalc_ratios = 1;
+        the_rates_measured = 0;
         the_drawn_elements = the_drawn_before = 0;
     }
     if (the_rates_measured && the_drawn_elements == the_drawn_before)
