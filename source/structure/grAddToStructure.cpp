@@ -204,9 +204,9 @@ void grAddToStructure::expand_colour_index(dgGraphicalAttribute& attribute)
         dgSerr(error_no_colours);
         return;
     }
-    int index = colour.index() % n;
-    if (index < 0)
-        index += n;
+    int index = colour.index();
+    if (index < 0 || index >= n)
+        index = (index % n + n) % n;
     const gsColour& entry = the_flags.colour_table().colour(index);
     colour.become(utCopy, gsColour(entry.red(), entry.green(), entry.blue()));
     colour.index(index); // a direct colour now, which still tells where it came from

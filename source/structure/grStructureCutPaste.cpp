@@ -46,13 +46,28 @@ grStructureCutStatus find_run(const dgStructure& structure, int from, int start_
     return first < 0 ? grSTRUCTURE_CUT_OK : grSTRUCTURE_CUT_UNCLOSED;
 }
 
-grStructureSlice* make_slice(dgStructure& structure, const Run& run)
+using ElementRefs = std::vector<dgRef<dgGraphicalElement>>;
+
+ElementRefs elements_of(const dgStructure& structure, const Run& run)
 {
-    auto* elements = new dgClientStructure(run.last - run.first + 1);
-    dgGraphicalElement* home = run.first > 0 ? structure.element(run.first - 1) : nullptr;
-    auto* slice = new grStructureSlice(&structure, home, elements);
+    ElementRefs elements;
+    elements.reserve(static_cast<std::size_t>(run.last - run.first + 1));
     for (int i = run.first; i <= run.last; ++i)
-        elements->add(structure.element(i));
+        elements.emplace_back(structure.element(i));
+    return elements;
+}
+
+dgGraphicalElement* home_of(const dgStructure& structure, const Run& run)
+{
+    return run.first > 0 ? structure.element(run.first - 1) : nullptr;
+}
+
+grStructureSlice* make_slice(dgStructure& cake, dgGraphicalElement* home, const ElementRefs& elements)
+{
+    auto* structure = new dgClientStructure(static_cast<int>(elements.size()));
+    auto* slice = new grStructureSlice(&cake, home, structure);
+    for (const dgRef<dgGraphicalElement>& element : elements)
+        structure->add(element.get());
     return slice;
 }
 
@@ -76,11 +91,12 @@ grStructureCutStatus cut_structure(dgStructure& structure, int start_label, int 
         const grStructureCutStatus status = find_run(structure, from, start_label, end_label, run);
         if (status != grSTRUCTURE_CUT_OK || run.first < 0)
             return status;
-        grStructureSlice* slice = make_slice(structure, run);
-        slices.add_last(slice);
-        const dgGraphicalElement* home = slice->home_element();
+        dgGraphicalElement* home = home_of(structure, run);
         const int first = home ? position_behind(home, run.first - 1, structure) : 0;
+        // Out of one structure before into the other: an element in two has to keep a list of them.
+        const ElementRefs elements = elements_of(structure, run);
         structure.delete_range(first, first + run.last - run.first);
+        slices.add_last(make_slice(structure, home, elements));
         // What lies before the run has been searched; a run deleted elsewhere calls for a new search.
         from = first == run.first ? first : 0;
     }
@@ -147,7 +163,9 @@ grStructureSlice* grStructureCutPaste::find_first_slice(dgStructure* structure, 
 {
     Run run;
     status = find_run(*structure, 0, start_label, end_label, run);
-    return status == grSTRUCTURE_CUT_OK && run.first >= 0 ? make_slice(*structure, run) : nullptr;
+    if (status != grSTRUCTURE_CUT_OK || run.first < 0)
+        return nullptr;
+    return make_slice(*structure, home_of(*structure, run), elements_of(*structure, run));
 }
 
 void grStructureCutPaste::find_called_structures(const dgStructure* structure, dgStructurecoDList& structures)
