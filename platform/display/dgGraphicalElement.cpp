@@ -62,7 +62,8 @@ void dgGraphicalElement::remove_holder(dgStructure* holder)
         const auto found = std::find(the_others->begin(), the_others->end(), holder);
         if (found != the_others->end())
         {
-            the_others->erase(found);
+            *found = the_others->back(); // their order means nothing
+            the_others->pop_back();
         }
         else if (the_holder == holder)
         {
