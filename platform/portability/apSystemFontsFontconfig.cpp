@@ -144,12 +144,12 @@ public:
         for (apSystemFace& face : the_faces)
             face.character_set =
                 face.font_type == apFONT_TYPE_TRUETYPE ? ::character_set(face.file, face.face_index) : unspecified;
-        // fontconfig has no order.
+        // fontconfig has no order. A TrueType face speaks for its family, where other formats of it are there too.
         std::sort(the_faces.begin(), the_faces.end(),
                   [](const apSystemFace& a, const apSystemFace& b)
                   {
-                      return std::tie(a.family, a.full_name, a.file, a.face_index) <
-                             std::tie(b.family, b.full_name, b.file, b.face_index);
+                      return std::tie(a.family, b.font_type, a.full_name, a.file, a.face_index) <
+                             std::tie(b.family, a.font_type, b.full_name, b.file, b.face_index);
                   });
     }
 

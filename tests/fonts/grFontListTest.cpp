@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 using Families = std::vector<std::string>;
 
 namespace
@@ -67,6 +69,15 @@ TEST_F(FontList, families_without_files_and_families_that_exist_are_passed_over)
               0);
     ASSERT_EQ(tsFamilies(the_reader), Families{"2 One"});
     EXPECT_EQ(the_reader.family(0).normal_font(), the_folder / "a.pfa");
+}
+
+TEST_F(FontList, names_may_be_absolute)
+{
+    const std::string stem = (the_folder / "a").str();
+    grOutlineFontFamilyReader elsewhere("/nowhere", "/nowhere");
+    EXPECT_EQ(elsewhere.append_font_list(the_folder.write("list", "adobe_pfa, One, " + stem + ", , ,"), the_line), 0);
+    ASSERT_EQ(elsewhere.num_families(), 1);
+    EXPECT_EQ(elsewhere.family(0).normal_afm(), the_folder / "a.afm");
 }
 
 TEST_F(FontList, a_bad_line_ends_the_reading_and_is_named)
@@ -135,6 +146,23 @@ TEST_F(FontList, a_file_that_cannot_be_opened_is_bad_without_a_line)
     EXPECT_EQ(the_line, -1);
     EXPECT_EQ(append(""), 0);
     EXPECT_EQ(the_line, -1);
+}
+
+TEST_F(FontList, families_are_dumped_field_by_field)
+{
+    EXPECT_EQ(append("truetype, 204, One, , a, ,"), 0);
+    std::ostringstream dump;
+    dump << the_reader.family(0);
+    const std::string folder = the_folder.path().str();
+    EXPECT_EQ(dump.str(),
+              "grOutlineFontListElement {\n  the_font_type is 1\n  the_language is 204\n"
+              "  the_family_name is One\n  the_normal_font is \n  the_bold_font is " +
+                  folder +
+                  "/a.pfb\n  the_italic_font is \n  the_bold_italic_font is \n"
+                  "  the_normal_afm is \n  the_bold_afm is " +
+                  folder +
+                  "/a.afm\n  the_italic_afm is \n"
+                  "  the_bold_italic_afm is \n  the_family_installed is 0\n  the_renderer_index is -1\n}\n");
 }
 
 TEST(grFontListFiles, the_list_of_the_urw_fonts_finds_every_file)

@@ -2,6 +2,7 @@
 
 #include "dgGLGeometryStore.h"
 #include "dgLighting.h"
+#include "dgStructureCall.h"
 #include "dgText.h"
 #include "dgTextAlignment.h"
 #include "dgTextColour.h"
@@ -14,6 +15,7 @@
 #include "dgTransform.h"
 #include "giXform3.h"
 #include "gsColour.h"
+#include "gsStructureFlattener.h"
 #include "gsStructureSlicer.h"
 
 #include <gtest/gtest.h>
@@ -310,4 +312,27 @@ TEST(dgGLText, slices_draw_every_text_once)
         slicer.next_slice();
     }
     EXPECT_TRUE(same_pictures(scene.picture(), whole));
+}
+
+TEST(dgGLText, flattened_text_looks_the_same)
+{
+    Scene scene(300, 200);
+    const dgRef<dgClientStructure> called(new dgClientStructure), flat(new dgClientStructure);
+    called->add(new dgTextColour(gsColour(1, 0, 0)));
+    called->add(text("xy"));
+    scene.add(new dgTextHeight(60));
+    scene.add(new dgTransform(giXform3::rotation(giAngle(0.4), gi_Z_AXIS)));
+    scene.add(new dgStructureCall(called.get()));
+    scene.add(text("z", giPoint3(120, 40, 0)));
+    scene.view.erase(dgERASE_ZBUFFER_YES);
+    gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
+    scene.renderer.render_action(&flattener);
+    scene.view.render_network(nullptr);
+    scene.renderer.render_action(nullptr);
+    const dgImage picture = scene.picture();
+    EXPECT_GT(count_pixels(picture, red), 500);
+    EXPECT_GT(count_pixels(picture, white), 250);
+    scene.view.erase(dgERASE_ZBUFFER_YES);
+    scene.view.render_network(flat.get());
+    EXPECT_TRUE(same_pictures(scene.picture(), picture));
 }
