@@ -4,6 +4,7 @@
 #include "dgDrawState.h"
 #include "dgEnums.h"
 #include "dgExport.h"
+#include "dgPickSettings.h"
 #include "dgRef.h"
 #include "giBox2.h"
 #include "giXform3.h"
@@ -116,6 +117,9 @@ public:
     int idle_slicing_forbidden() const { return the_idle_slicing_forbidden; }
     void idle_slicing_forbidden(int on) { the_idle_slicing_forbidden = on; }
 
+    const dgPickSettings& pick_settings() const { return the_pick_settings; }
+    void pick_settings(const dgPickSettings& settings) { the_pick_settings = settings; }
+
     /// Open and close one level of attribute context; a pop restores the attributes and the transform exactly.
     void push_structure();
     void pop_structure();
@@ -179,6 +183,7 @@ private:
     gsColour the_cue_colour{0, 0, 0};
     gsRenderAction* the_render_action = nullptr;
     dgDrawQuality the_draw_quality;
+    dgPickSettings the_pick_settings;
     std::map<int, dgRef<dgTextFont>> the_text_fonts; // by slot
     const dgCamera* the_camera = nullptr;
 

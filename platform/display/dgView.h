@@ -4,6 +4,7 @@
 #include "dgBase.h"
 #include "dgCamera.h"
 #include "dgEnums.h"
+#include "dgPickSettings.h"
 #include "dgRef.h"
 #include "dgStructure.h"
 #include "dgViewShadingContext.h"
@@ -11,6 +12,8 @@
 #include <iosfwd>
 
 class dgGraphicalElement;
+class dgPickAperture;
+class dgPickResult;
 class dgRenderNetworkAction;
 class dgRenderer;
 
@@ -73,6 +76,10 @@ public:
     /// Fits the camera to the network, with the clipping planes unless the user set them; an empty network changes
     /// nothing.
     void view_bbox(dgBoundingViewType type = dgBOUNDING_VIEW_BOX);
+
+    /// All primitives that the view shows in an aperture, as the renderer's settings say; what hides them makes no
+    /// difference. Never null; released by the caller.
+    dgPickResult* pick_all(const dgPickAperture& aperture, dgPickMode mode = dgPICK_EXACT) const;
 
     /// 1 keeps the wheel from zooming about the cursor.
     int pan_forbidden() const { return the_pan_forbidden; }
