@@ -1,7 +1,10 @@
 #include "tnCommands.h"
 
+#include "tnCut.h"
+#include "tnNumbers.h"
 #include "tnProgress.h"
 #include "tnTarnFile.h"
+#include "tnVisibility.h"
 
 #include "grMeshFile.h"
 #include "grSamplePart.h"
@@ -24,6 +27,8 @@ struct tn_options
     std::string output;
     double crease_degrees = 30;
     int triangles = 200000;
+    tnCutOptions cut;
+    tnVisibilityOptions visibility;
 };
 
 // What a command reports to.
@@ -109,6 +114,36 @@ int write_sample(const tn_options& options, const tn_outlets& outlets, std::stri
     tnProgress bar(outlets.progress, "writing");
     return tn_write(options.output, blocks, error, bar);
 }
+
+int cut_blocks(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    return tn_cut(options.cut, outlets.out, outlets.progress, error);
+}
+
+int sort_by_visibility(const tn_options& options, const tn_outlets& outlets, std::string& error)
+{
+    return tn_visibility(options.visibility, outlets.out, outlets.progress, error);
+}
+
+/// An option whose value is so many numbers with commas between them.
+CLI::Option* add_numbers(CLI::App& command, const std::string& name, std::size_t count, std::vector<double>& numbers,
+                         const std::string& format, const std::string& help)
+{
+    return command
+        .add_option_function<std::string>(
+            name, [count, &numbers](const std::string& text) { tn_read_numbers(text, count, numbers); }, help)
+        ->check(CLI::Validator(
+            [count](const std::string& text)
+            {
+                std::vector<double> read;
+                return tn_read_numbers(text, count, read)
+                           ? std::string()
+                           : "needs " + std::to_string(count) + " numbers with commas between them, not " + text;
+            },
+            ""))
+        ->type_name(format)
+        ->required();
+}
 }
 
 int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& errors, int show_progress)
@@ -146,6 +181,27 @@ sample->add_option("--triangles", options.triangles, "About how many triangles; 
     ->check(CLI::Range(1, most_sample_triangles))
     ->capture_default_str();
 sample->callback([&chosen] { chosen = write_sample; });
+
+CLI::App* cut = app.add_subcommand("cut", "Cut a tarn file open along a plane");
+cut->add_option("TARN", options.cut.input, "File to read")->required();
+cut->add_option("OUT", options.cut.output, "File to write")->required();
+add_numbers(*cut, "--plane", 4, options.cut.plane, "NX,NY,NZ,D",
+            "The plane nx x + ny y + nz z = d; the side that (nx, ny, nz) points to is kept");
+cut->add_flag("--keep-both", options.cut.keep_both, "Keep the other side as well, in blocks of its own");
+cut->add_flag("--cap", options.cut.cap, "Close the cut, with a block of its own for each side");
+cut->callback([&chosen] { chosen = cut_blocks; });
+
+CLI::App* visibility = app.add_subcommand("visibility", "List which side each block is seen from");
+visibility->add_option("TARN", options.visibility.input, "File to read")->required();
+add_numbers(*visibility, "--direction", 3, options.visibility.direction, "X,Y,Z", "Where the upper side is");
+visibility->add_option("--images", options.visibility.images,
+                       "Folder to write the identifier images to, as they are and in colours to be told apart");
+visibility->add_option("--classes", options.visibility.classes,
+                       "Tarn file to write: a block each for upper, lower, undecided and both");
+visibility->add_option("--size", options.visibility.size, "Size of the overview images in pixels")
+    ->check(CLI::Range(16, 8192))
+    ->capture_default_str();
+visibility->callback([&chosen] { chosen = sort_by_visibility; });
 
 try
 {

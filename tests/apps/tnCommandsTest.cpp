@@ -1,59 +1,9 @@
-#include "tnCommands.h"
-#include "tnProgress.h"
-#include "tnTarnFile.h"
+#include "tarnCommands.h"
 
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
+namespace fs = std::filesystem;
 
 namespace
 {
-namespace fs = std::filesystem;
-
-// A folder that goes with the test.
-class gr_tarn : public testing::Test
-{
-protected:
-    void SetUp() override
-    {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        the_folder = fs::path(testing::TempDir()) / (std::string("gr_tarn_") + test->name());
-        fs::remove_all(the_folder);
-        fs::create_directories(the_folder);
-    }
-    void TearDown() override { fs::remove_all(the_folder); }
-
-    std::string file(const std::string& name) const { return (the_folder / name).string(); }
-
-    int run(std::vector<const char*> words)
-    {
-        words.insert(words.begin(), "gr-tarn");
-        the_out.str("");
-        the_errors.str("");
-        return tn_run(static_cast<int>(words.size()), words.data(), the_out, the_errors, 0);
-    }
-    int run(const char* command, const std::string& first, const std::string& second)
-    {
-        return run({command, first.c_str(), second.c_str()});
-    }
-
-    tn_blocks blocks(const std::string& name) const
-    {
-        tn_blocks read;
-        std::string error;
-        tnProgress silent(nullptr, "");
-        EXPECT_TRUE(tn_read(file(name), read, error, silent)) << error;
-        return read;
-    }
-
-    void write(const std::string& name, const std::string& text) const { std::ofstream(file(name)) << text; }
-
-    fs::path the_folder;
-    std::ostringstream the_out, the_errors;
-};
-
 // Two triangles that share an edge, 0.2 degrees apart in one file and 90 degrees in the other; no normals.
 const char* const flat_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 1 1 0.003\nf 1 2 3\nf 2 4 3\n";
 const char* const bent_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n";
