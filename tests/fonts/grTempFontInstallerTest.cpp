@@ -11,25 +11,6 @@
 
 namespace
 {
-// A font that no system has: a real one under another name of the same length, in both encodings of its name table.
-std::string renamed_font(const std::string& name)
-{
-    const std::string old = "DejaVu Sans";
-    EXPECT_EQ(name.size(), old.size());
-    const auto wide = [](const std::string& text)
-    {
-        std::string units;
-        for (const char c : text)
-            units += std::string(1, '\0') + c;
-        return units;
-    };
-    std::string font = tsFileText(tsDejavuFont("DejaVuSans.ttf"));
-    for (const auto& [from, to] : {std::pair(old, name), std::pair(wide(old), wide(name))})
-        for (std::size_t at = font.find(from); at != std::string::npos; at = font.find(from, at + 1))
-            font.replace(at, from.size(), to);
-    return font;
-}
-
 int offered(const char* family)
 {
     return grOutlineFontFamilyReader("", "").family_exists(ltTRUETYPE_FONT, family);
@@ -44,7 +25,7 @@ int loadable(const char* full_name)
 TEST(grTempFontInstaller, a_private_font_is_listed_while_it_is_installed)
 {
     tsFontFolder folder;
-    grTempFontInstaller installer(apPathName(folder.write("own.ttf", renamed_font("Vantor Tool")).str()));
+    grTempFontInstaller installer(apPathName(folder.write("own.ttf", tsRenamedFont("Vantor Tool")).str()));
     EXPECT_EQ(installer.installed(), 0);
     EXPECT_EQ(offered("Vantor Tool"), 0);
     EXPECT_EQ(installer.install(), 1);
@@ -61,11 +42,11 @@ TEST(grTempFontInstaller, a_private_font_is_listed_while_it_is_installed)
 TEST(grTempFontInstaller, taking_one_font_out_leaves_the_others)
 {
     tsFontFolder folder;
-    const utString file = folder.write("a.ttf", renamed_font("Vantor Able"));
+    const utString file = folder.write("a.ttf", tsRenamedFont("Vantor Able"));
     auto first = std::make_unique<grTempFontInstaller>(apPathName(file.str()));
     grTempFontInstaller again(apPathName(file.str()));
     auto second =
-        std::make_unique<grTempFontInstaller>(apPathName(folder.write("b.ttf", renamed_font("Vantor Belt")).str()));
+        std::make_unique<grTempFontInstaller>(apPathName(folder.write("b.ttf", tsRenamedFont("Vantor Belt")).str()));
     EXPECT_EQ(first->install() + again.install() + second->install(), 3);
     first.reset();
     EXPECT_EQ(offered("Vantor Able"), 1) << "installed by another one still";

@@ -43,6 +43,25 @@ std::string tsFileText(const std::string& file)
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
+std::string tsRenamedFont(const std::string& name)
+{
+    const std::string old = "DejaVu Sans";
+    EXPECT_EQ(name.size(), old.size());
+    // Both encodings of its name table hold the name.
+    const auto wide = [](const std::string& text)
+    {
+        std::string units;
+        for (const char c : text)
+            units += std::string(1, '\0') + c;
+        return units;
+    };
+    std::string font = tsFileText(tsDejavuFont("DejaVuSans.ttf"));
+    for (const auto& [from, to] : {std::pair(old, name), std::pair(wide(old), wide(name))})
+        for (std::size_t at = font.find(from); at != std::string::npos; at = font.find(from, at + 1))
+            font.replace(at, from.size(), to);
+    return font;
+}
+
 tsFontFolder::tsFontFolder()
 {
     static int number = 0;

@@ -15,6 +15,9 @@ std::string tsUrwFont(const std::string& name);
 std::string tsUrwMetrics(const std::string& name);
 std::string tsDejavuFont(const std::string& name);
 
+/// The bytes of a font that no system has: DejaVu Sans under another name of 11 characters.
+std::string tsRenamedFont(const std::string& name);
+
 std::string tsFileText(const std::string& file);
 
 /// A folder of its own that is gone with the object.
