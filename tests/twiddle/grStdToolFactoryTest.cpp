@@ -21,29 +21,40 @@ const struct
     int number;
     const char* name;
     const char* single_tool;
+    const char* multi_tool;
 } tools[] = {
-    {1, "zoom", "grZoomTool"},
-    {2, "pan", "grPanTool"},
-    {3, "trackball", "grTrackballTool"},
-    {5, "isometric", "grIsometricTool"},
-    {6, "reset", "grResetTool"},
-    {7, "pan_centre", "grPanCentreTool"},
-    {8, "reset_front_back", "grResetFrontBackTool"},
-    {9, "move_front_back", "grMoveFrontBackTool"},
-    {10, "toggle_depth_cueing", "grToggleDepthCueingTool"},
-    {11, "rotate_view", "grRotateViewTool"},
-    {17, "no_op", "grNoOpTool"},
-    {18, "spaceball", "grSpaceballTool"},
-    {19, "mouse_wheel_zoom", "grMouseWheelZoomTool"},
+    {1, "zoom", "grZoomTool", "grMultiZoomTool"},
+    {2, "pan", "grPanTool", "grMultiPanTool"},
+    {3, "trackball", "grTrackballTool", "grMultiTrackballTool"},
+    {5, "isometric", "grIsometricTool", "grMultiIsometricTool"},
+    {6, "reset", "grResetTool", "grMultiResetTool"},
+    {7, "pan_centre", "grPanCentreTool", "grMultiPanCentreTool"},
+    {8, "reset_front_back", "grResetFrontBackTool", "grMultiResetFrontBackTool"},
+    {9, "move_front_back", "grMoveFrontBackTool", "grMultiMoveFrontBackTool"},
+    {10, "toggle_depth_cueing", "grToggleDepthCueingTool", "grMultiToggleDepthCueingTool"},
+    {11, "rotate_view", "grRotateViewTool", "grMultiRotateViewTool"},
+    {12, "translate_structure", "grTranslateStructureTool", "grTranslateStructureTool"},
+    {13, "scale_structure", "grScaleStructureTool", "grScaleStructureTool"},
+    {14, "rotate_structure", "grRotateStructureTool", "grRotateStructureTool"},
+    {15, "view_index", "grViewIndexTool", "grMultiViewIndexTool"},
+    {17, "no_op", "grNoOpTool", "grNoOpTool"},
+    {18, "spaceball", "grSpaceballTool", "grMultiSpaceballTool"},
+    {19, "mouse_wheel_zoom", "grMouseWheelZoomTool", "grMultiMouseWheelZoomTool"},
 };
 }
 
 TEST(grStdToolFactory, builds_the_tools_it_identifies)
 {
-    const grStdToolFactory factory(nullptr, nullptr);
+    grStdToolFactory factory(nullptr, nullptr);
     for (const auto& tool : tools)
     {
         EXPECT_EQ(factory.identify_tool(tool.name), tool.number);
+        EXPECT_EQ(built(factory, tool.number), tool.single_tool);
+        grStdToolFactoryOptions options;
+        options.use_multi_tool(tool.number, 1);
+        const int id = factory.push_options(options);
+        EXPECT_EQ(built(factory, tool.number), tool.multi_tool);
+        factory.pop_options(id);
         EXPECT_EQ(built(factory, tool.number), tool.single_tool);
     }
     for (const char* unknown : {"Trackball", "trackball ", "", "view_cube"})

@@ -59,6 +59,14 @@ public:
             the_log.emplace_back("detail");
         return grStdTwiddleHooks::view_detail(tool, event);
     }
+    dgView* identify_views(const gwKeyEvent& event, dgViewcoDList& views) override
+    {
+        dgView* target = grStdTwiddleHooks::identify_views(event, views);
+        if (target)
+            for (dgView* view : the_grouped_views)
+                views.add_last(view);
+        return target;
+    }
     grWorkPlane* identify_workplane() override { return the_workplane; }
     void update_rotation_centre(const dgView&, const gwKeyEvent&) override { the_log.emplace_back("update centre"); }
     giPoint3 get_world_centre(dgView& view) override
@@ -78,7 +86,8 @@ public:
     grWorkPlane* the_workplane = nullptr;
     const giPoint3* the_centre = nullptr; // null: the default
     int the_detail_logged = 0;
-    giBox3 the_icon_box; // empty without an icon
+    std::vector<dgView*> the_grouped_views; // belong to every view, none of them deleted when views are identified
+    giBox3 the_icon_box;                    // empty without an icon
 
 private:
     tsLog& the_log;
