@@ -1,5 +1,6 @@
 #include "grStdToolFactory.h"
 
+#include "grApertureTool.h"
 #include "grIsometricTool.h"
 #include "grMouseWheelZoomTool.h"
 #include "grMoveFrontBackTool.h"
@@ -29,6 +30,7 @@
 #include "grTrackballTool.h"
 #include "grTranslateStructureTool.h"
 #include "grViewIndexTool.h"
+#include "grZoomBoxTool.h"
 #include "grZoomTool.h"
 
 #include <algorithm>
@@ -56,7 +58,7 @@ constexpr ToolRow the_tools[] = {
     {"zoom", create<grZoomTool>, create<grMultiZoomTool>},
     {"pan", create<grPanTool>, create<grMultiPanTool>},
     {"trackball", create<grTrackballTool>, create<grMultiTrackballTool>},
-    {"aperture", nullptr, nullptr},
+    {"aperture", create<grApertureTool>, nullptr},
     {"isometric", create<grIsometricTool>, create<grMultiIsometricTool>},
     {"reset", create<grResetTool>, create<grMultiResetTool>},
     {"pan_centre", create<grPanCentreTool>, create<grMultiPanCentreTool>},
@@ -68,7 +70,7 @@ constexpr ToolRow the_tools[] = {
     {"scale_structure", create<grScaleStructureTool>, nullptr},
     {"rotate_structure", create<grRotateStructureTool>, nullptr},
     {"view_index", create<grViewIndexTool>, create<grMultiViewIndexTool>},
-    {"zoom_box", nullptr, nullptr},
+    {"zoom_box", create<grZoomBoxTool>, nullptr},
     {"no_op", create<grNoOpTool>, nullptr},
     {"spaceball", create<grSpaceballTool>, create<grMultiSpaceballTool>},
     {"mouse_wheel_zoom", create<grMouseWheelZoomTool>, create<grMultiMouseWheelZoomTool>},
