@@ -1,15 +1,21 @@
 #include "grStdTwiddleHooks.h"
 
 #include "dgClientStructure.h"
+#include "grIsometricTool.h"
 #include "grPanTool.h"
 #include "grStdToolFactory.h"
 #include "grStdViewTwiddleTool.h"
 #include "grStructureTwiddleDetail.h"
+#include "grTimeoutRenderer.h"
+#include "grTimeoutRendererCache.h"
 #include "grTrackballTool.h"
 #include "grTwiddleMan.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
-#include "grViewRefresher.h"
+#include "grViewRefresherFast.h"
+#include "grViewRefresherFull.h"
+#include "grViewRefresherTimeout.h"
+#include "grViewRendererFast.h"
 #include "grViewTwiddleDetail.h"
 #include "gwMouseEvent.h"
 #include "tsScene.h"
@@ -228,4 +234,69 @@ TEST(grStdTwiddleHooks, a_view_deleted_in_mid_drag_is_left_alone)
     EXPECT_EQ(man.idle(), grIDLE_DONE);
     EXPECT_EQ(man.current_tool_state(), grTWID_ENDED);
     EXPECT_EQ(other->camera().view_window(), other_window);
+}
+
+TEST(grStdTwiddleHooks, chooses_how_views_are_redrawn_by_settings_and_tool)
+{
+    tsScene scene;
+    scene.add_view();
+    const tsSetting<double> guard(grViewRendererFast::minimum_framerate(),
+                                  [](double rate) { grViewRendererFast::minimum_framerate(rate); });
+    Hooks hooks;
+    const grPanTool pan("", nullptr, &hooks); // may be drawn within the time of a frame
+    const grIsometricTool isometric("", nullptr, &hooks);
+    const struct
+    {
+        const char* name;
+        int timeout, fast;
+        const grStdTwiddleTool* tool;
+        const utTypeID& type;
+    } cases[] = {
+        {"nothing set", 0, 0, &pan, grViewRefresherFull::ut_static_type()},
+        {"fast", 0, 1, &pan, grViewRefresherFast::ut_static_type()},
+        {"time-out before fast", 1, 1, &pan, grViewRefresherTimeout::ut_static_type()},
+        {"time-out alone", 1, 0, &pan, grViewRefresherTimeout::ut_static_type()},
+        {"a tool that must not time out, fast", 1, 1, &isometric, grViewRefresherFast::ut_static_type()},
+        {"a tool that must not time out", 1, 0, &isometric, grViewRefresherFull::ut_static_type()},
+    };
+    for (const auto& c : cases)
+    {
+        if (c.timeout)
+            hooks.enable_timeout_twiddling(10);
+        else
+            hooks.disable_timeout_twiddling();
+        hooks.use_refresher_fast(c.fast);
+        const std::unique_ptr<grViewRefresher> refresher(hooks.view_refresher(c.tool, {scene.view(0)}));
+        EXPECT_TRUE(refresher->ut_dynamic_type() == c.type) << c.name;
+    }
+}
+
+TEST(grStdTwiddleHooks, hands_its_settings_and_cache_to_the_time_out_refresher)
+{
+    tsScene scene;
+    scene.add_view();
+    const tsSetting<double> guard(grViewRendererFast::minimum_framerate(),
+                                  [](double rate) { grViewRendererFast::minimum_framerate(rate); });
+    Hooks hooks;
+    const grPanTool pan("", nullptr, &hooks);
+    hooks.enable_timeout_twiddling(10);
+    hooks.allow_full_refresh(0);
+    const std::unique_ptr<grViewRefresher> refresher(hooks.view_refresher(&pan, {scene.view(0)}));
+    EXPECT_EQ(static_cast<grViewRefresherTimeout&>(*refresher).allow_full_refresh(), 0);
+    EXPECT_NE(hooks.timeout_renderer_cache().find_timeout_renderer(scene.view(0)), nullptr);
+}
+
+TEST(grStdTwiddleHooks, has_frame_times_of_fast_twiddles_recorded_when_asked)
+{
+    tsScene scene;
+    scene.add_view();
+    Hooks hooks;
+    hooks.use_refresher_fast(1);
+    for (const int wanted : {0, 4})
+    {
+        hooks.record_refresh_stats(wanted);
+        const std::unique_ptr<grViewRefresher> refresher(hooks.view_refresher(nullptr, {scene.view(0)}));
+        refresher->base_refresh();
+        EXPECT_EQ(hooks.timeout_renderer_cache().size(), wanted ? 1 : 0);
+    }
 }
