@@ -71,6 +71,12 @@ void gwGLFWEvents::key(int glfw_key, const char* layout_name, int action, int gl
 
 void gwGLFWEvents::wheel(double y_steps)
 {
+    if (the_fine_wheel)
+    {
+        flush();
+        the_area.input().post(gwKeyEvent(&the_area, the_x, the_y, modifiers(), gwPRESSED, gwMOUSE_WHEEL, 1, y_steps));
+        return;
+    }
     // A change of direction starts anew: the user no longer wants the rest of the step that was not finished.
     if (the_wheel_remainder * y_steps < 0)
         the_wheel_remainder = 0;

@@ -29,8 +29,10 @@ public:
     void button(int glfw_button, int action, int glfw_modifiers);
     /// layout_name as gw_glfw_key takes it. Repeats of a held key are not posted.
     void key(int glfw_key, const char* layout_name, int action, int glfw_modifiers);
-    /// The wheel turned: one press per whole step, with a delta of 1 or -1. Parts of a step add up to later ones.
+    /// The wheel turned: one press per whole step, with a delta of 1 or -1. Parts of a step add up to later ones. With
+    /// a fine wheel each turn is one press with its own delta, parts of a step and many steps alike.
     void wheel(double y_steps);
+    void fine_wheel(int on) { the_fine_wheel = on; }
     /// The window lost the keyboard: held keys are forgotten, because their release will not be reported.
     void focus_lost();
     /// Posts motion that was held back.
@@ -48,6 +50,7 @@ private:
     double the_x_scale = 1;
     double the_y_scale = 1;
     double the_wheel_remainder = 0;
+    int the_fine_wheel = 0;
     int the_x = 0;
     int the_y = 0;
     int the_motion_held = 0;

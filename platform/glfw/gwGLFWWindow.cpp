@@ -1,10 +1,11 @@
 #include "gwGLFWWindow.h"
 
-#include "gwGLFWContext.h"
-#include "gwGLFWEvents.h"
-
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
+#include "gwGLFWContext.h"
+#include "gwGLFWEvents.h"
+#include "gwSpaceballDevice.h"
+#include "gwSpaceballReports.h"
 #include "utTypeID.h"
 
 #include <GLFW/glfw3.h>
@@ -19,6 +20,8 @@ struct gwGLFWWindow::Native
     std::shared_ptr<dgGLDevice> device;
     std::unique_ptr<dgGLWindow> framebuffers;
     std::unique_ptr<gwGLFWEvents> events;
+    std::unique_ptr<gwSpaceballReports> reports;
+    std::shared_ptr<gwSpaceballDevice> spaceball; // null without one
     std::function<void()> resized;
     int width = 0; // device pixels of the native window, 0 while it is minimised
     int height = 0;
@@ -27,6 +30,19 @@ struct gwGLFWWindow::Native
 
 namespace
 {
+// Spaceballs are not among the events that the window system waits for; they are looked for as often as this.
+constexpr double spaceball_interval = 1.0 / 60;
+
+// There is one connection in a process; all windows share it.
+std::shared_ptr<gwSpaceballDevice> shared_spaceball()
+{
+    static std::weak_ptr<gwSpaceballDevice> the_device;
+    std::shared_ptr<gwSpaceballDevice> device = the_device.lock();
+    if (!device)
+        the_device = device = gwSpaceballDevice::open();
+    return device;
+}
+
 gwGLFWWindow& owner(GLFWwindow* window)
 {
     return *static_cast<gwGLFWWindow*>(glfwGetWindowUserPointer(window));
@@ -49,6 +65,9 @@ std::unique_ptr<gwGLFWWindow> gwGLFWWindow::create(const std::string& title, int
 gwGLFWWindow::gwGLFWWindow(std::unique_ptr<Native> native) : the_native(std::move(native))
 {
     the_native->events = std::make_unique<gwGLFWEvents>(*this);
+    the_native->reports = std::make_unique<gwSpaceballReports>(*this);
+    the_native->spaceball = shared_spaceball();
+    the_native->reports->focus(glfwGetWindowAttrib(the_native->window, GLFW_FOCUSED));
     glfwSwapInterval(1);
     int width = 0, height = 0;
     glfwGetFramebufferSize(the_native->window, &width, &height);
@@ -76,6 +95,7 @@ void gwGLFWWindow::install_callbacks()
     glfwSetWindowFocusCallback(window,
                                [](GLFWwindow* w, int focused)
                                {
+                                   owner(w).the_native->reports->focus(focused);
                                    if (!focused)
                                        owner(w).the_native->events->focus_lost();
                                });
@@ -145,6 +165,11 @@ void gwGLFWWindow::title(const std::string& title)
     glfwSetWindowTitle(the_native->window, title.c_str());
 }
 
+void gwGLFWWindow::fine_wheel(int on)
+{
+    the_native->events->fine_wheel(on);
+}
+
 void gwGLFWWindow::resize_callback(std::function<void()> callback)
 {
     the_native->resized = std::move(callback);
@@ -154,6 +179,9 @@ void gwGLFWWindow::process_events(int wait, double timeout)
 {
     if (the_native->exposed || the_native->framebuffers->front_changed())
         show();
+    const int spaceball = the_native->spaceball && glfwGetWindowAttrib(the_native->window, GLFW_FOCUSED);
+    if (wait && spaceball && !(timeout > 0 && timeout < spaceball_interval))
+        timeout = spaceball_interval;
     if (!wait)
         glfwPollEvents();
     else if (timeout > 0)
@@ -161,6 +189,17 @@ void gwGLFWWindow::process_events(int wait, double timeout)
     else
         glfwWaitEvents();
     the_native->events->flush();
+    if (spaceball)
+        read_spaceball();
+}
+
+void gwGLFWWindow::read_spaceball()
+{
+    // However many reports wait, the views are moved and drawn once.
+    const gwGLFWEvents& events = *the_native->events;
+    the_native->reports->pointer(events.x_device(), events.y_device(), events.modifiers());
+    the_native->spaceball->read(*the_native->reports);
+    the_native->reports->flush();
 }
 
 void gwGLFWWindow::show()

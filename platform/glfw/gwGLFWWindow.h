@@ -37,12 +37,16 @@ public:
 
     void title(const std::string& title);
 
+    /// Whether wheel events carry their travel as it is, which suits tools that act in proportion to it, or are posted
+    /// one for each whole step, as at first.
+    void fine_wheel(int on);
     /// Called after the window has got another size in device pixels and its framebuffers with it: they are then empty,
     /// and everything has to be drawn again. Not called for a window that is minimised.
     void resize_callback(std::function<void()> callback);
 
     /// Shows what was drawn and posts the events that wait. With wait 1 it first waits until there are any, at most for
-    /// timeout seconds if that is above 0.
+    /// timeout seconds if that is above 0. While a spaceball is connected and the window has the focus, it
+    /// waits for a 60th of a second at most, and posts the motion of that time as one event.
     void process_events(int wait, double timeout = 0);
 
     /// Shows the front buffer and the overlay over it now.
@@ -61,6 +65,7 @@ private:
     struct Native;
     explicit gwGLFWWindow(std::unique_ptr<Native> native);
     void install_callbacks();
+    void read_spaceball();
     void framebuffer_resized(int width, int height);
 
     std::unique_ptr<Native> the_native;

@@ -138,6 +138,15 @@ TEST(gwGLFWEvents, each_wheel_step_is_one_press)
     EXPECT_EQ(f.recorder.take(), (Texts{in, in, out}));
 }
 
+TEST(gwGLFWEvents, a_fine_wheel_is_posted_as_it_turns)
+{
+    Fixture f;
+    f.events.fine_wheel(1);
+    f.events.wheel(0.125);
+    f.events.wheel(-2);
+    EXPECT_EQ(f.recorder.take(), (Texts{"press 5:1 at 0,0 mods 0 delta 0.125", "press 5:1 at 0,0 mods 0 delta -2"}));
+}
+
 TEST(gwGLFWEvents, parts_of_a_wheel_step_add_up)
 {
     Fixture f;

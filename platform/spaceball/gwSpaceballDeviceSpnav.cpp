@@ -1,0 +1,46 @@
+// Six-axis devices through libspnav and its daemon.
+#include "gwSpaceballDevice.h"
+
+#include "gwSpaceballReports.h"
+
+#include <spnav.h>
+
+namespace
+{
+// More than this many reports at once are a daemon gone wild, and the window has to live.
+constexpr int most_reports = 1000;
+int the_opened = 0;
+}
+
+std::unique_ptr<gwSpaceballDevice> gwSpaceballDevice::open()
+{
+    if (the_opened || spnav_open() == -1)
+        return nullptr;
+    the_opened = 1;
+    return std::unique_ptr<gwSpaceballDevice>(new gwSpaceballDevice);
+}
+
+gwSpaceballDevice::~gwSpaceballDevice()
+{
+    spnav_close();
+    the_opened = 0;
+}
+
+int gwSpaceballDevice::read(gwSpaceballReports& reports)
+{
+    int count = 0;
+    spnav_event event{};
+    while (count < most_reports && spnav_poll_event(&event))
+    {
+        ++count;
+        if (event.type == SPNAV_EVENT_MOTION)
+        {
+            const spnav_event_motion& motion = event.motion;
+            reports.motion({motion.x, motion.y, motion.z}, {motion.rx, motion.ry, motion.rz},
+                           static_cast<int>(motion.period));
+        }
+        else if (event.type == SPNAV_EVENT_BUTTON)
+            reports.button(event.button.bnum, event.button.press);
+    }
+    return count;
+}

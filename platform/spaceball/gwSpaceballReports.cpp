@@ -1,0 +1,91 @@
+#include "gwSpaceballReports.h"
+
+#include "gwDrawingArea.h"
+#include "gwKeyEvent.h"
+#include "gwSpaceballEvent.h"
+
+#include <algorithm>
+
+namespace
+{
+constexpr double longest_report_seconds = 0.1; // what comes after a pause has lasted no longer than this
+
+double share(int deflection)
+{
+    return std::clamp(deflection / gwSpaceballReports::full_deflection, -1.0, 1.0);
+}
+
+int at_rest(const int (&axes)[3])
+{
+    return axes[0] == 0 && axes[1] == 0 && axes[2] == 0;
+}
+}
+
+void gwSpaceballReports::focus(int on)
+{
+    if (!on)
+        release();
+    the_focus = on;
+}
+
+void gwSpaceballReports::pointer(int x, int y, int modifiers)
+{
+    the_x = x;
+    the_y = y;
+    the_modifiers = modifiers;
+}
+
+void gwSpaceballReports::motion(const int (&translation)[3], const int (&rotation)[3], int milliseconds)
+{
+    if (!the_focus)
+        return;
+    if (at_rest(translation) && at_rest(rotation))
+    {
+        release();
+        return;
+    }
+    if (!the_moving)
+    {
+        the_moving = 1;
+        post_key(gwSPACEBALL_MOVED, gwPRESSED);
+    }
+    const double seconds =
+        milliseconds > 0 ? std::min(milliseconds / 1000.0, longest_report_seconds) : gwSpaceballEvent::usual_seconds;
+    // The screen's z axis points towards the user and turns follow the right-hand rule.
+    the_translation += giVector3(share(translation[0]), share(translation[1]), -share(translation[2])) * seconds;
+    the_rotation += giVector3(-share(rotation[0]), -share(rotation[1]), share(rotation[2])) * seconds;
+    the_seconds += seconds;
+}
+
+void gwSpaceballReports::button(int number, int pressed)
+{
+    if (!the_focus)
+        return;
+    flush();
+    post_key(number == 1 ? static_cast<int>(gwSPACEBALL_RESET) : number + 1, pressed ? gwPRESSED : gwRELEASED);
+}
+
+void gwSpaceballReports::flush()
+{
+    if (the_seconds <= 0)
+        return;
+    const giVector3 rotation = the_rotation / the_seconds, translation = the_translation / the_seconds;
+    const double seconds = the_seconds;
+    the_seconds = 0;
+    the_rotation = the_translation = giVector3();
+    the_area.input().post(gwSpaceballEvent(&the_area, the_x, the_y, the_modifiers, rotation, translation, seconds));
+}
+
+void gwSpaceballReports::release()
+{
+    flush();
+    if (!the_moving)
+        return;
+    the_moving = 0;
+    post_key(gwSPACEBALL_MOVED, gwRELEASED);
+}
+
+void gwSpaceballReports::post_key(int number, int transition)
+{
+    the_area.input().post(gwKeyEvent(&the_area, the_x, the_y, the_modifiers, transition, gwSPACEBALL_BUTTON, number));
+}

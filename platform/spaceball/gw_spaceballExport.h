@@ -1,0 +1,9 @@
+#pragma once
+
+#include "apExport.h"
+
+#if defined(gw_spaceball_EXPORTS)
+#define GW_SPACEBALL_EXPORT AP_SYMBOL_EXPORT
+#else
+#define GW_SPACEBALL_EXPORT AP_SYMBOL_IMPORT
+#endif
