@@ -94,6 +94,7 @@ public:
     void print(std::ostream& os) const;
 
 private:
+    void add_attribute(dgGraphicalAttribute& attribute);
     int to_be_written(dgGraphicalAttribute& attribute);
     int default_attribute(const dgGraphicalAttribute& attribute, int type);
     int near_default_line_width(const dgGraphicalAttribute& attribute) const;

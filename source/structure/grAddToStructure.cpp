@@ -83,16 +83,13 @@ grAddToStructure::~grAddToStructure()
 
 void grAddToStructure::add(dgGraphicalElement* element)
 {
-    const dgRef<dgGraphicalElement> held(element);
     if (element->kind() == dgELEMENT_ATTRIBUTE)
     {
-        if (!to_be_written(static_cast<dgGraphicalAttribute&>(*element)))
-            return;
+        add_attribute(static_cast<dgGraphicalAttribute&>(*element));
+        return;
     }
-    else if (element->kind() == dgELEMENT_PRIMITIVE && the_flags.delay_attributes() && the_n_delayed_attributes > 0)
-    {
+    if (element->kind() == dgELEMENT_PRIMITIVE && the_flags.delay_attributes() && the_n_delayed_attributes > 0)
         write_held_back(static_cast<dgGraphicalPrimitive*>(element)->primitive_type());
-    }
     write(element);
 }
 
@@ -132,6 +129,14 @@ int grAddToStructure::flush_attributes(dgGraphicalPrimitiveType type)
 int grAddToStructure::flush_attributes(const dgGraphicalPrimitive* primitive, int)
 {
     return flush_attributes(primitive->primitive_type());
+}
+
+void grAddToStructure::add_attribute(dgGraphicalAttribute& attribute)
+{
+    // What no structure and no context takes goes at the end of this call.
+    const dgRef<dgGraphicalAttribute> held(&attribute);
+    if (to_be_written(attribute))
+        write(&attribute);
 }
 
 int grAddToStructure::to_be_written(dgGraphicalAttribute& attribute)

@@ -56,8 +56,12 @@ int grStructureTraverser::previous()
     }
     if (position() == 0 && depth() > 1)
     {
-        pop();
-        return 1;
+        // A call may have been deleted from under the step, with all that was before it.
+        do
+            pop();
+        while (!read() && depth() > 1);
+        the_stack.set_position(current()->cursor());
+        return !undefined();
     }
     if (position() == 0 || !structure->previous())
     {

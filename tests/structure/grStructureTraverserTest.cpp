@@ -158,6 +158,21 @@ TEST(grStructureTraverser, finds_what_follows_a_first_element_deleted_at_the_cur
     }
 }
 
+TEST(grStructureTraverser, steps_back_to_nothing_when_its_callers_were_cleared)
+{
+    const dgRef<dgStructure> root = tsChain(3);
+    const dgRef<dgStructure> second(root->element(1)->called_structure()),
+        third(second->element(1)->called_structure());
+    grStructureTraverser traverser(root.get());
+    EXPECT_EQ(traverser.previous(), 1);
+    EXPECT_EQ(traverser.current(), third.get());
+    root->clear();
+    second->clear();
+    EXPECT_EQ(traverser.previous(), 0);
+    EXPECT_TRUE(traverser.undefined());
+    EXPECT_EQ(traverser.current(), root.get());
+}
+
 TEST(grStructureTraverser, positions_on_the_last_leaf)
 {
     const dgRef<dgStructure> root = tsChain(3);
