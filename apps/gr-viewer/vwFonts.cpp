@@ -7,11 +7,13 @@
 #include "grOutlineFontListElement.h"
 
 #include "apFile.h"
+#include "dgCamera.h"
 #include "dgRef.h"
 #include "dgRenderer.h"
 #include "dgText.h"
 #include "dgTextAlignment.h"
 #include "dgTextColour.h"
+#include "dgTextDirection.h"
 #include "dgTextFontSlot.h"
 #include "dgTextHeight.h"
 #include "dgTextLayout.h"
@@ -111,7 +113,7 @@ int install(const grOutlineFontListElement& family, grOutlineFontFamilyReader& r
     return -1;
 }
 
-void lay_text(const vwOptions& options, const dgRenderer& renderer, int slot, dgStructure& root)
+void lay_text(const vwOptions& options, const dgRenderer& renderer, const dgCamera& camera, int slot, dgStructure& root)
 {
     const giBox3 model = root.bounding_box();
     dgTextStyle style;
@@ -120,7 +122,13 @@ void lay_text(const vwOptions& options, const dgRenderer& renderer, int slot, dg
     style.vertical = dgTEXT_TOP;
     giPoint3 position;
     const dgRef<dgText> text(new dgText(position, options.text));
-    if (!model.empty())
+    if (model.empty())
+    {
+        const giXform3 view_to_world = camera.orientation().inverse();
+        style.baseline = view_to_world.transform(giVector3(1, 0, 0));
+        style.up = view_to_world.transform(giVector3(0, 1, 0));
+    }
+    else
     {
         const double width = model.high().x() - model.low().x(), size = (model.high() - model.low()).length();
         const giBox3 box = dg_text_box(*text, style); // at a height of 1
@@ -132,6 +140,7 @@ void lay_text(const vwOptions& options, const dgRenderer& renderer, int slot, dg
     text->extent(dg_text_box(*text, style));
     root.add(new dgTextFontSlot(slot));
     root.add(new dgTextHeight(style.height));
+    root.add(new dgTextDirection(style.baseline, style.up));
     root.add(new dgTextAlignment(style.horizontal, style.vertical));
     root.add(new dgTextColour(gsColour(0.93, 0.94, 0.96)));
     root.add(text.get());
@@ -156,7 +165,8 @@ int vw_list_fonts(const vwOptions& options, std::ostream& os, std::string& error
     return 1;
 }
 
-int vw_add_text(const vwOptions& options, dgRenderer& renderer, vwModel& model, std::string& error)
+int vw_add_text(const vwOptions& options, dgRenderer& renderer, const dgCamera& camera, vwModel& model,
+                std::string& error)
 {
     Fonts fonts;
     if (!read_fonts(options, fonts, error))
@@ -171,6 +181,6 @@ int vw_add_text(const vwOptions& options, dgRenderer& renderer, vwModel& model, 
     const int slot = install(*family, *fonts.reader, renderer, error);
     if (slot < 0)
         return 0;
-    lay_text(options, renderer, slot, model.root());
+    lay_text(options, renderer, camera, slot, model.root());
     return 1;
 }

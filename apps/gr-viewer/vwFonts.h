@@ -3,6 +3,7 @@
 #include <iosfwd>
 #include <string>
 
+class dgCamera;
 class dgRenderer;
 class vwModel;
 struct vwOptions;
@@ -12,5 +13,7 @@ struct vwOptions;
 int vw_list_fonts(const vwOptions& options, std::ostream& os, std::string& error);
 
 /// Installs the font that the options name in a renderer, or one that is there when they name none, and lays their text
-/// in front of the model, in its xy plane. Answers 1, or 0 with error set and the model as it was.
-int vw_add_text(const vwOptions& options, dgRenderer& renderer, vwModel& model, std::string& error);
+/// in front of the model, in its xy plane; without a model, so that it faces the camera. Answers 1, or 0 with error set
+/// and the model as it was.
+int vw_add_text(const vwOptions& options, dgRenderer& renderer, const dgCamera& camera, vwModel& model,
+                std::string& error);

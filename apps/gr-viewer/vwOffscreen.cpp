@@ -15,6 +15,7 @@
 #include "apNumber.h"
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
+#include "dgView.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
 
@@ -145,7 +146,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats});
     if (!options.text.empty())
     {
-        if (!vw_add_text(options, scene.renderer(), model, error))
+        if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))
             return 0;
         scene.fit();
     }

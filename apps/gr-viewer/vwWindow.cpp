@@ -12,6 +12,7 @@
 #include "apNumber.h"
 #include "coCallList.h"
 #include "coReceiver.h"
+#include "dgView.h"
 #include "gwGLFWWindow.h"
 #include "gwKeyEvent.h"
 #include "gwResourceDB.h"
@@ -144,7 +145,7 @@ int vw_run_window(const vwOptions& options, std::string& error)
                   {head.views, options.framerate, options.stats});
     if (!options.text.empty())
     {
-        if (!vw_add_text(options, scene.renderer(), model, error))
+        if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))
             return 0;
         scene.fit();
     }

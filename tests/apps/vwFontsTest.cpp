@@ -3,6 +3,7 @@
 #include "vwModel.h"
 #include "vwOptions.h"
 
+#include "dgCamera.h"
 #include "dgRenderer.h"
 #include "dgStructure.h"
 #include "dgText.h"
@@ -69,13 +70,30 @@ TEST(vwFonts, text_lies_in_front_of_the_model_and_belongs_to_its_box)
     vwOptions options = with_htmldoc_fonts();
     options.text = "words";
     options.font = "Times";
-    ASSERT_EQ(vw_add_text(options, renderer, model, error), 1) << error;
+    ASSERT_EQ(vw_add_text(options, renderer, dgCamera(), model, error), 1) << error;
     ASSERT_NE(renderer.get_text_font(0), nullptr);
     const dgText* text = last_text(model);
     ASSERT_NE(text, nullptr);
     EXPECT_EQ(text->text(), "words");
     EXPECT_LT(text->bounding_box().high().y(), before.low().y());
     EXPECT_LE(model.root().bounding_box().low().y(), text->bounding_box().low().y());
+}
+
+TEST(vwFonts, text_alone_faces_the_camera)
+{
+    dgTraceWindow window(100, 100);
+    dgRenderer renderer(&window, &window);
+    vwModel model;
+    std::string error;
+    vwOptions options = with_htmldoc_fonts();
+    options.text = "words";
+    dgCamera camera;
+    camera.orientation(giPoint3(), giVector3(0, 1, 0), giVector3(0, 0, 1)); // looking along y
+    ASSERT_EQ(vw_add_text(options, renderer, camera, model, error), 1) << error;
+    const giBox3 box = model.root().bounding_box();
+    EXPECT_NEAR(box.high().y() - box.low().y(), 0, 1e-9);
+    EXPECT_NEAR(box.high().z() - box.low().z(), 1, 1e-9) << "one line of height 1";
+    EXPECT_GT(box.high().x() - box.low().x(), 1);
 }
 
 TEST(vwFonts, a_font_that_is_not_there_is_named_and_adds_nothing)
@@ -87,7 +105,7 @@ TEST(vwFonts, a_font_that_is_not_there_is_named_and_adds_nothing)
     options.text = "words";
     options.font = "times"; // upper and lower case count
     std::string error;
-    EXPECT_EQ(vw_add_text(options, renderer, model, error), 0);
+    EXPECT_EQ(vw_add_text(options, renderer, dgCamera(), model, error), 0);
     EXPECT_NE(error.find("no font family 'times'"), std::string::npos) << error;
     EXPECT_EQ(model.root().nelements(), 0);
     EXPECT_EQ(renderer.get_text_font(0), nullptr);
