@@ -11,7 +11,7 @@
 #include <vector>
 
 class grSplitBlock;
-class grSplitZones;
+class utTypeID;
 struct dgImage;
 
 /// Observes a split. This one writes what it is told about interesting blocks to a stream; derived ones see all.
@@ -42,6 +42,11 @@ public:
     virtual void image(const std::string& name, const dgImage& image);
     /// The outcome for a block.
     virtual void classified(const grSplitBlock& block, grBlockVisClass vis, grBlockDiagClass diag);
+
+    static const utTypeID& ut_static_type();
+    virtual const utTypeID& ut_dynamic_type() const;
+    virtual int ut_is_kind_of(const utTypeID& type) const;
+    static grDiagSplitter* ut_dynamic_cast(grDiagSplitter* splitter);
 
 private:
     std::ostream* the_stream;

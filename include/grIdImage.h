@@ -43,10 +43,11 @@ public:
     const dgImage& make_image(const giBox3& box, const std::vector<int>& blocks, grIdImageSense sense,
                               int reduction = 1);
 
-    /// Adds the pixels of each block to its count; counts has at least one for each block.
+    /// Adds the pixels of each block to its count; counts is made to have one for each block.
     void count_pixels(const dgImage& image, grPixelCountcoDynArr& counts) const;
-    /// Adds to the count of each block with these numbers the pixels that it has when drawn alone in the image of a
-    /// box. Only the part of the image that a block's own box can cover is drawn and read, of many blocks at once.
+    /// Adds, in the same way, to the count of each block with these numbers the pixels that it has when drawn alone in
+    /// the image of a box. Only the part of the image that a block's own box can cover is drawn and read, of many
+    /// blocks at once.
     void count_alone(const giBox3& box, const std::vector<int>& blocks, grIdImageSense sense,
                      grPixelCountcoDynArr& counts);
 

@@ -13,9 +13,7 @@ class giBox3;
 class giVector3;
 class giXform3;
 class grDiagSplitter;
-class grIdImage;
-class grSplitBlock;
-class grSplitZones;
+class utTypeID;
 
 /// Told how much of a section of a split is done; returning 0 stops the split.
 using grSplitterCallback = std::function<int(grSplitterProgressSection section, int done, int total)>;
@@ -43,6 +41,11 @@ public:
     int split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, const giVector3& direction, int image_size,
               grBlockIdx& upper, grBlockIdx& lower, grBlockIdx& undecided, grBlockIdx& both,
               const grSplitterCallback& progress = grSplitterCallback(), grDiagSplitter* diagnostics = nullptr);
+
+    static const utTypeID& ut_static_type();
+    virtual const utTypeID& ut_dynamic_type() const;
+    virtual int ut_is_kind_of(const utTypeID& type) const;
+    static grSplitter* ut_dynamic_cast(grSplitter* splitter);
 
 protected:
     /// Move the nodes, and turn the normals, of all blocks.

@@ -3,6 +3,8 @@
 #include "grSplit.h"
 #include "grSplitBlock.h"
 
+#include "utTypeID.h"
+
 #include <ostream>
 
 grDiagSplitter::~grDiagSplitter() = default;
@@ -52,4 +54,11 @@ void grDiagSplitter::classified(const grSplitBlock& block, grBlockVisClass vis, 
 {
     if (the_stream && is_interesting(block.block_index()))
         *the_stream << block.block_index() << ' ' << vis << ' ' << diag << '\n' << block;
+}
+
+UT_DEFINE_TYPE(grDiagSplitter);
+
+grDiagSplitter* grDiagSplitter::ut_dynamic_cast(grDiagSplitter* splitter)
+{
+    return splitter;
 }

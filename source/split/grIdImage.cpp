@@ -228,7 +228,9 @@ const dgImage& grIdImage::make_image(const giBox3& box, const std::vector<int>& 
 
 void grIdImage::count_pixels(const dgImage& image, grPixelCountcoDynArr& counts) const
 {
-    const int n = counts.count();
+    const int n = the_canvas ? the_canvas->n_blocks() : 0;
+    if (counts.count() < n)
+        counts.resize(n);
     gr_for_each_run(image,
                     [&](int index, int length)
                     {

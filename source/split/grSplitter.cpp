@@ -12,6 +12,7 @@
 #include "dgImage.h"
 #include "giTriBlock.h"
 #include "giXform3.h"
+#include "utTypeID.h"
 
 #include <algorithm>
 #include <cmath>
@@ -330,4 +331,11 @@ int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, c
     for (int block = 0; block < n_blocks; ++block)
         sets[classes[static_cast<std::size_t>(block)]]->add(block);
     return 1;
+}
+
+UT_DEFINE_TYPE(grSplitter);
+
+grSplitter* grSplitter::ut_dynamic_cast(grSplitter* splitter)
+{
+    return splitter;
 }

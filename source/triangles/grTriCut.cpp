@@ -1,6 +1,7 @@
 #include "grTriCut.h"
 
 #include "grCutFeature.h"
+#include "grCutTriangle.h"
 #include "grFlatCut.h"
 #include "grTriCutter.h"
 
@@ -201,23 +202,17 @@ void grTriCut::cut_triangle(const giTriangle& triangle, const grTriCutter& cutte
                             gsTriEdgegrInterNodecoTable& shared, std::vector<giTriangle>& positive,
                             std::vector<giTriangle>& negative)
 {
-    std::vector<gsTriEdge> spanning;
-    get_edges(triangle, grSPANNING_ZONE, edge_zones, spanning);
-    gsTriEdgegrInterNodecoTable local(4, 50);
-    for (const gsTriEdge& edge : spanning)
-    {
-        const grInterNode* known = shared.find(edge);
-        grInterNode node = known && !known->invalid() ? *known : intersect_edge(edge, cutter, nodes);
-        if (node.invalid())
-        {
-            node = grInterNode(0.0, nodes.count());
-            nodes.append(giPoint3(nodes[edge[0]]));
-        }
-        if (!known || known->invalid())
-            shared.set(edge, node);
-        local.set(edge, node);
-    }
-    triangulate(triangle, edge_zones, local, positive, negative);
+    gr_cut_triangle(triangle, edge_zones, shared, positive, negative,
+                    [&](const gsTriEdge& edge)
+                    {
+                        grInterNode node = intersect_edge(edge, cutter, nodes);
+                        if (node.invalid())
+                        {
+                            node = grInterNode(0.0, nodes.count());
+                            nodes.append(giPoint3(nodes[edge[0]]));
+                        }
+                        return node;
+                    });
 }
 
 grInterNode grTriCut::intersect_edge(const gsTriEdge& edge, const grTriCutter& cutter, giBoxArrPoint3& nodes)

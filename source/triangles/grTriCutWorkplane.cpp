@@ -1,3 +1,4 @@
+#include "grCutTriangle.h"
 #include "grFlatCut.h"
 #include "grTriCut.h"
 
@@ -63,36 +64,31 @@ void grTriCut::cut_triangle(const giTriangle& triangle, const giVector2& origin,
                        zone_node(work[static_cast<std::size_t>(triangle[vertex])], origin, axis, tolerance));
     gsTriEdgegrZonecoTable edge_zones(4, 50);
     zone_edges({triangle}, node_zones, edge_zones);
-    std::vector<gsTriEdge> spanning;
-    get_edges(triangle, grSPANNING_ZONE, edge_zones, spanning);
-    gsTriEdgegrInterNodecoTable local(4, 50);
-    for (const gsTriEdge& edge : spanning)
-    {
-        const grInterNode* known = shared.find(edge);
-        grInterNode node = known && !known->invalid() ? *known : intersect_edge(edge, origin, axis, work, nodes);
-        if (node.invalid())
-        {
-            node = grInterNode(0.0, nodes.count());
-            nodes.append(giPoint3(nodes[edge[0]]));
-            work.push_back(giPoint2(work[static_cast<std::size_t>(edge[0])]));
-        }
-        if (!known || known->invalid())
-            shared.set(edge, node);
-        local.set(edge, node);
-    }
-    triangulate(triangle, edge_zones, local, positive, negative);
+    gr_cut_triangle(triangle, edge_zones, shared, positive, negative,
+                    [&](const gsTriEdge& edge)
+                    {
+                        grInterNode node = intersect_edge(edge, origin, axis, work, nodes);
+                        if (node.invalid())
+                        {
+                            node = grInterNode(0.0, nodes.count());
+                            nodes.append(giPoint3(nodes[edge[0]]));
+                            work.push_back(giPoint2(work[static_cast<std::size_t>(edge[0])]));
+                        }
+                        return node;
+                    });
 }
 
 void grTriCut::find_potential_cuts(const std::vector<giTriangle>& triangles, const intgrZonecoTable& node_zones,
                                    std::vector<int>& potential)
 {
     for (std::size_t i = 0; i < triangles.size(); ++i)
-    {
-        gsTriEdgegrZonecoTable edge_zones(4, 50);
-        zone_edges({triangles[i]}, node_zones, edge_zones);
-        if (zone_tri(triangles[i], edge_zones) == grSPANNING_ZONE)
-            potential.push_back(static_cast<int>(i));
-    }
+        for (int k = 0; k < 3; ++k)
+            if (zone_edge(gsTriEdge(triangles[i].edge_start(k), triangles[i].edge_end(k)), node_zones) ==
+                grSPANNING_ZONE)
+            {
+                potential.push_back(static_cast<int>(i));
+                break;
+            }
 }
 
 void grTriCut::to_work(const giBoxArrPoint3& nodes, const giWorkplane3& workplane, std::vector<giPoint2>& work)

@@ -43,7 +43,10 @@ TEST(grIdImage, blocks_cover_just_their_pixels_and_hide_each_other)
     EXPECT_EQ(below[0], 1600);
     EXPECT_EQ(below[1], 0);
     EXPECT_EQ(below[2], 1600);
-    EXPECT_EQ(counts_of(image, box, {1}, grID_IMAGE_LOWER, 3)[1], 800);
+    grPixelCountcoDynArr counts; // made to fit
+    image.count_pixels(image.make_image(box, {1}, grID_IMAGE_LOWER), counts);
+    ASSERT_EQ(counts.count(), 3);
+    EXPECT_EQ(counts[1], 800);
 }
 
 TEST(grIdImage, image_is_the_right_way_round_and_the_lower_one_turned_over)
