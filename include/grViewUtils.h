@@ -23,6 +23,9 @@ public:
     /// Moves the picture of a view so that what is under the pointer comes to the middle of the viewport.
     static void pan_centre(dgView* view, const gwPositionalEvent& event);
 
+    /// Whether a device box is 2 pixels wide or high, or more: smaller ones come from clicks.
+    static int box_can_be_zoomed_to(const giBox2& device_box);
+
     /// Zooms a view so that a device box fills it as far as its proportions allow; the corners may be in any order. A
     /// box that is less than 2 pixels wide and high, as after a click, changes nothing and gives 0.
     static int zoom_to_box(dgView* view, const giBox2& device_box);

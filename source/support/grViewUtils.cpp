@@ -39,14 +39,17 @@ void grViewUtils::pan_centre(dgView* view, const gwPositionalEvent& event)
     pan(view, step_to_centre(view, event));
 }
 
-int grViewUtils::zoom_to_box(dgView* view, const giBox2& device_box)
+int grViewUtils::box_can_be_zoomed_to(const giBox2& device_box)
 {
     // Written so that a box of no numbers is refused too.
-    const int large =
-        std::abs(device_box.width()) >= smallest_box_pixels || std::abs(device_box.height()) >= smallest_box_pixels;
-    if (device_box.empty() || !large)
-        return 0;
+    return !device_box.empty() && (std::abs(device_box.width()) >= smallest_box_pixels ||
+                                   std::abs(device_box.height()) >= smallest_box_pixels);
+}
 
+int grViewUtils::zoom_to_box(dgView* view, const giBox2& device_box)
+{
+    if (!box_can_be_zoomed_to(device_box))
+        return 0;
     dgCamera& camera = view->camera();
     giBox2 window;
     window.merge(on_view_plane(camera, device_box.low()));

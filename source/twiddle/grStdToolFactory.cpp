@@ -16,6 +16,7 @@
 #include "grMultiToggleDepthCueingTool.h"
 #include "grMultiTrackballTool.h"
 #include "grMultiViewIndexTool.h"
+#include "grMultiZoomBoxTool.h"
 #include "grMultiZoomTool.h"
 #include "grNoOpTool.h"
 #include "grPanCentreTool.h"
@@ -49,7 +50,7 @@ grTwiddleTool* create(const utString& args, const gwResourceDB* db, grStdTwiddle
 struct ToolRow
 {
     const char* name;
-    Creator single; // null: the library does not build this tool, and does not identify its name
+    Creator single;
     Creator multi;  // null: the option is ignored
 };
 
@@ -70,7 +71,7 @@ constexpr ToolRow the_tools[] = {
     {"scale_structure", create<grScaleStructureTool>, nullptr},
     {"rotate_structure", create<grRotateStructureTool>, nullptr},
     {"view_index", create<grViewIndexTool>, create<grMultiViewIndexTool>},
-    {"zoom_box", create<grZoomBoxTool>, nullptr},
+    {"zoom_box", create<grZoomBoxTool>, create<grMultiZoomBoxTool>},
     {"no_op", create<grNoOpTool>, nullptr},
     {"spaceball", create<grSpaceballTool>, create<grMultiSpaceballTool>},
     {"mouse_wheel_zoom", create<grMouseWheelZoomTool>, create<grMultiMouseWheelZoomTool>},
@@ -90,7 +91,7 @@ int grStdToolFactory::identify_tool(utString name) const
 {
     const auto found =
         std::find_if(std::begin(the_tools), std::end(the_tools), [&](const ToolRow& row) { return name == row.name; });
-    return found != std::end(the_tools) && found->single ? static_cast<int>(found - std::begin(the_tools)) + 1 : 0;
+    return found != std::end(the_tools) ? static_cast<int>(found - std::begin(the_tools)) + 1 : 0;
 }
 
 grTwiddleTool* grStdToolFactory::create_tool(int tool, const utString& args) const
@@ -99,7 +100,7 @@ grTwiddleTool* grStdToolFactory::create_tool(int tool, const utString& args) con
         return nullptr;
     const ToolRow& row = the_tools[tool - 1];
     const Creator creator = row.multi && options().use_multi_tool(tool) ? row.multi : row.single;
-    return creator ? creator(args, the_resource_db, the_hooks) : nullptr;
+    return creator(args, the_resource_db, the_hooks);
 }
 
 int grStdToolFactory::push_options(const grStdToolFactoryOptions& options)

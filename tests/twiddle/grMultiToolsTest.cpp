@@ -12,6 +12,7 @@
 #include "grMultiToggleDepthCueingTool.h"
 #include "grMultiTrackballTool.h"
 #include "grMultiViewIndexTool.h"
+#include "grMultiZoomBoxTool.h"
 #include "grMultiZoomTool.h"
 #include "grView.h"
 #include "gwSpaceballEvent.h"
@@ -208,6 +209,26 @@ TEST(grMultiTools, wheel_measures_against_the_target)
     EXPECT_NEAR(scene.other(1).view_window().middle().x(), -16 * share * 0.1, 1e-12);
     EXPECT_NEAR(scene.camera().view_window().middle().x(), -4.01 * share * 0.1, 1e-12);
     grMouseWheelZoomTool::reread_resources(nullptr);
+}
+
+TEST(grMultiTools, zoom_to_the_same_share_of_their_viewports)
+{
+    GroupScene scene;
+    scene.bind<grMultiZoomBoxTool>();
+    // The right half of the target: the box is as high as the viewport, so that it moves and keeps its size.
+    const double left = 200.5 - 0.5, right = 400.5 - 0.5;
+    scene.press(static_cast<int>(left), 0);
+    scene.move(300, 50);
+    EXPECT_EQ(scene.other(1).view_window(), giBox2(-8, -6, 8, 6)) << "at the release";
+    scene.release(static_cast<int>(right), 200);
+    EXPECT_NEAR(scene.camera().view_window().middle().x(), 1, 1e-9);
+    EXPECT_NEAR(scene.other(1).view_window().middle().x(), 16 * 100 / 401.0, 1e-9);
+    EXPECT_NEAR(scene.other(1).view_window().height(), 12 * 200 / 201.0, 1e-9);
+
+    const giBox2 before = scene.other(1).view_window();
+    scene.press(100, 100);
+    scene.release(101, 100);
+    EXPECT_EQ(scene.other(1).view_window(), before) << "a click";
 }
 
 TEST(grMultiTools, the_spaceball_turns_all)

@@ -37,6 +37,8 @@ const struct
     {13, "scale_structure", "grScaleStructureTool", "grScaleStructureTool"},
     {14, "rotate_structure", "grRotateStructureTool", "grRotateStructureTool"},
     {15, "view_index", "grViewIndexTool", "grMultiViewIndexTool"},
+    {4, "aperture", "grApertureTool", "grApertureTool"},
+    {16, "zoom_box", "grZoomBoxTool", "grMultiZoomBoxTool"},
     {17, "no_op", "grNoOpTool", "grNoOpTool"},
     {18, "spaceball", "grSpaceballTool", "grMultiSpaceballTool"},
     {19, "mouse_wheel_zoom", "grMouseWheelZoomTool", "grMultiMouseWheelZoomTool"},

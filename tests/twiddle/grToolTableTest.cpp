@@ -76,6 +76,13 @@ const Row rows[] = {
     {"or the back plane", "move_front_back (back)", 0, 67, {{}, Camera().window, 10, -30 - 80 / 3.0}},
     {"or both", "move_front_back (both)", 0, 67, {{}, Camera().window, 10 - 80 / 3.0, -30 - 80 / 3.0}},
     {"half the height is the limit", "move_front_back (both)", 0, -150, {{}, Camera().window, 50, 10}},
+    // 134 of 401 x 201 pixels to the upper right of the middle: the proportions are the viewport's by the width.
+    {"the dragged box fills the view",
+     "zoom_box",
+     134,
+     67,
+     {{}, giBox2(0, 0.335 - 0.67 * 201 / 401, 1.34, 0.335 + 0.67 * 201 / 401)}},
+    {"the hooks are told, the camera stays", "aperture", 50, 50, {}},
     {"nothing", "no_op", 50, 50, {}},
     {"a change of the renderer alone", "toggle_depth_cueing", 50, 50, {}},
     {"the hooks name no structure", "translate_structure", 50, 50, {}},

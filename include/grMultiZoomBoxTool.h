@@ -1,0 +1,29 @@
+#pragma once
+
+#include "grOtherViews.h"
+#include "grZoomBoxTool.h"
+
+/// Zooms the views that belong with the one under the pointer together with that one: each to the box that takes the
+/// same share of its own viewport as the rectangle does of the viewport under the pointer.
+class GR_EXPORT grMultiZoomBoxTool : public grZoomBoxTool
+{
+public:
+    using grZoomBoxTool::grZoomBoxTool;
+
+    static const utTypeID& ut_static_type();
+    const utTypeID& ut_dynamic_type() const override;
+    int ut_is_kind_of(const utTypeID& type) const override;
+    static grMultiZoomBoxTool* ut_dynamic_cast(grTwiddleTool* tool);
+    static const grMultiZoomBoxTool* ut_dynamic_cast(const grTwiddleTool* tool);
+
+    using grStdViewTwiddleTool::save_camera;
+    /// Saves the cameras of the other views and then the target's, when the flags allow it.
+    void save_camera() const override;
+
+protected:
+    int zoom_action(const giBox2& device_box) const override;
+    void start_twiddle(const gwKeyEvent& event) override;
+
+private:
+    grOtherViews the_others;
+};
