@@ -23,6 +23,9 @@ public:
     /// when that call answered null, or when the token has been stepped over already.
     void go_back_one();
 
+    /// Where the token that the last call of next_token answered starts in the text, from 0; -1 when that was null.
+    int token_start() const { return the_token_start; }
+
     /// Number of tokens answered, less those stepped back over.
     int token_number() const { return the_token_number; }
 
