@@ -69,6 +69,8 @@ TEST(grSelfHider, faces_both_ways_side_by_side_hide_nothing)
     const std::vector<giPoint3> nodes{{0, 0, 0}, {1, 0, 0}, {2, 0, 0}, {0, 1, 0}, {1, 1, 0}, {2, 1, 0}};
     const std::unique_ptr<giTriBlock> block(gr_make_tblock(nodes, {{0, 1, 4}, {0, 4, 3}, {1, 5, 2}, {1, 4, 5}}));
     EXPECT_EQ(Splitter().is_self_hider(*block), 0);
+    const std::unique_ptr<giTriBlock> across(gr_make_tblock(nodes, {{0, 1, 4}, {0, 3, 4}})); // along a diagonal
+    EXPECT_EQ(Splitter().is_self_hider(*across), 0);
     block->nodes().set(2, giPoint3(0.5, 0, 1)); // folded over the first
     block->nodes().set(5, giPoint3(0.5, 1, 1));
     EXPECT_EQ(Splitter().is_self_hider(*block), 0); // and so facing the same way
