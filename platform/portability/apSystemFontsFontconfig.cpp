@@ -105,13 +105,13 @@ int character_set(const std::string& file, int index)
 }
 
 // Faces without their character sets, which cost opening the font.
-std::vector<apSystemFace> list_faces()
+std::vector<apSystemFace> list_faces(FcConfig* config)
 {
     const std::unique_ptr<FcPattern, Unreference> any(FcPatternCreate());
     const std::unique_ptr<FcObjectSet, Unreference> objects(
         FcObjectSetBuild(FC_FAMILY, FC_FAMILYLANG, FC_FULLNAME, FC_FULLNAMELANG, FC_WEIGHT, FC_SLANT, FC_FILE, FC_INDEX,
                          FC_FONTFORMAT, FC_VARIABLE, static_cast<char*>(nullptr)));
-    const std::unique_ptr<FcFontSet, Unreference> fonts(FcFontList(nullptr, any.get(), objects.get()));
+    const std::unique_ptr<FcFontSet, Unreference> fonts(FcFontList(config, any.get(), objects.get()));
     std::vector<apSystemFace> faces;
     if (!fonts)
         return faces;
@@ -139,7 +139,7 @@ std::vector<apSystemFace> list_faces()
 class FontconfigListing : public apSystemFontHost::Listing
 {
 public:
-    FontconfigListing() : the_faces(list_faces())
+    explicit FontconfigListing(FcConfig* config) : the_faces(list_faces(config))
     {
         for (apSystemFace& face : the_faces)
             face.character_set =
@@ -168,65 +168,120 @@ private:
     std::vector<apSystemFace> the_faces;
 };
 
-std::vector<std::string>& private_files()
+// fontconfig's knowledge of the system's fonts, and the private ones added to it. It ends with the process rather than
+// outlives it, because memory checkers lose sight of what it points to.
+class Knowledge
 {
-    static std::vector<std::string> files;
-    return files;
-}
+public:
+    /// Null when the process is about to end, and where fontconfig cannot be set up.
+    static Knowledge* get()
+    {
+        static Knowledge knowledge;
+        return the_end ? nullptr : &knowledge;
+    }
 
-int private_font_count()
-{
-    const FcFontSet* fonts = FcConfigGetFonts(nullptr, FcSetApplication);
-    return fonts ? fonts->nfont : 0;
-}
+    /// Of the fonts that are there now.
+    FcConfig* config()
+    {
+        if (!the_config || !FcConfigUptoDate(the_config.get()))
+        {
+            the_config.reset(FcInitLoadConfigAndFonts());
+            add_all();
+        }
+        return the_config.get();
+    }
 
-// fontconfig answers yes to files that hold no font.
-int add_to_application_set(const std::string& file)
-{
-    const int before = private_font_count();
-    return FcConfigAppFontAddFile(nullptr, reinterpret_cast<const FcChar8*>(file.c_str())) &&
-           private_font_count() > before;
-}
+    int add(const std::string& file)
+    {
+        if (!config() || (!contains(file) && !add_to_application_set(file)))
+            return 0;
+        the_private_files.push_back(file);
+        return 1;
+    }
+
+    int remove(const std::string& file)
+    {
+        const auto found = std::find(the_private_files.begin(), the_private_files.end(), file);
+        if (found == the_private_files.end())
+            return 0;
+        the_private_files.erase(found);
+        // Single fonts cannot be taken out: the set is made again from those that stay.
+        if (config())
+        {
+            FcConfigAppFontClear(the_config.get());
+            add_all();
+        }
+        return 1;
+    }
+
+private:
+    struct Destroy
+    {
+        void operator()(FcConfig* config) const { FcConfigDestroy(config); }
+    };
+
+    Knowledge() = default;
+    ~Knowledge() { the_end = 1; }
+
+    int contains(const std::string& file) const
+    {
+        return std::find(the_private_files.begin(), the_private_files.end(), file) != the_private_files.end();
+    }
+    int private_font_count() const
+    {
+        const FcFontSet* fonts = FcConfigGetFonts(the_config.get(), FcSetApplication);
+        return fonts ? fonts->nfont : 0;
+    }
+    // fontconfig answers yes to files that hold no font.
+    int add_to_application_set(const std::string& file)
+    {
+        const int before = private_font_count();
+        return FcConfigAppFontAddFile(the_config.get(), reinterpret_cast<const FcChar8*>(file.c_str())) &&
+               private_font_count() > before;
+    }
+    void add_all()
+    {
+        std::vector<std::string> distinct(the_private_files);
+        std::sort(distinct.begin(), distinct.end());
+        distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
+        for (const std::string& file : distinct)
+            if (the_config)
+                add_to_application_set(file);
+    }
+
+    static int the_end;
+    std::unique_ptr<FcConfig, Destroy> the_config;
+    std::vector<std::string> the_private_files; // as often as they were added
+};
+
+int Knowledge::the_end = 0;
 }
 
 apSystemFontHost::Listing* apSystemFontHost::open()
 {
-    return new FontconfigListing;
+    Knowledge* knowledge = Knowledge::get();
+    return knowledge && knowledge->config() ? new FontconfigListing(knowledge->config()) : nullptr;
 }
 
 int apSystemFontHost::add_private(const apPathName& path)
 {
-    const std::string& file = path.utf8();
-    std::vector<std::string>& files = private_files();
-    if (!ap_file_exists(path))
-        return 0;
-    if (std::find(files.begin(), files.end(), file) == files.end() && !add_to_application_set(file))
-        return 0;
-    files.push_back(file);
-    return 1;
+    Knowledge* knowledge = Knowledge::get();
+    return knowledge && ap_file_exists(path) && knowledge->add(path.utf8());
 }
 
 int apSystemFontHost::remove_private(const apPathName& path)
 {
-    std::vector<std::string>& files = private_files();
-    const auto found = std::find(files.begin(), files.end(), path.utf8());
-    if (found == files.end())
-        return 0;
-    files.erase(found);
-    // Single fonts cannot be taken out: the set is made again from those that stay.
-    FcConfigAppFontClear(nullptr);
-    std::vector<std::string> distinct(files);
-    std::sort(distinct.begin(), distinct.end());
-    distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
-    for (const std::string& file : distinct)
-        add_to_application_set(file);
-    return 1;
+    Knowledge* knowledge = Knowledge::get();
+    return knowledge && knowledge->remove(path.utf8());
 }
 
 int apSystemFontHost::find_face(const std::string& full_name, apFaceData& data)
 {
+    Knowledge* knowledge = Knowledge::get();
+    if (!knowledge || !knowledge->config())
+        return 0;
     const apSystemFace* best = nullptr;
-    const std::vector<apSystemFace> faces = list_faces();
+    const std::vector<apSystemFace> faces = list_faces(knowledge->config());
     for (const apSystemFace& face : faces)
     {
         if (strcasecmp(face.full_name.c_str(), full_name.c_str()) != 0)
