@@ -97,8 +97,7 @@ grStructureCutStatus cut_structure(dgStructure& structure, int start_label, int 
         const ElementRefs elements = elements_of(structure, run);
         structure.delete_range(first, first + run.last - run.first);
         slices.add_last(make_slice(structure, home, elements));
-        // What lies before the run has been searched; a run deleted elsewhere calls for a new search.
-        from = first == run.first ? first : 0;
+        from = first; // not behind the run: what lies before has been searched
     }
 }
 

@@ -143,6 +143,23 @@ TEST(gr_walk_structure, takes_100000_levels)
     EXPECT_EQ(met.size(), 3u * levels - 2);
 }
 
+TEST(gr_walk_structure, enters_a_structure_again_once_it_is_through_at_any_depth)
+{
+    for (int levels = 1; levels < 40; ++levels)
+    {
+        const dgRef<dgStructure> root = tsChain(levels), part = tsChain(1), caller(new dgClientStructure);
+        dgStructure* last = root.get();
+        while (last->nelements() > 1)
+            last = last->element(1)->called_structure();
+        caller->add(new dgStructureCall(part.get()));
+        last->add(new dgStructureCall(part.get()));
+        last->add(new dgStructureCall(caller.get()));
+        Events met;
+        gr_walk_structure(root.get(), &met, note, grRECURSIVE_YES);
+        EXPECT_EQ(std::count(met.begin(), met.end(), Event{0, part.get(), part->element(0)}), 2) << levels;
+    }
+}
+
 TEST(grFindElements, references_its_structure_while_it_exists)
 {
     const dgRef<dgStructure> root = tsChain(1);
