@@ -12,6 +12,7 @@ dgWindow::~dgWindow() = default;
 dgWidgetWindow::~dgWidgetWindow() = default;
 dgRenderNetworkAction::~dgRenderNetworkAction() = default;
 
+void dgDriver::prepare_run(const dgPrimitiveRun&) {}
 void dgDriver::gl_enable(unsigned) {}
 void dgDriver::gl_disable(unsigned) {}
 void dgDriver::gl_stencil_func(unsigned, int, unsigned) {}

@@ -51,6 +51,9 @@ public:
     /// Draws a run of primitives, whose geometry the driver keeps from one drawing to the next.
     virtual void draw_run(const dgPrimitiveRun& run) = 0;
 
+    /// Makes what is kept of a run ahead of its first drawing. Does nothing where nothing is kept.
+    virtual void prepare_run(const dgPrimitiveRun& run);
+
     /// Draws some features of a run. The spans follow on each other without overlapping.
     virtual void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) = 0;
 

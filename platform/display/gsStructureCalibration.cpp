@@ -12,14 +12,15 @@ namespace
 {
 // Where the sample starts, and by how much it may grow from one pass to the next.
 constexpr double first_share = 1 / 1024.0;
-constexpr double largest_growth = 4;
+constexpr double largest_growth = 8;
 
-// How much of the time a piece may take, so that little is drawn too much, and how little, so that waiting for pieces
-// costs little.
-constexpr double largest_piece = 1 / 8.0;
+// How much of the time left a piece may take. Waiting for a piece costs time that a frame drawn at once does not take,
+// so that pieces are few: long at first, and shorter as the time runs out. The shortest ones are a share of the frame.
+constexpr double piece_of_time_left = 0.75;
+constexpr double last_piece = 0.05;
 constexpr double smallest_piece = 1 / 1000.0;
 constexpr long long first_piece = 256;
-constexpr int piece_growth = 8;
+constexpr int piece_growth = 64;
 }
 
 gsStructureCalibration::gsStructureCalibration(double frame_time) : the_frame_time(frame_time) {}
@@ -28,6 +29,7 @@ void gsStructureCalibration::start_network(dgRenderer&, const dgStructure*)
 {
     const int limited = the_frame_time > 0;
     the_elapsed = 0;
+    the_in_frame_time = 0;
     for (int kind : {0, 1})
         the_drawn[kind] = the_total[kind] = 0;
     the_share_done = 0;
@@ -103,30 +105,26 @@ void gsStructureCalibration::read_clock(dgRenderer& renderer)
     long long piece = piece_growth * the_piece;
     if (the_elapsed > 0)
     {
-        const double in_frame_time = static_cast<double>(drawn()) * the_frame_time / the_elapsed;
-        const double in_time_left = in_frame_time * (1 - the_elapsed / the_frame_time);
-        const double most = std::min(in_frame_time * largest_piece, in_time_left);
-        piece = std::min(piece, static_cast<long long>(std::max(most, in_frame_time * smallest_piece)));
+        the_in_frame_time = static_cast<double>(drawn()) * the_frame_time / the_elapsed;
+        const double time_left = 1 - the_elapsed / the_frame_time;
+        const double share = time_left < last_piece ? time_left : time_left * piece_of_time_left;
+        piece = std::min(piece, static_cast<long long>(the_in_frame_time * std::max(share, smallest_piece)));
     }
     the_piece = std::max(piece, 1ll);
 }
 
-int gsStructureCalibration::another_pass(dgRenderer& renderer)
+int gsStructureCalibration::another_pass(dgRenderer&)
 {
     the_first_pass = 0;
     the_small_runs = 0;
     the_share_done = the_share_aim;
     if (the_out_of_time || the_share_done >= 1)
         return 0;
-    if (the_unread)
-        read_clock(renderer);
-    if (the_out_of_time)
-        return 0;
     // Aimed a little short of the time left, so that the last pass, which the end of the time cuts off in the middle of
     // the network, draws little.
     double aim = the_share_done * largest_growth;
-    if (the_elapsed > 0)
-        aim = std::min(aim, the_share_done * 0.97 * the_frame_time / the_elapsed);
+    if (the_in_frame_time > 0)
+        aim = std::min(aim, the_share_done * 0.97 * the_in_frame_time / static_cast<double>(std::max(drawn(), 1ll)));
     the_share_aim = std::min(1.0, std::max(aim, the_share_done * 1.02));
     return 1;
 }

@@ -36,7 +36,8 @@ private:
 
     double the_frame_time;
     double the_start = 0;
-    double the_elapsed = 0; // when the clock was last read
+    double the_elapsed = 0;       // when the clock was last read
+    double the_in_frame_time = 0; // primitives that fit the time as far as is known; 0: nothing is
     long long the_drawn[2] = {};
     long long the_total[2] = {};
 

