@@ -1,3 +1,4 @@
+#include "vwBench.h"
 #include "vwFonts.h"
 #include "vwOffscreen.h"
 #include "vwOptions.h"
@@ -15,6 +16,8 @@ int run(const vwOptions& options, std::string& error)
         return vw_list_fonts(options, std::cout, error);
     if (options.dumps())
         return vw_dump_structure(options, std::cout, error);
+    if (!options.bench.empty())
+        return vw_bench(options, std::cout, error);
     if (options.offscreen)
         return vw_play_offscreen(options, std::cout, error);
     return vw_run_window(options, error);

@@ -1,11 +1,22 @@
 #pragma once
 
 #include "grStdTwiddleHooks.h"
+#include "vwRefresher.h"
 
-/// The viewer's settings of the standard tools: views spin on when let go while moving, and are redrawn fluidly.
+/// The viewer's settings of the standard tools: views spin on when let go while moving, and are redrawn as asked for.
 class vwHooks : public grStdTwiddleHooks
 {
 public:
-    /// framerate is what moving views shall hold, in frames per second; 0 takes the resource "framerate", if any.
-    vwHooks(const gwResourceDB& db, double framerate);
+    /// framerate is what moving views shall hold, in frames per second; 0 takes the resource "framerate", or 20
+    /// without.
+    vwHooks(const gwResourceDB& db, double framerate, vwRefresher refresher);
+
+    grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views) override;
+
+    /// The rate that moving views shall hold, in frames per second.
+    double framerate() const { return the_framerate; }
+
+private:
+    double the_framerate;
+    vwRefresher the_refresher;
 };

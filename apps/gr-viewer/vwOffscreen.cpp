@@ -143,7 +143,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     dgGLWindow window(device, session.width, session.height);
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
-    vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats});
+    vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats, options.refresher});
     if (!options.text.empty())
     {
         if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))

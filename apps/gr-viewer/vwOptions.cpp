@@ -6,6 +6,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <map>
+
 namespace
 {
 // "960x720" into two numbers; answers what is wrong, or nothing.
@@ -41,6 +43,8 @@ std::string contradiction(const vwOptions& options)
         return "--dump-structure and --dump-xml show nothing: they do not go with --offscreen, --play and --record";
     if (options.dumps() && !options.text.empty())
         return "--dump-structure and --dump-xml write files alone: leave --text out";
+    if (!options.bench.empty() && (options.offscreen || !options.play.empty() || !options.record.empty()))
+        return "--bench opens no window and plays no session: it goes with neither --offscreen, --play nor --record";
     if (options.offscreen && options.play.empty())
         return "--offscreen needs a session to play: --play SESSION";
     if (!options.offscreen && !options.play.empty())
@@ -73,8 +77,22 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
         ->check(CLI::Range(0.1, 1000.0))
         ->type_name("F");
-    app.add_flag("--stats", read.stats, "Show frame times as bars in the picture and as numbers in the title");
+    const std::map<std::string, vwRefresher> refreshers = {
+        {"fast", vwREFRESHER_FAST}, {"full", vwREFRESHER_FULL}, {"timeout", vwREFRESHER_TIMEOUT}};
+    app.add_option("--refresher", read.refresher, "How views are redrawn while they move: fast, full or timeout")
+        ->transform(CLI::CheckedTransformer(refreshers).description(""))
+        ->type_name("KIND");
+    app.add_flag("--stats", read.stats, "Show frame times against the time of a frame as bars in the picture, and in the title");
     app.add_option("--record", read.record, "Write what is done in the window as a session")->type_name("SESSION");
+    app.add_option("--bench", read.bench, "Time redrawing and picking off-screen: static, rotate, zoom, fast or pick")
+        ->check(CLI::IsMember({"static", "rotate", "zoom", "fast", "pick"}).description(""))
+        ->delimiter(',')
+        ->expected(1)
+        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+        ->type_name("PROBE");
+    app.add_option("--seconds", read.seconds, "How long each probe runs")
+        ->check(CLI::Range(0.0, 3600.0))
+        ->type_name("S");
     app.add_flag("--offscreen", read.offscreen, "Open no window");
     app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");
     app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");

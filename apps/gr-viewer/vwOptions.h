@@ -1,5 +1,7 @@
 #pragma once
 
+#include "vwRefresher.h"
+
 #include <string>
 #include <vector>
 
@@ -16,6 +18,9 @@ struct vwOptions
     int views = 0;        ///< 0: not given
     double framerate = 0; ///< frames per second, 0: not given
     int stats = 0;
+    vwRefresher refresher = vwREFRESHER_FAST;
+    std::vector<std::string> bench; ///< probes to run, empty: none
+    double seconds = 2;             ///< for each probe
     int offscreen = 0;
     int print_resources = 0;
     std::string text;         ///< to be shown with the model, UTF-8; empty: none

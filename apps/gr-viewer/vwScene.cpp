@@ -48,12 +48,12 @@ dgViewcoDList all_views(const vwScene& scene)
 
 vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const gwResourceDB& db, dgStructure& model,
                  const vwSceneSettings& settings)
-    : the_area(area), the_renderer(main, overlay, &area), the_hooks(std::make_unique<vwHooks>(db, settings.framerate)),
+    : the_area(area), the_renderer(main, overlay, &area), the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
       the_start_time(apHighResTime::time())
 {
     the_renderer.background_colour(gsColour(0.05, 0.06, 0.07));
     if (settings.stats)
-        the_stats_bars = std::make_unique<vwStatsBars>();
+        the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     for (int i = 0; i < settings.views; ++i)
         make_view(model, i);
     // One callback before and one after those of the tools: what lies between is the time of the event.

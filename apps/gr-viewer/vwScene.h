@@ -4,6 +4,7 @@
 #include "dgRenderer.h"
 #include "grIdleAction.h"
 #include "vwFrameTimes.h"
+#include "vwRefresher.h"
 
 #include <memory>
 #include <vector>
@@ -24,6 +25,7 @@ struct vwSceneSettings
     int views = 1;        ///< in a grid, the first one at the upper left
     double framerate = 0; ///< frames per second to hold while a view moves, 0: what the resources say
     int stats = 0;        ///< draw frame times as bars over the first view
+    vwRefresher refresher = vwREFRESHER_FAST; ///< what redraws views that move
 };
 
 /// A model in one or several views on a window, with the library's tools on the window's input: all of the viewer but

@@ -17,7 +17,9 @@ namespace
 {
 // Device pixels, and seconds.
 constexpr int margin = 8, bar_pitch = 4, bar_width = 3, full_height = 64, most_shown = 100;
-constexpr double full_seconds = 1 / 15.0, fluid_seconds = 1 / 60.0, fair_seconds = 1 / 30.0;
+
+// In times that a frame may take.
+constexpr double full_bar = 2, fair_bar = 1.2;
 
 // Rectangles of one colour, in device pixels.
 class Rectangles
@@ -46,9 +48,9 @@ private:
     std::unique_ptr<giTriBlock> the_block = std::make_unique<giTriBlock>();
 };
 
-double height_of(double seconds)
+double height_of(double frame_times)
 {
-    return full_height * std::min(seconds / full_seconds, 1.0);
+    return full_height * std::min(frame_times / full_bar, 1.0);
 }
 
 // Shows the pixels of the viewport as they are: one unit is one pixel, (0, 0) the middle of the lowest left one.
@@ -73,12 +75,13 @@ void vwStatsBars::build(const vwFrameTimes& times, int most_bars)
     for (int i = 0; i < bars; ++i)
     {
         const double seconds = frames[frames.size() - static_cast<std::size_t>(bars - i)].seconds;
+        const double taken = seconds / the_frame_seconds;
         const double x = margin + i * bar_pitch;
-        Rectangles& colour = seconds <= fluid_seconds ? fluid : seconds <= fair_seconds ? fair : slow;
-        colour.add(x, margin, x + bar_width, margin + std::max(height_of(seconds), 1.0));
+        Rectangles& colour = taken <= 1 ? fluid : taken <= fair_bar ? fair : slow;
+        colour.add(x, margin, x + bar_width, margin + std::max(height_of(taken), 1.0));
     }
-    for (const double seconds : {fluid_seconds, fair_seconds})
-        lines.add(margin, margin + height_of(seconds), margin + most_bars * bar_pitch, margin + height_of(seconds) + 1);
+    for (const double taken : {1.0, fair_bar})
+        lines.add(margin, margin + height_of(taken), margin + most_bars * bar_pitch, margin + height_of(taken) + 1);
 
     the_structure->clear();
     the_structure->add(new dgLighting(0));

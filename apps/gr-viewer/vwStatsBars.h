@@ -7,12 +7,16 @@ class dgRenderer;
 class dgView;
 class vwFrameTimes;
 
-/// Draws the last frame times as bars over the lower left corner of a view: green up to 1/60 s, yellow up to 1/30 s,
-/// red beyond; lines stand at both. A bar of full height took 1/15 s or more.
+/// Draws the last frame times as bars over the lower left corner of a view, against the time that a frame may take:
+/// green up to it, yellow up to 1.2 times, red beyond; lines stand at both. A bar of full height took twice the time or
+/// more.
 class vwStatsBars
 {
 public:
-    vwStatsBars() : the_structure(new dgClientStructure()) {}
+    /// frame_seconds is what a frame may take.
+    explicit vwStatsBars(double frame_seconds)
+        : the_structure(new dgClientStructure()), the_frame_seconds(frame_seconds)
+    {}
 
     /// To be called where the library's overlay callback is.
     void draw(dgView& view, const vwFrameTimes& times);
@@ -21,4 +25,5 @@ private:
     void build(const vwFrameTimes& times, int most_bars);
 
     dgRef<dgClientStructure> the_structure;
+    double the_frame_seconds;
 };

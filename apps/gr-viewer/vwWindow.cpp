@@ -142,7 +142,7 @@ int vw_run_window(const vwOptions& options, std::string& error)
     vwRecorder* const recording = recorder ? &*recorder : nullptr;
     Keys keys(*window, recording);
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
-                  {head.views, options.framerate, options.stats});
+                  {head.views, options.framerate, options.stats, options.refresher});
     if (!options.text.empty())
     {
         if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))
