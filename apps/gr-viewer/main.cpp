@@ -1,4 +1,5 @@
 #include "vwBench.h"
+#include "vwBindings.h"
 #include "vwFonts.h"
 #include "vwOffscreen.h"
 #include "vwOptions.h"
@@ -40,6 +41,13 @@ int main(int argc, char** argv)
         return 0;
     }
     std::string error;
+    if (options.list_bindings)
+    {
+        if (vw_list_bindings(options.resources, options.bindings, std::cout, error))
+            return 0;
+        std::cerr << "gr-viewer: " << error << '\n';
+        return 1;
+    }
     if (run(options, error))
         return 0;
     std::cerr << "gr-viewer: " << error << '\n';

@@ -1,5 +1,7 @@
 #include "vwBindings.h"
 
+#include "vwResources.h"
+
 #include "grAction.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
@@ -187,4 +189,19 @@ void vw_write_bindings(const gwResourceDB& db, std::ostream& os)
             os << "  [never: an action before it takes the key]";
         os << '\n';
     }
+}
+
+int vw_list_bindings(const std::string& resources, const std::string& bindings, std::ostream& os, std::string& error)
+{
+    gwResourceDB db;
+    if (!vw_load_resources(resources, bindings, db, error))
+        return 0;
+    vw_write_bindings(db, os);
+    os << "\nBindings to choose from with --bindings NAME:\n";
+    for (const vwBindingPreset& preset : vw_binding_presets())
+    {
+        const std::string text = preset.text;
+        os << "  " << std::left << std::setw(14) << preset.name << text.substr(2, text.find('\n') - 2) << '\n';
+    }
+    return 1;
 }

@@ -23,3 +23,7 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
 /// Writes a sheet of what keys and buttons do, made from the actions that the resources of db really give, in the order
 /// in which they are tried. What an earlier action makes impossible is marked.
 void vw_write_bindings(const gwResourceDB& db, std::ostream& os);
+
+/// Writes that sheet for a resource file and bindings, each of which may be empty, and what presets there are. Answers
+/// 1, or 0 with error set.
+int vw_list_bindings(const std::string& resources, const std::string& bindings, std::ostream& os, std::string& error);

@@ -117,7 +117,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     gwResourceDB db;
     vwSession session;
     vwModel model;
-    if (!vw_load_resources(options.resources, db, error) || !read_session(options.play, session, error))
+    if (!vw_load_resources(options.resources, options.bindings, db, error) ||
+        !read_session(options.play, session, error))
         return 0;
     for (const std::string& file : options.files)
         if (!model.add_file(file, error))
@@ -143,7 +144,9 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     dgGLWindow window(device, session.width, session.height);
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
-    vwScene scene(&window, window.overlay(), area, db, model.root(), {session.views, options.framerate, options.stats, options.refresher});
+    vwScene scene(&window, window.overlay(), area, db, model.root(),
+                  {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
+                   options.refresher, options.multi, options.independent});
     if (!options.text.empty())
     {
         if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))

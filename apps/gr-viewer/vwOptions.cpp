@@ -1,8 +1,8 @@
 #include "vwOptions.h"
 
-#include "vwSession.h"
-
 #include "apNumber.h"
+#include "vwBindings.h"
+#include "vwSession.h"
 
 #include <CLI/CLI.hpp>
 
@@ -30,12 +30,20 @@ std::string parse_size(const std::string& text, int& width, int& height)
     return {};
 }
 
+std::string preset_names()
+{
+    std::string names;
+    for (const vwBindingPreset& preset : vw_binding_presets())
+        names += (names.empty() ? "" : ", ") + std::string(preset.name);
+    return names;
+}
+
 // What no single option can know: which go together.
 std::string contradiction(const vwOptions& options)
 {
     if (!options.font.empty() && options.text.empty())
         return "--font is the font of a text: add --text TEXT";
-    if (options.print_resources || options.list_fonts)
+    if (options.print_resources || options.list_bindings || options.list_fonts)
         return {};
     if (options.files.empty() && options.text.empty())
         return "no file to show: name at least one tarn file (or STL, OBJ, PLY)";
@@ -74,6 +82,12 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--size", size, "Size of the window in pixels")->type_name("WxH");
     app.add_option("--resources", read.resources, "Bindings and settings; what it leaves out is built in")
         ->type_name("FILE");
+    app.add_option("--bindings", read.bindings,
+                   "What keys and buttons do: " + preset_names() + ", or a resource file; --resources comes after it")
+        ->type_name("NAME");
+    app.add_flag("--list-bindings", read.list_bindings, "Print what keys and buttons do, and which bindings there are");
+    CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");
+    app.add_flag("--independent", read.independent, "Let the other views not turn with the first one")->excludes(multi);
     app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
         ->check(CLI::Range(0.1, 1000.0))
         ->type_name("F");
@@ -82,7 +96,14 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--refresher", read.refresher, "How views are redrawn while they move: fast, full or timeout")
         ->transform(CLI::CheckedTransformer(refreshers).description(""))
         ->type_name("KIND");
-    app.add_flag("--stats", read.stats, "Show frame times against the time of a frame as bars in the picture, and in the title");
+    app.add_flag("--stats", read.stats,
+                 "Show frame times against the time of a frame as bars in the picture, and in the title");
+    app.add_flag("--cursor", read.cursor, "Let a cross-hair follow the pointer");
+    const std::map<std::string, vwRubberBanding> techniques = {
+        {"overlay", vwRUBBER_BAND_OVERLAY}, {"xor", vwRUBBER_BAND_XOR}, {"redraw", vwRUBBER_BAND_REDRAW}};
+    app.add_option("--rubber-banding", read.rubber_banding, "How cross-hairs and zoom boxes are drawn over the scene")
+        ->transform(CLI::CheckedTransformer(techniques))
+        ->type_name("TECHNIQUE");
     app.add_option("--record", read.record, "Write what is done in the window as a session")->type_name("SESSION");
     app.add_option("--bench", read.bench, "Time redrawing and picking off-screen: static, rotate, zoom, fast or pick")
         ->check(CLI::IsMember({"static", "rotate", "zoom", "fast", "pick"}).description(""))

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "vwRefresher.h"
+#include "vwRubberBanding.h"
 
 #include <string>
 #include <vector>
@@ -21,6 +22,8 @@ struct vwOptions
     vwRefresher refresher = vwREFRESHER_FAST;
     std::vector<std::string> bench; ///< probes to run, empty: none
     double seconds = 2;             ///< for each probe
+    int cursor = 0;
+    vwRubberBanding rubber_banding = vwRUBBER_BAND_OVERLAY;
     int offscreen = 0;
     int print_resources = 0;
     std::string text;         ///< to be shown with the model, UTF-8; empty: none
@@ -28,6 +31,10 @@ struct vwOptions
     std::string font_list;    ///< font-list file, empty: the one that comes along
     std::string font_path;    ///< where font files are, empty: where Debian has them
     std::string metrics_path; ///< where their metrics are, likewise
+    std::string bindings;     ///< preset or resource file, empty: the built-in ones
+    int list_bindings = 0;
+    int multi = 0;       ///< tools act on all views
+    int independent = 0; ///< views do not follow the first one
     int list_fonts = 0;
     int dump_structure = 0;
     std::string dump_xml; ///< file to write the display structure to, empty: none

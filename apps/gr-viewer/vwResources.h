@@ -11,3 +11,5 @@ const char* vw_default_resources();
 /// names the file and, where there is one, the line. Values that the viewer's tools could not understand are refused,
 /// and so are actions of tools that do not exist.
 int vw_load_resources(const std::string& file, gwResourceDB& db, std::string& error);
+/// The same with a preset of bindings, or a file of them, loaded before file; empty for none.
+int vw_load_resources(const std::string& file, const std::string& bindings, gwResourceDB& db, std::string& error);

@@ -3,17 +3,21 @@
 #include "vwHooks.h"
 #include "vwStatsBars.h"
 
+#include "grCameraViewCache.h"
+#include "grStdToolFactory.h"
 #include "grStdTwiddling.h"
+#include "grStdViewTwiddleTool.h"
 #include "grTwiddleMan.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grView.h"
-#include "grViewListUtils.h"
+#include "gr_rubber_band.h"
 
 #include "apHighResTime.h"
 #include "coCallList.h"
 #include "dgStructure.h"
 #include "dgView.h"
 #include "gwDrawingArea.h"
+#include "gwPositionalEvent.h"
 #include "gwResourceDB.h"
 
 #include <algorithm>
@@ -36,55 +40,69 @@ const struct
                    {0, 0},                                          // from above
                    {0, -std::numbers::pi / 2},                      // from the front
                    {-std::numbers::pi / 2, -std::numbers::pi / 2}}; // from the right
-
-dgViewcoDList all_views(const vwScene& scene)
-{
-    dgViewcoDList views;
-    for (int i = 0; i < scene.n_views(); ++i)
-        views.add_last(&scene.view(i));
-    return views;
-}
 }
 
 vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const gwResourceDB& db, dgStructure& model,
                  const vwSceneSettings& settings)
-    : the_area(area), the_renderer(main, overlay, &area), the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
-      the_start_time(apHighResTime::time())
+    : the_area(area),
+      the_canvas(main, settings.rubber_banding == vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
+      the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
+      the_start_time(apHighResTime::time()), the_cursor(settings.cursor)
 {
-    the_renderer.background_colour(gsColour(0.05, 0.06, 0.07));
+    if (settings.rubber_banding == vwRUBBER_BAND_REDRAW)
+        grRubberBandManager::rubber_band_via_redraw(1);
+    renderer().background_colour(gsColour(0.05, 0.06, 0.07));
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     for (int i = 0; i < settings.views; ++i)
-        make_view(model, i);
+        make_view(model, i, !settings.independent && !settings.multi);
     // One callback before and one after those of the tools: what lies between is the time of the event.
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::start_timing>(this));
     the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), nullptr);
+    if (settings.multi)
+    {
+        grStdToolFactoryOptions tools;
+        tools.use_multi_tools(1);
+        the_twiddling->factory()->push_options(tools);
+    }
+    area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::follow_cursor>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::end_timing>(this));
     the_scene = this;
     grTwiddleOverlayCallback::register_callback(drawn);
     resized();
+    save_cameras();
 }
 
 vwScene::~vwScene()
 {
     the_twiddling.reset();
+    gr_set_cursor_echo_type(0, &renderer());
     grTwiddleOverlayCallback::register_callback(nullptr);
     the_scene = nullptr;
 }
 
-void vwScene::make_view(dgStructure& model, int number)
+void vwScene::make_view(dgStructure& model, int number, int follows)
 {
-    ViewPair pair;
-    pair.view = std::make_unique<dgView>(&the_renderer);
-    pair.view->root(&model);
-    pair.view->shading_context().graduated_background = 1;
+    auto view = std::make_unique<dgView>(&renderer());
+    view->root(&model);
+    view->shading_context().graduated_background = 1;
     const auto& turns = start_turns[static_cast<std::size_t>(number) % std::size(start_turns)];
-    dgCamera& camera = pair.view->camera();
+    dgCamera& camera = view->camera();
     camera.rotate_view(gi_Z_AXIS, turns.z);
     camera.rotate_view(gi_X_AXIS, turns.x);
-    pair.view->view_bbox();
-    pair.companion = std::make_unique<grView>(pair.view.get());
-    the_views.push_back(std::move(pair));
+    view->view_bbox();
+    // A companion with a parent keeps the placement that the cameras have to each other now.
+    grView* parent = follows && number > 0 ? the_canvas.companion(0) : nullptr;
+    auto companion = std::make_unique<grView>(view.get(), parent);
+    the_canvas.add_view(std::move(view), std::move(companion));
+}
+
+// The way back to the start, for the tool that steps through the cameras.
+void vwScene::save_cameras()
+{
+    for (int i = 0; i < n_views(); ++i)
+        if (grCameraViewCache* cache = grStdViewTwiddleTool::camera_cache(&view(i)))
+            cache->push(view(i));
 }
 
 void vwScene::lay_out()
@@ -111,27 +129,27 @@ void vwScene::lay_out()
 void vwScene::resized()
 {
     lay_out();
-    // Views leave gaps that nobody else clears, in both buffers.
-    for (int i = 0; i < 2; ++i)
-    {
-        the_renderer.select_buffer(dgBACK_BUFFER);
-        the_renderer.erase(0);
-        the_renderer.swap_buffers(dgSWAP_PLAIN);
-    }
-    redraw();
+    start_timing();
+    the_canvas.resized();
+    end_timing();
 }
 
 void vwScene::redraw()
 {
     start_timing();
-    grViewListUtils::refresh_views(all_views(*this), nullptr, nullptr);
+    the_canvas.redraw();
     end_timing();
 }
 
 void vwScene::fit()
 {
-    for (const ViewPair& pair : the_views)
-        pair.view->view_bbox();
+    for (int i = 0; i < n_views(); ++i)
+    {
+        view(i).view_bbox();
+        // Those that follow move along, and keep where they are put next.
+        view(i).camera().world2view_altered();
+    }
+    save_cameras();
     redraw();
 }
 
@@ -155,6 +173,18 @@ void vwScene::drawn(dgView& view)
         the_scene->the_stats_bars->draw(view, the_scene->the_frame_times);
 }
 
+// Called after the tools, when what they have drawn is on the screen.
+void vwScene::follow_cursor(void*, void* data)
+{
+    const gwPositionalEvent* event = the_cursor ? gwPositionalEvent::ut_dynamic_cast(&gwInput::event(data)) : nullptr;
+    if (!event)
+        return;
+    gr_cursor_echo(event->x(), event->y(), &renderer());
+    // The echo begins where the pointer is first seen.
+    if (gr_query_cursor_echo_type() == 0)
+        gr_set_cursor_echo_type(1, &renderer());
+}
+
 void vwScene::start_timing()
 {
     the_stopwatch = vwStopwatch();
@@ -166,6 +196,6 @@ void vwScene::end_timing()
     if (the_frames_drawn == the_frames_before)
         return;
     // Drawing is asynchronous: without this the time would be that of giving orders.
-    the_renderer.finish();
+    renderer().finish();
     the_frame_times.add({apHighResTime::time_diff(the_start_time, apHighResTime::time()), the_stopwatch.seconds()});
 }

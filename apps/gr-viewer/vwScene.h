@@ -2,9 +2,11 @@
 
 #include "coReceiver.h"
 #include "dgRenderer.h"
+#include "grCanvas.h"
 #include "grIdleAction.h"
 #include "vwFrameTimes.h"
 #include "vwRefresher.h"
+#include "vwRubberBanding.h"
 
 #include <memory>
 #include <vector>
@@ -13,7 +15,6 @@ class dgStructure;
 class dgView;
 class dgWindow;
 class grStdTwiddling;
-class grView;
 class gwDrawingArea;
 class gwResourceDB;
 class vwHooks;
@@ -25,11 +26,17 @@ struct vwSceneSettings
     int views = 1;        ///< in a grid, the first one at the upper left
     double framerate = 0; ///< frames per second to hold while a view moves, 0: what the resources say
     int stats = 0;        ///< draw frame times as bars over the first view
+    int cursor = 0;       ///< let a cross-hair follow the pointer
+    vwRubberBanding rubber_banding = vwRUBBER_BAND_OVERLAY;
     vwRefresher refresher = vwREFRESHER_FAST; ///< what redraws views that move
+    int multi = 0;                            ///< every tool acts on all views alike
+    int independent = 0;                      ///< views do not follow the first one; with multi they never do
 };
 
 /// A model in one or several views on a window, with the library's tools on the window's input: all of the viewer but
-/// the window itself. At most one scene exists at a time, because the overlay callback is process-wide.
+/// the window itself. Unless they are independent, the views follow the camera of the first one when that turns, and
+/// can be turned by themselves as well. At most one scene exists at a time, because the overlay callback is
+/// process-wide.
 class vwScene : public coReceiver
 {
 public:
@@ -53,35 +60,32 @@ public:
 
     /// The frames that events, idle calls and redraws have drawn, with the library's time since the scene was made.
     const vwFrameTimes& frame_times() const { return the_frame_times; }
-    int n_views() const { return static_cast<int>(the_views.size()); }
-    dgView& view(int i) const { return *the_views[i].view; }
-    dgRenderer& renderer() { return the_renderer; }
+    int n_views() const { return the_canvas.n_views(); }
+    dgView& view(int i) const { return the_canvas.view(i); }
+    dgRenderer& renderer() { return *the_canvas.renderer(); }
     /// 1 while a tool exists, active or spinning on.
     int has_tool() const;
     /// Number of times that a view was drawn.
     int frames_drawn() const { return the_frames_drawn; }
 
 private:
-    struct ViewPair
-    {
-        std::unique_ptr<dgView> view;
-        std::unique_ptr<grView> companion; // goes before its view
-    };
     static void drawn(dgView& view);
-    void make_view(dgStructure& model, int number);
+    void make_view(dgStructure& model, int number, int follows);
+    void save_cameras();
     void lay_out();
+    void follow_cursor(void* sender, void* data);
     void start_timing();
     void end_timing();
 
     gwDrawingArea& the_area;
-    dgRenderer the_renderer;
-    std::vector<ViewPair> the_views;
+    grCanvas the_canvas;
     std::unique_ptr<vwHooks> the_hooks;
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<vwStatsBars> the_stats_bars; // null: not asked for
     vwFrameTimes the_frame_times;
     vwStopwatch the_stopwatch;
     double the_start_time;
+    int the_cursor;
     int the_frames_drawn = 0;
     int the_frames_before = 0; // when the stopwatch was started
 };

@@ -8,6 +8,8 @@
 #include "vwScene.h"
 #include "vwSession.h"
 
+#include "grStringConverter.h"
+
 #include "apHighResTime.h"
 #include "apNumber.h"
 #include "coCallList.h"
@@ -110,7 +112,7 @@ int vw_run_window(const vwOptions& options, std::string& error)
 {
     gwResourceDB db;
     vwModel model;
-    if (!vw_load_resources(options.resources, db, error))
+    if (!vw_load_resources(options.resources, options.bindings, db, error))
         return 0;
     for (const std::string& file : options.files)
         if (!model.add_file(file, error))
@@ -139,10 +141,16 @@ int vw_run_window(const vwOptions& options, std::string& error)
         if (!recorder->start(options.record, head, error))
             return 0;
     }
+    utString proportional;
+    int fine_wheel = 0;
+    if (db.get_resource("mouse_wheel_zoom_proportional", proportional))
+        grStringConverter::to_bool(proportional, fine_wheel);
+    window->fine_wheel(fine_wheel);
     vwRecorder* const recording = recorder ? &*recorder : nullptr;
     Keys keys(*window, recording);
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
-                  {head.views, options.framerate, options.stats, options.refresher});
+                  {head.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
+                   options.refresher, options.multi, options.independent});
     if (!options.text.empty())
     {
         if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))

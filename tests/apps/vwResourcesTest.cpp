@@ -35,9 +35,11 @@ const struct
     {"no number", "! first\nmouse_wheel_delay: soon\n", ":2: mouse_wheel_delay: 'soon' is no number"},
     {"no boolean", "invert_zoom: perhaps\n", ":1: invert_zoom: 'perhaps' is neither yes nor no"},
     {"unknown tool", "translations: mouse_button 1 : trackball \\\n  mouse_button 2 : pan \\\n  mouse_button 3 : fly\n",
-     ":3: translations: there is no tool 'fly'"},
+     ":3:20: translations: there is no tool 'fly'"},
     {"unknown modifier", "\ntranslations: \\\r\n  mouse_button 1 : trackball \\\r\n  <meta> mouse_button 2 : pan\r\n",
-     ":4: translations: action 2 is not understood; one is <modifiers> key_type key : tool (arguments)"},
+     ":4:4: translations: there is no modifier 'meta'; there are control, shift, alt and f1 to f12"},
+    {"in a second setting of the key", "translations: mouse_button 1 : pan\ntranslations : mouse_button 1 pan\n",
+     ":2:31: translations: expected ':' and the name of a tool, not 'pan'"},
 };
 }
 

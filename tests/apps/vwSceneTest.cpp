@@ -1,0 +1,132 @@
+#include "vwScene.h"
+
+#include "vwResources.h"
+#include "vwSessionClock.h"
+
+#include "dgClientStructure.h"
+#include "dgPolyline.h"
+#include "dgTraceWindow.h"
+#include "dgView.h"
+#include "gwHeadlessWindow.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "gwResourceDB.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <vector>
+
+namespace
+{
+// Four views, 2 by 2, of a line.
+class Four
+{
+public:
+    explicit Four(vwSceneSettings settings = {}) : model(new dgClientStructure)
+    {
+        model->add(new dgPolyline({giPoint3(0, 0, 0), giPoint3(1, 2, 3)}));
+        std::string error;
+        EXPECT_EQ(vw_load_resources("", db, error), 1) << error;
+        db.set_resource("view_index_seconds", "0");
+        settings.views = 4;
+        scene = std::make_unique<vwScene>(&window, &window, area, db, *model, settings);
+        for (int i = 0; i < 4; ++i)
+            before.push_back(scene->view(i).camera());
+    }
+    // With the left button, in a view.
+    void drag(int view, int dx, int dy, int modifiers = 0)
+    {
+        const giPoint2 middle = scene->view(view).camera().view_port_dc().middle();
+        const int x = static_cast<int>(middle.x()), y = static_cast<int>(middle.y());
+        post(gwMOUSE_BUTTON, 1, x, y, gwPRESSED, modifiers);
+        area.input().post(gwMouseEvent(&area, x + dx, y + dy, modifiers));
+        post(gwMOUSE_BUTTON, 1, x + dx, y + dy, gwRELEASED, modifiers);
+    }
+    void post(gwKeyType type, int number, int x, int y, int transition, int modifiers = 0)
+    {
+        area.input().post(gwKeyEvent(&area, x, y, modifiers, transition, type, number));
+    }
+    // What a view was turned by in world space.
+    giXform3 turn(int i) const
+    {
+        return scene->view(i).camera().orientation() * before[static_cast<std::size_t>(i)].orientation().inverse();
+    }
+    int turned(int i) const
+    {
+        return std::abs(turn(i)(0, 0) - 1) + std::abs(turn(i)(1, 1) - 1) + std::abs(turn(i)(2, 2) - 1) > 1e-6;
+    }
+    double zoomed(int i) const
+    {
+        return scene->view(i).camera().view_window().width() /
+               before[static_cast<std::size_t>(i)].view_window().width();
+    }
+
+    dgRef<dgClientStructure> model;
+    vwSessionClock clock;
+    gwHeadlessWindow area{400, 300};
+    dgTraceWindow window{400, 300};
+    gwResourceDB db;
+    std::unique_ptr<vwScene> scene;
+    std::vector<dgCamera> before;
+};
+}
+
+TEST(vwScene, views_follow_the_first_one_when_it_turns)
+{
+    Four four;
+    four.drag(0, 30, 10);
+    ASSERT_TRUE(four.turned(0));
+    // Placed as before to the first one: its camera and theirs were turned by the same turn of the world.
+    const auto placement = [&](int i)
+    { return four.scene->view(i).camera().orientation() * four.scene->view(0).camera().orientation().inverse(); };
+    for (int i = 1; i < 4; ++i)
+    {
+        EXPECT_TRUE(four.turned(i)) << i;
+        const auto index = static_cast<std::size_t>(i);
+        const giXform3 as_before = four.before[index].orientation() * four.before[0].orientation().inverse();
+        for (int k = 0; k < 11; ++k)
+            EXPECT_NEAR(placement(i).data()[k], as_before.data()[k], 1e-9) << i << ", element " << k;
+    }
+
+    Four second;
+    second.drag(1, 30, 10);
+    EXPECT_TRUE(second.turned(1));
+    EXPECT_FALSE(second.turned(0)) << "the others turn by themselves";
+    EXPECT_FALSE(second.turned(2));
+}
+
+TEST(vwScene, independent_views_do_not_follow)
+{
+    vwSceneSettings settings;
+    settings.independent = 1;
+    Four four(settings);
+    four.drag(0, 30, 10);
+    EXPECT_TRUE(four.turned(0));
+    for (int i = 1; i < 4; ++i)
+        EXPECT_FALSE(four.turned(i)) << i;
+}
+
+TEST(vwScene, with_multi_every_tool_acts_on_all_views)
+{
+    vwSceneSettings settings;
+    settings.multi = 1;
+    Four four(settings);
+    four.drag(2, 0, 15, gwMODIFIER_CONTROL);
+    for (int i = 0; i < 4; ++i)
+        EXPECT_NEAR(four.zoomed(i), std::pow(10.0, -3 * 2 * 15 / 300.0), 1e-9) << i;
+    Four single;
+    single.drag(2, 0, 15, gwMODIFIER_CONTROL);
+    EXPECT_NEAR(single.zoomed(0), 1, 1e-12);
+    EXPECT_LT(single.zoomed(2), 0.8);
+}
+
+TEST(vwScene, the_left_arrow_leads_back_to_the_start)
+{
+    Four four;
+    four.drag(0, 0, 15, gwMODIFIER_CONTROL);
+    EXPECT_LT(four.zoomed(0), 0.8);
+    const giPoint2 middle = four.scene->view(0).camera().view_port_dc().middle();
+    four.post(gwOTHER_KEY, gwKEY_LEFT_ARROW, static_cast<int>(middle.x()), static_cast<int>(middle.y()), gwPRESSED);
+    EXPECT_EQ(four.scene->view(0).camera().view_window(), four.before[0].view_window());
+}
