@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// Which rule has classified a block.
-enum grBlockDiagClass
+enum grBlockDiagClass : int
 {
     grDIAG_OVERVIEW_UPPER = 0,
     grDIAG_OVERVIEW_LOWER = 1,

@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// From where a block is seen.
-enum grBlockVisClass
+enum grBlockVisClass : int
 {
     grVIS_UPPER = 0,
     grVIS_LOWER = 1,

@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// What a split is busy with.
-enum grSplitterProgressSection
+enum grSplitterProgressSection : int
 {
     grSPLITTER_OVERVIEW = 0,   ///< counted in zones
     grSPLITTER_POINT_ZOOM = 1, ///< in blocks that the overview leaves open

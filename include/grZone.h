@@ -5,7 +5,7 @@
 #include <iosfwd>
 
 /// Where a node, an edge or a triangle of a mesh lies with respect to the surface that cuts the mesh.
-enum grZone
+enum grZone : int
 {
     grUNDETERMINED_ZONE = 0, ///< a triangle with all nodes on the surface, where the zone is told from the nodes
     grON_ZONE = 1,           ///< on the surface, within the tolerance
