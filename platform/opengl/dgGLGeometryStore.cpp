@@ -2,6 +2,7 @@
 
 #include "dgCompiledStructure.h"
 #include "dgGLArena.h"
+#include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
@@ -12,7 +13,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
-#include <numeric>
 
 namespace
 {
@@ -86,21 +86,6 @@ void dgGLIndexRanges::add(unsigned first_index, unsigned count)
     }
     counts.push_back(static_cast<int>(count));
     offsets.push_back(offset);
-}
-
-std::vector<unsigned> dg_gl_chunk_order(unsigned count)
-{
-    // Multiples of the golden section, taken round, lie evenly on the circle however many are taken: entry k is the
-    // rank of the k-th multiple among all of them. In units of 2^-32 of a turn no two of them meet.
-    constexpr std::uint32_t golden_section = 2654435769u;
-    std::vector<unsigned> by_place(count);
-    std::iota(by_place.begin(), by_place.end(), 0u);
-    std::sort(by_place.begin(), by_place.end(),
-              [](unsigned a, unsigned b) { return a * golden_section < b * golden_section; });
-    std::vector<unsigned> order(count);
-    for (unsigned rank = 0; rank < count; ++rank)
-        order[by_place[rank]] = rank;
-    return order;
 }
 
 struct dgGLGeometryStore::Buffers
@@ -362,17 +347,31 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         break;
     case dgTOPOLOGY_TEXT: break;
     case dgTOPOLOGY_TRIANGLES:
+        const auto add = [&](unsigned triangle)
+        {
+            for (int corner = 0; corner < 3; ++corner)
+            {
+                // A node that does not exist must not reach into another primitive's vertices.
+                const auto node = static_cast<unsigned>(geometry.triangles[triangle][corner]);
+                indices.add(std::uint32_t(base + (node < npoints ? node : 0)));
+            }
+        };
+        std::vector<unsigned> large;
+        if (nfeatures > chunk_triangles)
+            large = dg_gl_large_triangles(geometry.points, npoints, geometry.triangles, nfeatures);
+        for (const unsigned triangle : large)
+            add(triangle);
+        std::sort(large.begin(), large.end());
         const unsigned nchunks = (nfeatures + chunk_triangles - 1) / chunk_triangles;
         for (const unsigned chunk : dg_gl_chunk_order(nchunks))
         {
-            const giTriangle* const end = geometry.triangles + std::min((chunk + 1) * chunk_triangles, nfeatures);
-            for (const giTriangle* t = geometry.triangles + std::size_t(chunk) * chunk_triangles; t != end; ++t)
-                for (int corner = 0; corner < 3; ++corner)
-                {
-                    // A node that does not exist must not reach into another primitive's vertices.
-                    const auto node = static_cast<unsigned>((*t)[corner]);
-                    indices.add(std::uint32_t(base + (node < npoints ? node : 0)));
-                }
+            const unsigned first = chunk * chunk_triangles, end = std::min(first + chunk_triangles, nfeatures);
+            auto skipped = std::lower_bound(large.begin(), large.end(), first);
+            for (unsigned triangle = first; triangle != end; ++triangle)
+                if (skipped != large.end() && *skipped == triangle)
+                    ++skipped;
+                else
+                    add(triangle);
         }
         break;
     }

@@ -87,7 +87,3 @@ private:
     unsigned long long the_generation;
     unsigned long long the_bytes_uploaded = 0;
 };
-
-/// The order that count chunks of a block are stored in. However many of them are taken from the first on, they lie
-/// evenly spread over the block.
-DG_OPENGL_EXPORT std::vector<unsigned> dg_gl_chunk_order(unsigned count);

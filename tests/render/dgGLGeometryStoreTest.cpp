@@ -1,6 +1,7 @@
 #include "renderScene.h"
 
 #include "dgGLGeometryStore.h"
+#include "dgGLTriangleOrder.h"
 #include "dgPolyline.h"
 #include "dgTriangleBlock.h"
 #include "giTriBlock.h"
@@ -180,4 +181,16 @@ TEST(dgGLGeometryStore, any_first_part_of_the_chunks_is_an_even_sample)
             EXPECT_LE(gap, 2.7 * count / taken + 2) << count << " " << taken;
         }
     }
+}
+
+TEST(dgGLGeometryStore, much_larger_triangles_come_first)
+{
+    std::vector<giPoint3> points{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {10, 0, 0}, {0, 10, 0}};
+    std::vector<giTriangle> block(1000, giTriangle{0, 1, 2});
+    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), std::vector<unsigned>());
+    block[300] = giTriangle{0, 1, 4}; // 10 times the area
+    block[700] = giTriangle{0, 3, 4}; // 100 times
+    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), (std::vector<unsigned>{700, 300}));
+    block[5] = giTriangle{0, 99, 4}; // a node that does not exist
+    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), (std::vector<unsigned>{700, 300}));
 }
