@@ -1,20 +1,20 @@
 // Cutting a triangle block by a plane beside a bare cut of the same mesh: the same result from plain arrays, the plane
 // written into the loops, and one hash of the cut edges. Both start from a fresh copy of the mesh, which is not timed,
 // and take turns. Times are processor time on one thread; memory is what a cut has allocated at most on top of the
-// mesh.
+// mesh. Keeping both sides makes the arrays longer: "both" has to move them, "both, room" finds room at their ends.
 #include "grTriCut.h"
 #include "grTriCutterPlane.h"
 
 #include "giPlane.h"
 #include "giTriBlock.h"
 
-#include <malloc.h>
-
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
 #include <new>
 #include <numbers>
@@ -24,19 +24,28 @@ namespace
 {
 std::size_t bytes_now = 0, bytes_peak = 0;
 
+// In front of each piece of memory stands its size, in room that keeps the alignment.
+constexpr std::size_t header = alignof(std::max_align_t);
+
 void* counted(std::size_t bytes)
 {
-    void* memory = std::malloc(bytes);
+    auto* memory = static_cast<unsigned char*>(std::malloc(bytes + header));
     if (!memory)
         throw std::bad_alloc();
-    bytes_now += malloc_usable_size(memory);
+    std::memcpy(memory, &bytes, sizeof bytes);
+    bytes_now += bytes;
     bytes_peak = std::max(bytes_peak, bytes_now);
-    return memory;
+    return memory + header;
 }
 
-void uncounted(void* memory)
+void uncounted(void* pointer)
 {
-    bytes_now -= memory ? malloc_usable_size(memory) : 0;
+    if (!pointer)
+        return;
+    unsigned char* memory = static_cast<unsigned char*>(pointer) - header;
+    std::size_t bytes;
+    std::memcpy(&bytes, memory, sizeof bytes);
+    bytes_now -= bytes;
     std::free(memory);
 }
 }
