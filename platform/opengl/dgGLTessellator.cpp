@@ -30,7 +30,7 @@ struct Job
 
     int* add(double x, double y)
     {
-        triangles.points.push_back({x, y});
+        triangles.points.emplace_back(x, y);
         places.push_back(static_cast<int>(triangles.points.size()) - 1);
         return &places.back();
     }

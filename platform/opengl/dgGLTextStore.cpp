@@ -152,6 +152,7 @@ void add_without_overlaps(const std::vector<dgPlacedGlyph>& placed, const dgText
 {
     const double scale_x = style.height * style.width_factor, scale_y = style.height;
     std::vector<giBox2> boxes;
+    boxes.reserve(placed.size());
     for (const dgPlacedGlyph& glyph : placed)
         boxes.push_back(placed_box(glyphs.find(style, glyph.glyph).box, glyph.origin, scale_x, scale_y));
     const std::vector<std::size_t> group = groups_of(boxes);

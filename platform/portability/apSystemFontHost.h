@@ -15,7 +15,7 @@ public:
     };
     static Listing* open();
 
-    static int add_private(const apPathName& file);
-    static int remove_private(const apPathName& file);
+    static int add_private(const apPathName& path);
+    static int remove_private(const apPathName& path);
     static int find_face(const std::string& full_name, apFaceData& data);
 };

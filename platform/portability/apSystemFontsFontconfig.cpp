@@ -8,6 +8,7 @@
 #include FT_TRUETYPE_TABLES_H
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <strings.h>
 #include <tuple>
@@ -56,7 +57,7 @@ int weight(const FcPattern* pattern)
 {
     double found = FC_WEIGHT_REGULAR;
     FcPatternGetDouble(pattern, FC_WEIGHT, 0, &found);
-    return static_cast<int>(FcWeightToOpenTypeDouble(found) + 0.5);
+    return static_cast<int>(std::lround(FcWeightToOpenTypeDouble(found)));
 }
 
 FT_Library free_type()

@@ -77,14 +77,14 @@ apSystemFontHost::Listing* apSystemFontHost::open()
     return new GdiListing;
 }
 
-int apSystemFontHost::add_private(const apPathName& file)
+int apSystemFontHost::add_private(const apPathName& path)
 {
-    return AddFontResourceExW(file.wide().c_str(), FR_PRIVATE, nullptr) != 0;
+    return AddFontResourceExW(path.wide().c_str(), FR_PRIVATE, nullptr) != 0;
 }
 
-int apSystemFontHost::remove_private(const apPathName& file)
+int apSystemFontHost::remove_private(const apPathName& path)
 {
-    return RemoveFontResourceExW(file.wide().c_str(), FR_PRIVATE, nullptr) != 0;
+    return RemoveFontResourceExW(path.wide().c_str(), FR_PRIVATE, nullptr) != 0;
 }
 
 int apSystemFontHost::find_face(const std::string& full_name, apFaceData& data)

@@ -45,7 +45,11 @@ private:
 /// A system without a single font.
 class tsNoSystemFonts
 {
-    apSystemFontsOverride the_override{{}};
+public:
+    tsNoSystemFonts() : the_override({}) {}
+
+private:
+    apSystemFontsOverride the_override;
 };
 
 /// Types and names of all families, in order: "2 Courier".
