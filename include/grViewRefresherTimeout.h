@@ -51,7 +51,6 @@ private:
     grViewRefresherFull& full_refresher();
 
     dgViewcoDList the_sorted_views; // grouped by renderer, for one swap each
-    int the_n_views;
     std::unique_ptr<grViewRefresherFull> the_full_refresher;
     int the_allow_full_refresh = 1;
     double the_frame_budget = 0; // seconds

@@ -57,6 +57,9 @@ public:
     int total_prims() const { return the_total_prims; }
     int slice_prims() const { return the_slice_prims; }
 
+    /// When the renderer was made.
+    const apHighResTime& start_time() const { return the_start_time; }
+
     /// Seconds in which a frame is to be drawn; 0 for no limit.
     double frame_time() const { return the_frame_time; }
 

@@ -19,7 +19,7 @@ grViewRefresherTimeout::grViewRefresherTimeout(const dgViewcoDList& views, grTim
 grViewRefresherTimeout::grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache,
                                                double frame_rate, int a, int b, int c,
                                                grViewRefresherFull* full_refresher)
-    : grViewRefresher(views), the_n_views(views.count()), the_full_refresher(full_refresher), the_cache(cache)
+    : grViewRefresher(views), the_full_refresher(full_refresher), the_cache(cache)
 {
     initialise(frame_rate, a, b, c);
 }
@@ -130,7 +130,6 @@ void grViewRefresherTimeout::view_removed(dgView* view)
 {
     while (the_sorted_views.remove(view))
         ;
-    the_n_views = nviews();
     if (the_full_refresher)
         the_full_refresher->remove(view);
 }

@@ -32,6 +32,10 @@ const struct
     {{"--out", "d", "a.tarn"}, "--out"},
     {{"--font", "DejaVu Sans", "a.tarn"}, "--text"},
     {{"--offscreen", "--play", "s", "--out", "d", "--record", "r", "a.tarn"}, "--record"},
+    {{"--refresher", "quick", "a.tarn"}, "--refresher"},
+    {{"--bench", "spin", "a.tarn"}, "--bench"},
+    {{"--bench", "fast", "--record", "r", "a.tarn"}, "--record"},
+    {{"--bench", "fast"}, "no file"},
     {{"--dump-structure", "--record", "r", "a.tarn"}, "--dump-structure"},
     {{"--dump-xml", "x", "--text", "t", "a.tarn"}, "--text"},
 };
@@ -52,6 +56,23 @@ TEST(vwOptions, reads_what_is_given)
     EXPECT_EQ(options.framerate, 12.5);
     EXPECT_EQ(options.stats, 1);
     EXPECT_EQ(options.offscreen, 0);
+}
+
+TEST(vwOptions, reads_how_to_refresh_and_what_to_time)
+{
+    vwOptions options;
+    std::string text;
+    ASSERT_EQ(read({"a.tarn"}, options, text), vwOPTIONS_RUN);
+    EXPECT_EQ(options.refresher, vwREFRESHER_FAST);
+    EXPECT_TRUE(options.bench.empty());
+    ASSERT_EQ(read({"--refresher", "timeout", "--bench", "fast,pick", "--bench", "zoom", "--seconds", "0.5", "a.tarn"},
+                   options, text),
+              vwOPTIONS_RUN)
+        << text;
+    EXPECT_EQ(options.refresher, vwREFRESHER_TIMEOUT);
+    EXPECT_EQ(options.bench, (std::vector<std::string>{"fast", "pick", "zoom"}));
+    EXPECT_EQ(options.seconds, 0.5);
+    EXPECT_EQ(options.files, std::vector<std::string>{"a.tarn"});
 }
 
 TEST(vwOptions, mistakes_are_named_and_change_nothing)
