@@ -9,6 +9,7 @@
 #include "grStdViewTwiddleTool.h"
 #include "grTwiddleMan.h"
 #include "grTwiddleOverlayCallback.h"
+#include "grTwiddleTool.h"
 #include "grView.h"
 #include "gr_rubber_band.h"
 
@@ -179,6 +180,13 @@ void vwScene::follow_cursor(void*, void* data)
     const gwPositionalEvent* event = the_cursor ? gwPositionalEvent::ut_dynamic_cast(&gwInput::event(data)) : nullptr;
     if (!event)
         return;
+    const grTwiddleTool* tool = the_twiddling->twiddle_man()->current_tool();
+    if (tool && tool->state() == grTWID_TWIDDLING && grRubberBandManager::mode(&renderer()) == grRUBBER_BAND_VIA_XOR)
+    {
+        // Sides of a box that is dragged out lie on the cross-hair, and by exclusive or neither would be seen.
+        gr_undraw_rubber_banding();
+        return;
+    }
     gr_cursor_echo(event->x(), event->y(), &renderer());
     // The echo begins where the pointer is first seen.
     if (gr_query_cursor_echo_type() == 0)
