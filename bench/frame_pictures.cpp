@@ -3,13 +3,13 @@
 //
 //     frame_pictures FILE FOLDER
 #include "vwModel.h"
-#include "vwPictureFile.h"
 
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "dgImage.h"
 #include "dgRenderer.h"
 #include "dgView.h"
+#include "grPictureFile.h"
 #include "grViewRefresherFast.h"
 #include "grViewRendererFast.h"
 #include "gr_time_refresh.h"
@@ -36,7 +36,7 @@ public:
         dgImage image;
         the_renderer.select_buffer(dgFRONT_BUFFER);
         the_renderer.read_pixels(the_window.device_box(), image);
-        return vw_write_png(the_folder + "/" + name + ".png", image, error);
+        return gr_write_png(the_folder + "/" + name + ".png", image, error);
     }
 
 private:

@@ -3,7 +3,6 @@
 #include "vwFonts.h"
 #include "vwModel.h"
 #include "vwOptions.h"
-#include "vwPictureFile.h"
 #include "vwPlayer.h"
 #include "vwReport.h"
 #include "vwResources.h"
@@ -16,6 +15,7 @@
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "dgView.h"
+#include "grPictureFile.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
 
@@ -45,7 +45,7 @@ protected:
     int keep_picture(vwPicture& picture) override
     {
         the_report.pictures.push_back({picture.name, picture.session_time, picture.image.width, picture.image.height});
-        return vw_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
+        return gr_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
     }
 
 private:
