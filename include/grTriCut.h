@@ -39,14 +39,15 @@ public:
     ///
     /// cut_edges, which may be null, receives every edge that was cut, with node numbers as they were before unused
     /// nodes were removed. It should be empty: the nodes of edges that are in it already are used as they are, and must
-    /// be nodes of the block.
+    /// be nodes of the block; those of invalid ones are made.
     static void cut(giTriBlock& block, const grTriCutter& cutter, int keep_negative,
                     gsTriEdgegrInterNodecoTable* cut_edges = nullptr);
 
-    /// Sets the zone of every node that the triangles use.
+    /// Sets the zone of every node that the triangles use and that has none in the table.
     static void zone_nodes(const std::vector<giTriangle>& triangles, const giBoxArrPoint3& nodes,
                            const grTriCutter& cutter, intgrZonecoTable& node_zones);
-    /// Sets the zone of every edge, from those of its nodes, which must be there.
+    /// Sets the zone of every edge of the triangles that has none in the table, or of every edge of a set, from those
+    /// of its nodes, which must be there.
     static void zone_edges(const std::vector<giTriangle>& triangles, const intgrZonecoTable& node_zones,
                            gsTriEdgegrZonecoTable& edge_zones);
     static void zone_edges(const gsTriEdgecoSet& edges, const intgrZonecoTable& node_zones,
@@ -81,7 +82,7 @@ public:
                             std::vector<giTriangle>& negative);
 
     /// Sets the values of new nodes from those at the ends of their edges: that of node 0 where both are within 1e-5 of
-    /// each other, else the one at t between them. The array grows as needed.
+    /// each other, else the one at t between them. The array grows as needed. Invalid nodes are passed over.
     static void interpolate_vector_feature(std::vector<giVector3>& normals, const gsTriEdgegrInterNodecoTable& table);
     static void interpolate_point_feature(std::vector<giPoint2>& tus, const gsTriEdgegrInterNodecoTable& table);
     /// The same for those edges of a list that are in the table. The direction that counts is that of the table's key.
@@ -101,9 +102,9 @@ public:
     // normal of the workplane. Origin and direction are in workplane coordinates; the direction has any length but 0.
     // The positive side lies to the left of the direction, seen against the normal.
 
-    /// Cuts a block along a line, as cut above. edges receives the edges of the resulting block with both ends on the
-    /// line and a triangle on the positive side, in the direction that this triangle has them and in the final
-    /// numbering: the outline of the cut, which a cap would fill.
+    /// Cuts a block along a line, as cut above, but what cut_edges holds already has no effect. edges receives the
+    /// edges of the resulting block with both ends on the line and a triangle on the positive side, in the direction
+    /// that this triangle has them and in the final numbering: the outline of the cut, which a cap would fill.
     static void cut(giTriBlock& block, const giWorkplane3& workplane, const giVector2& origin,
                     const giVector2& direction, double tolerance, std::vector<gsTriEdge>& edges, int keep_negative = 0,
                     gsTriEdgegrInterNodecoTable* cut_edges = nullptr);

@@ -21,6 +21,7 @@ void gr_cut_triangle(const giTriangle& triangle, const gsTriEdgegrZonecoTable& e
             continue;
         }
         const grInterNode node = new_node(edge);
+        shared.remove(edge); // the key of an invalid node may have the other direction
         shared.set(edge, node);
         local.set(edge, node);
     }

@@ -10,6 +10,8 @@ namespace
 template <class T>
 void interpolate_at(std::vector<T>& values, const gsTriEdge& edge, const grInterNode& node)
 {
+    if (node.invalid())
+        return;
     const auto value =
         gr_interpolated(values[static_cast<std::size_t>(edge[0])], values[static_cast<std::size_t>(edge[1])], node.t());
     const auto index = static_cast<std::size_t>(node.index());

@@ -43,7 +43,11 @@ void grTriCut::cut(giTriBlock& block, const giWorkplane3& workplane, const giVec
                 edges.emplace_back(triangle.edge_start(k), triangle.edge_end(k));
     if (cut_edges)
         for (const grFlatCut::cut_edge& cut : flat.cuts())
-            cut_edges->set(gsTriEdge(cut.node_0, cut.node_1), grInterNode(cut.t, cut.index));
+        {
+            const gsTriEdge edge(cut.node_0, cut.node_1);
+            cut_edges->remove(edge); // its key may have the other direction
+            cut_edges->set(edge, grInterNode(cut.t, cut.index));
+        }
 }
 
 void grTriCut::cut_with_workplane_uw_plane(giTriBlock& block, const giWorkplane3& workplane, double tolerance,

@@ -165,6 +165,25 @@ TEST(grTriCut, nodes_in_the_callers_edge_table_are_used_as_they_are)
     EXPECT_TRUE((*block.texture_coordinates())[2].coincident(giPoint2(0.025, 0), 1e-12));
 }
 
+TEST(grTriCut, invalid_nodes_in_the_callers_edge_table_are_made)
+{
+    const giTriBlock original = []
+    {
+        giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
+        meshes::add_features(block);
+        return block;
+    }();
+    giTriBlock expected = original, block = original;
+    grTriCut::cut(expected, at_x(0.5), 1);
+    gsTriEdgegrInterNodecoTable cut_edges;
+    cut_edges.set(gsTriEdge(1, 0), grInterNode()); // against the direction of the triangle
+    cut_edges.set(gsTriEdge(1, 2), grInterNode()); // not cut
+    grTriCut::cut(block, at_x(0.5), 1, &cut_edges);
+    EXPECT_EQ(block, expected);
+    EXPECT_EQ((*cut_edges.find_key(gsTriEdge(0, 1)))[0], 0);
+    EXPECT_DOUBLE_EQ(cut_edges.find(gsTriEdge(0, 1))->t(), 0.75);
+}
+
 TEST(grTriCut, values_of_new_nodes_lie_between_those_of_the_ends_and_equal_ends_are_exact)
 {
     giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
