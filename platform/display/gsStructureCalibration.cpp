@@ -19,7 +19,7 @@ constexpr double largest_growth = 8;
 constexpr double piece_of_time_left = 0.75;
 constexpr double last_piece = 0.05;
 constexpr double smallest_piece = 1 / 1000.0;
-constexpr long long first_piece = 256;
+constexpr long long first_piece = 32;
 constexpr int piece_growth = 64;
 }
 

@@ -14,7 +14,7 @@ gsStructureSkipper::gsStructureSkipper(int total, double ratio)
 void gsStructureSkipper::start_network(dgRenderer&, const dgStructure*)
 {
     the_carry = 0;
-    the_small_runs = 0;
+    the_small_carry = 0;
 }
 
 void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
@@ -27,8 +27,11 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     const dgRunSampling& sampling = run.sampling();
     if (sampling.indivisible())
     {
-        if (dg_even_sequence(the_small_runs++) < the_ratio)
-            renderer.draw_run(run);
+        the_small_carry += sampling.features() * the_ratio;
+        if (2 * the_small_carry < sampling.features() || !sampling.features())
+            return;
+        the_small_carry -= sampling.features();
+        renderer.draw_run(run);
         return;
     }
     const double share = sampling.features() * the_ratio + the_carry;

@@ -22,7 +22,7 @@ public:
 private:
     int the_wanted;
     double the_ratio;
-    double the_carry = 0;        // what rounding has left over from the runs before
-    unsigned the_small_runs = 0; // met so far in this drawing
+    double the_carry = 0;       // what rounding has left over from the runs before
+    double the_small_carry = 0; // the same for runs that are drawn whole or not at all
     std::vector<dgFeatureSpan> the_spans;
 };

@@ -2,6 +2,8 @@
 
 #include "dgAppElement.h"
 #include "dgLineWidth.h"
+#include "dgPolyline.h"
+#include "dgStructureCall.h"
 #include "giBox3.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grView.h"
@@ -312,4 +314,46 @@ TEST(grViewRendererFast, puts_the_accumulation_of_frames_off_while_it_draws)
     EXPECT_EQ(accumulating, 0);
     EXPECT_EQ(heavy.scene.renderer().accumulate(), 1);
     grTwiddleOverlayCallback::register_callback(nullptr);
+}
+
+TEST(grViewRendererFast, holds_the_budget_on_scenes_of_large_and_small_elements)
+{
+    // Large lines in the root, small ones under it, and structures of a few segments each with a width of its own, so
+    // that nothing of them can be drawn together.
+    const dgRef<dgStructure> root(new dgClientStructure), small(new dgClientStructure);
+    for (int i = 0; i < 20; ++i)
+        root->add(tsLine(5000)->element(0));
+    for (int i = 0; i < 50000; ++i)
+        small->add(new dgPolyline({{0, 0, 0}, {1, 0, 0}}));
+    root->add(new dgStructureCall(small.get()));
+    for (int i = 0; i < 5000; ++i)
+    {
+        const dgRef<dgStructure> part(new dgClientStructure);
+        part->add(new dgLineWidth(1 + i % 2));
+        part->add(tsLine(10)->element(0));
+        root->add(new dgStructureCall(part.get()));
+    }
+    constexpr int total = 100000 + 50000 + 50000;
+    for (const double times : {0.5, 1.5, 2.0, 10.0, 100.0, 1000.0})
+    {
+        tsHeavyView heavy;
+        heavy.view().root(root.get());
+        heavy.window().cost_per_feature(times / total);
+        grViewRendererFast fast(&heavy.view());
+        frames(fast, 2);
+        EXPECT_EQ(fast.draw_method(), times < 1 ? grFAST_DRAW_ALL : grFAST_DRAW_SHARE) << times;
+        for (int i = 0; i < 10; ++i)
+        {
+            fast.refresh(nullptr, 0);
+            EXPECT_LE(fast.refresh_time(), 1.1) << times;
+            EXPECT_GE(fast.refresh_time(), times < 1 ? 0.45 : 0.9) << times;
+        }
+        if (times < 1)
+            continue;
+        heavy.window().cost_noise(0.2);
+        grViewRendererFast noisy(&heavy.view());
+        frames(noisy, 2);
+        EXPECT_NEAR(noisy.draw_ratio(), fast.draw_ratio(), 0.2 * fast.draw_ratio()) << times;
+        EXPECT_EQ(noisy.draw_method(), grFAST_DRAW_SHARE) << times;
+    }
 }
