@@ -166,6 +166,10 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
         draw_views(window_box, 1, render);
         the_renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
         the_renderer->select_buffer(dgFRONT_BUFFER);
+        // An item that counts as erased is not undrawn: it would stay on an overlay that was left as it is.
+        if (!grRubberBandManager::empty() &&
+            !grRubberBandManager::renderer_rubber_banding_in_main_planes(the_renderer.get()))
+            the_renderer->erase(1);
         grRubberBandManager::erased(the_renderer.get());
         return;
     }

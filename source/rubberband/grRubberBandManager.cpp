@@ -190,12 +190,15 @@ void grRubberBandManager::update(dgRenderer* renderer)
 
 void grRubberBandManager::to_be_deleted(dgRenderer* renderer)
 {
-    for_items(renderer,
-              [](grRubberBandItem* item)
-              {
-                  item->the_renderer_is_gone = 1;
-                  item->cancel();
-              });
+    // Items that went with their view are told too: one of them may be in the middle of its drawing.
+    grRubberBandWalk walk;
+    while (grRubberBandItem* item = walk.next())
+    {
+        if (item->renderer() != renderer)
+            continue;
+        item->the_renderer_is_gone = 1;
+        item->cancel();
+    }
     // Another renderer may come to have its address.
     if (state().last_renderer == renderer)
         state().remember(nullptr, 0);

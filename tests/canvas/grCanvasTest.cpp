@@ -6,6 +6,7 @@
 
 #include "grRubberBandGraphicalElement.h"
 
+#include "dgAppElement.h"
 #include "gwResourceDB.h"
 
 #include <gtest/gtest.h>
@@ -183,6 +184,44 @@ TEST_F(LayeredCanvas, puts_the_other_items_back_on_an_erased_overlay_alone)
     EXPECT_EQ(other->state(), grDRAWN_RUBBER_BAND_ITEM);
 }
 
+TEST_F(LayeredCanvas, leaves_no_item_on_the_overlay_when_it_redraws_the_whole_window)
+{
+    canvas.erase_and_render_views(giBox2(0, 0, 99, 79), 1, 1);
+    EXPECT_EQ(take_log(), whole_redraw) << "no items, nothing to erase";
+    const dgRef<grRubberBandItem> item = make_item(canvas);
+    grRubberBandManager::draw(item.get(), grDRAW_RUBBER_BAND_ITEM);
+    take_log();
+    canvas.erase_and_render_views(giBox2(0, 0, 99, 79), 1, 1);
+    tsLog expected = whole_redraw;
+    expected.push_back("overlay clear 0 0 99 79 colour depth");
+    EXPECT_EQ(take_log(), expected);
+    EXPECT_EQ(item->state(), grTEMP_UNDRAWN_RUBBER_BAND_ITEM);
+}
+
+TEST_F(Canvas, may_be_destroyed_by_what_an_item_draws)
+{
+    // Destroys the canvas that it is drawn on.
+    class Destroyer : public dgAppElement
+    {
+    public:
+        explicit Destroyer(std::unique_ptr<grCanvas>& doomed) : the_doomed(doomed) {}
+        void draw(dgRenderer*) const override { the_doomed.reset(); }
+        dgAppElement* copy() const override { return new Destroyer(the_doomed); }
+
+    private:
+        std::unique_ptr<grCanvas>& the_doomed;
+    };
+    dgTraceWindow window(10, 10);
+    auto doomed = std::make_unique<grCanvas>(&window, nullptr, nullptr, nullptr);
+    dgView& view = doomed->add_view();
+    const dgRef<grRubberBandItem> item(
+        new grRubberBandGraphicalElement(doomed->renderer(), &view, new Destroyer(doomed), nullptr));
+    grRubberBandManager::add(item.get());
+    grRubberBandManager::draw(item.get(), grDRAW_RUBBER_BAND_ITEM);
+    EXPECT_EQ(doomed, nullptr);
+    EXPECT_TRUE(item->cancelled());
+}
+
 TEST_F(Canvas, takes_xor_items_off_before_it_redraws_a_part_of_what_they_lie_on)
 {
     const dgRef<grRubberBandItem> item = make_item(canvas);
@@ -241,6 +280,7 @@ TEST_F(Canvas, refreshers_take_items_off_and_put_them_back_around_all_that_they_
         EXPECT_EQ(log.back(), "xor draw lines 3 of 1");
         EXPECT_EQ(std::count(log.begin(), log.end(), "xor draw lines 3 of 1"), 2);
         EXPECT_EQ(std::count(log.begin(), log.end(), "swap_buffers 0"), 1);
+        EXPECT_EQ(log[log.size() - 2], "select_buffer front");
     }
     grRubberBandManager::do_redraw(0);
     refresher.base_refresh();
