@@ -22,6 +22,10 @@ public:
     /// Puts the camera and the clipping planes back and tells the view's camera that it was altered.
     void restore(dgView& view) const;
 
+    /// Each part of that, without telling.
+    void restore_camera(dgView& view) const;
+    void restore_clipping_planes(dgView& view) const;
+
 private:
     dgCamera the_camera;
     int the_user_clip_planes;

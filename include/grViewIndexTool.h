@@ -48,8 +48,10 @@ protected:
 
     /// Steps in the camera cache of a view, and answers the way there: none when the cache ends.
     Way step(dgView* view) const;
-    /// Puts a view at a share of a way, if there is one.
+    /// Puts a view at a share of a way, if there is one: at 1 the stored camera is restored, and its clipping planes.
     static void interpolate_view(dgView* view, const Way& way, double share);
+    static void restore_camera(dgView* view, const grSavedCameraPosition& stored);
+    static void set_clipping_planes_view(dgView* view, const grSavedCameraPosition& stored);
 
 private:
     void advance();

@@ -128,14 +128,6 @@ int hides(const grActionTrigger& earlier, const grActionTrigger& later)
     return earlier.key_number() == later.key_number() &&
            (!earlier.modifiers() || earlier.modifiers() == later.modifiers());
 }
-
-std::string preset_names()
-{
-    std::string names;
-    for (const vwBindingPreset& preset : vw_binding_presets())
-        names += (names.empty() ? "" : ", ") + std::string(preset.name);
-    return names;
-}
 }
 
 const std::vector<vwBindingPreset>& vw_binding_presets()
@@ -144,6 +136,14 @@ const std::vector<vwBindingPreset>& vw_binding_presets()
 #include "vwBindingPresets.inc"
     };
     return presets;
+}
+
+std::string vw_binding_names()
+{
+    std::string names;
+    for (const vwBindingPreset& preset : vw_binding_presets())
+        names += (names.empty() ? "" : ", ") + std::string(preset.name);
+    return names;
 }
 
 int vw_find_bindings(const std::string& name, std::string& text, std::string& error)
@@ -162,7 +162,7 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
         text.assign(std::istreambuf_iterator<char>(stream), {});
         return 1;
     }
-    error = "there are no bindings '" + name + "': name a file, or one of " + preset_names();
+    error = "there are no bindings '" + name + "': name a file, or one of " + vw_binding_names();
     return 0;
 }
 

@@ -15,7 +15,8 @@ struct vwBindingPreset
 
 /// In order of name.
 const std::vector<vwBindingPreset>& vw_binding_presets();
-
+/// Their names with commas between them.
+std::string vw_binding_names();
 /// Finds the text of a preset by its name, or of a resource file by its path. Answers 1, or 0 with error set to a text
 /// that names the presets.
 int vw_find_bindings(const std::string& name, std::string& text, std::string& error);

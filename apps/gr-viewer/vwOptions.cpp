@@ -30,14 +30,6 @@ std::string parse_size(const std::string& text, int& width, int& height)
     return {};
 }
 
-std::string preset_names()
-{
-    std::string names;
-    for (const vwBindingPreset& preset : vw_binding_presets())
-        names += (names.empty() ? "" : ", ") + std::string(preset.name);
-    return names;
-}
-
 // What no single option can know: which go together.
 std::string contradiction(const vwOptions& options)
 {
@@ -83,7 +75,8 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--resources", read.resources, "Bindings and settings; what it leaves out is built in")
         ->type_name("FILE");
     app.add_option("--bindings", read.bindings,
-                   "What keys and buttons do: " + preset_names() + ", or a resource file; --resources comes after it")
+                   "What keys and buttons do: " + vw_binding_names() +
+                       ", or a resource file; --resources comes after it")
         ->type_name("NAME");
     app.add_flag("--list-bindings", read.list_bindings, "Print what keys and buttons do, and which bindings there are");
     CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");

@@ -156,6 +156,8 @@ void read_arguments(Words& words, vwStep& step)
         read_vector(words, step.rotation);
         read_vector(words, step.translation);
         read_modifiers(words, step);
+        if (words.more())
+            words.number("length", step.seconds, 0.0, most_double);
         break;
     case vwSTEP_IDLE:
         if (words.more())
@@ -306,8 +308,11 @@ void vw_write_step(std::ostream& os, const vwStep& step)
     case vwSTEP_RESIZE: os << ' ' << step.width << ' ' << step.height; break;
     case vwSTEP_PICTURE: os << ' ' << step.name; break;
     }
-    if (step.is_event() && step.modifiers)
+    const int has_length = step.kind == vwSTEP_SPACEBALL && step.seconds != gwSpaceballEvent::usual_seconds;
+    if (step.is_event() && (step.modifiers || has_length))
         os << ' ' << step.modifiers;
+    if (has_length)
+        os << ' ' << ap_number_text(step.seconds);
     os << '\n';
 }
 
@@ -335,6 +340,7 @@ int vw_step_of_event(const gwEvent& event, vwStep& step)
         made.kind = vwSTEP_SPACEBALL;
         made.rotation = spaceball->rotation();
         made.translation = spaceball->translation();
+        made.seconds = spaceball->seconds();
     }
     else if (gwMouseEvent::ut_dynamic_cast(&event))
         made.kind = vwSTEP_MOVE;
@@ -359,7 +365,8 @@ void vw_post_step(const vwStep& step, gwDrawingArea& area)
         input.post(gwKeyEvent(&area, step.x, step.y, step.modifiers, gwPRESSED, gwMOUSE_WHEEL, 1, step.delta));
         break;
     case vwSTEP_SPACEBALL:
-        input.post(gwSpaceballEvent(&area, step.x, step.y, step.modifiers, step.rotation, step.translation));
+        input.post(
+            gwSpaceballEvent(&area, step.x, step.y, step.modifiers, step.rotation, step.translation, step.seconds));
         break;
     case vwSTEP_IDLE:
     case vwSTEP_RESIZE:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "giVector3.h"
+#include "gwSpaceballEvent.h"
 #include "gwTypes.h"
 
 #include <iosfwd>
@@ -37,9 +38,9 @@ struct vwStep
     double delta = 0;   ///< wheel: steps, positive away from the user
     giVector3 rotation; ///< spaceball
     giVector3 translation;
-
-    int count = 1;       ///< idle: number of calls
-    double interval = 0; ///< idle: seconds from one call to the next
+    double seconds = gwSpaceballEvent::usual_seconds; ///< for how long it was deflected so
+    int count = 1;                                    ///< idle: number of calls
+    double interval = 0;                              ///< idle: seconds from one call to the next
 
     int width = 0; ///< resize: device pixels
     int height = 0;

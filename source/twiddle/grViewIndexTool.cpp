@@ -73,10 +73,28 @@ grViewIndexTool::Way grViewIndexTool::step(dgView* view) const
 
 void grViewIndexTool::interpolate_view(dgView* view, const Way& way, double share)
 {
-    if (view && way)
+    if (!view || !way)
+        return;
+    if (share < 1)
+    {
         way->apply(*view, share);
+        return;
+    }
+    // The planes first: those who watch the camera find the view as it shall be.
+    set_clipping_planes_view(view, way->destination());
+    restore_camera(view, way->destination());
 }
 
+void grViewIndexTool::restore_camera(dgView* view, const grSavedCameraPosition& stored)
+{
+    stored.restore_camera(*view);
+    view->camera().world2view_altered();
+}
+
+void grViewIndexTool::set_clipping_planes_view(dgView* view, const grSavedCameraPosition& stored)
+{
+    stored.restore_clipping_planes(*view);
+}
 void grViewIndexTool::move_views(double share) const
 {
     interpolate_view(target_view(), the_way, share);

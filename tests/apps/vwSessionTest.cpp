@@ -24,6 +24,8 @@ const std::string every_kind = "gr-session 1\n"
                                "0.1 release other_key 5 12 21 16384\n"
                                "0.2 wheel 5 6 -1 1\n"
                                "0.3 spaceball 5 6 0.1 0.2 0.3 -0.1 -0.2 -0.3\n"
+                               "0.3 spaceball 5 6 1 0 0 0 0 0 2 0.05\n"
+                               "0.3 spaceball 5 6 1 0 0 0 0 0 0 0.05\n"
                                "1.25 resize 800 600\n"
                                "1.5 idle 4 0.25\n"
                                "2.25 picture the-end_1\n";
@@ -78,9 +80,9 @@ TEST(vwSession, what_is_read_is_written_the_same)
 {
     const vwSession session = parsed(every_kind);
     EXPECT_EQ(written(session), every_kind);
-    EXPECT_EQ(session.steps.size(), 11u);
-    EXPECT_EQ(session.steps[8].end_time(), 1.25);
-    EXPECT_EQ(session.steps[9].end_time(), 2.25);
+    EXPECT_EQ(session.steps.size(), 13u);
+    EXPECT_EQ(session.steps[10].end_time(), 1.25);
+    EXPECT_EQ(session.steps[11].end_time(), 2.25);
 }
 
 TEST(vwSession, comments_blank_lines_and_carriage_returns_mean_nothing)
