@@ -27,7 +27,11 @@ public:
     ~RubberBandsOff()
     {
         for (int i = 0; the_acts && i < the_renderers.count(); ++i)
+        {
+            // Not every refresher leaves the buffer selected that is seen.
+            the_renderers[i]->select_buffer(dgFRONT_BUFFER);
             grRubberBandManager::update(the_renderers[i]);
+        }
     }
     RubberBandsOff(const RubberBandsOff&) = delete;
     RubberBandsOff& operator=(const RubberBandsOff&) = delete;
