@@ -16,7 +16,12 @@ public:
     /// The rate that moving views shall hold, in frames per second.
     double framerate() const { return the_framerate; }
 
+    /// What the structure tools move, null at first; not owned.
+    void structure(dgStructure* structure) { the_structure = structure; }
+    dgStructure* identify_structure() override { return the_structure; }
+
 private:
+    dgStructure* the_structure = nullptr;
     double the_framerate;
     vwRefresher the_refresher;
 };

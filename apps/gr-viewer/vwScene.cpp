@@ -55,6 +55,7 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     renderer().background_colour(gsColour(0.05, 0.06, 0.07));
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
+    the_hooks->structure(&model);
     for (int i = 0; i < settings.views; ++i)
         make_view(model, i, !settings.independent && !settings.multi);
     // One callback before and one after those of the tools: what lies between is the time of the event.
