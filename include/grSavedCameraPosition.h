@@ -16,7 +16,7 @@ public:
     /// 1 when the clipping planes were the user's own.
     int user_clip_planes() const { return the_user_clip_planes; }
 
-    /// 1 when the view looks at its world in exactly this way.
+    /// 1 when the view looks at its world in exactly this way. Clipping planes that are not the user's do not count.
     int is_position_of(const dgView& view) const;
 
     /// Puts the camera and the clipping planes back and tells the view's camera that it was altered.

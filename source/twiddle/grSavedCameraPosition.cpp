@@ -12,8 +12,10 @@ int grSavedCameraPosition::is_position_of(const dgView& view) const
     return camera.orientation() == the_camera.orientation() && camera.view_window() == the_camera.view_window() &&
            camera.projection() == the_camera.projection() &&
            camera.projection_reference_point() == the_camera.projection_reference_point() &&
-           camera.front_plane() == the_camera.front_plane() && camera.back_plane() == the_camera.back_plane() &&
-           view.user_clip_planes() == the_user_clip_planes;
+           view.user_clip_planes() == the_user_clip_planes &&
+           // Planes that are not the user's are fitted anew by every drawing.
+           (!the_user_clip_planes ||
+            (camera.front_plane() == the_camera.front_plane() && camera.back_plane() == the_camera.back_plane()));
 }
 
 void grSavedCameraPosition::restore(dgView& view) const

@@ -109,6 +109,16 @@ TEST(grViewIndexTool, keeps_a_change_that_no_tool_has_saved)
     EXPECT_EQ(changed.is_position_of(*scene.view()), 1);
 }
 
+TEST(grViewIndexTool, does_not_take_planes_fitted_by_a_drawing_for_a_change)
+{
+    IndexScene scene;
+    scene.camera().front_back_plane(8, -8);
+    scene.bind<grViewIndexTool>("previous");
+    scene.click();
+    EXPECT_EQ(scene.cache().count(), 3);
+    EXPECT_EQ(scene.cache().position(), 1);
+}
+
 TEST(grViewIndexTool, survives_the_view_that_it_moves)
 {
     IndexScene scene;
