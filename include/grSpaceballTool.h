@@ -29,6 +29,17 @@ protected:
     /// The centre of rotation of a view in world space, by the hooks' trackball centre type.
     giPoint3 trackball_centre(dgView* view) const;
 
+    /// What an event stands for, the same for all views.
+    struct Motion
+    {
+        giVector3 turn; ///< rotation vector in view space, radians
+        giVector3 push; ///< shares of the height of the view window
+        double zoom;    ///< factor on the view window
+    };
+    Motion find_motion(const gwSpaceballEvent& event) const;
+    /// Applies a motion to a view about a centre in world space.
+    static void apply_motion(dgView* view, const Motion& motion, const giPoint3& centre);
+
     /// Applies one event of the device to a view about a centre in world space.
     void spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const;
 

@@ -65,6 +65,10 @@ protected:
     /// The centre of rotation of a view in world space, by the centre type in force.
     giPoint3 trackball_centre(dgView* view, const gwKeyEvent& event);
 
+    /// The turn in view space that a step of the pointer from last to point (device) stands for, the same for all
+    /// views. 0 when it turns nothing.
+    int find_turn(const giPoint2& point, const giPoint2& last, giVector3& axis, giAngle& angle) const;
+
     /// One mouse step of a view about its centre. 0 when the step turns nothing; the camera is then left alone.
     int rotate_view(const giPoint2& point, dgView* view, const giPoint3& centre, const giPoint2& last) const;
 

@@ -36,7 +36,11 @@ void grMultiSpaceballTool::start_twiddle(const gwKeyEvent& event)
 void grMultiSpaceballTool::spaceball_event(const gwSpaceballEvent& event)
 {
     if (state() == grTWID_TWIDDLING && target_view())
+    {
+        // Found once, however many views there are.
+        const Motion motion = find_motion(event);
         the_others.each([&](dgView* view, int i)
-                        { spaceball_action(view, event, the_centres[static_cast<std::size_t>(i)]); });
+                        { apply_motion(view, motion, the_centres[static_cast<std::size_t>(i)]); });
+    }
     grSpaceballTool::spaceball_event(event);
 }

@@ -37,12 +37,13 @@ void grMultiTrackballTool::start_twiddle(const gwKeyEvent& event)
 
 void grMultiTrackballTool::mouse_event(const gwMouseEvent& event)
 {
-    if (state() == grTWID_TWIDDLING && target_view())
-    {
-        const giPoint2 point(event.x(), event.y());
+    giVector3 axis;
+    giAngle angle;
+    // The step is found once, however many views there are.
+    if (state() == grTWID_TWIDDLING && target_view() &&
+        find_turn(giPoint2(event.x(), event.y()), last_point(), axis, angle))
         the_others.each([&](dgView* view, int i)
-                        { rotate_view(point, view, the_centres[static_cast<std::size_t>(i)], last_point()); });
-    }
+                        { rotate_view(view, the_centres[static_cast<std::size_t>(i)], axis, angle); });
     grTrackballTool::mouse_event(event);
 }
 

@@ -63,20 +63,31 @@ void grSpaceballTool::spaceball_event(const gwSpaceballEvent& event)
     refresh_views();
 }
 
-void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const
+grSpaceballTool::Motion grSpaceballTool::find_motion(const gwSpaceballEvent& event) const
 {
     giVector3 rotation, translation;
     the_settings.motion(event, rotation, translation);
     const double events = event.seconds() / gwSpaceballEvent::usual_seconds;
-    dgCamera& camera = view->camera();
-    const giVector3 turn = rotation * (radians_per_event * events);
-    const giVector3 push = translation * (height_share_per_event * events * camera.view_window().height());
-    const giPoint3 centre_view = camera.orientation().transform(centre);
     // Motion along the line of sight does not show in a parallel projection; zooming stands for it.
-    camera.orientation(camera.orientation() * giXform3::rotation(giAngle(turn.length()), turn, centre_view) *
-                       giXform3::translation(giVector3(push.x(), push.y(), 0)));
-    camera.zoom(std::pow(zoom_per_event, -translation.z() * events));
+    return {rotation * (radians_per_event * events), translation * (height_share_per_event * events),
+            std::pow(zoom_per_event, -translation.z() * events)};
+}
+
+void grSpaceballTool::apply_motion(dgView* view, const Motion& motion, const giPoint3& centre)
+{
+    dgCamera& camera = view->camera();
+    const double height = camera.view_window().height();
+    const giPoint3 centre_view = camera.orientation().transform(centre);
+    camera.orientation(camera.orientation() *
+                       giXform3::rotation(giAngle(motion.turn.length()), motion.turn, centre_view) *
+                       giXform3::translation(giVector3(motion.push.x() * height, motion.push.y() * height, 0)));
+    camera.zoom(motion.zoom);
     camera.world2view_altered();
+}
+
+void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const
+{
+    apply_motion(view, find_motion(event), centre);
 }
 
 void grSpaceballTool::end_twiddle(const gwKeyEvent& event)

@@ -152,13 +152,19 @@ void grTrackballTool::convert_to_trackball_coord(const giPoint2& pixel, const gi
 void grTrackballTool::calculate_rotation(const giPoint2& point, dgView* view, const giPoint3& centre,
                                          const giPoint2& last, giXform3& result) const
 {
+    giVector3 axis;
+    giAngle angle;
+    find_turn(point, last, axis, angle);
+    result = giXform3::rotation_about_unit(angle, axis, view->camera().orientation().transform(centre));
+}
+
+int grTrackballTool::find_turn(const giPoint2& point, const giPoint2& last, giVector3& axis, giAngle& angle) const
+{
     giPoint2 from, to;
     convert_to_trackball_coord(last, the_centre_offset, from);
     convert_to_trackball_coord(point, the_centre_offset, to);
-    giVector3 axis;
-    giAngle angle;
     the_trackball->incremental_rotation(from, to, axis, angle);
-    result = giXform3::rotation_about_unit(angle, axis, view->camera().orientation().transform(centre));
+    return angle.radians() != 0;
 }
 
 int grTrackballTool::rotate_view(const giPoint2& point, dgView* view, const giPoint3& centre,
