@@ -37,7 +37,9 @@ private:
 class ApertureFactory : public grToolFactory
 {
 public:
-    explicit ApertureFactory(tsToolScene& scene) : the_hooks(scene) {}
+    explicit ApertureFactory(tsToolScene& scene) : the_scene(scene), the_hooks(scene) {}
+    // A tool that has ended stays current, and must not outlive its hooks.
+    ~ApertureFactory() override { the_scene.the_man.delete_current_tool(); }
     int identify_tool(utString) const override { return 1; }
     grTwiddleTool* create_tool(int, const utString& args) const override
     {
@@ -45,6 +47,7 @@ public:
     }
 
 private:
+    tsToolScene& the_scene;
     mutable ApertureHooks the_hooks;
 };
 
