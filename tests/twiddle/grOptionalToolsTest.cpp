@@ -128,8 +128,8 @@ TEST(grOptionalTools, a_fine_wheel_and_a_notched_one)
 TEST(grOptionalTools, spin_is_as_fast_as_the_hand_at_all_rates)
 {
     const double hand = 400; // pixels a second
-    // By default a step of the mouse's rate is made at the idle loop's rate, and a fifth is lost where the button is let
-    // go at the last position: four steps count as five.
+    // By default a step of the mouse's rate is made at the idle loop's rate, and a fifth is lost where the button is
+    // let go at the last position: four steps count as five.
     EXPECT_NEAR(thrown({125, 60, hand}), 0.8 * hand * 60 / 125, 0.03 * hand);
     EXPECT_NEAR(thrown({125, 240, hand}), 0.8 * hand * 240 / 125, 0.06 * hand);
     EXPECT_LT(thrown({1000, 60, hand}), 0.25 * hand);
