@@ -131,7 +131,8 @@ int gsStructureCalibration::another_pass(dgRenderer&)
 
 void gsStructureCalibration::end_network(dgRenderer& renderer)
 {
-    if (the_unread || !(the_frame_time > 0))
+    // Also what draws by itself takes time, though it counts as nothing.
+    if (!the_out_of_time)
         read_clock(renderer);
 }
 

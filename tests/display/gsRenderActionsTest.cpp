@@ -1,4 +1,5 @@
 #include "apClockOverride.h"
+#include "dgAppElement.h"
 #include "dgBackSurfaceColour.h"
 #include "dgCameraIndex.h"
 #include "dgClientStructure.h"
@@ -244,6 +245,31 @@ TEST(gsStructureCalibration, finishes_drawing_before_it_reads_the_clock)
     const Lines& log = scene.window.log();
     ASSERT_GE(log.size(), 2u);
     EXPECT_EQ(log[log.size() - 2], "finish");
+}
+
+TEST(gsStructureCalibration, times_elements_that_draw_by_themselves)
+{
+    // Draws 3 segments.
+    class Own : public dgAppElement
+    {
+    public:
+        Own* copy() const override { return new Own; }
+        void draw(dgRenderer* renderer) const override { renderer->draw_primitive(*the_line); }
+
+    private:
+        dgRef<dgPolyline> the_line{line(3)};
+    };
+    apClockOverride clock;
+    Scene scene;
+    scene.add(new Own);
+    scene.window.cost_per_feature(0.25);
+    for (const double time : {1.0, 0.5, -1.0})
+    {
+        gsStructureCalibration calibration(time);
+        EXPECT_EQ(scene.draw(calibration), 3) << time;
+        EXPECT_EQ(calibration.prims_total(0) + calibration.prims_total(1), 0);
+        EXPECT_DOUBLE_EQ(calibration.elapsed_time(), 0.75) << time;
+    }
 }
 
 TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_run)
