@@ -5,5 +5,5 @@ struct grElementInfo
 {
     int count = 0;      ///< primitives that it counts as
     int category = 0;   ///< see dgGraphicalPrimitive::category
-    int run_length = 0; ///< how many of the elements from this one on follow on each other in this category
+    int run_length = 0; ///< how many elements directly after it are of the same category
 };

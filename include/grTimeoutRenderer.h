@@ -33,7 +33,8 @@ public:
     grTimeoutRenderer& operator=(const grTimeoutRenderer&) = delete;
 
     /// To be called at the start of a twiddle: sets the seconds for a frame and how they are divided among points (a),
-    /// lines (b) and triangles (c), and counts the network. With 1, 1, 1 all categories get the same share.
+    /// lines (b) and triangles (c), and counts the network. With 1, 1, 1 all categories get the same share. A network
+    /// that was edited since the last twiddle is measured again.
     void get_ready(double budget, int a, int b, int c);
 
     /// Draws one interactive frame into the back buffer.
@@ -71,6 +72,9 @@ public:
 private:
     class Stopwatch;
     void count_structure();
+    /// Whether the network is another one than was counted.
+    int edited() const;
+    void forget_measurements();
     void fill_run_lengths();
     void calc_draw_ratios();
     void weight_quotas();
@@ -91,7 +95,8 @@ private:
     int the_weight_c = 1;
     double the_budget = 0;
     coPageArr<grElementInfo> the_infos{256};
-    unsigned long long the_counted_stamp = 0; // of the network when it was counted
+    const dgStructure* the_counted_root = nullptr; // of the network that was counted; only compared
+    unsigned long long the_counted_stamp = 0;      // of that network then
     int the_total = 0;
     int the_drawn_elements = 0; // in the last frame that drew until the time was over, and in the one before
     int the_drawn_before = 0;

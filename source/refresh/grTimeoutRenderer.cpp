@@ -124,6 +124,8 @@ void grTimeoutRenderer::get_ready(double budget, int a, int b, int c)
     the_weight_a = a;
     the_weight_b = b;
     the_weight_c = c;
+    if (the_counted_root && edited())
+        forget_measurements();
     count_structure();
 }
 
@@ -132,11 +134,11 @@ void grTimeoutRenderer::count_structure()
     the_infos.clear();
     std::fill_n(the_count, n_categories, 0);
     the_total = 0;
-    the_counted_stamp = 0;
     const dgStructure* root = the_view->root();
+    the_counted_root = root;
+    the_counted_stamp = root ? root->network_stamp() : 0;
     if (!root)
         return;
-    the_counted_stamp = root->network_stamp();
     gr_walk_network(*root, nullptr,
                     [this](const dgGraphicalElement& element)
                     {
@@ -152,12 +154,25 @@ void grTimeoutRenderer::count_structure()
     fill_run_lengths();
 }
 
+int grTimeoutRenderer::edited() const
+{
+    const dgStructure* root = the_view->root();
+    return root != the_counted_root || (root && root->network_stamp() != the_counted_stamp);
+}
+
+// What was drawn of another network says nothing. Speeds and a time that was recorded stay.
+void grTimeoutRenderer::forget_measurements()
+{
+    the_rates_measured = 0;
+    the_drawn_elements = the_drawn_before = 0;
+}
+
 void grTimeoutRenderer::fill_run_lengths()
 {
     for (int i = the_infos.count() - 1; i >= 0; --i)
     {
         const int continued = i + 1 < the_infos.count() && the_infos[i + 1].category == the_infos[i].category;
-        the_infos[i].run_length = continued ? the_infos[i + 1].run_length + 1 : 1;
+        the_infos[i].run_length = continued ? the_infos[i + 1].run_length + 1 : 0;
     }
 }
 
@@ -182,7 +197,7 @@ void grTimeoutRenderer::weight_quotas()
     {
         int category;
         int weight;
-        int quota;
+        long long quota; // a category of few primitives may have a rate that makes it enormous
     };
     // In the order in which they hand over what they cannot use.
     Heavy heavies[] = {{points, the_weight_a, 0}, {lines, the_weight_b, 0}, {triangles, the_weight_c, 0}};
@@ -204,10 +219,10 @@ void grTimeoutRenderer::weight_quotas()
 
     for (const Heavy& giver : heavies)
     {
-        const int spare = giver.quota - the_count[giver.category];
+        const long long spare = giver.quota - the_count[giver.category];
         if (spare <= 0 || !the_count[giver.category])
             continue;
-        const double seconds = spare / the_rate[giver.category];
+        const double seconds = static_cast<double>(spare) / the_rate[giver.category];
         int takers = 0;
         for (const Heavy& heavy : heavies)
             takers += &heavy != &giver && the_count[heavy.category];
@@ -219,7 +234,7 @@ void grTimeoutRenderer::weight_quotas()
     for (const Heavy& heavy : heavies)
     {
         const int count = the_count[heavy.category];
-        const int quota = std::min(heavy.quota, count);
+        const int quota = static_cast<int>(std::min<long long>(heavy.quota, count));
         the_quota[heavy.category] = quota;
         the_ratio[heavy.category] = quota ? static_cast<double>(quota) / count : 0;
     }
@@ -270,12 +285,10 @@ void grTimeoutRenderer::refresh_draw()
     if (!renderer)
         return;
     renderer->select_buffer(dgBACK_BUFFER);
-    if (the_view->root() && the_view->root()->network_stamp() != the_counted_stamp)
+    if (the_view->root() && edited())
     {
-        // Edited since it was counted: what was drawn of it says nothing any more.
+        forget_measurements();
         count_structure();
-        the_rates_measured = 0;
-        the_drawn_elements = the_drawn_before = 0;
     }
     if (the_rates_measured && the_drawn_elements == the_drawn_before)
     {
@@ -379,7 +392,18 @@ int grTimeoutRenderer::pre_draw_elements(dgRenderer& renderer)
 grIdleAction grTimeoutRenderer::idle_draw()
 {
     dgRenderer* renderer = the_view->renderer();
-    if (!renderer || !visible() || the_idle_position >= the_infos.count())
+    if (!renderer || !visible())
+        return grIDLE_DONE;
+    if (edited())
+    {
+        // What is seen is of a network that is no more.
+        forget_measurements();
+        count_structure();
+        the_idle_position = 0;
+        renderer->select_buffer(dgFRONT_BUFFER);
+        erase();
+    }
+    if (the_idle_position >= the_infos.count())
         return grIDLE_DONE;
     renderer->select_buffer(dgFRONT_BUFFER);
     Stopwatch stopwatch(*renderer, the_budget);
@@ -426,7 +450,7 @@ void grTimeoutRenderer::end_twiddle_draw()
     erase();
     if (!visible())
         return;
-    if (the_view->root()->network_stamp() != the_counted_stamp)
+    if (edited())
         count_structure();
     begin();
     end_draw_elements(*renderer);
@@ -452,7 +476,7 @@ void grTimeoutRenderer::end_draw_elements(dgRenderer& renderer)
                             return 1;
                         const grElementInfo& info = the_infos[position++];
                         the_prims[info.category] += info.count;
-                        if (info.run_length > 1)
+                        if (info.run_length > 0)
                             return 1;
                         renderer.finish();
                         const double now = apHighResTime::time();

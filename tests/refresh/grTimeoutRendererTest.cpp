@@ -333,6 +333,37 @@ TEST(grTimeoutRenderer, follows_an_edit_in_the_middle_of_a_twiddle)
     EXPECT_EQ(renderer.idle_draw(), grIDLE_DONE);
 }
 
+TEST(grTimeoutRenderer, an_edit_between_idle_calls_starts_the_picture_anew)
+{
+    Scene scene;
+    scene.add(100, [] { return line(64); });
+    grTimeoutRenderer renderer(&scene.view(), 0);
+    renderer.get_ready(1, 1, 1, 1);
+    renderer.refresh_draw();
+    EXPECT_EQ(renderer.idle_draw(), grIDLE_AGAIN);
+    scene.root->delete_range(8, 99);
+    scene.scene.take_log();
+    EXPECT_EQ(scene.drawn([&] { EXPECT_EQ(renderer.idle_draw(), grIDLE_DONE); }), 512);
+    EXPECT_EQ(scene.scene.take_log()[1], "clear 0 0 99 99 colour depth");
+}
+
+TEST(grTimeoutRenderer, measures_a_network_again_that_was_edited_between_twiddles)
+{
+    Scene scene;
+    scene.root->add(line(64));
+    grTimeoutRenderer renderer(&scene.view(), 0);
+    renderer.get_ready(1, 1, 1, 1);
+    for (int i = 0; i < 3; ++i)
+        renderer.refresh_draw();
+    scene.add(99, [] { return line(64); });
+    renderer.get_ready(1, 1, 1, 1);
+    EXPECT_EQ(renderer.got_full_refresh_time(), 0) << "that of one line would pass for that of a hundred";
+    EXPECT_EQ(scene.frame(renderer), 17 * 64);
+    EXPECT_DOUBLE_EQ(renderer.full_refresh_time(), 6.25);
+    renderer.get_ready(1, 1, 1, 1);
+    EXPECT_EQ(renderer.got_full_refresh_time(), 1) << "an unchanged one stays known";
+}
+
 TEST(grTimeoutRenderer, hidden_and_empty_views_take_no_time)
 {
     Scene scene;
