@@ -91,6 +91,7 @@ void grViewRefresher::base_idle_refresh()
 
 grIdleAction grViewRefresher::base_idle()
 {
+    collect_renderers();
     const RubberBandsOff rubber_bands_off(the_renderers);
     return idle();
 }

@@ -32,6 +32,11 @@ public:
 protected:
     void start_twiddle() override { record("start"); }
     void refresh() override { record("refresh"); }
+    grIdleAction idle() override
+    {
+        record("idle");
+        return grIDLE_DONE;
+    }
     void end_twiddle() override { record("end"); }
     void view_removed(dgView*) override { record("removed"); }
 
@@ -55,7 +60,7 @@ TEST(grViewRefresher, changes_state_after_the_start_and_after_the_end)
     EXPECT_EQ(refresher.base_idle(), grIDLE_DONE);
     refresher.base_end_twiddle();
     refresher.base_idle_refresh();
-    EXPECT_EQ(refresher.calls, (Log{"start in 0", "refresh in 1", "end in 1", "refresh in 2"}));
+    EXPECT_EQ(refresher.calls, (Log{"start in 0", "refresh in 1", "idle in 1", "end in 1", "refresh in 2"}));
 }
 
 TEST(grViewRefresher, references_its_views_and_lists_their_renderers_once)
@@ -170,8 +175,11 @@ TEST(grViewRefresher, forgets_a_renderer_that_its_views_have_left)
     refresher.base_refresh();
     EXPECT_EQ(seen, dgRenderercoDList{&scene.renderer(1)});
     scene.view(1)->renderer(nullptr);
-    refresher.base_end_twiddle();
+    refresher.base_idle();
     EXPECT_EQ(seen, dgRenderercoDList());
+    scene.view(1)->renderer(&scene.renderer(0));
+    refresher.base_end_twiddle();
+    EXPECT_EQ(seen, dgRenderercoDList{&scene.renderer(0)});
 }
 
 TEST(grViewRefresher, overrides_the_drawing_quality_around_each_refresh_only)
