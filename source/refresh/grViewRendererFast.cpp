@@ -172,17 +172,18 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
     }
     if (!transparent(*the_view))
         the_view->erase(dgERASE_ZBUFFER_YES);
-    const SingleFrames single_frames(*the_view->renderer());
     {
-        const BoxPlanes box_planes(*the_view, the_bbox);
-        if (final && the_flat)
-            draw_final_frame();
-        else
-            draw_frame(icon);
+        const SingleFrames single_frames(*the_view->renderer());
+        {
+            const BoxPlanes box_planes(*the_view, the_bbox);
+            if (final && the_flat)
+                draw_final_frame();
+            else
+                draw_frame(icon);
+        }
+        note_picture();
+        grTwiddleOverlayCallback::call_callback(*the_view);
     }
-    note_picture();
-    dgView& view = *the_view;
-    grTwiddleOverlayCallback::call_callback(view);
     if (!the_view)
         return; // the callback has destroyed it
     if (the_flat && the_print_callback)

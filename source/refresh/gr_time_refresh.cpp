@@ -74,12 +74,15 @@ void gr_time_zooming_refresh(dgView* view, double duration, const double* factor
 void gr_time_fast_rotating_refresh(dgView* view, double duration, gi_Axis axis, double angle, int& frames,
                                    double& elapsed)
 {
+    frames = 0;
+    elapsed = 0;
+    if (!view->renderer())
+        return;
     grViewRefresherFast::graphics_state_changed();
     {
         grViewRefresherFast refresher({view});
         refresher.refresh();
         refresher.refresh();
-        frames = 0;
         const double start = apHighResTime::time();
         double now = start;
         while (apHighResTime::time_diff(start, now) < duration)

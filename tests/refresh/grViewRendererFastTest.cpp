@@ -308,10 +308,16 @@ TEST(grViewRendererFast, puts_the_accumulation_of_frames_off_while_it_draws)
     tsHeavyView heavy(100, 0.1);
     static int accumulating = -1;
     grTwiddleOverlayCallback::register_callback([](dgView& view) { accumulating = view.renderer()->accumulate(); });
+    const tsSetting<grViewRendererFast::PrintCallback> print_guard(
+        nullptr, [](grViewRendererFast::PrintCallback callback) { grViewRendererFast::set_print_callback(callback); });
+    static int accumulating_after = -1;
+    grViewRendererFast::set_print_callback([](dgView* view, dgStructure*)
+                                           { accumulating_after = view->renderer()->accumulate(); });
     heavy.scene.renderer().accumulate(1);
     grViewRendererFast fast(&heavy.view());
     fast.refresh(nullptr, 0);
     EXPECT_EQ(accumulating, 0);
+    EXPECT_EQ(accumulating_after, 1);
     EXPECT_EQ(heavy.scene.renderer().accumulate(), 1);
     grTwiddleOverlayCallback::register_callback(nullptr);
 }

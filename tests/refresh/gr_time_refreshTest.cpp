@@ -111,6 +111,10 @@ TEST(gr_time_refresh, the_fast_probe_draws_what_fits_the_frame_after_two_frames_
     gr_time_fast_rotating_refresh(&heavy.view(), 0, gi_Z_AXIS, 0.1, frames, elapsed);
     EXPECT_EQ(frames, 0);
     EXPECT_EQ(swaps(heavy), 2 + 1);
+    frames = -1;
+    heavy.view().renderer(nullptr);
+    gr_time_fast_rotating_refresh(&heavy.view(), 1, gi_Z_AXIS, 0.1, frames, elapsed);
+    EXPECT_EQ(frames, 0) << "there is nothing to draw on";
 }
 
 TEST(gr_time_refresh, times_one_drawing_of_the_network)
