@@ -28,6 +28,8 @@ protected:
 
     /// The centre of rotation of a view in world space, by the hooks' trackball centre type.
     giPoint3 trackball_centre(dgView* view) const;
+    /// The same at the start of a twiddle: the hooks may update a world centre first.
+    giPoint3 start_centre(dgView* view, const gwKeyEvent& event);
 
     /// What an event stands for, the same for all views.
     struct Motion

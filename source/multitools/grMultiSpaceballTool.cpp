@@ -30,7 +30,7 @@ void grMultiSpaceballTool::start_twiddle(const gwKeyEvent& event)
         return;
     the_others.find(*this, event, target_view());
     the_centres.assign(static_cast<std::size_t>(the_others.count()), giPoint3());
-    the_others.each([&](dgView* view, int i) { the_centres[static_cast<std::size_t>(i)] = trackball_centre(view); });
+    the_others.each([&](dgView* view, int i) { the_centres[static_cast<std::size_t>(i)] = start_centre(view, event); });
 }
 
 void grMultiSpaceballTool::spaceball_event(const gwSpaceballEvent& event)

@@ -39,12 +39,17 @@ void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
 {
     if (!find_detail(event))
         return;
-    if (gr_usable_centre_type(hooks()->get_trackball_centre_type(), workplane()) == dgLEAVS_TRACKBALL_CENTRE_VIEW)
-        hooks()->update_rotation_centre(*target_view(), event);
-    the_centre = trackball_centre(target_view());
+    the_centre = start_centre(target_view(), event);
     twiddle_start(event);
     if (refresher())
         refresher()->base_start_twiddle();
+}
+
+giPoint3 grSpaceballTool::start_centre(dgView* view, const gwKeyEvent& event)
+{
+    if (gr_usable_centre_type(hooks()->get_trackball_centre_type(), workplane()) == dgLEAVS_TRACKBALL_CENTRE_VIEW)
+        hooks()->update_rotation_centre(*view, event);
+    return trackball_centre(view);
 }
 
 giPoint3 grSpaceballTool::trackball_centre(dgView* view) const

@@ -242,6 +242,21 @@ TEST(grMultiTools, the_spaceball_turns_all)
     expect_same(scene.camera().orientation(), turn);
 }
 
+TEST(grMultiTools, hooks_update_the_centre_of_every_view)
+{
+    GroupScene scene;
+    const tsLog expected{"update centre", "start", "start refresher", "update centre", "update centre"};
+    scene.bind<grMultiSpaceballTool>();
+    scene.press(50, 50);
+    EXPECT_EQ(scene.taken_log(), expected);
+    scene.release(50, 50);
+    scene.bind<grMultiTrackballTool>();
+    scene.the_man.delete_current_tool();
+    scene.taken_log();
+    scene.press(50, 50);
+    EXPECT_EQ(scene.taken_log(), expected);
+}
+
 TEST(grMultiTools, a_view_closed_in_the_drag_leaves_the_others_their_own_starts)
 {
     GroupScene scene;
