@@ -96,7 +96,8 @@ giPoint3 grTrackballTool::trackball_centre(dgView* view, const gwKeyEvent& event
     if (the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW)
         hooks()->update_rotation_centre(*view, event);
     giPoint3 under_cursor;
-    if (the_about_cursor && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW &&
+    // The pointer is over the target alone.
+    if (the_about_cursor && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW && view == target_view() &&
         gr_surface_point(*view, giPoint2(event.x(), event.y()), under_cursor))
         return under_cursor;
     return gr_rotation_centre(the_centre_type, *view, *hooks(), workplane());

@@ -3,6 +3,7 @@
 #include "dgTriangleBlock.h"
 #include "giTriBlock.h"
 #include "grMouseWheelZoomTool.h"
+#include "grMultiTrackballTool.h"
 #include "grRotateViewTool.h"
 #include "grSpaceballTool.h"
 #include "grTrackballTool.h"
@@ -246,6 +247,24 @@ TEST(grOptionalTools, rotation_about_the_point_under_the_cursor)
     // Beside the squares it is the centre of the view, as without the resource.
     EXPECT_NEAR(moved_on_screen<grTrackballTool>("rotate_about_cursor", dgPROJECTION_PARALLEL, 20, 20, giPoint3()), 0,
                 1e-9);
+}
+
+TEST(grOptionalTools, other_views_turn_about_their_own_centres_wherever_the_cursor_is)
+{
+    tsToolScene scene;
+    const dgRef<dgStructure> root = squares();
+    dgView* other = scene.the_scene.add_view(scene.the_scene.add_window(tsToolScene::width, tsToolScene::height));
+    other->camera().view_window(scene.camera().view_window());
+    for (dgView* view : {scene.view(), other})
+        view->root(root.get());
+    scene.the_hooks.the_grouped_views = {other};
+    scene.the_resources.set_resource("rotate_about_cursor", "yes");
+    scene.bind<grMultiTrackballTool>();
+    const giPoint3 centre = other->camera().view_centre();
+    scene.press(290, 130);
+    scene.move(321, 147);
+    EXPECT_NE(other->camera().orientation(), giXform3());
+    EXPECT_TRUE((centre * other->camera().orientation()).coincident(centre, 1e-9));
 }
 
 TEST(grOptionalTools, settings_of_the_spaceball)
