@@ -1,7 +1,7 @@
 #include "grStructurePlacement.h"
 
 #include "dgEnums.h"
-#include "dgWorldTransform.h"
+#include "grPassTransform.h"
 #include "utTypeID.h"
 
 #include <unordered_set>
@@ -28,11 +28,9 @@ public:
         for (int i = 0; i < structure.nelements(); ++i)
         {
             dgGraphicalElement* element = structure.element(i);
-            if (const dgTransform* transform = ut_cast<dgTransform>(element))
-                in_force = transform->transform() * in_force;
-            else if (const dgWorldTransform* world = ut_cast<dgWorldTransform>(element))
-                in_force = world->transform();
-            else if (const dgStructure* called = element->called_structure(); called && in(*called, in_force))
+            if (gr_pass_transform(element, in_force))
+                continue;
+            if (const dgStructure* called = element->called_structure(); called && in(*called, in_force))
                 return 1;
         }
         return 0;

@@ -1,11 +1,10 @@
 #include "grSurfacePoint.h"
 
 #include "dgStructure.h"
-#include "dgTransform.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "dgWorldTransform.h"
 #include "giTriBlock.h"
+#include "grPassTransform.h"
 #include "utTypeID.h"
 
 #include <algorithm>
@@ -77,11 +76,9 @@ public:
         for (int i = 0; i < structure.nelements(); ++i)
         {
             dgGraphicalElement* element = structure.element(i);
-            if (const dgTransform* transform = ut_cast<dgTransform>(element))
-                in_force = transform->transform() * in_force;
-            else if (const dgWorldTransform* world = ut_cast<dgWorldTransform>(element))
-                in_force = world->transform();
-            else if (const dgTriangleBlock* block = ut_cast<dgTriangleBlock>(element))
+            if (gr_pass_transform(element, in_force))
+                continue;
+            if (const dgTriangleBlock* block = ut_cast<dgTriangleBlock>(element))
                 in(block->block(), in_force);
             else if (const dgStructure* called = element->called_structure())
                 in(*called, in_force);
