@@ -21,8 +21,7 @@ public:
     void save_camera() const override;
 
 protected:
-    void do_action(const gwKeyEvent& event) const override;
-    void start_twiddle(const gwKeyEvent& event) override;
+    void do_action(const gwKeyEvent& event) override;
 
 private:
     grOtherViews the_others;

@@ -16,7 +16,7 @@ public:
 
 protected:
     /// Moves the world point under the event to the middle of the target view and saves the camera.
-    virtual void do_action(const gwKeyEvent& event) const;
+    virtual void do_action(const gwKeyEvent& event);
 
     void start_twiddle(const gwKeyEvent& event) override;
     void end_twiddle(const gwKeyEvent& event) override;

@@ -16,7 +16,7 @@ public:
 
 protected:
     /// Resets the target view.
-    virtual void do_action(const gwKeyEvent& event) const;
+    virtual void do_action(const gwKeyEvent& event);
 
     void start_twiddle(const gwKeyEvent& event) override;
     void end_twiddle(const gwKeyEvent& event) override;

@@ -20,19 +20,9 @@ void grMultiIsometricTool::save_camera() const
     grIsometricTool::save_camera();
 }
 
-void grMultiIsometricTool::start_twiddle(const gwKeyEvent& event)
+void grMultiIsometricTool::do_action(const gwKeyEvent& event)
 {
-    // The others are found before the action, so that one redraw shows all of them changed.
-    if (!start_view_twiddle(event))
-        return;
     the_others.find(*this, event, target_view());
-    do_action(event);
-    refresh_views();
-    save_camera();
-}
-
-void grMultiIsometricTool::do_action(const gwKeyEvent& event) const
-{
     the_others.each([](dgView* view, int) { isometric_view(view); });
     if (target_view())
         grIsometricTool::do_action(event);

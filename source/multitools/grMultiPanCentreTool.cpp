@@ -24,18 +24,9 @@ void grMultiPanCentreTool::save_camera() const
     grPanCentreTool::save_camera();
 }
 
-void grMultiPanCentreTool::start_twiddle(const gwKeyEvent& event)
+void grMultiPanCentreTool::do_action(const gwKeyEvent& event)
 {
-    // The others are found before the action, so that one redraw shows all of them changed.
-    if (!start_view_twiddle(event))
-        return;
     the_others.find(*this, event, target_view());
-    do_action(event);
-    refresh_views();
-}
-
-void grMultiPanCentreTool::do_action(const gwKeyEvent& event) const
-{
     if (!target_view())
         return;
     const giVector2 step = grViewUtils::step_to_centre(target_view(), event);

@@ -21,19 +21,9 @@ void grMultiResetFrontBackTool::save_camera() const
     grResetFrontBackTool::save_camera();
 }
 
-void grMultiResetFrontBackTool::start_twiddle(const gwKeyEvent& event)
+void grMultiResetFrontBackTool::do_action(const gwKeyEvent& event)
 {
-    // The others are found before the action, so that one redraw shows all of them changed.
-    if (!start_view_twiddle(event))
-        return;
     the_others.find(*this, event, target_view());
-    do_action(event);
-    refresh_views();
-    save_camera();
-}
-
-void grMultiResetFrontBackTool::do_action(const gwKeyEvent& event) const
-{
     the_others.each([&](dgView* view, int) { reset_planes(view, hooks()->clipping_mode()); });
     if (target_view())
         grResetFrontBackTool::do_action(event);

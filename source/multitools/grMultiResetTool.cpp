@@ -20,19 +20,9 @@ void grMultiResetTool::save_camera() const
     grResetTool::save_camera();
 }
 
-void grMultiResetTool::start_twiddle(const gwKeyEvent& event)
+void grMultiResetTool::do_action(const gwKeyEvent& event)
 {
-    // The others are found before the action, so that one redraw shows all of them changed.
-    if (!start_view_twiddle(event))
-        return;
     the_others.find(*this, event, target_view());
-    do_action(event);
-    refresh_views();
-    save_camera();
-}
-
-void grMultiResetTool::do_action(const gwKeyEvent& event) const
-{
     the_others.each([](dgView* view, int) { reset_view(view); });
     if (target_view())
         grResetTool::do_action(event);

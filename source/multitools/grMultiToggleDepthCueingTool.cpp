@@ -24,18 +24,9 @@ void grMultiToggleDepthCueingTool::save_camera() const
     grToggleDepthCueingTool::save_camera();
 }
 
-void grMultiToggleDepthCueingTool::start_twiddle(const gwKeyEvent& event)
+void grMultiToggleDepthCueingTool::do_action(const gwKeyEvent& event)
 {
-    // The others are found before the action, so that one redraw shows all of them changed.
-    if (!start_view_twiddle(event))
-        return;
     the_others.find(*this, event, target_view());
-    do_action(event);
-    refresh_views();
-}
-
-void grMultiToggleDepthCueingTool::do_action(const gwKeyEvent& event) const
-{
     if (!target_view())
         return;
     std::vector<const dgRenderer*> switched{target_view()->renderer()};

@@ -37,7 +37,7 @@ void grIsometricTool::start_twiddle(const gwKeyEvent& event)
     save_camera();
 }
 
-void grIsometricTool::do_action(const gwKeyEvent&) const
+void grIsometricTool::do_action(const gwKeyEvent&)
 {
     isometric_view(target_view());
 }

@@ -31,7 +31,7 @@ void grPanCentreTool::start_twiddle(const gwKeyEvent& event)
     refresh_views();
 }
 
-void grPanCentreTool::do_action(const gwKeyEvent& event) const
+void grPanCentreTool::do_action(const gwKeyEvent& event)
 {
     grViewUtils::pan_centre(target_view(), event);
     save_camera();

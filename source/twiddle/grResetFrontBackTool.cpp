@@ -32,7 +32,7 @@ void grResetFrontBackTool::start_twiddle(const gwKeyEvent& event)
     save_camera();
 }
 
-void grResetFrontBackTool::do_action(const gwKeyEvent&) const
+void grResetFrontBackTool::do_action(const gwKeyEvent&)
 {
     reset_planes(target_view(), hooks()->clipping_mode());
 }

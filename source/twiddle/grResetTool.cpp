@@ -30,7 +30,7 @@ void grResetTool::start_twiddle(const gwKeyEvent& event)
     save_camera();
 }
 
-void grResetTool::do_action(const gwKeyEvent&) const
+void grResetTool::do_action(const gwKeyEvent&)
 {
     reset_view(target_view());
 }

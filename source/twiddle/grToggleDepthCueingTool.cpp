@@ -28,7 +28,7 @@ void grToggleDepthCueingTool::start_twiddle(const gwKeyEvent& event)
     refresh_views();
 }
 
-void grToggleDepthCueingTool::do_action(const gwKeyEvent&) const
+void grToggleDepthCueingTool::do_action(const gwKeyEvent&)
 {
     toggle_depth_cueing(target_view());
 }
