@@ -6,6 +6,8 @@
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
 
+#include <algorithm>
+
 UT_DEFINE_TYPE(grMultiZoomTool, grZoomTool);
 
 grMultiZoomTool* grMultiZoomTool::ut_dynamic_cast(grTwiddleTool* tool)
@@ -37,8 +39,14 @@ void grMultiZoomTool::start_twiddle(const gwKeyEvent& event)
 void grMultiZoomTool::zoom_action(const gwMouseEvent& event) const
 {
     const giVector2 drag = start_point() - giPoint2(event.x(), event.y());
-    the_others.each([&](dgView* view, int i)
-                    { zoom_view(view, the_start_windows[static_cast<std::size_t>(i)], drag); });
+    const double target_height = std::max(target_view()->renderer_height(), 1);
+    the_others.each(
+        [&](dgView* view, int i)
+        {
+            // One factor for all, also on renderers of other heights: the same share of each is dragged.
+            const double share = std::max(view->renderer_height(), 1) / target_height;
+            zoom_view(view, the_start_windows[static_cast<std::size_t>(i)], drag * share);
+        });
     grZoomTool::zoom_action(event);
 }
 
