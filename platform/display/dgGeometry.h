@@ -16,8 +16,8 @@ enum dgTopology
 
 /// The geometry of one primitive as its own arrays hold it, for a driver to copy. Coordinates are the primitive's own.
 ///
-/// A feature is one point, one line segment, one triangle or one text. Points and lines use the points in order, lines joining
-/// successive ones.
+/// A feature is one point, one line segment, one triangle or one text. Points and lines use the points in order, lines
+/// joining successive ones.
 struct dgGeometry
 {
     dgTopology topology = dgTOPOLOGY_POINTS;

@@ -51,7 +51,7 @@ struct ToolRow
 {
     const char* name;
     Creator single;
-    Creator multi;  // null: the option is ignored
+    Creator multi; // null: the option is ignored
 };
 
 // Row i is tool number i + 1.
