@@ -1,5 +1,6 @@
 // Fonts beside their practical limits: making the list of families beside a bare fontconfig listing of the same names,
 // and a frame of 10,000 glyphs of 16 pixels beside one bare draw call of the same triangles with the same program.
+#include "benchTiming.h"
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
@@ -16,7 +17,6 @@
 #include <fontconfig/fontconfig.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -26,20 +26,6 @@ namespace
 {
 constexpr int width = 1600, height = 1700;
 constexpr int lines = 100, line_glyphs = 100;
-
-template <class Work>
-double seconds(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 int bare_listing()
 {

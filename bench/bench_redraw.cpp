@@ -1,6 +1,7 @@
 // Redrawing a view beside bare OpenGL: one draw call in the same framebuffer with the same program and program values,
 // once on the very buffers that the view is drawn from, and once on buffers in the triangles' own order, which a
 // program for this one picture would fill. Each frame is erased, drawn and finished; the three take turns.
+#include "benchTiming.h"
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
@@ -13,7 +14,6 @@
 #include <epoxy/gl.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -129,20 +129,6 @@ private:
     unsigned the_buffers[2] = {};
     GLsizei the_index_count = 0;
 };
-
-template <class Work>
-double seconds(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 struct Picture
 {

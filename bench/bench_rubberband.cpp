@@ -1,6 +1,7 @@
 // A zoom box that grows under the mouse, over a scene of a million triangles in a window of 1280 by 720 pixels: what
 // each move touches and how long it takes, by each technique, beside one full redraw of the scene in the same run. What
 // is touched grows with the box's perimeter by exclusive or, and is the whole window otherwise.
+#include "benchTiming.h"
 #include "grCanvas.h"
 #include "grSamplePart.h"
 #include "gr_rubber_band.h"
@@ -18,7 +19,6 @@
 #include <epoxy/gl.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
@@ -29,12 +29,6 @@ namespace
 {
 constexpr int width = 1280, height = 720;
 constexpr int bytes_per_pixel = 4;
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 int always(dgRenderer*, void*)
 {
@@ -61,13 +55,15 @@ struct Picture
     {
         window.begin();
         glBeginQuery(GL_SAMPLES_PASSED, query);
-        const auto start = std::chrono::steady_clock::now();
-        work();
-        canvas.renderer()->finish();
-        const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        const double taken = seconds(
+            [&]
+            {
+                work();
+                canvas.renderer()->finish();
+            });
         glEndQuery(GL_SAMPLES_PASSED);
         glGetQueryObjectuiv(query, GL_QUERY_RESULT, &pixels);
-        return seconds;
+        return taken;
     }
 
     dgGLWindow window;

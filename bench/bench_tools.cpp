@@ -1,5 +1,6 @@
 // One mouse step of every tool that is dragged, on one view and on 16 through the multi-view tools: from the event to
 // the cameras, without drawing. Beside it stands what the camera itself takes for such a step.
+#include "benchIdleRefresher.h"
 #include "dgClientStructure.h"
 #include "dgPolyline.h"
 #include "dgRenderer.h"
@@ -10,7 +11,6 @@
 #include "grStdTwiddleHooks.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grViewRefresher.h"
 #include "gwHeadlessWindow.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -33,16 +33,6 @@ constexpr int steps = 5000, repetitions = 21, many = 16;
 
 using Clock = std::chrono::steady_clock;
 
-class IdleRefresher : public grViewRefresher
-{
-public:
-    using grViewRefresher::grViewRefresher;
-
-protected:
-    void refresh() override {}
-    void end_twiddle() override {}
-};
-
 class Hooks : public grStdTwiddleHooks
 {
 public:
@@ -59,7 +49,7 @@ public:
     }
     grViewRefresher* view_refresher(const grStdTwiddleTool*, const dgViewcoDList& views) override
     {
-        return new IdleRefresher(views);
+        return new benchIdleRefresher(views);
     }
     dgStructure* identify_structure() override { return the_structure; }
 

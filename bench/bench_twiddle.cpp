@@ -1,4 +1,5 @@
 // One mouse step of a trackball drag, from the event to the camera without drawing, beside the bare arithmetic of it.
+#include "benchIdleRefresher.h"
 #include "dgRenderer.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
@@ -7,7 +8,6 @@
 #include "grToolFactory.h"
 #include "grTrackballTool.h"
 #include "grTwiddleMan.h"
-#include "grViewRefresher.h"
 #include "gwHeadlessWindow.h"
 #include "gwInput.h"
 #include "gwKeyEvent.h"
@@ -26,22 +26,12 @@ constexpr int steps = 20000, repetitions = 41;
 
 using Clock = std::chrono::steady_clock;
 
-class IdleRefresher : public grViewRefresher
-{
-public:
-    using grViewRefresher::grViewRefresher;
-
-protected:
-    void refresh() override {}
-    void end_twiddle() override {}
-};
-
 class IdleHooks : public grStdTwiddleHooks
 {
 public:
     grViewRefresher* view_refresher(const grStdTwiddleTool*, const dgViewcoDList& views) override
     {
-        return new IdleRefresher(views);
+        return new benchIdleRefresher(views);
     }
 };
 

@@ -2,6 +2,7 @@
 // numbers, read back and counted. The bare way draws all in one call from buffers that hold the colours, in a
 // framebuffer of its own. Below that, the pixels of each block alone: in images that many blocks share, each in its own
 // box, beside one whole image for each block. The ways take turns.
+#include "benchTiming.h"
 #include "grIdImage.h"
 #include "grSplit.h"
 #include "grSplitUtils.h"
@@ -15,7 +16,6 @@
 #include <epoxy/gl.h>
 
 #include <algorithm>
-#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
@@ -165,20 +165,6 @@ private:
     GLsizei the_index_count = 0;
     std::vector<std::uint32_t> the_pixels;
 };
-
-template <class Work>
-double seconds(Work work)
-{
-    const auto start = std::chrono::steady_clock::now();
-    work();
-    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> values)
-{
-    std::nth_element(values.begin(), values.begin() + values.size() / 2, values.end());
-    return values[values.size() / 2];
-}
 
 int fail(const std::string& reason)
 {
