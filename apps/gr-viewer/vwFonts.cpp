@@ -2,6 +2,7 @@
 
 #include "vwModel.h"
 #include "vwOptions.h"
+#include "vwScene.h"
 
 #include "grOutlineFontFamilyReader.h"
 #include "grOutlineFontListElement.h"
@@ -18,8 +19,10 @@
 #include "dgTextHeight.h"
 #include "dgTextLayout.h"
 #include "dgTextStyle.h"
+#include "dgView.h"
 
 #include <algorithm>
+#include <iostream>
 #include <memory>
 #include <ostream>
 
@@ -112,8 +115,40 @@ int install(const grOutlineFontListElement& family, grOutlineFontFamilyReader& r
     error = "the font family '" + family.family_name().str() + "' cannot be installed: " + error;
     return -1;
 }
+}
 
-void lay_text(const vwOptions& options, const dgRenderer& renderer, const dgCamera& camera, int slot, dgStructure& root)
+int vw_list_fonts(const vwOptions& options, std::ostream& os, std::string& error)
+{
+    Fonts fonts;
+    if (!read_fonts(options, fonts, error))
+        return 0;
+    int n_type1 = 0;
+    const int n = fonts.reader->num_families();
+    for (int i = 0; i < n; ++i)
+    {
+        const grOutlineFontListElement& family = fonts.reader->family(i);
+        print_family(os, family);
+        n_type1 += i < fonts.n_builtin && family.font_type() != ltTRUETYPE_FONT;
+    }
+    os << n << " font families: " << n_type1 << " known Type 1 families, " << fonts.n_builtin - n_type1
+       << " of the system, " << n - fonts.n_builtin << " of the font list\n";
+    return 1;
+}
+
+int vw_install_font(const vwOptions& options, dgRenderer& renderer, std::string& error)
+{
+    Fonts fonts;
+    if (!read_fonts(options, fonts, error))
+        return -1;
+    if (const grOutlineFontListElement* family = choose(*fonts.reader, options.font))
+        return install(*family, *fonts.reader, renderer, error);
+    error = options.font.empty() ? "there is no outline font on this machine"
+                                 : "there is no font family '" + options.font + "'; --list-fonts prints all";
+    return -1;
+}
+
+void vw_lay_text(const vwOptions& options, const dgRenderer& renderer, int slot, const dgCamera& camera,
+                 dgStructure& root)
 {
     const giBox3 model = root.bounding_box();
     dgTextStyle style;
@@ -145,42 +180,23 @@ void lay_text(const vwOptions& options, const dgRenderer& renderer, const dgCame
     root.add(new dgTextColour(gsColour(0.93, 0.94, 0.96)));
     root.add(text.get());
 }
-}
 
-int vw_list_fonts(const vwOptions& options, std::ostream& os, std::string& error)
+int vw_add_text(const vwOptions& options, vwScene& scene, vwModel& model, std::string& error)
 {
-    Fonts fonts;
-    if (!read_fonts(options, fonts, error))
-        return 0;
-    int n_type1 = 0;
-    const int n = fonts.reader->num_families();
-    for (int i = 0; i < n; ++i)
+    if (options.text.empty() && !options.stats)
+        return 1;
+    const int slot = vw_install_font(options, scene.renderer(), error);
+    if (slot >= 0)
+        scene.stats_font(slot);
+    if (options.text.empty())
     {
-        const grOutlineFontListElement& family = fonts.reader->family(i);
-        print_family(os, family);
-        n_type1 += i < fonts.n_builtin && family.font_type() != ltTRUETYPE_FONT;
+        if (slot < 0)
+            std::cerr << "gr-viewer: frame times are shown without numbers: " << error << '\n';
+        return 1;
     }
-    os << n << " font families: " << n_type1 << " known Type 1 families, " << fonts.n_builtin - n_type1
-       << " of the system, " << n - fonts.n_builtin << " of the font list\n";
-    return 1;
-}
-
-int vw_add_text(const vwOptions& options, dgRenderer& renderer, const dgCamera& camera, vwModel& model,
-                std::string& error)
-{
-    Fonts fonts;
-    if (!read_fonts(options, fonts, error))
-        return 0;
-    const grOutlineFontListElement* family = choose(*fonts.reader, options.font);
-    if (!family)
-    {
-        error = options.font.empty() ? "there is no outline font on this machine"
-                                     : "there is no font family '" + options.font + "'; --list-fonts prints all";
-        return 0;
-    }
-    const int slot = install(*family, *fonts.reader, renderer, error);
     if (slot < 0)
         return 0;
-    lay_text(options, renderer, camera, slot, model.root());
+    vw_lay_text(options, scene.renderer(), slot, scene.view(0).camera(), model.root());
+    scene.fit();
     return 1;
 }

@@ -1,5 +1,7 @@
 #include "vwFrameTimes.h"
 
+#include "apNumber.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -14,6 +16,13 @@ double quantile(const std::vector<double>& sorted, double share)
     const double rank = std::ceil(share * static_cast<double>(sorted.size()));
     return sorted[static_cast<std::size_t>(std::max(rank, 1.0)) - 1];
 }
+}
+
+std::string vw_frame_text(const vwFrameSummary& summary)
+{
+    return ap_number_text(summary.median * 1000, 1) + " ms a frame, 95 % below " +
+           ap_number_text(summary.slow * 1000, 1) + " ms, " + ap_number_text(1 / std::max(summary.mean, 1e-6), 0) +
+           " frames/s";
 }
 
 vwFrameSummary vwFrameTimes::summary(int n) const

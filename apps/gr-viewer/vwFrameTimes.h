@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <string>
 #include <vector>
 
 /// One frame of a session.
@@ -19,6 +20,9 @@ struct vwFrameSummary
     double slow = 0; ///< 95 of 100 frames were quicker
     double longest = 0;
 };
+
+/// The summary in words, for people who watch it.
+std::string vw_frame_text(const vwFrameSummary& summary);
 
 /// Stopwatch on the real clock, which replaced library clocks do not touch.
 class vwStopwatch
@@ -39,6 +43,8 @@ class vwFrameTimes
 public:
     void add(const vwFrame& frame) { the_frames.push_back(frame); }
     const std::vector<vwFrame>& frames() const { return the_frames; }
+    /// How many of the last frames numbers that are renewed all the time are about.
+    static constexpr int recent = 60;
     /// Of the last n frames, or of all when n is 0.
     vwFrameSummary summary(int n = 0) const;
 

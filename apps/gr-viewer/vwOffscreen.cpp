@@ -147,12 +147,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwScene scene(&window, window.overlay(), area, db, model.root(),
                   {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
                    options.refresher, options.multi, options.independent});
-    if (!options.text.empty())
-    {
-        if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))
-            return 0;
-        scene.fit();
-    }
+    if (!vw_add_text(options, scene, model, error))
+        return 0;
     FolderPlayer player(clock, scene, area, window, options.out, report);
     if (!player.play(session))
     {

@@ -90,7 +90,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         ->transform(CLI::CheckedTransformer(refreshers).description(""))
         ->type_name("KIND");
     app.add_flag("--stats", read.stats,
-                 "Show frame times against the time of a frame as bars in the picture, and in the title");
+                 "Show frame times against the time of a frame as bars and numbers in the picture, and in the title");
     app.add_flag("--cursor", read.cursor, "Let a cross-hair follow the pointer");
     const std::map<std::string, vwRubberBanding> techniques = {
         {"overlay", vwRUBBER_BAND_OVERLAY}, {"xor", vwRUBBER_BAND_XOR}, {"redraw", vwRUBBER_BAND_REDRAW}};

@@ -155,6 +155,12 @@ void vwScene::fit()
     redraw();
 }
 
+void vwScene::stats_font(int slot)
+{
+    if (the_stats_bars)
+        the_stats_bars->font(slot);
+}
+
 grIdleAction vwScene::idle()
 {
     start_timing();

@@ -53,6 +53,8 @@ public:
     void resized();
     /// Draws all views.
     void redraw();
+    /// Lets frame times, where they are shown, be written as numbers with the font of a slot of the renderer.
+    void stats_font(int slot);
     /// Makes all of the model seen in every view, however much of it came late, and draws them.
     void fit();
     /// One idle call of the twiddle manager: 0 when there is nothing more to do.

@@ -6,6 +6,10 @@
 #include "dgLighting.h"
 #include "dgRenderer.h"
 #include "dgSurfaceColour.h"
+#include "dgText.h"
+#include "dgTextColour.h"
+#include "dgTextFontSlot.h"
+#include "dgTextHeight.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "giTriBlock.h"
@@ -17,6 +21,7 @@ namespace
 {
 // Device pixels, and seconds.
 constexpr int margin = 8, bar_pitch = 4, bar_width = 3, full_height = 64, most_shown = 100;
+constexpr int text_height = 13, line_height = 20;
 
 // In times that a frame may take.
 constexpr double full_bar = 2, fair_bar = 1.2;
@@ -71,7 +76,8 @@ void vwStatsBars::build(const vwFrameTimes& times, int most_bars)
     const std::vector<vwFrame>& frames = times.frames();
     const int bars = std::min(most_bars, static_cast<int>(frames.size()));
     Rectangles ground, fluid, fair, slow, lines;
-    ground.add(0, 0, margin + most_bars * bar_pitch + margin / 2.0, full_height + 2 * margin);
+    ground.add(0, 0, margin + most_bars * bar_pitch + margin / 2.0,
+               full_height + 2 * margin + (the_font < 0 ? 0 : line_height));
     for (int i = 0; i < bars; ++i)
     {
         const double seconds = frames[frames.size() - static_cast<std::size_t>(bars - i)].seconds;
@@ -90,6 +96,13 @@ void vwStatsBars::build(const vwFrameTimes& times, int most_bars)
     fair.move_to(*the_structure, gsColour(0.93, 0.75, 0.25));
     slow.move_to(*the_structure, gsColour(0.90, 0.35, 0.28));
     lines.move_to(*the_structure, gsColour(0.55, 0.58, 0.62));
+    if (the_font < 0 || frames.empty())
+        return;
+    the_structure->add(new dgTextFontSlot(the_font));
+    the_structure->add(new dgTextHeight(text_height));
+    the_structure->add(new dgTextColour(gsColour(0.93, 0.94, 0.96)));
+    the_structure->add(
+        new dgText(giPoint3(margin, full_height + 2 * margin, 0), vw_frame_text(times.summary(vwFrameTimes::recent))));
 }
 
 void vwStatsBars::draw(dgView& view, const vwFrameTimes& times)

@@ -11,7 +11,6 @@
 #include "grStringConverter.h"
 
 #include "apHighResTime.h"
-#include "apNumber.h"
 #include "coCallList.h"
 #include "coReceiver.h"
 #include "dgView.h"
@@ -24,7 +23,6 @@
 
 namespace
 {
-constexpr int title_frames = 60;       // that the numbers in the title are about
 constexpr double title_interval = 0.5; // seconds
 constexpr double spin_frame_seconds = 1 / 60.0;
 
@@ -69,10 +67,7 @@ public:
             return;
         the_shown = count;
         the_time = now;
-        const vwFrameSummary summary = times.summary(title_frames);
-        the_window.title(the_text + " - " + ap_number_text(summary.median * 1000, 1) + " ms a frame, 95 % below " +
-                         ap_number_text(summary.slow * 1000, 1) + " ms, " +
-                         ap_number_text(1 / std::max(summary.mean, 1e-6), 0) + " frames/s");
+        the_window.title(the_text + " - " + vw_frame_text(times.summary(vwFrameTimes::recent)));
     }
 
 private:
@@ -151,12 +146,8 @@ int vw_run_window(const vwOptions& options, std::string& error)
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
                   {head.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
                    options.refresher, options.multi, options.independent});
-    if (!options.text.empty())
-    {
-        if (!vw_add_text(options, scene.renderer(), scene.view(0).camera(), model, error))
-            return 0;
-        scene.fit();
-    }
+    if (!vw_add_text(options, scene, model, error))
+        return 0;
     window->resize_callback(
         [&]
         {

@@ -1,7 +1,9 @@
 #include "vwFonts.h"
 
+#include "vwFrameTimes.h"
 #include "vwModel.h"
 #include "vwOptions.h"
+#include "vwStatsBars.h"
 
 #include "dgCamera.h"
 #include "dgRenderer.h"
@@ -9,6 +11,7 @@
 #include "dgText.h"
 #include "dgTextFont.h"
 #include "dgTraceWindow.h"
+#include "dgView.h"
 
 #include <gtest/gtest.h>
 
@@ -70,7 +73,9 @@ TEST(vwFonts, text_lies_in_front_of_the_model_and_belongs_to_its_box)
     vwOptions options = with_htmldoc_fonts();
     options.text = "words";
     options.font = "Times";
-    ASSERT_EQ(vw_add_text(options, renderer, dgCamera(), model, error), 1) << error;
+    const int slot = vw_install_font(options, renderer, error);
+    ASSERT_GE(slot, 0) << error;
+    vw_lay_text(options, renderer, slot, dgCamera(), model.root());
     ASSERT_NE(renderer.get_text_font(0), nullptr);
     const dgText* text = last_text(model);
     ASSERT_NE(text, nullptr);
@@ -89,24 +94,42 @@ TEST(vwFonts, text_alone_faces_the_camera)
     options.text = "words";
     dgCamera camera;
     camera.orientation(giPoint3(), giVector3(0, 1, 0), giVector3(0, 0, 1)); // looking along y
-    ASSERT_EQ(vw_add_text(options, renderer, camera, model, error), 1) << error;
+    const int slot = vw_install_font(options, renderer, error);
+    ASSERT_GE(slot, 0) << error;
+    vw_lay_text(options, renderer, slot, camera, model.root());
     const giBox3 box = model.root().bounding_box();
     EXPECT_NEAR(box.high().y() - box.low().y(), 0, 1e-9);
     EXPECT_NEAR(box.high().z() - box.low().z(), 1, 1e-9) << "one line of height 1";
     EXPECT_GT(box.high().x() - box.low().x(), 1);
 }
 
-TEST(vwFonts, a_font_that_is_not_there_is_named_and_adds_nothing)
+TEST(vwFonts, a_font_that_is_not_there_is_named_and_installs_nothing)
 {
     dgTraceWindow window(100, 100);
     dgRenderer renderer(&window, &window);
-    vwModel model;
     vwOptions options = with_htmldoc_fonts();
-    options.text = "words";
     options.font = "times"; // upper and lower case count
     std::string error;
-    EXPECT_EQ(vw_add_text(options, renderer, dgCamera(), model, error), 0);
+    EXPECT_EQ(vw_install_font(options, renderer, error), -1);
     EXPECT_NE(error.find("no font family 'times'"), std::string::npos) << error;
-    EXPECT_EQ(model.root().nelements(), 0);
     EXPECT_EQ(renderer.get_text_font(0), nullptr);
+}
+
+TEST(vwStatsBars, writes_the_times_with_a_font_and_draws_bars_without)
+{
+    dgTraceWindow window(400, 300);
+    dgRenderer renderer(&window, &window);
+    dgView view(&renderer);
+    vwFrameTimes times;
+    times.add({0, 0.05});
+    vwStatsBars bars(0.1);
+    bars.draw(view, times);
+    const auto without = window.log();
+    window.clear_log();
+
+    std::string error;
+    bars.font(vw_install_font(with_htmldoc_fonts(), renderer, error));
+    bars.draw(view, times);
+    ASSERT_EQ(window.log().size(), without.size() + 1) << error;
+    EXPECT_EQ(vw_frame_text(times.summary()), "50.0 ms a frame, 95 % below 50.0 ms, 20 frames/s");
 }
