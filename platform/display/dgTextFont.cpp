@@ -12,7 +12,7 @@ UT_DEFINE_TYPE(dgTextFont, dgBase);
 
 namespace
 {
-constexpr double placeholder_advance = 0.6;
+constexpr double missing_glyph_advance = 0.6;
 
 dgTextFontStatus status_of(dgFontLoadStatus status)
 {
@@ -85,8 +85,8 @@ void dgTextFont::load(const utString& font_file, const utString& metrics_file)
 unsigned dgTextFont::glyph(char32_t character) const
 {
     if (!the_face)
-        return placeholder;
-    const auto [found, is_new] = the_glyphs.try_emplace(character, placeholder);
+        return missing_glyph;
+    const auto [found, is_new] = the_glyphs.try_emplace(character, missing_glyph);
     if (is_new)
     {
         const unsigned glyph = the_face->glyph(character);
@@ -99,8 +99,8 @@ unsigned dgTextFont::glyph(char32_t character) const
 
 double dgTextFont::advance(unsigned glyph) const
 {
-    if (!the_face || glyph == placeholder)
-        return placeholder_advance;
+    if (!the_face || glyph == missing_glyph)
+        return missing_glyph_advance;
     const auto [found, is_new] = the_advances.try_emplace(glyph, 0.0);
     if (is_new)
         found->second = the_face->advance(glyph);
@@ -109,12 +109,12 @@ double dgTextFont::advance(unsigned glyph) const
 
 double dgTextFont::kerning(unsigned left, unsigned right) const
 {
-    return !the_face || left == placeholder || right == placeholder ? 0 : the_face->kerning(left, right);
+    return !the_face || left == missing_glyph || right == missing_glyph ? 0 : the_face->kerning(left, right);
 }
 
 void dgTextFont::outline(unsigned glyph, dgGlyphOutline& outline) const
 {
-    if (!the_face || glyph == placeholder)
+    if (!the_face || glyph == missing_glyph)
         outline = frame();
     else
         the_face->outline(glyph, outline);

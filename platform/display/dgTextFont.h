@@ -32,7 +32,7 @@ class DG_EXPORT dgTextFont : public dgBase
 {
 public:
     /// Stands for every character that the font lacks: an empty frame.
-    static constexpr unsigned placeholder = ~0u;
+    static constexpr unsigned missing_glyph = ~0u;
 
     /// A Type 1 font from a font file and a metrics file (AFM), which its advances and kerning are taken from. Without
     /// a name of a metrics file they are the font's own.
@@ -53,7 +53,7 @@ public:
     int language() const { return the_language; }
     int own_font() const { return the_own_font; }
 
-    /// The glyph of a Unicode character, or placeholder.
+    /// The glyph of a Unicode character, or missing_glyph.
     unsigned glyph(char32_t character) const;
 
     /// From a glyph's origin to that of the next one.

@@ -71,7 +71,7 @@ Layout lines_of(const utString& text, const dgTextStyle& style)
     const double scale_x = style.height * style.width_factor;
     Layout layout;
     double x = 0, y = 0;
-    unsigned last = dgTextFont::placeholder;
+    unsigned last = dgTextFont::missing_glyph;
     const auto end_line = [&] { layout.lines.push_back({layout.glyphs.size(), x}); };
     for (const char32_t character : characters_of(text))
     {
@@ -80,7 +80,7 @@ Layout lines_of(const utString& text, const dgTextStyle& style)
             end_line();
             x = 0;
             y -= line_distance * style.height;
-            last = dgTextFont::placeholder;
+            last = dgTextFont::missing_glyph;
             continue;
         }
         if (character == U'\r')

@@ -15,7 +15,7 @@ struct dgTextStyle;
 /// A glyph of a text and where its origin stands, in model units along the baseline and up, from the text's position.
 struct dgPlacedGlyph
 {
-    unsigned glyph; ///< of the style's font; dgTextFont::placeholder where it has none
+    unsigned glyph; ///< of the style's font; dgTextFont::missing_glyph where it has none
     giPoint2 origin;
 };
 

@@ -14,6 +14,5 @@ struct dgAfmWidth
 };
 
 /// Reads the widths of the glyphs out of an AFM file, the lines "C 65 ; WX 722 ; N A ; ..." between StartCharMetrics
-/// and EndCharMetrics (Adobe Font Metrics File Format Specification 4.1, section 8). Answers 0 when the text is no AFM
-/// file.
+/// and EndCharMetrics (Adobe Font Metrics file format 4.1, section 8). Answers 0 when the text is no AFM file.
 DG_FONTS_EXPORT int dg_read_afm_widths(std::istream& stream, std::vector<dgAfmWidth>& widths);

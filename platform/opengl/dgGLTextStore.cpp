@@ -36,7 +36,7 @@ public:
         if (!dg_gl_tessellate(glyph.outline, glyph.triangles))
         {
             glyph = Glyph();
-            dg_glyph_outline(style, dgTextFont::placeholder, glyph.outline);
+            dg_glyph_outline(style, dgTextFont::missing_glyph, glyph.outline);
             dg_gl_tessellate(glyph.outline, glyph.triangles);
         }
         for (const giPoint2& point : glyph.triangles.points)

@@ -68,8 +68,8 @@ FT_Library free_type()
     return library;
 }
 
-// Bits of the field of code pages in the OS/2 table, as the OpenType specification numbers them, in the order in which
-// they stand for a font: what makes a font an East Asian one counts more than the Latin letters beside.
+// Bits of the field of code pages in the OS/2 table, as OpenType numbers them, in the order in which they stand for a
+// font: what makes a font an East Asian one counts more than the Latin letters beside.
 const struct
 {
     int bit, character_set;

@@ -103,7 +103,7 @@ TEST(dgTextFont, damaged_font_files_have_a_status_and_never_a_crash)
                 dgGlyphOutline outline;
                 font->outline(font->glyph(c), outline);
                 EXPECT_TRUE(font->advance(font->glyph(c)) < 10);
-                EXPECT_TRUE(font->glyph(c) != dgTextFont::placeholder || outline.contours.size() == 2);
+                EXPECT_TRUE(font->glyph(c) != dgTextFont::missing_glyph || outline.contours.size() == 2);
             }
         }
     }
@@ -142,8 +142,8 @@ TEST(dgTextFont, symbol_fonts_answer_to_the_codes_of_their_own_character_set)
     const dgRef<dgTextFont> symbol(new dgTextFont(tsHtmldocFont("Symbol.pfa"), tsHtmldocFont("Symbol.afm")));
     ASSERT_EQ(symbol->load_status(), dgTEXT_FONT_LOADED);
     EXPECT_EQ(symbol->glyph(U'a'), symbol->glyph(U'\u03B1')) << "alpha";
-    EXPECT_NE(symbol->glyph(U'a'), dgTextFont::placeholder);
-    EXPECT_EQ(symbol->glyph(U'\u4E00'), dgTextFont::placeholder);
+    EXPECT_NE(symbol->glyph(U'a'), dgTextFont::missing_glyph);
+    EXPECT_EQ(symbol->glyph(U'\u4E00'), dgTextFont::missing_glyph);
 }
 
 TEST(dgTextLayout, glyphs_follow_on_each_other_by_advance_kerning_factor_and_spacing)

@@ -222,7 +222,7 @@ TEST_F(FontInstall, an_own_family_is_read_from_the_file_that_the_finder_names)
     grOutlineFontFamilyReader::set_morvex_font_finder(nullptr);
     EXPECT_EQ(reader.install_family(ltMORVEX_FONT, "Workshop", &the_renderer), 0);
     ASSERT_EQ(taken_slots(), 4);
-    EXPECT_NE(slot(0)->glyph(U'A'), dgTextFont::placeholder);
+    EXPECT_NE(slot(0)->glyph(U'A'), dgTextFont::missing_glyph);
     EXPECT_EQ(slot(0)->language(), 0);
     for (int i = 1; i < 4; ++i)
         EXPECT_EQ(slot(i), slot(0));
