@@ -80,6 +80,8 @@ private:
     void weight_quotas();
     void calc_averages(double seconds);
     void pre_calc_refresh(int idle);
+    template <class Draw>
+    void walk_elements(dgRenderer& renderer, Draw draw);
     int pre_draw_elements(dgRenderer& renderer);
     int refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch);
     int idle_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch);

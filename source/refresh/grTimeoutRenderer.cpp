@@ -25,10 +25,10 @@ int primitive_count(const dgGraphicalPrimitive& primitive)
     int count = 1;
     switch (primitive.type())
     {
-    case 86: count = static_cast<const dgTriangleBlock&>(primitive).triangle_count(); break;
-    case 85:
+    case dgTYPE_TRIANGLE_BLOCK: count = static_cast<const dgTriangleBlock&>(primitive).triangle_count(); break;
+    case dgTYPE_POLYLINE:
     case 106: count = primitive.geometry().npoints - 1; break;
-    case 103:
+    case dgTYPE_POINT_SET:
     case 107: count = primitive.geometry().npoints; break;
     case 108: count = std::max(0, primitive.end_index() - primitive.start_index()) - 1; break;
     case 109: count = std::max(0, primitive.end_index() - primitive.start_index()); break;
@@ -320,6 +320,22 @@ void grTimeoutRenderer::refresh_draw()
     the_idle_position = the_drawn_elements;
 }
 
+// Walks the network and applies its attributes; draw gets each element that was counted, with what it counts as, and
+// answers 0 to stop.
+template <class Draw>
+void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
+{
+    int position = 0;
+    gr_walk_network(*the_view->root(), &renderer,
+                    [&](const dgGraphicalElement& element)
+                    {
+                        if (as_primitive(element))
+                            return position < the_infos.count() ? draw(element, the_infos[position++]) : 0;
+                        renderer.execute(element);
+                        return 1;
+                    });
+}
+
 // Answers the number of primitives drawn.
 int grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
 {
@@ -364,28 +380,20 @@ void grTimeoutRenderer::pre_calc_refresh(int idle)
 // Answers the number of elements drawn.
 int grTimeoutRenderer::pre_draw_elements(dgRenderer& renderer)
 {
-    int drawn = 0, position = 0;
-    gr_walk_network(*the_view->root(), &renderer,
-                    [&](const dgGraphicalElement& element)
-                    {
-                        if (!as_primitive(element))
-                        {
-                            renderer.execute(element);
-                            return 1;
-                        }
-                        if (position == the_infos.count())
-                            return 0;
-                        const grElementInfo& info = the_infos[position++];
-                        const int k = info.category;
-                        the_seen[k] += info.count;
-                        if (the_drawn[k] + info.count > the_quota[k] ||
-                            the_ratio[k] < static_cast<double>(the_drawn[k]) / the_seen[k])
-                            return 1;
-                        renderer.execute(element);
-                        the_drawn[k] += info.count;
-                        ++drawn;
-                        return 1;
-                    });
+    int drawn = 0;
+    walk_elements(renderer,
+                  [&](const dgGraphicalElement& element, const grElementInfo& info)
+                  {
+                      const int k = info.category;
+                      the_seen[k] += info.count;
+                      if (the_drawn[k] + info.count > the_quota[k] ||
+                          the_ratio[k] < static_cast<double>(the_drawn[k]) / the_seen[k])
+                          return 1;
+                      renderer.execute(element);
+                      the_drawn[k] += info.count;
+                      ++drawn;
+                      return 1;
+                  });
     return drawn;
 }
 
@@ -419,24 +427,16 @@ grIdleAction grTimeoutRenderer::idle_draw()
 // Answers how many elements are drawn now.
 int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
 {
-    int position = 0;
-    gr_walk_network(*the_view->root(), &renderer,
-                    [&](const dgGraphicalElement& element)
-                    {
-                        if (!as_primitive(element))
-                        {
-                            renderer.execute(element);
-                            return 1;
-                        }
-                        if (position == the_infos.count())
-                            return 0;
-                        const int count = the_infos[position++].count;
-                        if (position <= the_idle_position)
-                            return 1;
-                        renderer.execute(element);
-                        return stopwatch.over(count) ? 0 : 1;
-                    });
-    return std::max(position, the_idle_position);
+    int met = 0;
+    walk_elements(renderer,
+                  [&](const dgGraphicalElement& element, const grElementInfo& info)
+                  {
+                      if (++met <= the_idle_position)
+                          return 1;
+                      renderer.execute(element);
+                      return stopwatch.over(info.count) ? 0 : 1;
+                  });
+    return std::max(met, the_idle_position);
 }
 
 void grTimeoutRenderer::end_twiddle_draw()
