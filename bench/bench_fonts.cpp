@@ -67,7 +67,7 @@ std::string line_of_text(int number)
     return text;
 }
 
-/// A frame of plain OpenGL. The program of the last drawing is still the current one, with its values.
+// A frame of plain OpenGL. The program of the last drawing is still the current one, with its values.
 void bare_frame(const dgGLIndexRanges& ranges)
 {
     glClearColor(0, 0, 0, 1);

@@ -18,7 +18,7 @@
 
 namespace
 {
-/// Gives positions numbers, near ones the same.
+// Gives positions numbers, near ones the same.
 class Welder
 {
 public:
@@ -61,7 +61,7 @@ private:
 
 using Loop = std::vector<int>;
 
-/// The edges of an outline, with the material on their left. Those that two triangles share go.
+// The edges of an outline, with the material on their left. Those that two triangles share go.
 class Outline
 {
 public:
@@ -76,7 +76,7 @@ public:
             the_edges.erase(opposite);
     }
 
-    /// Takes closed loops out of the edges, until there are only pieces that do not close. Answers their number.
+    // Takes closed loops out of the edges, until there are only pieces that do not close. Answers their number.
     int take_loops(std::vector<Loop>& loops)
     {
         int open_pieces = 0;
@@ -147,7 +147,7 @@ void set_callback(GLUtesselator* tessellator, GLenum which, Function* function)
     gluTessCallback(tessellator, which, reinterpret_cast<_GLUfuncptr>(function));
 }
 
-/// Corners are given for all nodes that the loops name.
+// Corners are given for all nodes that the loops name.
 void fill(const std::vector<Loop>& loops, Filling& filling)
 {
     const std::unique_ptr<GLUtesselator, void (*)(GLUtesselator*)> tessellator(gluNewTess(), gluDeleteTess);

@@ -125,7 +125,7 @@ int sort_by_visibility(const tn_options& options, const tn_outlets& outlets, std
     return tn_visibility(options.visibility, outlets.out, outlets.progress, error);
 }
 
-/// An option whose value is so many numbers with commas between them.
+// An option whose value is so many numbers with commas between them.
 CLI::Option* add_numbers(CLI::App& command, const std::string& name, std::size_t count, std::vector<double>& numbers,
                          const std::string& format, const std::string& help)
 {

@@ -21,7 +21,7 @@ struct Side
     const char* name;
 };
 
-/// Appends what is left of the blocks on a side, and its cap. Answers how many ends of the cut are open.
+// Appends what is left of the blocks on a side, and its cap. Answers how many ends of the cut are open.
 int keep_side(const tn_blocks& blocks, const Side& side, double tolerance, int with_cap, tnProgress& bar, double done,
               double share, tn_blocks& kept)
 {

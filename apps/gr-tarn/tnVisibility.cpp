@@ -32,7 +32,7 @@ const char* const rule_names[] = {"overview",       "overview",         "overvie
                                   "block zoom",     "block zoom, thin", "block zoom, thin", "nothing vertical",
                                   "not classified", "hides itself"};
 
-/// Identifiers next to each other differ by a few steps of one channel: the same image in colours to be told apart.
+// Identifiers next to each other differ by a few steps of one channel: the same image in colours to be told apart.
 dgImage coloured(const dgImage& image)
 {
     dgImage result = image;
@@ -55,7 +55,7 @@ dgImage coloured(const dgImage& image)
     return result;
 }
 
-/// Keeps what the split tells, and writes the overview images.
+// Keeps what the split tells, and writes the overview images.
 class Observer : public grDiagSplitter
 {
 public:
@@ -142,7 +142,7 @@ void print_table(std::ostream& out, const tn_blocks& blocks, const std::vector<O
     out << '\n';
 }
 
-/// One bar after the other for the sections of a split.
+// One bar after the other for the sections of a split.
 class SectionBars
 {
 public:

@@ -16,7 +16,6 @@ struct DG_OPENGL_EXPORT dgGLIndexRanges
 {
     std::vector<int> counts;
     std::vector<const void*> offsets; // in bytes
-    unsigned end = 0;                 // index behind the last range
 
     bool empty() const { return counts.empty(); }
     void clear();

@@ -174,14 +174,14 @@ private:
 class Knowledge
 {
 public:
-    /// Null when the process is about to end, and where fontconfig cannot be set up.
+    // Null when the process is about to end, and where fontconfig cannot be set up.
     static Knowledge* get()
     {
         static Knowledge knowledge;
         return the_end ? nullptr : &knowledge;
     }
 
-    /// Of the fonts that are there now.
+    // Of the fonts that are there now.
     FcConfig* config()
     {
         if (!the_config || !FcConfigUptoDate(the_config.get()))

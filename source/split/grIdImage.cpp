@@ -16,14 +16,14 @@
 
 namespace
 {
-/// A rectangle of pixels, of an image or of the window.
+// A rectangle of pixels, of an image or of the window.
 struct Pixels
 {
     int x, y, width, height;
     giBox2 box() const { return giBox2(x, y, x + width - 1, y + height - 1); }
 };
 
-/// A box as it lies in an image: seen from one side, with the pixels counted from its low corner.
+// A box as it lies in an image: seen from one side, with the pixels counted from its low corner.
 struct Frame
 {
     grIdImageSense sense;
@@ -33,7 +33,7 @@ struct Frame
 
     Pixels all() const { return {0, 0, width, height}; }
 
-    /// The pixels of the image that a box covers, with one more around.
+    // The pixels of the image that a box covers, with one more around.
     Pixels around(const giBox3& box) const
     {
         const double box_low = sense == grID_IMAGE_UPPER ? box.low().x() : -box.high().x();
@@ -46,13 +46,13 @@ struct Frame
     }
 };
 
-/// Lays rectangles side by side in rows, none over another.
+// Lays rectangles side by side in rows, none over another.
 class Shelves
 {
 public:
     Shelves(int width, int height) : the_width(width), the_height(height) {}
 
-    /// Sets the place of a rectangle, or returns 0 when there is no more room.
+    // Sets the place of a rectangle, or returns 0 when there is no more room.
     int place(Pixels& rectangle)
     {
         if (the_x + rectangle.width > the_width)
@@ -112,7 +112,7 @@ public:
         the_renderer.push_structure();
         the_renderer.execute(*the_unlit);
     }
-    /// Chooses what is drawn next where: the part of a frame, and the low corner of its place in the window.
+    // Chooses what is drawn next where: the part of a frame, and the low corner of its place in the window.
     void aim(const Frame& frame, const Pixels& part, const Pixels& place)
     {
         const double sign = frame.sense == grID_IMAGE_UPPER ? 1 : -1;

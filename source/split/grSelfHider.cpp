@@ -18,7 +18,7 @@ struct Flat
     giPoint2 low, high;
 };
 
-/// 1 for triangles that face up along z, -1 down, 0 neither.
+// 1 for triangles that face up along z, -1 down, 0 neither.
 int facing(const giTriBlock& block, const giTriangle& t)
 {
     const giPoint3& p = block.nodes()[t[0]];
@@ -68,7 +68,7 @@ bool parted_by_edges_of(const Corners& a, const Corners& b, double tolerance)
     return false;
 }
 
-/// Finds whether any of a set of triangles overlaps another one: a tree of boxes, halved at the middle triangle.
+// Finds whether any of a set of triangles overlaps another one: a tree of boxes, halved at the middle triangle.
 class Tree
 {
 public:

@@ -30,8 +30,8 @@ constexpr double most_zones = 256;
 constexpr double point_zoom_thicknesses = 4; // width of a point zoom, in thicknesses of its triangle
 constexpr double least_point_zoom = 1e-4;    // of the model's size: what single precision positions allow
 
-/// Where to look at a block closely: the middle of the triangle that shows most, and a box around it in which that
-/// triangle is some pixels thick.
+// Where to look at a block closely: the middle of the triangle that shows most, and a box around it in which that
+// triangle is some pixels thick.
 giBox3 point_zoom_box(const giTriBlock& block, const giBox3& box, double least_size, giPoint3& point)
 {
     double largest = -1, thickness = 0;
@@ -56,10 +56,6 @@ giBox3 point_zoom_box(const giTriBlock& block, const giBox3& box, double least_s
     return zoom;
 }
 
-std::string with_number(const char* name, int number)
-{
-    return name + std::to_string(number);
-}
 }
 
 struct grSplitter::Run
@@ -107,7 +103,7 @@ struct grSplitter::Run
     {
         int upper, lower, alone;
     };
-    /// Counts the pixels of one block in the image of a box.
+    // Counts the pixels of one block in the image of a box.
     ZoomCounts zoom(const char* name, int block, const giBox3& seen, int reduction)
     {
         const int wanted = diagnostics && diagnostics->is_interesting(block);
@@ -176,7 +172,6 @@ int grSplitter::is_self_hider(const giTriBlock& block) const
 int grSplitter::count_overview_pixels(Run& run) const
 {
     const std::size_t n_zones = run.zone_blocks.size();
-    const std::string suffix = n_zones > 1 ? "_" : "";
     for (std::size_t i = 0; i < n_zones; ++i)
     {
         if (!run.go_on(grSPLITTER_OVERVIEW, i, n_zones))
@@ -186,7 +181,7 @@ int grSplitter::count_overview_pixels(Run& run) const
             continue;
         const int zone = static_cast<int>(i);
         const giBox3 box = run.zones->zone_box(zone);
-        const std::string number = n_zones > 1 ? with_number("_", zone) : "";
+        const std::string number = n_zones > 1 ? "_" + std::to_string(zone) : "";
         const dgImage* image = &run.id_image.make_image(box, blocks, grID_IMAGE_UPPER);
         run.show("overview_upper" + number, *image);
         run.id_image.count_pixels(*image, run.upper);

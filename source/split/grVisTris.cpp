@@ -16,11 +16,11 @@ namespace
 {
 constexpr int default_image_size = 1024;
 
-/// Blocks made of the triangles of another one, for groups of them.
+// Blocks made of the triangles of another one, for groups of them.
 class Groups
 {
 public:
-    /// Triangle i goes to the group that group_of(i) says, 0 to n_groups - 1.
+    // Triangle i goes to the group that group_of(i) says, 0 to n_groups - 1.
     template <class GroupOf>
     Groups(const giBoxArrPoint3& nodes, const std::vector<giTriangle>& triangles, int n_groups, GroupOf group_of)
     {

@@ -84,7 +84,7 @@ public:
                 in(*called, in_force);
         }
     }
-    /// Where the nearest surface is met, above 1 when none is.
+    // Where the nearest surface is met, above 1 when none is.
     double nearest() const { return the_nearest; }
 
 private:
