@@ -71,7 +71,7 @@ endfunction()
 # gr_test(<target> SOURCES ... USES ...): a GoogleTest program, run by ctest in a random order as one test.
 function(gr_test target)
     cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
-    gr_program(${target} SOURCES ${arg_SOURCES} USES ${arg_USES} ts_support GTest::gtest_main)
+    gr_program(${target} SOURCES ${arg_SOURCES} USES ${arg_USES} ts_harness GTest::gtest_main)
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     add_test(NAME ${target} COMMAND ${target} --gtest_shuffle --gtest_brief=1)
 endfunction()
