@@ -3,8 +3,8 @@
 // is touched grows with the box's perimeter by exclusive or, and is the whole window otherwise.
 #include "benchTiming.h"
 #include "grCanvas.h"
-#include "grSamplePart.h"
 #include "gr_rubber_band.h"
+#include "spPart.h"
 
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
@@ -131,7 +131,7 @@ int main(int argc, char** argv)
     }
     const dgRef<dgClientStructure> model(new dgClientStructure);
     int n_triangles = 0;
-    for (std::unique_ptr<giTriBlock>& block : gr_sample_part(1000000))
+    for (std::unique_ptr<giTriBlock>& block : sp_make_part(1000000))
     {
         n_triangles += block->triangle_count();
         model->add(new dgTriangleBlock(block.release(), 1));

@@ -9,10 +9,10 @@
 #include "dgImage.h"
 #include "dgRenderer.h"
 #include "dgView.h"
-#include "grPictureFile.h"
 #include "grViewRefresherFast.h"
 #include "grViewRendererFast.h"
 #include "gr_time_refresh.h"
+#include "pcPictureFile.h"
 
 #include <cmath>
 #include <cstdio>
@@ -36,7 +36,7 @@ public:
         dgImage image;
         the_renderer.select_buffer(dgFRONT_BUFFER);
         the_renderer.read_pixels(the_window.device_box(), image);
-        return gr_write_png(the_folder + "/" + name + ".png", image, error);
+        return pc_write_png(the_folder + "/" + name + ".png", image, error);
     }
 
 private:

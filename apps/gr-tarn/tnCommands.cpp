@@ -6,8 +6,8 @@
 #include "tnTarnFile.h"
 #include "tnVisibility.h"
 
-#include "grMeshFile.h"
-#include "grSamplePart.h"
+#include "msMeshFile.h"
+#include "spPart.h"
 
 #include "giAngleDegrees.h"
 
@@ -43,8 +43,8 @@ int import_mesh(const tn_options& options, const tn_outlets& outlets, std::strin
     tn_blocks blocks;
     {
         tnProgress bar(outlets.progress, "reading");
-        if (!gr_read_mesh_file(options.input, giAngleDegrees(options.crease_degrees), blocks, error,
-                               [&bar](double share) { bar.show(share); }))
+        if (!ms_read(options.input, giAngleDegrees(options.crease_degrees), blocks, error,
+                     [&bar](double share) { bar.show(share); }))
             return 0;
     }
     tnProgress bar(outlets.progress, "writing");
@@ -54,14 +54,14 @@ int import_mesh(const tn_options& options, const tn_outlets& outlets, std::strin
 int export_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     // Asked first: a long file should not be read for nothing.
-    if (!gr_mesh_file_writable(options.output))
+    if (!ms_writable(options.output))
     {
         error = options.output + ": no mesh format has this ending; .obj, .ply and .stl are known";
         return 0;
     }
     tn_blocks blocks;
     tnProgress bar(outlets.progress, "reading");
-    return tn_read(options.input, blocks, error, bar) && gr_write_mesh_file(options.output, blocks, error);
+    return tn_read(options.input, blocks, error, bar) && ms_write(options.output, blocks, error);
 }
 
 std::string three(double x, double y, double z)
@@ -110,7 +110,7 @@ int print_info(const tn_options& options, const tn_outlets& outlets, std::string
 
 int write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
-    const tn_blocks blocks = gr_sample_part(options.triangles);
+    const tn_blocks blocks = sp_make_part(options.triangles);
     tnProgress bar(outlets.progress, "writing");
     return tn_write(options.output, blocks, error, bar);
 }
@@ -155,65 +155,64 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     app.set_version_flag("--version", "gr-tarn " GR_VERSION);
     app.require_subcommand(1);
 
-    CLI::App* import = app.add_subcommand("import", "Make a tarn file of a mesh file (STL, OBJ, PLY and others)");
-    import->add_option("MESH", options.input, "File to read; its ending tells the format")->required();
-    import->add_option("TARN", options.output, "File to write")->required();
-    import
+    CLI::App* importer = app.add_subcommand("import", "Make a tarn file of a mesh file (STL, OBJ, PLY and others)");
+    importer->add_option("MESH", options.input, "File to read; its ending tells the format")->required();
+    importer->add_option("TARN", options.output, "File to write")->required();
+    importer
         ->add_option("--crease", options.crease_degrees,
                      "Where normals are computed, edges sharper than this stay sharp, in degrees")
         ->check(CLI::Range(0.0, 175.0))
         ->capture_default_str();
-    import->callback([&chosen] { chosen = import_mesh;
-});
+    importer->callback([&chosen] { chosen = import_mesh; });
 
-CLI::App* exporter = app.add_subcommand("export", "Make a mesh file (OBJ, PLY, STL and others) of a tarn file");
-exporter->add_option("TARN", options.input, "File to read")->required();
-exporter->add_option("MESH", options.output, "File to write; its ending tells the format")->required();
-exporter->callback([&chosen] { chosen = export_mesh; });
+    CLI::App* exporter = app.add_subcommand("export", "Make a mesh file (OBJ, PLY, STL and others) of a tarn file");
+    exporter->add_option("TARN", options.input, "File to read")->required();
+    exporter->add_option("MESH", options.output, "File to write; its ending tells the format")->required();
+    exporter->callback([&chosen] { chosen = export_mesh; });
 
-CLI::App* info = app.add_subcommand("info", "List the blocks of a tarn file");
-info->add_option("TARN", options.input, "File to read")->required();
-info->callback([&chosen] { chosen = print_info; });
+    CLI::App* info = app.add_subcommand("info", "List the blocks of a tarn file");
+    info->add_option("TARN", options.input, "File to read")->required();
+    info->callback([&chosen] { chosen = print_info; });
 
-CLI::App* sample = app.add_subcommand("sample", "Write a generated machined part");
-sample->add_option("TARN", options.output, "File to write")->required();
-sample->add_option("--triangles", options.triangles, "About how many triangles; the coarsest part has about 13000")
-    ->check(CLI::Range(1, most_sample_triangles))
-    ->capture_default_str();
-sample->callback([&chosen] { chosen = write_sample; });
+    CLI::App* sample = app.add_subcommand("sample", "Write a generated machined part");
+    sample->add_option("TARN", options.output, "File to write")->required();
+    sample->add_option("--triangles", options.triangles, "About how many triangles; the coarsest part has about 13000")
+        ->check(CLI::Range(1, most_sample_triangles))
+        ->capture_default_str();
+    sample->callback([&chosen] { chosen = write_sample; });
 
-CLI::App* cut = app.add_subcommand("cut", "Cut a tarn file open along a plane");
-cut->add_option("TARN", options.cut.input, "File to read")->required();
-cut->add_option("OUT", options.cut.output, "File to write")->required();
-add_numbers(*cut, "--plane", 4, options.cut.plane, "NX,NY,NZ,D",
-            "The plane nx x + ny y + nz z = d; the side that (nx, ny, nz) points to is kept");
-cut->add_flag("--keep-both", options.cut.keep_both, "Keep the other side as well, in blocks of its own");
-cut->add_flag("--cap", options.cut.cap, "Close the cut, with a block of its own for each side");
-cut->callback([&chosen] { chosen = cut_blocks; });
+    CLI::App* cut = app.add_subcommand("cut", "Cut a tarn file open along a plane");
+    cut->add_option("TARN", options.cut.input, "File to read")->required();
+    cut->add_option("OUT", options.cut.output, "File to write")->required();
+    add_numbers(*cut, "--plane", 4, options.cut.plane, "NX,NY,NZ,D",
+                "The plane nx x + ny y + nz z = d; the side that (nx, ny, nz) points to is kept");
+    cut->add_flag("--keep-both", options.cut.keep_both, "Keep the other side as well, in blocks of its own");
+    cut->add_flag("--cap", options.cut.cap, "Close the cut, with a block of its own for each side");
+    cut->callback([&chosen] { chosen = cut_blocks; });
 
-CLI::App* visibility = app.add_subcommand("visibility", "List which side each block is seen from");
-visibility->add_option("TARN", options.visibility.input, "File to read")->required();
-add_numbers(*visibility, "--direction", 3, options.visibility.direction, "X,Y,Z", "Where the upper side is");
-visibility->add_option("--images", options.visibility.images,
-                       "Folder to write the identifier images to, as they are and in colours to be told apart");
-visibility->add_option("--classes", options.visibility.classes,
-                       "Tarn file to write: a block each for upper, lower, undecided and both");
-visibility->add_option("--size", options.visibility.size, "Size of the overview images in pixels")
-    ->check(CLI::Range(16, 8192))
-    ->capture_default_str();
-visibility->callback([&chosen] { chosen = sort_by_visibility; });
+    CLI::App* visibility = app.add_subcommand("visibility", "List which side each block is seen from");
+    visibility->add_option("TARN", options.visibility.input, "File to read")->required();
+    add_numbers(*visibility, "--direction", 3, options.visibility.direction, "X,Y,Z", "Where the upper side is");
+    visibility->add_option("--images", options.visibility.images,
+                           "Folder to write the identifier images to, as they are and in colours to be told apart");
+    visibility->add_option("--classes", options.visibility.classes,
+                           "Tarn file to write: a block each for upper, lower, undecided and both");
+    visibility->add_option("--size", options.visibility.size, "Size of the overview images in pixels")
+        ->check(CLI::Range(16, 8192))
+        ->capture_default_str();
+    visibility->callback([&chosen] { chosen = sort_by_visibility; });
 
-try
-{
-    app.parse(argc, argv);
-}
-catch (const CLI::ParseError& error)
-{
-    return app.exit(error, out, errors) == 0 ? 0 : 2;
-}
-std::string error;
-if (chosen(options, tn_outlets{out, show_progress ? &errors : nullptr}, error))
-    return 0;
-errors << "gr-tarn: " << error << '\n';
-return 1;
+    try
+    {
+        app.parse(argc, argv);
+    }
+    catch (const CLI::ParseError& error)
+    {
+        return app.exit(error, out, errors) == 0 ? 0 : 2;
+    }
+    std::string error;
+    if (chosen(options, tn_outlets{out, show_progress ? &errors : nullptr}, error))
+        return 0;
+    errors << "gr-tarn: " << error << '\n';
+    return 1;
 }

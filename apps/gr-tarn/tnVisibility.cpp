@@ -3,7 +3,7 @@
 #include "tnProgress.h"
 #include "tnTarnFile.h"
 
-#include "grPictureFile.h"
+#include "pcPictureFile.h"
 
 #include "grDiagSplitter.h"
 #include "grSplit.h"
@@ -73,8 +73,8 @@ public:
         if (the_folder.empty() || !the_error.empty())
             return;
         const std::string path = (std::filesystem::path(the_folder) / name).string();
-        if (gr_write_png(path + ".png", image, the_error))
-            gr_write_png(path + "_coloured.png", coloured(image), the_error);
+        if (pc_write_png(path + ".png", image, the_error))
+            pc_write_png(path + "_coloured.png", coloured(image), the_error);
     }
     void classified(const grSplitBlock& block, grBlockVisClass vis, grBlockDiagClass diag) override
     {

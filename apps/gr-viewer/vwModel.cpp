@@ -1,6 +1,6 @@
 #include "vwModel.h"
 
-#include "grMeshFile.h"
+#include "msMeshFile.h"
 
 #include "gr_read_tarn_tblock.h"
 
@@ -56,8 +56,8 @@ vwModel::vwModel() : the_root(new dgClientStructure()) {}
 int vwModel::add_file(const std::string& file, std::string& error)
 {
     Blocks blocks;
-    if (!(gr_mesh_file_readable(file) ? gr_read_mesh_file(file, giAngleDegrees(crease_degrees), blocks, error)
-                                      : read_tarn(file, blocks, error)))
+    if (!(ms_readable(file) ? ms_read(file, giAngleDegrees(crease_degrees), blocks, error)
+                            : read_tarn(file, blocks, error)))
         return 0;
     for (std::unique_ptr<giTriBlock>& block : blocks)
     {

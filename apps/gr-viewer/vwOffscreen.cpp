@@ -15,9 +15,9 @@
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "dgView.h"
-#include "grPictureFile.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
+#include "pcPictureFile.h"
 
 #include <filesystem>
 #include <fstream>
@@ -45,7 +45,7 @@ protected:
     int keep_picture(vwPicture& picture) override
     {
         the_report.pictures.push_back({picture.name, picture.session_time, picture.image.width, picture.image.height});
-        return gr_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
+        return pc_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
     }
 
 private:

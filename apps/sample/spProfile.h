@@ -9,7 +9,7 @@
 ///
 /// One walks along it with the material on the left and the air on the right. Pieces meet at sharp edges or tangents;
 /// each has its own normals.
-class grSampleProfile
+class spProfile
 {
 public:
     /// Points of one line or arc, with the normal (pointing to the right) at each.
@@ -20,11 +20,11 @@ public:
     };
 
     /// Cut so that steps are about spacing long, and a quarter turn has at least 4.
-    grSampleProfile(const giPoint2& start, double spacing) : the_position(start), the_spacing(spacing) {}
+    spProfile(const giPoint2& start, double spacing) : the_position(start), the_spacing(spacing) {}
 
-    grSampleProfile& line_to(double offset, double height);
+    spProfile& line_to(double offset, double height);
     /// The shorter arc around the centre, which is equally far from both ends.
-    grSampleProfile& arc_to(double offset, double height, const giPoint2& centre);
+    spProfile& arc_to(double offset, double height, const giPoint2& centre);
 
     const std::vector<piece>& pieces() const { return the_pieces; }
 

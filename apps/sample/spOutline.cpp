@@ -1,4 +1,4 @@
-#include "grSampleOutline.h"
+#include "spOutline.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,23 +14,22 @@ int pieces(double length, double spacing, double least)
 }
 }
 
-grSampleOutline grSampleOutline::circle(const giPoint2& centre, double radius, double spacing)
+spOutline spOutline::circle(const giPoint2& centre, double radius, double spacing)
 {
-    grSampleOutline outline;
+    spOutline outline;
     outline.add_arc(centre, radius, 0, 2 * pi, spacing);
     outline.the_points.pop_back();
     outline.measure();
     return outline;
 }
 
-grSampleOutline grSampleOutline::rectangle(const giPoint2& centre, double width, double height, double corner,
-                                           double spacing)
+spOutline spOutline::rectangle(const giPoint2& centre, double width, double height, double corner, double spacing)
 {
     const giVector2 x(width / 2, 0), y(0, height / 2);
     return rounded({centre + x - y, centre + x + y, centre - x + y, centre - x - y}, corner, spacing);
 }
 
-grSampleOutline grSampleOutline::hexagon(const giPoint2& centre, double across_flats, double corner, double spacing)
+spOutline spOutline::hexagon(const giPoint2& centre, double across_flats, double corner, double spacing)
 {
     std::vector<giPoint2> corners;
     for (int number = 0; number < 6; ++number)
@@ -39,16 +38,16 @@ grSampleOutline grSampleOutline::hexagon(const giPoint2& centre, double across_f
     return rounded(corners, corner, spacing);
 }
 
-giPoint3 grSampleOutline::at(int index, double offset, double z) const
+giPoint3 spOutline::at(int index, double offset, double z) const
 {
     const outline_point& p = the_points[wrapped(index)];
     const giPoint2 moved = p.position + p.outwards * offset;
     return giPoint3(moved.x(), moved.y(), z);
 }
 
-grSampleOutline grSampleOutline::rounded(const std::vector<giPoint2>& corners, double radius, double spacing)
+spOutline spOutline::rounded(const std::vector<giPoint2>& corners, double radius, double spacing)
 {
-    grSampleOutline outline;
+    spOutline outline;
     const std::size_t count = corners.size();
     for (std::size_t number = 0; number < count; ++number)
     {
@@ -62,7 +61,7 @@ grSampleOutline grSampleOutline::rounded(const std::vector<giPoint2>& corners, d
     }
 
     // The straight pieces between the arcs; those of a slot's round ends have no length.
-    grSampleOutline cut;
+    spOutline cut;
     for (int index = 0; index < outline.count(); ++index)
     {
         const outline_point& p = outline.the_points[static_cast<std::size_t>(index)];
@@ -79,7 +78,7 @@ grSampleOutline grSampleOutline::rounded(const std::vector<giPoint2>& corners, d
     return cut;
 }
 
-void grSampleOutline::add_arc(const giPoint2& centre, double radius, double start_angle, double angle, double spacing)
+void spOutline::add_arc(const giPoint2& centre, double radius, double start_angle, double angle, double spacing)
 {
     const int steps = pieces(radius * angle, spacing, least_pieces_of_a_turn * angle / (2 * pi));
     for (int step = 0; step <= steps; ++step)
@@ -90,7 +89,7 @@ void grSampleOutline::add_arc(const giPoint2& centre, double radius, double star
     }
 }
 
-void grSampleOutline::measure()
+void spOutline::measure()
 {
     the_distances.assign(1, 0.0);
     for (int index = 0; index < count(); ++index)

@@ -8,15 +8,14 @@
 #include <vector>
 
 /// A closed smooth convex curve in the x-y plane, counter-clockwise, cut into points: what a part's walls follow.
-class grSampleOutline
+class spOutline
 {
 public:
     /// Cut so that pieces are about spacing long, and a whole turn of a curve has at least 24.
-    static grSampleOutline circle(const giPoint2& centre, double radius, double spacing);
+    static spOutline circle(const giPoint2& centre, double radius, double spacing);
     /// A rectangle with rounded corners; a corner radius of half the height makes it a slot.
-    static grSampleOutline rectangle(const giPoint2& centre, double width, double height, double corner,
-                                     double spacing);
-    static grSampleOutline hexagon(const giPoint2& centre, double across_flats, double corner, double spacing);
+    static spOutline rectangle(const giPoint2& centre, double width, double height, double corner, double spacing);
+    static spOutline hexagon(const giPoint2& centre, double across_flats, double corner, double spacing);
 
     int count() const { return static_cast<int>(the_points.size()); }
     /// Point number index, moved outwards by offset, at height z. Numbers wrap around.
@@ -35,7 +34,7 @@ private:
 
     std::size_t wrapped(int index) const { return static_cast<std::size_t>(index) % the_points.size(); }
     /// Rounds the corners of a convex polygon, given counter-clockwise.
-    static grSampleOutline rounded(const std::vector<giPoint2>& corners, double radius, double spacing);
+    static spOutline rounded(const std::vector<giPoint2>& corners, double radius, double spacing);
     void add_arc(const giPoint2& centre, double radius, double start_angle, double angle, double spacing);
     void measure();
 

@@ -14,4 +14,4 @@
 ///
 /// The blocks are, in order: plate, pocket, hub, bosses, holes, screws. The fineness is chosen so that the number of
 /// triangles comes within a few per cent of the one asked for, from about 20,000 up. Equal calls give equal blocks.
-std::vector<std::unique_ptr<giTriBlock>> gr_sample_part(int triangles = 200000);
+std::vector<std::unique_ptr<giTriBlock>> sp_make_part(int triangles = 200000);

@@ -1,4 +1,4 @@
-#include "grPictureFile.h"
+#include "pcPictureFile.h"
 
 #include "dgImage.h"
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-int gr_write_png(const std::string& path, const dgImage& image, std::string& error)
+int pc_write_png(const std::string& path, const dgImage& image, std::string& error)
 {
     std::vector<unsigned char> rgb;
     rgb.reserve(static_cast<std::size_t>(image.width) * image.height * 3);

@@ -1,4 +1,4 @@
-#include "grSampleProfile.h"
+#include "spProfile.h"
 
 #include <algorithm>
 #include <cmath>
@@ -19,7 +19,7 @@ int steps_for(double length, double spacing, double least)
 }
 }
 
-grSampleProfile& grSampleProfile::line_to(double offset, double height)
+spProfile& spProfile::line_to(double offset, double height)
 {
     const giPoint2 end(offset, height);
     const int steps = steps_for(the_position.distance(end), the_spacing, 1);
@@ -35,7 +35,7 @@ grSampleProfile& grSampleProfile::line_to(double offset, double height)
     return *this;
 }
 
-grSampleProfile& grSampleProfile::arc_to(double offset, double height, const giPoint2& centre)
+spProfile& spProfile::arc_to(double offset, double height, const giPoint2& centre)
 {
     const giPoint2 end(offset, height);
     const giVector2 first = the_position - centre, last = end - centre;

@@ -1,4 +1,4 @@
-#include "grMeshFile.h"
+#include "msMeshFile.h"
 
 #include "giAngle.h"
 #include "giTriBlock.h"
@@ -47,7 +47,7 @@ std::string format_of(const std::string& kind)
 class progress_teller : public Assimp::ProgressHandler
 {
 public:
-    explicit progress_teller(const gr_mesh_progress& progress) : the_progress(progress) {}
+    explicit progress_teller(const ms_progress& progress) : the_progress(progress) {}
     bool Update(float share) override
     {
         if (the_progress && share >= 0)
@@ -56,7 +56,7 @@ public:
     }
 
 private:
-    const gr_mesh_progress& the_progress;
+    const ms_progress& the_progress;
 };
 
 giVector3 usable_normal(const aiVector3D& n)
@@ -245,18 +245,18 @@ std::unique_ptr<aiScene> scene_of(const std::vector<std::unique_ptr<giTriBlock>>
 }
 }
 
-int gr_mesh_file_readable(const std::string& file)
+int ms_readable(const std::string& file)
 {
     return !ending(file).empty() && Assimp::Importer().IsExtensionSupported("." + ending(file));
 }
 
-int gr_mesh_file_writable(const std::string& file)
+int ms_writable(const std::string& file)
 {
     return !format_of(ending(file)).empty();
 }
 
-int gr_read_mesh_file(const std::string& file, const giAngle& crease, std::vector<std::unique_ptr<giTriBlock>>& blocks,
-                      std::string& error, const gr_mesh_progress& progress)
+int ms_read(const std::string& file, const giAngle& crease, std::vector<std::unique_ptr<giTriBlock>>& blocks,
+            std::string& error, const ms_progress& progress)
 {
     std::error_code ignored;
     if (!std::filesystem::is_regular_file(file, ignored))
@@ -305,8 +305,7 @@ int gr_read_mesh_file(const std::string& file, const giAngle& crease, std::vecto
     return 1;
 }
 
-int gr_write_mesh_file(const std::string& file, const std::vector<std::unique_ptr<giTriBlock>>& blocks,
-                       std::string& error)
+int ms_write(const std::string& file, const std::vector<std::unique_ptr<giTriBlock>>& blocks, std::string& error)
 {
     const std::string format = format_of(ending(file));
     if (format.empty())

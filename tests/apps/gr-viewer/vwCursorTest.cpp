@@ -9,9 +9,9 @@
 #include "dgGLWindow.h"
 #include "dgRef.h"
 #include "dgTriangleBlock.h"
-#include "grSamplePart.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
+#include "spPart.h"
 
 #include <gtest/gtest.h>
 
@@ -81,7 +81,7 @@ dgImage play(int cursor, vwRubberBanding rubber_banding)
     gwResourceDB db;
     EXPECT_EQ(vw_load_resources("", db, error), 1) << error;
     const dgRef<dgClientStructure> model(new dgClientStructure());
-    for (std::unique_ptr<giTriBlock>& block : gr_sample_part(20000))
+    for (std::unique_ptr<giTriBlock>& block : sp_make_part(20000))
         model->add(new dgTriangleBlock(block.release(), 1));
     dgGLWindow window(device, session.width, session.height);
     gwHeadlessWindow area(session.width, session.height);

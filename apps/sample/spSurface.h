@@ -4,25 +4,25 @@
 
 #include <vector>
 
-class grSampleOutline;
-class grSampleProfile;
+class spOutline;
+class spProfile;
 
 /// Adds surfaces of the sample part to a triangle block, or only counts their triangles.
-class grSampleSurface
+class spSurface
 {
 public:
     /// A closed curve that bounds a plane face: an outline moved outwards by an offset.
     struct loop
     {
-        const grSampleOutline& outline;
+        const spOutline& outline;
         double offset;
     };
 
     /// block null: only counts.
-    explicit grSampleSurface(giTriBlock* block) : the_block(block) {}
+    explicit spSurface(giTriBlock* block) : the_block(block) {}
 
     /// The profile carried along the outline.
-    void sweep(const grSampleOutline& outline, const grSampleProfile& profile);
+    void sweep(const spOutline& outline, const spProfile& profile);
     /// The plane face at height z inside the first loop and outside the others, facing up or down.
     void face(double z, bool up, const std::vector<loop>& loops);
 

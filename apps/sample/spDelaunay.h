@@ -12,4 +12,4 @@
 ///
 /// Source: C. L. Lawson, "Software for C1 surface interpolation", 1977: an edge is turned when the angles opposite to
 /// it sum up to more than half a turn.
-void gr_sample_make_delaunay(const giBoxArrPoint3& nodes, const giVector3& normal, std::vector<giTriangle>& triangles);
+void sp_make_delaunay(const giBoxArrPoint3& nodes, const giVector3& normal, std::vector<giTriangle>& triangles);

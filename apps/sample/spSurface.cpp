@@ -1,8 +1,8 @@
-#include "grSampleSurface.h"
+#include "spSurface.h"
 
-#include "grSampleDelaunay.h"
-#include "grSampleOutline.h"
-#include "grSampleProfile.h"
+#include "spDelaunay.h"
+#include "spOutline.h"
+#include "spProfile.h"
 
 #if defined(__APPLE__)
 #include <OpenGL/glu.h>
@@ -37,11 +37,11 @@ void set_callback(GLUtesselator* tessellator, GLenum which, Function* function)
 }
 }
 
-void grSampleSurface::sweep(const grSampleOutline& outline, const grSampleProfile& profile)
+void spSurface::sweep(const spOutline& outline, const spProfile& profile)
 {
     const int columns = outline.count();
     double height = 0;
-    for (const grSampleProfile::piece& piece : profile.pieces())
+    for (const spProfile::piece& piece : profile.pieces())
     {
         const int rows = static_cast<int>(piece.points.size()) - 1;
         the_count += 2 * columns * rows;
@@ -73,7 +73,7 @@ void grSampleSurface::sweep(const grSampleOutline& outline, const grSampleProfil
     }
 }
 
-void grSampleSurface::face(double z, bool up, const std::vector<loop>& loops)
+void spSurface::face(double z, bool up, const std::vector<loop>& loops)
 {
     for (const loop& l : loops)
         the_count += l.outline.count() + 2;
@@ -108,11 +108,11 @@ void grSampleSurface::face(double z, bool up, const std::vector<loop>& loops)
     for (std::size_t corner = 0; corner + 2 < corners.size(); corner += 3)
         triangles.push_back(giTriangle(corners[corner], corners[corner + 1], corners[corner + 2]));
     // The tessellator leaves slivers, and triangles of no area along straight edges that are cut into pieces.
-    gr_sample_make_delaunay(the_block->nodes(), giVector3(0, 0, up ? 1 : -1), triangles);
+    sp_make_delaunay(the_block->nodes(), giVector3(0, 0, up ? 1 : -1), triangles);
     the_block->triangles().insert(the_block->triangles().end(), triangles.begin(), triangles.end());
 }
 
-int grSampleSurface::add_node(const giPoint3& p, const giVector3& normal, const giPoint2& texture)
+int spSurface::add_node(const giPoint3& p, const giVector3& normal, const giPoint2& texture)
 {
     // The arrays are made before the node, or they would have an entry for it already.
     auto& normals = the_block->create_normals();

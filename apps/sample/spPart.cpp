@@ -1,8 +1,8 @@
-#include "grSamplePart.h"
+#include "spPart.h"
 
-#include "grSampleOutline.h"
-#include "grSampleProfile.h"
-#include "grSampleSurface.h"
+#include "spOutline.h"
+#include "spProfile.h"
+#include "spSurface.h"
 
 #include <cmath>
 
@@ -23,50 +23,49 @@ struct part_outlines
 {
     explicit part_outlines(double spacing);
 
-    grSampleOutline plate, pocket, hub, bore, slot;
-    std::vector<grSampleOutline> bosses, blind_holes, floor_holes;
-    std::vector<grSampleOutline> counterbores, clearances, heads, shanks, sockets;
+    spOutline plate, pocket, hub, bore, slot;
+    std::vector<spOutline> bosses, blind_holes, floor_holes;
+    std::vector<spOutline> counterbores, clearances, heads, shanks, sockets;
 };
 
 part_outlines::part_outlines(double spacing)
-    : plate(grSampleOutline::rectangle(giPoint2(0, 0), 180, 120, 14, spacing)),
-      pocket(grSampleOutline::rectangle(hub_centre, 100, 80, 12, spacing)),
-      hub(grSampleOutline::circle(hub_centre, 17, spacing)), bore(grSampleOutline::circle(hub_centre, 9, spacing)),
-      slot(grSampleOutline::rectangle(giPoint2(-56, 0), 32, 12, 6, spacing))
+    : plate(spOutline::rectangle(giPoint2(0, 0), 180, 120, 14, spacing)),
+      pocket(spOutline::rectangle(hub_centre, 100, 80, 12, spacing)), hub(spOutline::circle(hub_centre, 17, spacing)),
+      bore(spOutline::circle(hub_centre, 9, spacing)), slot(spOutline::rectangle(giPoint2(-56, 0), 32, 12, 6, spacing))
 {
     for (const double y : {-29.0, 29.0})
     {
-        bosses.push_back(grSampleOutline::circle(giPoint2(-56, y), 13, spacing));
-        blind_holes.push_back(grSampleOutline::circle(giPoint2(-56, y), blind_radius, spacing));
+        bosses.push_back(spOutline::circle(giPoint2(-56, y), 13, spacing));
+        blind_holes.push_back(spOutline::circle(giPoint2(-56, y), blind_radius, spacing));
     }
     for (int hole = 0; hole < 6; ++hole)
     {
         const giAngle angle(hole * 3.14159265358979323846 / 3);
         const giPoint2 centre = hub_centre + giVector2(angle.cos(), angle.sin()) * 28.5;
-        floor_holes.push_back(grSampleOutline::circle(centre, 2.5, spacing));
+        floor_holes.push_back(spOutline::circle(centre, 2.5, spacing));
     }
     for (const giPoint2& centre : {giPoint2(-78, -48), giPoint2(78, -48), giPoint2(78, 48), giPoint2(-78, 48)})
     {
-        counterbores.push_back(grSampleOutline::circle(centre, 6.5, spacing));
-        clearances.push_back(grSampleOutline::circle(centre, 3.6, spacing));
-        heads.push_back(grSampleOutline::circle(centre, 5.4, spacing));
-        shanks.push_back(grSampleOutline::circle(centre, 3, spacing));
-        sockets.push_back(grSampleOutline::hexagon(centre, 5, 0.3, spacing));
+        counterbores.push_back(spOutline::circle(centre, 6.5, spacing));
+        clearances.push_back(spOutline::circle(centre, 3.6, spacing));
+        heads.push_back(spOutline::circle(centre, 5.4, spacing));
+        shanks.push_back(spOutline::circle(centre, 3, spacing));
+        sockets.push_back(spOutline::hexagon(centre, 5, 0.3, spacing));
     }
 }
 
-using loops = std::vector<grSampleSurface::loop>;
+using loops = std::vector<spSurface::loop>;
 
-void append(loops& all, const std::vector<grSampleOutline>& outlines, double offset)
+void append(loops& all, const std::vector<spOutline>& outlines, double offset)
 {
-    for (const grSampleOutline& outline : outlines)
+    for (const spOutline& outline : outlines)
         all.push_back({outline, offset});
 }
 
 // A hole with a chamfer at its upper end, and at its lower end unless lower_chamfer is 0.
-grSampleProfile hole(double top, double bottom, double upper_chamfer, double lower_chamfer, double spacing)
+spProfile hole(double top, double bottom, double upper_chamfer, double lower_chamfer, double spacing)
 {
-    grSampleProfile profile(giPoint2(upper_chamfer, top), spacing);
+    spProfile profile(giPoint2(upper_chamfer, top), spacing);
     if (upper_chamfer > 0)
         profile.line_to(0, top - upper_chamfer);
     profile.line_to(0, bottom + lower_chamfer);
@@ -75,9 +74,9 @@ grSampleProfile hole(double top, double bottom, double upper_chamfer, double low
     return profile;
 }
 
-void make_plate(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_plate(spSurface& surface, const part_outlines& part, double spacing)
 {
-    grSampleProfile wall(giPoint2(-foot_chamfer, 0), spacing);
+    spProfile wall(giPoint2(-foot_chamfer, 0), spacing);
     wall.line_to(0, foot_chamfer)
         .line_to(0, plate_top - edge_fillet)
         .arc_to(-edge_fillet, plate_top, giPoint2(-edge_fillet, plate_top - edge_fillet));
@@ -94,9 +93,9 @@ void make_plate(grSampleSurface& surface, const part_outlines& part, double spac
     surface.face(0, false, bottom);
 }
 
-void make_pocket(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_pocket(spSurface& surface, const part_outlines& part, double spacing)
 {
-    grSampleProfile wall(giPoint2(pocket_chamfer, plate_top), spacing);
+    spProfile wall(giPoint2(pocket_chamfer, plate_top), spacing);
     wall.line_to(0, plate_top - pocket_chamfer)
         .line_to(0, pocket_floor + pocket_fillet)
         .arc_to(-pocket_fillet, pocket_floor, giPoint2(-pocket_fillet, pocket_floor + pocket_fillet));
@@ -107,9 +106,9 @@ void make_pocket(grSampleSurface& surface, const part_outlines& part, double spa
     surface.face(pocket_floor, true, floor);
 }
 
-void make_hub(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_hub(spSurface& surface, const part_outlines& part, double spacing)
 {
-    grSampleProfile wall(giPoint2(hub_fillet, pocket_floor), spacing);
+    spProfile wall(giPoint2(hub_fillet, pocket_floor), spacing);
     wall.arc_to(0, pocket_floor + hub_fillet, giPoint2(hub_fillet, pocket_floor + hub_fillet)).line_to(0, 27);
     // The groove for a retaining ring.
     wall.line_to(-1.2, 27).line_to(-1.2, 29).line_to(0, 29);
@@ -119,16 +118,16 @@ void make_hub(grSampleSurface& surface, const part_outlines& part, double spacin
     surface.sweep(part.bore, hole(hub_top, 0, bore_chamfer, bore_chamfer, spacing));
 }
 
-void make_bosses(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_bosses(spSurface& surface, const part_outlines& part, double spacing)
 {
-    grSampleProfile wall(giPoint2(boss_fillet, plate_top), spacing);
+    spProfile wall(giPoint2(boss_fillet, plate_top), spacing);
     wall.arc_to(0, plate_top + boss_fillet, giPoint2(boss_fillet, plate_top + boss_fillet))
         .line_to(0, boss_top - boss_chamfer)
         .line_to(-boss_chamfer, boss_top);
 
     // A drill's point has an angle of 118 degrees.
     const double cone_depth = (blind_radius - blind_tip) / std::tan(59 * 3.14159265358979323846 / 180);
-    grSampleProfile blind = hole(boss_top, blind_floor + cone_depth, blind_chamfer, 0, spacing);
+    spProfile blind = hole(boss_top, blind_floor + cone_depth, blind_chamfer, 0, spacing);
     blind.line_to(blind_tip - blind_radius, blind_floor);
 
     for (std::size_t boss = 0; boss < part.bosses.size(); ++boss)
@@ -140,10 +139,10 @@ void make_bosses(grSampleSurface& surface, const part_outlines& part, double spa
     }
 }
 
-void make_holes(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_holes(spSurface& surface, const part_outlines& part, double spacing)
 {
     surface.sweep(part.slot, hole(plate_top, 0, slot_chamfer, slot_chamfer, spacing));
-    for (const grSampleOutline& outline : part.floor_holes)
+    for (const spOutline& outline : part.floor_holes)
         surface.sweep(outline, hole(pocket_floor, 0, drill_chamfer, drill_chamfer, spacing));
     for (std::size_t corner = 0; corner < part.counterbores.size(); ++corner)
     {
@@ -153,20 +152,20 @@ void make_holes(grSampleSurface& surface, const part_outlines& part, double spac
     }
 }
 
-void make_screws(grSampleSurface& surface, const part_outlines& part, double spacing)
+void make_screws(spSurface& surface, const part_outlines& part, double spacing)
 {
     // Grooves of a millimetre's pitch stand for the thread.
     const double core = -0.5;
-    grSampleProfile shank(giPoint2(core, shank_end), spacing);
+    spProfile shank(giPoint2(core, shank_end), spacing);
     shank.line_to(0, shank_end + 0.5);
     for (double z = shank_end + 0.5; z < 6; z += 1)
         shank.line_to(core, z + 0.5).line_to(0, z + 1);
     shank.line_to(0, counterbore_floor);
 
-    grSampleProfile head(giPoint2(0, counterbore_floor), spacing);
+    spProfile head(giPoint2(0, counterbore_floor), spacing);
     head.line_to(0, head_top - head_fillet)
         .arc_to(-head_fillet, head_top, giPoint2(-head_fillet, head_top - head_fillet));
-    const grSampleProfile socket = hole(head_top, socket_floor, socket_chamfer, 0, spacing);
+    const spProfile socket = hole(head_top, socket_floor, socket_chamfer, 0, spacing);
 
     for (std::size_t corner = 0; corner < part.heads.size(); ++corner)
     {
@@ -180,13 +179,13 @@ void make_screws(grSampleSurface& surface, const part_outlines& part, double spa
     }
 }
 
-using block_maker = void (*)(grSampleSurface&, const part_outlines&, double);
+using block_maker = void (*)(spSurface&, const part_outlines&, double);
 const block_maker block_makers[] = {make_plate, make_pocket, make_hub, make_bosses, make_holes, make_screws};
 
 int triangles_at(double spacing)
 {
     const part_outlines part(spacing);
-    grSampleSurface counter(nullptr);
+    spSurface counter(nullptr);
     for (const block_maker make : block_makers)
         make(counter, part, spacing);
     return counter.triangles();
@@ -205,7 +204,7 @@ double spacing_for(int triangles)
 }
 }
 
-std::vector<std::unique_ptr<giTriBlock>> gr_sample_part(int triangles)
+std::vector<std::unique_ptr<giTriBlock>> sp_make_part(int triangles)
 {
     const double spacing = spacing_for(triangles);
     const part_outlines part(spacing);
@@ -213,7 +212,7 @@ std::vector<std::unique_ptr<giTriBlock>> gr_sample_part(int triangles)
     for (const block_maker make : block_makers)
     {
         blocks.push_back(std::make_unique<giTriBlock>());
-        grSampleSurface surface(blocks.back().get());
+        spSurface surface(blocks.back().get());
         make(surface, part, spacing);
     }
     return blocks;

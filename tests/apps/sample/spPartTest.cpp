@@ -1,4 +1,4 @@
-#include "grSamplePart.h"
+#include "spPart.h"
 
 #include <gtest/gtest.h>
 
@@ -38,9 +38,9 @@ private:
 };
 }
 
-TEST(gr_sample_part, every_edge_is_shared_by_two_triangles_in_opposite_directions)
+TEST(spPart, every_edge_is_shared_by_two_triangles_in_opposite_directions)
 {
-    const blocks part = gr_sample_part(40000);
+    const blocks part = sp_make_part(40000);
     weld positions;
     std::map<std::pair<int, int>, int> edges;
     for (const auto& block : part)
@@ -58,9 +58,9 @@ TEST(gr_sample_part, every_edge_is_shared_by_two_triangles_in_opposite_direction
     EXPECT_EQ(repeated, 0);
 }
 
-TEST(gr_sample_part, normals_are_of_length_1_and_agree_with_the_orientation)
+TEST(spPart, normals_are_of_length_1_and_agree_with_the_orientation)
 {
-    const blocks part = gr_sample_part(40000);
+    const blocks part = sp_make_part(40000);
     for (std::size_t number = 0; number < part.size(); ++number)
     {
         const giTriBlock& block = *part[number];
@@ -82,7 +82,7 @@ TEST(gr_sample_part, normals_are_of_length_1_and_agree_with_the_orientation)
     }
 }
 
-TEST(gr_sample_part, encloses_the_volume_of_its_features)
+TEST(spPart, encloses_the_volume_of_its_features)
 {
     // The signed volume from the divergence theorem, against prisms and cylinders worked out by hand; fillets and
     // chamfers are left out and make up far less than the tolerance.
@@ -95,18 +95,18 @@ TEST(gr_sample_part, encloses_the_volume_of_its_features)
     const double holes = 6 * pi * 2.5 * 2.5 * 10 + 4 * pi * (6.5 * 6.5 * 9 + 3.6 * 3.6 * 15);
     const double screws = 4 * pi * (5.4 * 5.4 * 8 + 3 * 3 * 21) - 4 * 25 * 0.866 * 4;
     double volume = 0;
-    for (const auto& block : gr_sample_part(40000))
+    for (const auto& block : sp_make_part(40000))
         for (const giTriangle& t : block->triangles())
             volume += block->nodes()[t[0]].vector().dot(area_vector(*block, t)) / 3;
     const double expected = plate - pocket + hub + bosses - slot - holes + screws;
     EXPECT_NEAR(volume / expected, 1, 0.01);
 }
 
-TEST(gr_sample_part, comes_near_the_number_of_triangles_asked_for)
+TEST(spPart, comes_near_the_number_of_triangles_asked_for)
 {
     for (const int wanted : {30000, 200000, 600000})
-        EXPECT_NEAR(total_triangles(gr_sample_part(wanted)), wanted, 0.05 * wanted);
-    const blocks first = gr_sample_part(30000), second = gr_sample_part(30000);
+        EXPECT_NEAR(total_triangles(sp_make_part(wanted)), wanted, 0.05 * wanted);
+    const blocks first = sp_make_part(30000), second = sp_make_part(30000);
     ASSERT_EQ(first.size(), 6u);
     for (std::size_t number = 0; number < first.size(); ++number)
         EXPECT_TRUE(*first[number] == *second[number]) << number;

@@ -12,9 +12,9 @@
 #include "dgTraceWindow.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "grSamplePart.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
+#include "spPart.h"
 
 #include <gtest/gtest.h>
 
@@ -120,7 +120,7 @@ Played play(Window& window, dgStructure& model)
 dgRef<dgClientStructure> sample()
 {
     dgRef<dgClientStructure> root(new dgClientStructure());
-    for (std::unique_ptr<giTriBlock>& block : gr_sample_part(20000))
+    for (std::unique_ptr<giTriBlock>& block : sp_make_part(20000))
         root->add(new dgTriangleBlock(block.release(), 1));
     return root;
 }

@@ -5,7 +5,7 @@
 #include "vwReport.h"
 
 #include "dgImage.h"
-#include "grPictureFile.h"
+#include "pcPictureFile.h"
 
 #include <gtest/gtest.h>
 #include <png.h>
@@ -131,7 +131,7 @@ TEST(vwModel, a_file_that_fails_leaves_the_model_as_it_was)
     EXPECT_EQ(model.root().nelements(), 2) << "a colour and the block";
 }
 
-TEST(grPictureFile, the_upper_row_of_an_image_is_the_first_of_the_file)
+TEST(pcPictureFile, the_upper_row_of_an_image_is_the_first_of_the_file)
 {
     const Folder folder;
     dgImage image;
@@ -139,7 +139,7 @@ TEST(grPictureFile, the_upper_row_of_an_image_is_the_first_of_the_file)
     image.height = 2;
     image.rgba = {1, 2, 3, 0, 4, 5, 6, 0, 7, 8, 9, 0, 10, 11, 12, 0}; // from the bottom up
     std::string error;
-    ASSERT_EQ(gr_write_png(folder / "p.png", image, error), 1) << error;
+    ASSERT_EQ(pc_write_png(folder / "p.png", image, error), 1) << error;
 
     png_image png = {};
     png.version = PNG_IMAGE_VERSION;
@@ -149,7 +149,7 @@ TEST(grPictureFile, the_upper_row_of_an_image_is_the_first_of_the_file)
     ASSERT_TRUE(png_image_finish_read(&png, nullptr, rgb, 0, nullptr)) << png.message;
     const unsigned char expected[12] = {7, 8, 9, 10, 11, 12, 1, 2, 3, 4, 5, 6};
     EXPECT_TRUE(std::equal(std::begin(rgb), std::end(rgb), expected));
-    EXPECT_EQ(gr_write_png(folder / "no/p.png", image, error), 0);
+    EXPECT_EQ(pc_write_png(folder / "no/p.png", image, error), 0);
     EXPECT_NE(error.find("no/p.png"), std::string::npos);
 }
 

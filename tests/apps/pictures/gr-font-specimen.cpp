@@ -1,6 +1,6 @@
 // Draws a specimen of six font families of three sources into a PNG file: a line for each style, one text of each
 // family turned about a point, and one as a rubber band that inverts what lies under it.
-#include "grPictureFile.h"
+#include "pcPictureFile.h"
 
 #include "grOutlineFontFamilyReader.h"
 #include "grOutlineFontListElement.h"
@@ -186,7 +186,7 @@ int main(int argc, char** argv)
         std::fprintf(stderr, "gr-font-specimen: the rubber band left a trace, or drew nothing\n");
         return EXIT_FAILURE;
     }
-    if (gr_write_png(argv[1], picture, error))
+    if (pc_write_png(argv[1], picture, error))
         return EXIT_SUCCESS;
     std::fprintf(stderr, "gr-font-specimen: %s\n", error.c_str());
     return EXIT_FAILURE;

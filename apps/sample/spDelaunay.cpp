@@ -1,4 +1,4 @@
-#include "grSampleDelaunay.h"
+#include "spDelaunay.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -94,7 +94,7 @@ private:
 };
 }
 
-void gr_sample_make_delaunay(const giBoxArrPoint3& nodes, const giVector3& normal, std::vector<giTriangle>& triangles)
+void sp_make_delaunay(const giBoxArrPoint3& nodes, const giVector3& normal, std::vector<giTriangle>& triangles)
 {
     edge_turner(nodes, normal, triangles).run();
 }

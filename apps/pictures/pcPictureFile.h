@@ -5,4 +5,4 @@
 struct dgImage;
 
 /// Writes the colours of an image as a PNG file, alpha left out. Answers 1, or 0 with error set.
-int gr_write_png(const std::string& path, const dgImage& image, std::string& error);
+int pc_write_png(const std::string& path, const dgImage& image, std::string& error);
