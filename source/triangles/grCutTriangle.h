@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grFlatCut.h"
 #include "grTriCut.h"
 
 /// Cuts a triangle whose spanning edges get their new nodes from a table that its neighbours share, or where that has
@@ -15,15 +16,25 @@ void gr_cut_triangle(const giTriangle& triangle, const gsTriEdgegrZonecoTable& e
     for (const gsTriEdge& edge : spanning)
     {
         const grInterNode* known = shared.find(edge);
-        if (known && !known->invalid())
+        const grInterNode node = known && !known->invalid() ? *known : new_node(edge);
+        if (!known || known->invalid())
         {
-            local.set(edge, *known);
-            continue;
+            shared.remove(edge); // the key of an invalid node may have the other direction
+            shared.set(edge, node);
         }
-        const grInterNode node = new_node(edge);
-        shared.remove(edge); // the key of an invalid node may have the other direction
-        shared.set(edge, node);
         local.set(edge, node);
     }
     grTriCut::triangulate(triangle, edge_zones, local, positive, negative);
+}
+
+/// Enters the edges that a cut has cut into a caller's table.
+inline void gr_enter_cuts(const grFlatCut& cut, gsTriEdgegrInterNodecoTable& cut_edges)
+{
+    cut_edges.reserve(cut_edges.count() + static_cast<int>(cut.cuts().size()));
+    for (const grFlatCut::cut_edge& made : cut.cuts())
+    {
+        const gsTriEdge edge(made.node_0, made.node_1);
+        cut_edges.remove(edge); // the key of an invalid node may have the other direction
+        cut_edges.set(edge, grInterNode(made.t, made.index));
+    }
 }

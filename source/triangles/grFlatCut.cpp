@@ -3,42 +3,24 @@
 #include "grCutFeature.h"
 
 #include <algorithm>
+#include <bit>
 #include <utility>
 
 namespace
 {
 constexpr int n_zones = 5;
 
-constexpr grZone edge_zone(int a, int b)
-{
-    if (a == b)
-        return static_cast<grZone>(a);
-    if (a == grON_ZONE)
-        return static_cast<grZone>(b);
-    return b == grON_ZONE ? static_cast<grZone>(a) : grSPANNING_ZONE;
-}
-
-// The zone of a triangle from those of its nodes, by way of its edges.
-constexpr grZone triangle_zone(int a, int b, int c)
-{
-    std::array<int, 3> edges{edge_zone(b, c), edge_zone(c, a), edge_zone(a, b)};
-    std::sort(edges.begin(), edges.end());
-    if (edges == std::array<int, 3>{grON_ZONE, grON_ZONE, grON_ZONE})
-        return grON_ZONE;
-    for (const grZone side : {grPOSITIVE_ZONE, grNEGATIVE_ZONE})
-        if (edges[1] == side && edges[2] == side && (edges[0] == side || edges[0] == grON_ZONE))
-            return side;
-    return grSPANNING_ZONE;
-}
-
+// Of triangles, from the zones of their nodes.
 constexpr auto triangle_zones = []
 {
     std::array<std::uint8_t, n_zones * n_zones * n_zones> zones{};
-    for (int a = 0; a < n_zones; ++a)
-        for (int b = 0; b < n_zones; ++b)
-            for (int c = 0; c < n_zones; ++c)
-                zones[static_cast<std::size_t>((a * n_zones + b) * n_zones + c)] =
-                    static_cast<std::uint8_t>(triangle_zone(a, b, c));
+    for (std::size_t i = 0; i < zones.size(); ++i)
+    {
+        const auto a = static_cast<grZone>(i / n_zones / n_zones), b = static_cast<grZone>(i / n_zones % n_zones),
+                   c = static_cast<grZone>(i % n_zones);
+        zones[i] =
+            static_cast<std::uint8_t>(gr_triangle_zone({gr_edge_zone(b, c), gr_edge_zone(c, a), gr_edge_zone(a, b)}));
+    }
     return zones;
 }();
 
@@ -56,12 +38,52 @@ void append_all(std::vector<T>& values, const std::vector<T>& added)
 }
 }
 
-grFlatCut::grFlatCut(giTriBlock& block, std::vector<std::uint8_t>&& zones, intersector intersect)
+void gr_cut_up(const giTriangle& triangle, const std::array<grZone, 3>& zones, const std::array<int, 3>& cuts,
+               std::vector<giTriangle>& positive, std::vector<giTriangle>& negative)
+{
+    int first = -1, n_cut = 0;
+    for (int k = 0; k < 3; ++k)
+    {
+        // A triangle that names a node twice has the same edge twice, opposite both.
+        const bool again = (k > 0 && triangle[k] == triangle[0]) || (k > 1 && triangle[k] == triangle[1]);
+        if (cuts[at(k)] < 0 || again)
+            continue;
+        if (n_cut++ == 0)
+            first = k;
+    }
+    if (n_cut == 1)
+    {
+        const int r0 = triangle[first], r1 = triangle.edge_start(first), r2 = triangle.edge_end(first);
+        const bool first_is_positive = zones[at((first + 2) % 3)] == grPOSITIVE_ZONE;
+        (first_is_positive ? positive : negative).emplace_back(r0, r1, cuts[at(first)]);
+        (first_is_positive ? negative : positive).emplace_back(r0, cuts[at(first)], r2);
+    }
+    else if (n_cut == 2)
+    {
+        auto uncut = std::find(zones.begin(), zones.end(), grPOSITIVE_ZONE);
+        if (uncut == zones.end())
+            uncut = std::find(zones.begin(), zones.end(), grNEGATIVE_ZONE);
+        if (uncut == zones.end())
+            return;
+        const int k = static_cast<int>(uncut - zones.begin());
+        const int r0 = triangle[k], r1 = triangle.edge_start(k), r2 = triangle.edge_end(k);
+        const int x = cuts[at((k + 2) % 3)], y = cuts[at((k + 1) % 3)];
+        const bool pair_is_positive = *uncut == grPOSITIVE_ZONE;
+        std::vector<giTriangle>& pair = pair_is_positive ? positive : negative;
+        pair.emplace_back(x, r1, y);
+        pair.emplace_back(y, r1, r2);
+        (pair_is_positive ? negative : positive).emplace_back(r0, x, y);
+    }
+}
+
+grFlatCut::grFlatCut(giTriBlock& block, std::vector<std::uint8_t>&& zones, intersector intersect,
+                     std::vector<cut_edge>&& known)
     : the_block(block), the_zones(std::move(zones)), the_intersect(std::move(intersect)),
-      the_old_count(block.node_count()), the_used(the_zones.size())
+      the_old_count(block.node_count()), the_used(the_zones.size()), the_cuts(std::move(known)),
+      the_known_count(the_cuts.size())
 {}
 
-void grFlatCut::run(int keep_negative)
+void grFlatCut::run(bool keep_negative)
 {
     sort_triangles(keep_negative);
     number_nodes();
@@ -75,7 +97,7 @@ void grFlatCut::run(int keep_negative)
     compact_nodes();
 }
 
-void grFlatCut::sort_triangles(int keep_negative)
+void grFlatCut::sort_triangles(bool keep_negative)
 {
     std::vector<giTriangle>& triangles = the_block.triangles();
     const std::uint8_t* zones = the_zones.data();
@@ -99,49 +121,19 @@ void grFlatCut::sort_triangles(int keep_negative)
     triangles.resize(static_cast<std::size_t>(kept - triangles.data()));
 }
 
-void grFlatCut::cut_triangle(const giTriangle& triangle, int keep_negative)
+void grFlatCut::cut_triangle(const giTriangle& triangle, bool keep_negative)
 {
-    grZone zones[3];
-    int nodes[3] = {-1, -1, -1}; // on edges 0 to 2
-    int cut = -1, n_cut = 0;     // the first cut edge; how many different edges are cut
+    std::array<grZone, 3> zones;
+    std::array<int, 3> nodes;
     for (int k = 0; k < 3; ++k)
     {
         const int start = triangle.edge_start(k), end = triangle.edge_end(k);
-        zones[k] = edge_zone(the_zones[at(start)], the_zones[at(end)]);
-        if (zones[k] != grSPANNING_ZONE)
-            continue;
-        nodes[k] = node_on(start, end);
-        // A triangle that names a node twice has the same edge twice.
-        if (std::find(nodes, nodes + k, nodes[k]) != nodes + k)
-            continue;
-        if (n_cut++ == 0)
-            cut = k;
+        zones[at(k)] = gr_edge_zone(zone(start), zone(end));
+        nodes[at(k)] = zones[at(k)] == grSPANNING_ZONE ? node_on(start, end) : -1;
     }
     the_positive.clear();
     the_negative.clear();
-    if (n_cut == 1)
-    {
-        const int r0 = triangle[cut], r1 = triangle.edge_start(cut), r2 = triangle.edge_end(cut), m = nodes[cut];
-        const int first_is_positive = zones[(cut + 2) % 3] == grPOSITIVE_ZONE;
-        (first_is_positive ? the_positive : the_negative).emplace_back(r0, r1, m);
-        (first_is_positive ? the_negative : the_positive).emplace_back(r0, m, r2);
-    }
-    else if (n_cut == 2)
-    {
-        const grZone* uncut = std::find(zones, zones + 3, grPOSITIVE_ZONE);
-        if (uncut == zones + 3)
-            uncut = std::find(zones, zones + 3, grNEGATIVE_ZONE);
-        if (uncut == zones + 3)
-            return;
-        const int k = static_cast<int>(uncut - zones);
-        const int r0 = triangle[k], r1 = triangle.edge_start(k), r2 = triangle.edge_end(k);
-        const int x = nodes[(k + 2) % 3], y = nodes[(k + 1) % 3];
-        const int pair_is_positive = *uncut == grPOSITIVE_ZONE;
-        std::vector<giTriangle>& pair = pair_is_positive ? the_positive : the_negative;
-        pair.emplace_back(x, r1, y);
-        pair.emplace_back(y, r1, r2);
-        (pair_is_positive ? the_negative : the_positive).emplace_back(r0, x, y);
-    }
+    gr_cut_up(triangle, zones, nodes, the_positive, the_negative);
     for (const giTriangle& piece : the_positive)
         keep_piece(piece);
     if (keep_negative)
@@ -175,7 +167,7 @@ std::size_t grFlatCut::slot_of(int node_0, int node_1) const
 
 void grFlatCut::grow_slots()
 {
-    the_slots.assign(std::max<std::size_t>(64, the_slots.size() * 2), -1);
+    the_slots.assign(std::max<std::size_t>(64, std::bit_ceil(the_cuts.size() * 4)), -1);
     for (std::size_t i = 0; i < the_cuts.size(); ++i)
         the_slots[slot_of(the_cuts[i].node_0, the_cuts[i].node_1)] = static_cast<int>(i);
 }
@@ -187,7 +179,7 @@ int grFlatCut::node_on(int node_0, int node_1)
     int& entry = the_slots[slot_of(node_0, node_1)];
     if (entry >= 0)
         return the_cuts[at(entry)].index;
-    cut_edge cut{node_0, node_1, the_old_count + static_cast<int>(the_cuts.size()), 0};
+    cut_edge cut{node_0, node_1, the_old_count + static_cast<int>(the_points.size()), 0};
     giPoint3 point;
     if (!the_intersect(node_0, node_1, cut.t, point))
     {
@@ -257,11 +249,14 @@ void grFlatCut::carry_feature(std::vector<T>* values) const
     if (!values)
         return;
     values->resize(at(the_old_count));
+    const auto value_on = [values](const cut_edge& cut)
+    { return gr_interpolated((*values)[at(cut.node_0)], (*values)[at(cut.node_1)], cut.t); };
+    for (std::size_t i = 0; i < the_known_count; ++i)
+        (*values)[at(the_cuts[i].index)] = value_on(the_cuts[i]);
     std::vector<T> added;
     added.reserve(the_added.size());
     for (const std::size_t i : the_added)
-        added.push_back(
-            gr_interpolated((*values)[at(the_cuts[i].node_0)], (*values)[at(the_cuts[i].node_1)], the_cuts[i].t));
+        added.push_back(value_on(cuts()[i]));
     compact(*values, added);
 }
 
