@@ -95,12 +95,12 @@ public:
 
 private:
     void add_attribute(dgGraphicalAttribute& attribute);
-    int to_be_written(dgGraphicalAttribute& attribute);
-    int default_attribute(const dgGraphicalAttribute& attribute, int type);
-    int near_default_line_width(const dgGraphicalAttribute& attribute) const;
+    bool to_be_written(dgGraphicalAttribute& attribute);
+    bool default_attribute(const dgGraphicalAttribute& attribute, int type);
+    bool near_default_line_width(const dgGraphicalAttribute& attribute) const;
     void expand_colour_index(dgGraphicalAttribute& attribute);
-    int hold_back(dgGraphicalAttribute& attribute);
-    int is_held_back(int type) const { return the_delayed && the_delayed[type]; }
+    bool hold_back(dgGraphicalAttribute& attribute);
+    bool is_held_back(int type) const { return the_delayed && the_delayed[type]; }
     void release_held_back(int type);
     void write_held_back(dgGraphicalPrimitiveType type);
     void write_held_back(int first_type, int last_type);

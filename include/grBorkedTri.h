@@ -4,7 +4,8 @@
 
 #include <iosfwd>
 
-/// Three triangle numbers that belong together when a damaged triangle is repaired; -1 where there is none.
+/// A note about one damaged ("borked") triangle of a mesh that is being repaired: three triangle numbers, -1 where
+/// there is none. For lists that a caller keeps; the library takes and returns none.
 class GR_EXPORT grBorkedTri
 {
 public:
@@ -13,10 +14,13 @@ public:
         : the_tri_index(tri_index), the_orig_index(orig_index), the_borked_index(borked_index)
     {}
 
+    /// The triangle that takes the damaged one's place.
     int tri_index() const { return the_tri_index; }
     void tri_index(int index) { the_tri_index = index; }
+    /// The triangle of the original mesh that it was made from.
     int orig_index() const { return the_orig_index; }
     void orig_index(int index) { the_orig_index = index; }
+    /// The damaged triangle.
     int borked_index() const { return the_borked_index; }
     void borked_index(int index) { the_borked_index = index; }
 

@@ -19,7 +19,7 @@ public:
 
     /// Appends every element of a type code to the list, in the order of gr_walk_structure, and answers their number.
     /// An element that is reached several times is appended each time. The list references nothing. Moves cursors as
-    /// gr_walk_structure does. Not re-entrant, and not for two threads at a time: the search is kept in one place.
+    /// gr_walk_structure does.
     int find_elements(int type, dgBaseList& list, grRecursive recursive) const;
 
 private:

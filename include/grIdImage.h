@@ -27,7 +27,8 @@ public:
 
     /// Takes the window, which is given that size in pixels, and the blocks, whose number is their place in the list.
     /// Neither is owned; both must outlive this, and the blocks must not change. Returns 0, and nothing can be drawn,
-    /// for a size below 1, an empty or endless model box, or more blocks than there are colours.
+    /// for a size below 1 or one that the window cannot be given, an empty or endless model box, or more blocks than
+    /// there are colours.
     int initialize(dgWidgetWindow* window, int width, int height, const giTriBlockcoDList& blocks,
                    const giBox3& model_box);
 

@@ -4,8 +4,9 @@
 
 #include <iosfwd>
 
-/// An edge across a cut, named by its end nodes on the left and right, with the new nodes that stand for them on either
-/// side; -1 where there is none.
+/// An edge that a cut crosses, from its end node on the left of the cut to the one on the right, and the two nodes that
+/// are put where it is cut when the mesh is opened there: one for the part on the left, one for that on the right.
+/// Node numbers; -1 where there is none. For lists that a caller keeps; the library takes and returns none.
 class GR_EXPORT grSpanEdge
 {
 public:

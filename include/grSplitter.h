@@ -36,8 +36,8 @@ public:
     /// grVIS_BOTH are added to the four sets. progress and diagnostics may be null.
     ///
     /// Returns 1. Returns 0, and the sets are as they were, when the callback stops it, the direction is no direction,
-    /// or the window cannot be drawn in. Blocks without triangles, or with coordinates that are no finite numbers, are
-    /// not drawn and end up as grVIS_BOTH.
+    /// or the window is null or cannot be given the size of the images. Blocks without triangles, or with coordinates
+    /// that are no finite numbers, are not drawn and end up as grVIS_BOTH.
     int split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, const giVector3& direction, int image_size,
               grBlockIdx& upper, grBlockIdx& lower, grBlockIdx& undecided, grBlockIdx& both,
               const grSplitterCallback& progress = grSplitterCallback(), grDiagSplitter* diagnostics = nullptr);
@@ -57,11 +57,4 @@ protected:
     /// 1 when triangles that face up along z and others that face down overlap, seen along z. Triangles within 0.06
     /// degrees of vertical face neither way.
     virtual int is_self_hider(const giTriBlock& block) const;
-
-    struct Run;
-    /// Each returns 0 when the callback has stopped it.
-    int count_overview_pixels(Run& run) const;
-    int count_point_zoom_pixels(Run& run) const;
-    int count_block_zoom_pixels(Run& run) const;
-    void overview_diagnostics(const Run& run, int zone) const;
 };

@@ -318,7 +318,6 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
             record.first_index = the_buffers->indices.allocate(nindices);
         record.vertex_count = npoints;
         record.index_count = nindices;
-        record.vertices_per_feature = vertices_per_feature(geometry.topology);
     }
     record.stamp = primitive.stamp();
 

@@ -42,7 +42,6 @@ public:
         unsigned vertex_count = 0;
         unsigned first_index = 0;
         unsigned index_count = 0;
-        unsigned vertices_per_feature = 0; ///< 3 for triangles, 2 for line segments, 1 for points
     };
 
     /// A context must be current here and in all calls but geometry_released and those that only ask.

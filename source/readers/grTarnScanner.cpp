@@ -28,10 +28,10 @@ grTarnScanner::grTarnScanner(std::istream& stream)
     the_buffer[0] = '\0';
 }
 
-int grTarnScanner::refill()
+bool grTarnScanner::refill()
 {
     if (the_stream_ended)
-        return 0;
+        return false;
 
     const auto unread = static_cast<std::size_t>(the_end - the_position);
     if (unread > the_capacity / 2)
@@ -66,27 +66,27 @@ int grTarnScanner::refill()
     return !the_stream_ended;
 }
 
-int grTarnScanner::skip_line(char& first)
+bool grTarnScanner::skip_line(char& first)
 {
     if (the_position == the_end && !refill())
-        return 0;
+        return false;
     first = *the_position;
     skip_rest_of_line();
-    return 1;
+    return true;
 }
 
-int grTarnScanner::skip_line()
+bool grTarnScanner::skip_line()
 {
     char first = 0;
     return skip_line(first);
 }
 
-int grTarnScanner::skip_lines(int number)
+bool grTarnScanner::skip_lines(int number)
 {
     for (int line = 0; line < number; ++line)
         if (!skip_line())
-            return 0;
-    return 1;
+            return false;
+    return true;
 }
 
 void grTarnScanner::skip_rest_of_line()

@@ -10,7 +10,7 @@
 
 /// Reads the lines and numbers of a text stream through a buffer of its own.
 ///
-/// Answers 0 when what is asked for is not there; where it then stands is of no interest. May throw std::bad_alloc.
+/// Answers false when what is asked for is not there; where it then stands is of no interest. May throw std::bad_alloc.
 class grTarnScanner
 {
 public:
@@ -18,15 +18,15 @@ public:
 
     /// Skips a line of any length with its end and sets its first character, '\n' for an empty one. The last line
     /// needs no line end, but at least one character.
-    int skip_line(char& first);
-    int skip_line();
-    int skip_lines(int number);
+    bool skip_line(char& first);
+    bool skip_line();
+    bool skip_lines(int number);
     /// Skips to behind the next line end or the end of the stream.
     void skip_rest_of_line();
 
     /// Reads a finite number or an int, over any blanks and line ends before it.
-    int read(double& value);
-    int read(int& value);
+    bool read(double& value);
+    bool read(int& value);
 
     /// How many items to make room for at once: those wanted, but not more than can still follow when each takes at
     /// least bytes_each, and a moderate number when the length of the stream is not known.
@@ -38,12 +38,12 @@ public:
 private:
     static bool blank(char c) { return c == ' ' || static_cast<unsigned char>(c - '\t') < 5; }
     static bool digit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
-    /// Moves the unread characters to the front of the buffer and reads on behind them; 0 when nothing was added.
-    int refill();
-    /// Skips blanks; 0 at the end of the stream.
-    int skip_blanks();
+    /// Moves the unread characters to the front of the buffer and reads on behind them; false when nothing was added.
+    bool refill();
+    /// Skips blanks; false at the end of the stream.
+    bool skip_blanks();
     template <class T>
-    int read_number(T& value);
+    bool read_number(T& value);
 
     static fast_float::from_chars_result convert(const char* first, const char* last, double& value)
     {
@@ -65,21 +65,21 @@ private:
     bool the_stream_ended;
 };
 
-inline int grTarnScanner::skip_blanks()
+inline bool grTarnScanner::skip_blanks()
 {
     for (;;)
     {
         while (blank(*the_position))
             ++the_position;
         if (the_position != the_end)
-            return 1;
+            return true;
         if (!refill())
-            return 0;
+            return false;
     }
 }
 
 template <class T>
-inline int grTarnScanner::read_number(T& value)
+inline bool grTarnScanner::read_number(T& value)
 {
     while (skip_blanks())
     {
@@ -95,21 +95,21 @@ inline int grTarnScanner::read_number(T& value)
             continue;
         }
         if (result.ec == std::errc::invalid_argument || !representable(value, result.ec))
-            return 0;
+            return false;
         if (plus && *start == '-')
-            return 0;
+            return false;
         the_position = result.ptr;
-        return 1;
+        return true;
     }
-    return 0;
+    return false;
 }
 
-inline int grTarnScanner::read(double& value)
+inline bool grTarnScanner::read(double& value)
 {
     return read_number(value);
 }
 
-inline int grTarnScanner::read(int& value)
+inline bool grTarnScanner::read(int& value)
 {
     return read_number(value);
 }

@@ -26,12 +26,12 @@ struct block_counts
     int triangles = 0;
 };
 
-int read_counts(grTarnScanner& scanner, block_counts& counts)
+bool read_counts(grTarnScanner& scanner, block_counts& counts)
 {
     int unused = 0;
     if (!scanner.read(counts.vector_mode) || !scanner.read(counts.texture_flag) || !scanner.read(counts.nodes) ||
         !scanner.read(counts.triangles) || !scanner.read(unused))
-        return 0;
+        return false;
     scanner.skip_rest_of_line();
     return counts.nodes >= 0 && counts.triangles >= 0;
 }
@@ -44,7 +44,7 @@ giTriBlock::curvature_pair curvature(double first, double second)
     return {first, second};
 }
 
-int read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
+bool read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
 {
     const bool with_normals = counts.vector_mode == normals_mode;
     const std::size_t room = scanner.room(static_cast<std::size_t>(counts.nodes), shortest_node);
@@ -78,7 +78,7 @@ int read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& b
             double v[8];
             for (double& value : v)
                 if (!scanner.read(value))
-                    return 0;
+                    return false;
             nodes[node] = giPoint3(v[0], v[1], v[2]);
             if (normals)
                 (*normals)[node] = giVector3(v[3], v[4], v[5]);
@@ -89,10 +89,10 @@ int read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& b
         }
     }
     block.nodes() = giBoxArrPoint3(std::move(nodes));
-    return 1;
+    return true;
 }
 
-int read_triangles(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
+bool read_triangles(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
 {
     std::vector<giTriangle>& triangles = block.triangles();
     triangles.reserve(scanner.room(static_cast<std::size_t>(counts.triangles), shortest_triangle));
@@ -106,11 +106,11 @@ int read_triangles(grTarnScanner& scanner, const block_counts& counts, giTriBloc
             {
                 int node = 0;
                 if (!scanner.read(node) || node < 1 || node > counts.nodes)
-                    return 0;
+                    return false;
                 triangles[triangle][vertex] = node - 1;
             }
     }
-    return 1;
+    return true;
 }
 
 std::unique_ptr<giTriBlock> read_block(grTarnScanner& scanner)
@@ -124,34 +124,34 @@ std::unique_ptr<giTriBlock> read_block(grTarnScanner& scanner)
     return block;
 }
 
-int skip_header(grTarnScanner& scanner)
+bool skip_header(grTarnScanner& scanner)
 {
     char first = 0;
     while (scanner.skip_line(first))
         if (first == '*')
-            return 1;
-    return 0;
+            return true;
+    return false;
 }
 
-// Reads the whole file, keeping only the first block unless all are wanted. Returns 0 when it is damaged.
-int read_blocks(grTarnScanner& scanner, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
+// Reads the whole file, keeping only the first block unless all are wanted. Returns false when it is damaged.
+bool read_blocks(grTarnScanner& scanner, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
 {
     if (!skip_header(scanner) || !scanner.read(count))
-        return 0;
+        return false;
     scanner.skip_rest_of_line();
     if (count < 1)
-        return 1;
+        return true;
     if (!scanner.skip_lines((count - 1) / 5 + 1))
-        return 0;
+        return false;
     for (int number = 0; number < count; ++number)
     {
         std::unique_ptr<giTriBlock> block = read_block(scanner);
         if (!block)
-            return 0;
+            return false;
         if (all || blocks.empty())
             blocks.push_back(std::move(block));
     }
-    return 1;
+    return true;
 }
 }
 

@@ -24,13 +24,14 @@ void grDiagSplitter::zone_counts(int zone, const std::vector<int>& blocks, const
 {
     if (!the_stream)
         return;
-    int headed = 0;
+    bool headed = false;
     for (const int block : blocks)
     {
         if (!is_interesting(block))
             continue;
-        if (!headed++)
+        if (!headed)
             *the_stream << "Pixel counts for zone " << zone << "\nblock_index upper lower alone\n";
+        headed = true;
         *the_stream << block << ' ' << upper[block] << ' ' << lower[block] << ' ' << alone[block] << '\n';
     }
 }

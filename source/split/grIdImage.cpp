@@ -4,6 +4,7 @@
 #include "grViewFrame.h"
 
 #include "dgCamera.h"
+#include "dgInteriorStyle.h"
 #include "dgLighting.h"
 #include "dgRef.h"
 #include "dgRenderer.h"
@@ -52,8 +53,8 @@ class Shelves
 public:
     Shelves(int width, int height) : the_width(width), the_height(height) {}
 
-    // Sets the place of a rectangle, or returns 0 when there is no more room.
-    int place(Pixels& rectangle)
+    // Sets the place of a rectangle, or returns false when there is no more room.
+    bool place(Pixels& rectangle)
     {
         if (the_x + rectangle.width > the_width)
         {
@@ -61,13 +62,13 @@ public:
             the_y = the_top;
         }
         if (the_y + rectangle.height > the_height)
-            return 0;
+            return false;
         rectangle.x = the_x;
         rectangle.y = the_y;
         the_x += rectangle.width;
         the_top = std::max(the_top, the_y + rectangle.height);
         the_used_width = std::max(the_used_width, the_x);
-        return 1;
+        return true;
     }
     Pixels used() const { return {0, 0, the_used_width, the_top}; }
 
@@ -82,7 +83,8 @@ class grIdImage::Canvas
 public:
     Canvas(dgWidgetWindow& window, const giTriBlockcoDList& blocks, const giBox3& model_box)
         : the_width(window.width()), the_height(window.height()), the_front(model_box.high().z()),
-          the_back(model_box.low().z()), the_renderer(&window, &window), the_unlit(new dgLighting(0))
+          the_back(model_box.low().z()), the_renderer(&window, &window), the_unlit(new dgLighting(0)),
+          the_filled(new dgInteriorStyle(1))
     {
         const double slack = 1e-3 * model_box.diagonal().length();
         the_front += slack;
@@ -111,6 +113,7 @@ public:
         the_renderer.begin();
         the_renderer.push_structure();
         the_renderer.execute(*the_unlit);
+        the_renderer.execute(*the_filled);
     }
     // Chooses what is drawn next where: the part of a frame, and the low corner of its place in the window.
     void aim(const Frame& frame, const Pixels& part, const Pixels& place)
@@ -158,6 +161,7 @@ private:
     double the_front, the_back; // z of the clipping planes, seen from the upper side
     dgRenderer the_renderer;
     dgRef<dgLighting> the_unlit;
+    dgRef<dgInteriorStyle> the_filled;
     std::vector<Element> the_elements;
     dgCamera the_camera;
     dgImage the_image;
@@ -165,19 +169,19 @@ private:
 
 namespace
 {
-// 0 for a box that has no extent to be enlarged.
-int frame_of(const giBox3& box, grIdImageSense sense, int width, int height, Frame& frame)
+// False for a box that has no extent to be enlarged.
+bool frame_of(const giBox3& box, grIdImageSense sense, int width, int height, Frame& frame)
 {
     const double size = std::max(box.width() / width, box.height() / height);
     if (!(size > 0) || !std::isfinite(size))
-        return 0;
+        return false;
     frame.sense = sense;
     frame.low_x = sense == grID_IMAGE_UPPER ? box.low().x() : -box.high().x();
     frame.low_y = box.low().y();
     frame.pixel_size = size;
     frame.width = std::clamp(static_cast<int>(std::lround(box.width() / size)), 1, width);
     frame.height = std::clamp(static_cast<int>(std::lround(box.height() / size)), 1, height);
-    return 1;
+    return true;
 }
 }
 
@@ -192,6 +196,8 @@ int grIdImage::initialize(dgWidgetWindow* window, int width, int height, const g
         return 0;
     if (window->width() != width || window->height() != height)
         window->resize(width, height);
+    if (window->width() != width || window->height() != height)
+        return 0;
     the_model_box = model_box;
     the_canvas = std::make_unique<Canvas>(*window, blocks, model_box);
     return 1;

@@ -135,7 +135,7 @@ private:
 };
 }
 
-int gr_hides_itself(const giTriBlock& block)
+bool gr_hides_itself(const giTriBlock& block)
 {
     std::vector<Flat> up;
     int n_down = 0;
@@ -147,7 +147,7 @@ int gr_hides_itself(const giTriBlock& block)
         n_down += way < 0;
     }
     if (up.empty() || n_down == 0)
-        return 0;
+        return false;
     const Tree tree(std::move(up), 1e-6 * block.box().diagonal().length());
     return std::any_of(block.triangles().begin(), block.triangles().end(),
                        [&](const giTriangle& t) { return facing(block, t) < 0 && tree.overlaps(flattened(block, t)); });

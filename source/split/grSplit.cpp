@@ -1,12 +1,8 @@
 #include "grSplit.h"
 
 #include "grPixels.h"
-#include "grSplitUtils.h"
 
 #include "gsTarnImageCoder.h"
-
-#include <cmath>
-#include <limits>
 
 void grSplit::index_to_rgb(int index, unsigned short& red, unsigned short& green, unsigned short& blue)
 {
@@ -48,28 +44,4 @@ void grSplit::scan_image(const dgImage& image, grBlockIdx& indices)
                         if (index != max_index())
                             indices.add(index);
                     });
-}
-
-void grSplitUtils::init(grPixelCountcoDynArr& counts, int n)
-{
-    counts.clear();
-    counts.resize(n);
-}
-
-void grSplitUtils::find_zone_layout(double n, double aspect, int& first, int& second)
-{
-    second = 1;
-    if (n >= 2)
-    {
-        double least = std::numeric_limits<double>::infinity();
-        for (int k = 1; n / k >= 2; ++k)
-        {
-            const double score = std::abs(static_cast<double>(k) * k / n - aspect);
-            if (!(score < least))
-                continue;
-            least = score;
-            second = k;
-        }
-    }
-    first = static_cast<int>(n / second + 0.5);
 }

@@ -1,7 +1,6 @@
 #include "grSplitZones.h"
 
 #include "grSplitUtils.h"
-#include "grSplitZonesIterator.h"
 
 #include <algorithm>
 #include <cmath>
@@ -63,19 +62,4 @@ giBox3 grSplitZones::merge(int lower, int upper) const
         giPoint3(edge_of(low.x(), high.x(), low_col, the_cols), edge_of(low.y(), high.y(), low_row, the_rows), low.z()),
         giPoint3(edge_of(low.x(), high.x(), high_col + 1, the_cols), edge_of(low.y(), high.y(), high_row + 1, the_rows),
                  high.z()));
-}
-
-grSplitZonesIterator::grSplitZonesIterator(const grSplitZones& zones, int lower, int upper) : the_zones(zones)
-{
-    zones.get_col_and_row(lower, the_low_col, the_row);
-    zones.get_col_and_row(upper, the_high_col, the_high_row);
-    the_col = the_low_col;
-}
-
-void grSplitZonesIterator::next()
-{
-    if (the_col++ < the_high_col)
-        return;
-    the_col = the_low_col;
-    ++the_row;
 }

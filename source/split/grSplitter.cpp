@@ -56,9 +56,8 @@ giBox3 point_zoom_box(const giTriBlock& block, const giBox3& box, double least_s
     return zoom;
 }
 
-}
-
-struct grSplitter::Run
+// A split under way. Its steps answer whether the caller lets it go on.
+struct Run
 {
     giTriBlockcoDList blocks; // in the frame of the direction
     std::vector<std::unique_ptr<giTriBlock>> owned_blocks;
@@ -77,7 +76,7 @@ struct grSplitter::Run
 
     grSplitBlock& count(int block) { return counts[static_cast<std::size_t>(block)]; }
     const giBox3& box(int block) const { return boxes[static_cast<std::size_t>(block)]; }
-    int go_on(grSplitterProgressSection section, std::size_t done, std::size_t total) const
+    bool go_on(grSplitterProgressSection section, std::size_t done, std::size_t total) const
     {
         return !callback || callback(section, static_cast<int>(done), static_cast<int>(total)) != 0;
     }
@@ -106,7 +105,7 @@ struct grSplitter::Run
     // Counts the pixels of one block in the image of a box.
     ZoomCounts zoom(const char* name, int block, const giBox3& seen, int reduction)
     {
-        const int wanted = diagnostics && diagnostics->is_interesting(block);
+        const bool wanted = diagnostics && diagnostics->is_interesting(block);
         const auto count_in = [&](const char* side, const std::vector<int>& drawn, grIdImageSense sense)
         {
             const dgImage& image = id_image.make_image(seen, drawn, sense, reduction);
@@ -123,7 +122,80 @@ struct grSplitter::Run
         const int from_below = count_in("lower_", all, grID_IMAGE_LOWER);
         return {from_above, from_below, count_in("alone_", {block}, grID_IMAGE_UPPER)};
     }
+
+    bool count_overview_pixels();
+    bool count_point_zoom_pixels();
+    bool count_block_zoom_pixels();
 };
+
+bool Run::count_overview_pixels()
+{
+    const std::size_t n_zones = zone_blocks.size();
+    for (std::size_t i = 0; i < n_zones; ++i)
+    {
+        if (!go_on(grSPLITTER_OVERVIEW, i, n_zones))
+            return false;
+        const std::vector<int>& in_zone = zone_blocks[i];
+        if (in_zone.empty())
+            continue;
+        const int zone = static_cast<int>(i);
+        const giBox3 zone_box = zones->zone_box(zone);
+        const std::string number = n_zones > 1 ? "_" + std::to_string(zone) : "";
+        const dgImage* image = &id_image.make_image(zone_box, in_zone, grID_IMAGE_UPPER);
+        show("overview_upper" + number, *image);
+        id_image.count_pixels(*image, upper);
+        image = &id_image.make_image(zone_box, in_zone, grID_IMAGE_LOWER);
+        show("overview_lower" + number, *image);
+        id_image.count_pixels(*image, lower);
+        id_image.count_alone(zone_box, in_zone, grID_IMAGE_UPPER, alone);
+        for (const int block : in_zone)
+            count(block).add_overview_counts(upper[block], lower[block], alone[block], zone);
+        if (diagnostics)
+            diagnostics->zone_counts(zone, in_zone, upper, lower, alone);
+        for (const int block : in_zone)
+            upper[block] = lower[block] = alone[block] = 0;
+    }
+    return go_on(grSPLITTER_OVERVIEW, n_zones, n_zones);
+}
+
+bool Run::count_point_zoom_pixels()
+{
+    const double least_size = least_point_zoom * model_box.diagonal().length();
+    for (std::size_t i = 0; i < open.size(); ++i)
+    {
+        if (!go_on(grSPLITTER_POINT_ZOOM, i, open.size()))
+            return false;
+        const int block = open[i];
+        giPoint3 point;
+        const giBox3 seen =
+            point_zoom_box(*owned_blocks[static_cast<std::size_t>(block)], box(block), least_size, point);
+        count(block).zoom_point(point);
+        const ZoomCounts pixels = zoom("point_zoom_", block, seen, point_zoom_reduction);
+        count(block).set_point_zoom_counts(pixels.upper, pixels.lower, pixels.alone);
+        if (diagnostics)
+            diagnostics->point_zoom_counts(block, pixels.upper, pixels.lower, pixels.alone);
+    }
+    return go_on(grSPLITTER_POINT_ZOOM, open.size(), open.size());
+}
+
+bool Run::count_block_zoom_pixels()
+{
+    for (std::size_t i = 0; i < open.size(); ++i)
+    {
+        if (!go_on(grSPLITTER_BLOCK_ZOOM, i, open.size()))
+            return false;
+        const int block = open[i];
+        int width, height;
+        id_image.size_of_box(box(block), width, height, block_zoom_reduction);
+        const ZoomCounts pixels = zoom("block_zoom_", block, box(block), block_zoom_reduction);
+        count(block).set_block_zoom_counts(pixels.upper, pixels.lower, pixels.alone, width, height);
+        count(block).set_vertical_count(gr_count_vertical(*owned_blocks[static_cast<std::size_t>(block)]));
+        if (diagnostics)
+            diagnostics->block_zoom_counts(block, pixels.upper, pixels.lower, pixels.alone, width, height);
+    }
+    return go_on(grSPLITTER_BLOCK_ZOOM, open.size(), open.size());
+}
+}
 
 grSplitter::~grSplitter() = default;
 
@@ -167,80 +239,6 @@ void grSplitter::find_self_hiders(const giTriBlockcoDList& blocks, grBlockIdx& s
 int grSplitter::is_self_hider(const giTriBlock& block) const
 {
     return gr_hides_itself(block);
-}
-
-int grSplitter::count_overview_pixels(Run& run) const
-{
-    const std::size_t n_zones = run.zone_blocks.size();
-    for (std::size_t i = 0; i < n_zones; ++i)
-    {
-        if (!run.go_on(grSPLITTER_OVERVIEW, i, n_zones))
-            return 0;
-        const std::vector<int>& blocks = run.zone_blocks[i];
-        if (blocks.empty())
-            continue;
-        const int zone = static_cast<int>(i);
-        const giBox3 box = run.zones->zone_box(zone);
-        const std::string number = n_zones > 1 ? "_" + std::to_string(zone) : "";
-        const dgImage* image = &run.id_image.make_image(box, blocks, grID_IMAGE_UPPER);
-        run.show("overview_upper" + number, *image);
-        run.id_image.count_pixels(*image, run.upper);
-        image = &run.id_image.make_image(box, blocks, grID_IMAGE_LOWER);
-        run.show("overview_lower" + number, *image);
-        run.id_image.count_pixels(*image, run.lower);
-        run.id_image.count_alone(box, blocks, grID_IMAGE_UPPER, run.alone);
-        for (const int block : blocks)
-            run.count(block).add_overview_counts(run.upper[block], run.lower[block], run.alone[block], zone);
-        overview_diagnostics(run, zone);
-        for (const int block : blocks)
-            run.upper[block] = run.lower[block] = run.alone[block] = 0;
-    }
-    return run.go_on(grSPLITTER_OVERVIEW, n_zones, n_zones);
-}
-
-void grSplitter::overview_diagnostics(const Run& run, int zone) const
-{
-    if (run.diagnostics)
-        run.diagnostics->zone_counts(zone, run.zone_blocks[static_cast<std::size_t>(zone)], run.upper, run.lower,
-                                     run.alone);
-}
-
-int grSplitter::count_point_zoom_pixels(Run& run) const
-{
-    const double least_size = least_point_zoom * run.model_box.diagonal().length();
-    for (std::size_t i = 0; i < run.open.size(); ++i)
-    {
-        if (!run.go_on(grSPLITTER_POINT_ZOOM, i, run.open.size()))
-            return 0;
-        const int block = run.open[i];
-        giPoint3 point;
-        const giBox3 seen =
-            point_zoom_box(*run.owned_blocks[static_cast<std::size_t>(block)], run.box(block), least_size, point);
-        run.count(block).zoom_point(point);
-        const Run::ZoomCounts counts = run.zoom("point_zoom_", block, seen, point_zoom_reduction);
-        run.count(block).set_point_zoom_counts(counts.upper, counts.lower, counts.alone);
-        if (run.diagnostics)
-            run.diagnostics->point_zoom_counts(block, counts.upper, counts.lower, counts.alone);
-    }
-    return run.go_on(grSPLITTER_POINT_ZOOM, run.open.size(), run.open.size());
-}
-
-int grSplitter::count_block_zoom_pixels(Run& run) const
-{
-    for (std::size_t i = 0; i < run.open.size(); ++i)
-    {
-        if (!run.go_on(grSPLITTER_BLOCK_ZOOM, i, run.open.size()))
-            return 0;
-        const int block = run.open[i];
-        int width, height;
-        run.id_image.size_of_box(run.box(block), width, height, block_zoom_reduction);
-        const Run::ZoomCounts counts = run.zoom("block_zoom_", block, run.box(block), block_zoom_reduction);
-        run.count(block).set_block_zoom_counts(counts.upper, counts.lower, counts.alone, width, height);
-        run.count(block).set_vertical_count(gr_count_vertical(*run.owned_blocks[static_cast<std::size_t>(block)]));
-        if (run.diagnostics)
-            run.diagnostics->block_zoom_counts(block, counts.upper, counts.lower, counts.alone, width, height);
-    }
-    return run.go_on(grSPLITTER_BLOCK_ZOOM, run.open.size(), run.open.size());
 }
 
 int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, const giVector3& direction,
@@ -294,12 +292,12 @@ int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, c
         }
         for (grPixelCountcoDynArr* counts : {&run.upper, &run.lower, &run.alone})
             grSplitUtils::init(*counts, n_blocks);
-        if (!run.id_image.initialize(window, size, size, run.blocks, run.model_box) || !count_overview_pixels(run))
+        if (!run.id_image.initialize(window, size, size, run.blocks, run.model_box) || !run.count_overview_pixels())
             return 0;
         for (int block = 0; block < n_blocks; ++block)
             if (!run.box(block).empty() && run.count(block).point_zoom_test_pending())
                 run.open.push_back(block);
-        if (!count_point_zoom_pixels(run) || !count_block_zoom_pixels(run))
+        if (!run.count_point_zoom_pixels() || !run.count_block_zoom_pixels())
             return 0;
     }
 

@@ -139,20 +139,20 @@ void grAddToStructure::add_attribute(dgGraphicalAttribute& attribute)
         write(&attribute);
 }
 
-int grAddToStructure::to_be_written(dgGraphicalAttribute& attribute)
+bool grAddToStructure::to_be_written(dgGraphicalAttribute& attribute)
 {
     const int type = attribute.type();
     if (the_flags.ignore_default_attributes() && default_attribute(attribute, type))
     {
         if (the_flags.delay_attributes())
             release_held_back(type);
-        return 0;
+        return false;
     }
     // Deliberate: the colour is expanded in the caller's element, and counted, even when a later filter drops it.
     if (the_flags.expand_colour_indices())
         expand_colour_index(attribute);
 
-    // Deliberate: an attribute that both of these filters drop is counted twice.
+    // Deliberate: each filter counts what it would drop, so that what both drop counts twice.
     int dropped = 0;
     if (the_flags.ignore_line_widths_near_default() && near_default_line_width(attribute))
         ++dropped;
@@ -160,34 +160,34 @@ int grAddToStructure::to_be_written(dgGraphicalAttribute& attribute)
         ++dropped;
     the_n_ignored_attributes += dropped;
     if (dropped)
-        return 0;
+        return false;
 
     if (the_flags.delay_attributes() && hold_back(attribute))
-        return 0;
+        return false;
     if (the_flags.ignore_default_attributes())
         set_in_force(type);
-    return 1;
+    return true;
 }
 
-int grAddToStructure::default_attribute(const dgGraphicalAttribute& attribute, int type)
+bool grAddToStructure::default_attribute(const dgGraphicalAttribute& attribute, int type)
 {
     if (the_in_force && the_in_force[type])
-        return 0;
+        return false;
     const dgGraphicalAttribute* by_default = the_flags.default_attribute_array()->query(type);
     if (!by_default || by_default->type() != type || !attribute.equal(*by_default))
-        return 0;
+        return false;
     ++the_n_ignored_attributes;
-    return 1;
+    return true;
 }
 
-int grAddToStructure::near_default_line_width(const dgGraphicalAttribute& attribute) const
+bool grAddToStructure::near_default_line_width(const dgGraphicalAttribute& attribute) const
 {
-    // Deliberate: without the default filter there is no table, so that near widths are dropped behind others too.
+    // Deliberate: what is in force is known with the default filter alone; without it near widths go behind others too.
     if (attribute.type() != dgTYPE_LINE_WIDTH || (the_in_force && the_in_force[dgTYPE_LINE_WIDTH]))
-        return 0;
+        return false;
     const dgGraphicalAttribute* by_default = the_flags.default_attribute_array()->query(dgTYPE_LINE_WIDTH);
     if (!by_default)
-        return 0;
+        return false;
     const double default_width = static_cast<const dgNumberAttribute*>(by_default)->value();
     const double width = static_cast<const dgNumberAttribute&>(attribute).value();
     const double radius = the_flags.ignore_line_widths_radius();
@@ -218,8 +218,8 @@ void grAddToStructure::expand_colour_index(dgGraphicalAttribute& attribute)
     colour_attribute.colour(colour);
 }
 
-// 1 when the attribute waits, or is in force already; 0 when it is to be written at once.
-int grAddToStructure::hold_back(dgGraphicalAttribute& attribute)
+// True when the attribute waits, or is in force already; false when it is to be written at once.
+bool grAddToStructure::hold_back(dgGraphicalAttribute& attribute)
 {
     if (!the_delayed_context)
     {
@@ -228,7 +228,7 @@ int grAddToStructure::hold_back(dgGraphicalAttribute& attribute)
     }
     const int category = attribute.category();
     if (category < 0 || category > last_category_held_back)
-        return 0;
+        return false;
     const int type = attribute.type();
     if (the_delayed[type])
     {
@@ -240,13 +240,13 @@ int grAddToStructure::hold_back(dgGraphicalAttribute& attribute)
         if (the_in_force && the_in_force[type] && latest && latest->equal(attribute))
         {
             ++the_n_ignored_attributes;
-            return 1;
+            return true;
         }
         ++the_n_delayed_attributes;
     }
     the_delayed_context->set(&attribute);
     the_delayed[type] = 1;
-    return 1;
+    return true;
 }
 
 void grAddToStructure::release_held_back(int type)

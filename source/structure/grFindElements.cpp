@@ -7,14 +7,17 @@
 
 namespace
 {
-// The walk's callback takes an element alone: this is the search under way.
-int the_type;
-dgBaseList* the_list;
-
-void add_if_of_type(dgGraphicalElement* element)
+struct Search
 {
-    if (element->type() == the_type)
-        the_list->add_last(element);
+    int type;
+    dgBaseList& list;
+};
+
+void add_if_of_type(dgStructure*, dgGraphicalElement* element, void* search_under_way)
+{
+    const auto& search = *static_cast<const Search*>(search_under_way);
+    if (element->type() == search.type)
+        search.list.add_last(element);
 }
 }
 
@@ -25,8 +28,7 @@ grFindElements::~grFindElements() = default;
 int grFindElements::find_elements(int type, dgBaseList& list, grRecursive recursive) const
 {
     const int before = list.count();
-    the_type = type;
-    the_list = &list;
-    gr_walk_structure(the_structure.get(), add_if_of_type, recursive);
+    Search search{type, list};
+    gr_walk_structure(the_structure.get(), &search, add_if_of_type, recursive);
     return list.count() - before;
 }

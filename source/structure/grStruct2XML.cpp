@@ -44,7 +44,7 @@ void replace_all(std::string& text, std::string_view from, std::string_view to)
 std::string comment_text(std::string_view given)
 {
     std::string text(given);
-    const int is_utf8 = apString::from_utf8(given).valid();
+    const bool is_utf8 = apString::from_utf8(given).valid();
     for (char& c : text)
     {
         const auto byte = static_cast<unsigned char>(c);
@@ -73,7 +73,7 @@ public:
 private:
     void structure(const dgStructure& structure);
     void element(const dgGraphicalElement& element);
-    int contents(const dgGraphicalElement& element, const char* end_of_tag);
+    bool contents(const dgGraphicalElement& element, const char* end_of_tag);
     void geometry(const dgGeometry& geometry);
     int id(const dgStructure& structure);
 
@@ -144,8 +144,8 @@ void Writer::element(const dgGraphicalElement& element)
     flush();
 }
 
-// Writes the rest of the tag; answers 1 when it wrote end_of_tag and nodes behind it.
-int Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
+// Writes the rest of the tag; true when it wrote end_of_tag and nodes behind it.
+bool Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
 {
     if (element.kind() == dgELEMENT_PRIMITIVE)
     {
@@ -153,7 +153,7 @@ int Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
         attribute("primitive_type", static_cast<int>(primitive.primitive_type()));
         text(end_of_tag);
         geometry(primitive.geometry());
-        return 1;
+        return true;
     }
     if (const auto* colour_attribute = ut_cast<const dgColourAttribute>(&element))
     {
@@ -171,7 +171,7 @@ int Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
             attribute("blue", colour.blue());
         }
         text("/>\n");
-        return 1;
+        return true;
     }
     if (const auto* transform = ut_cast<const dgTransform>(&element))
     {
@@ -183,7 +183,7 @@ int Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
             number(transform->transform().data()[i]);
         }
         text("</transform>\n");
-        return 1;
+        return true;
     }
     if (const auto* number_attribute = ut_cast<const dgNumberAttribute>(&element))
         attribute("value", number_attribute->value());
@@ -193,7 +193,7 @@ int Writer::contents(const dgGraphicalElement& element, const char* end_of_tag)
         attribute("label", element.label());
     else if (const dgStructure* called = element.called_structure())
         attribute("calls", id(*called));
-    return 0;
+    return false;
 }
 
 void Writer::geometry(const dgGeometry& geometry)

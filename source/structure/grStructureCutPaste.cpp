@@ -149,7 +149,8 @@ grStructureCutStatus grStructureCutPaste::cut(dgStructure* structure, int start_
     const grStructureCutStatus status = cut_all(structure, start_label, end_label, recursive, slices);
     if (status != grSTRUCTURE_CUT_OK)
     {
-        // Deliberate: what was cut is lost, slices that were in the list before included.
+        // Deliberate: the list is emptied as a whole, so that callers who see a failure have no slices to free. What
+        // was cut is lost, slices that were in the list before included.
         for (grStructureSlice* slice : slices)
             delete slice;
         slices.clear();
