@@ -41,24 +41,36 @@ else()
     endif()
 endif()
 
-# gr_platform_library(<target> SOURCES ... USES ... PRIVATE_USES ...): one lower library, shared so that its
-# process-wide state exists once however many libraries use it.
+# gr_platform_library(<target> ROOMS ... SOURCES ... USES ... PRIVATE_USES ...): one lower library, shared so that its
+# process-wide state exists once however many libraries use it. ROOMS are folders of a library that has several.
 function(gr_platform_library target)
-    cmake_parse_arguments(arg "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "ROOMS;SOURCES;USES;PRIVATE_USES" ${ARGN})
     add_library(${target} SHARED ${arg_SOURCES})
     target_compile_features(${target} PUBLIC cxx_std_20)
-    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    list(TRANSFORM arg_ROOMS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE folders)
+    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${folders})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
 endfunction()
 
-# gr_subsystem(<target> SOURCES ... USES ...): one folder of source/, linked into the gr library as objects.
+# gr_subsystem(<target> SOURCES ... USES ... PRIVATE_USES ...): one room of source/, linked into the gr library as objects. It
+# sees its own public headers, in the room of include/ with the same path, its own private ones, and of the others what it
+# names: USES for what its headers include, PRIVATE_USES for the rest. What a room offers the rooms above it alone lies in its
+# folder shared/, what those above must define for it in registration/.
 function(gr_subsystem target)
-    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    cmake_parse_arguments(arg "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
+    file(RELATIVE_PATH room ${PROJECT_SOURCE_DIR}/source ${CMAKE_CURRENT_SOURCE_DIR})
     add_library(${target} OBJECT ${arg_SOURCES})
     target_compile_definitions(${target} PRIVATE gr_EXPORTS)
-    target_include_directories(${target} PUBLIC ${PROJECT_SOURCE_DIR}/include PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
-    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build)
+    target_include_directories(${target}
+        PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/${room} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
+    foreach(folder shared registration)
+        if(EXISTS ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+            target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
+        endif()
+    endforeach()
+    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
     set_property(GLOBAL APPEND PROPERTY GR_SUBSYSTEMS ${target})
+    set_property(GLOBAL APPEND PROPERTY GR_ROOMS ${PROJECT_SOURCE_DIR}/include/${room})
 endfunction()
 
 # gr_program(<target> SOURCES ... USES ...): an executable of the project.

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "coExport.h"
+#include "utTypeID.h"
 
 #include <vector>
 
 class coCallList;
-class utTypeID;
 
 /// Base of objects that own callbacks on the call lists of others.
 ///
@@ -17,10 +17,7 @@ public:
     coReceiver(const coReceiver&) {}
     coReceiver& operator=(const coReceiver&) { return *this; }
     virtual ~coReceiver();
-    virtual const utTypeID& ut_dynamic_type() const;
-    virtual int ut_is_kind_of(const utTypeID& type) const;
-    static const utTypeID& ut_static_type();
-    static coReceiver* ut_dynamic_cast(coReceiver* receiver) { return receiver; }
+    UT_DECLARE_ROOT_TYPE(coReceiver);
 
     /// Drops all callbacks this receiver owns, on every list.
     void clear_callbacks();

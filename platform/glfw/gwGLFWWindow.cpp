@@ -222,8 +222,3 @@ void gwGLFWWindow::close()
 {
     glfwSetWindowShouldClose(the_native->window, GLFW_TRUE);
 }
-
-gwGLFWWindow* gwGLFWWindow::ut_dynamic_cast(gwWindow* window)
-{
-    return ut_cast<gwGLFWWindow>(window);
-}

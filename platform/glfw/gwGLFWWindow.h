@@ -56,10 +56,7 @@ public:
     int should_close() const;
     void close();
 
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwGLFWWindow* ut_dynamic_cast(gwWindow* window);
+    UT_DECLARE_TYPE(gwGLFWWindow, gwWindow);
 
 private:
     struct Native;

@@ -6,12 +6,13 @@
 
 /// Run-time type record: one per class, made on first use, compared by identity and alive until the process ends.
 ///
-/// A class declares, in this order,
+/// A class declares its type with UT_DECLARE_TYPE or, at the top of a family, UT_DECLARE_ROOT_TYPE in its public part,
+/// and defines it with UT_DEFINE_TYPE in its source. That gives it
 ///     static const utTypeID& ut_static_type();
-///     const utTypeID& ut_dynamic_type() const;                (virtual where the base's is)
+///     const utTypeID& ut_dynamic_type() const;
 ///     int ut_is_kind_of(const utTypeID& type) const;
-///     static X* ut_dynamic_cast(Base* object);
-/// defines the first three with UT_DEFINE_TYPE(X, Base) in its source and the last one as return ut_cast<X>(object).
+///     static X* ut_dynamic_cast(Root* object);
+/// and the cast for constant objects.
 class UT_EXPORT utTypeID
 {
 public:
@@ -73,6 +74,32 @@ const Target* ut_cast(const Source* pointer)
         return nullptr;
     return static_cast<const Target*>(pointer);
 }
+
+/// Declares the run-time type of Class. Its cast takes pointers to Root, a base with virtual type functions, or Class
+/// itself.
+#define UT_DECLARE_TYPE(Class, Root)                                                                                   \
+    static const utTypeID& ut_static_type();                                                                           \
+    const utTypeID& ut_dynamic_type() const override;                                                                  \
+    int ut_is_kind_of(const utTypeID& type) const override;                                                            \
+    UT_DECLARE_CASTS(Class, Root)
+
+/// Declares the run-time type of a class whose bases have no virtual type functions.
+#define UT_DECLARE_ROOT_TYPE(Class)                                                                                    \
+    static const utTypeID& ut_static_type();                                                                           \
+    virtual const utTypeID& ut_dynamic_type() const;                                                                   \
+    virtual int ut_is_kind_of(const utTypeID& type) const;                                                             \
+    UT_DECLARE_CASTS(Class, Class)
+
+#define UT_DECLARE_CASTS(Class, Root)                                                                                  \
+    static Class* ut_dynamic_cast(Root* object)                                                                        \
+    {                                                                                                                  \
+        return ut_cast<Class>(object);                                                                                 \
+    }                                                                                                                  \
+    static const Class* ut_dynamic_cast(const Root* object)                                                            \
+    {                                                                                                                  \
+        return ut_cast<Class>(object);                                                                                 \
+    }                                                                                                                  \
+    static_assert(true)
 
 /// The record of a class, made from those of its bases.
 template <class... Bases>

@@ -14,10 +14,7 @@ public:
     /// width and height are device pixels, 0 or more.
     virtual void resize(int width, int height) = 0;
 
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwDrawingArea* ut_dynamic_cast(gwWindow* window);
+    UT_DECLARE_TYPE(gwDrawingArea, gwWindow);
 
 protected:
     gwDrawingArea() = default;

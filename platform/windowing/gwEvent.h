@@ -1,9 +1,9 @@
 #pragma once
 
 #include "gwExport.h"
+#include "utTypeID.h"
 
 class gwWindow;
-class utTypeID;
 
 /// Base of what a windowing library reports. Events are small values that live on the stack of whoever posts them; a
 /// receiver may keep a copy, never the address.
@@ -14,11 +14,7 @@ public:
     gwEvent(const gwEvent&) = default;
     gwEvent& operator=(const gwEvent&) = default;
     virtual ~gwEvent() = default;
-    virtual const utTypeID& ut_dynamic_type() const;
-    virtual int ut_is_kind_of(const utTypeID& type) const;
-    static const utTypeID& ut_static_type();
-    static gwEvent* ut_dynamic_cast(gwEvent* event) { return event; }
-    static const gwEvent* ut_dynamic_cast(const gwEvent* event) { return event; }
+    UT_DECLARE_ROOT_TYPE(gwEvent);
 
     /// The window it happened in, not owned; null for a synthetic event.
     gwWindow* window() const { return the_window; }

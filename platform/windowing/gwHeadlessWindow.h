@@ -18,10 +18,7 @@ public:
         the_height = height;
     }
 
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwHeadlessWindow* ut_dynamic_cast(gwWindow* window);
+    UT_DECLARE_TYPE(gwHeadlessWindow, gwWindow);
 
 private:
     int the_width;

@@ -28,11 +28,7 @@ public:
     /// Travel of the wheel in steps, positive away from the user, which zooms in; 0 for other keys.
     double delta() const { return the_delta; }
 
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwKeyEvent* ut_dynamic_cast(gwEvent* event);
-    static const gwKeyEvent* ut_dynamic_cast(const gwEvent* event);
+    UT_DECLARE_TYPE(gwKeyEvent, gwEvent);
 
 private:
     double the_delta = 0.0;

@@ -17,11 +17,7 @@ public:
     /// Bits of gwModifier.
     int modifiers() const { return the_modifiers; }
 
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwPositionalEvent* ut_dynamic_cast(gwEvent* event);
-    static const gwPositionalEvent* ut_dynamic_cast(const gwEvent* event);
+    UT_DECLARE_TYPE(gwPositionalEvent, gwEvent);
 
 private:
     int the_x = 0;

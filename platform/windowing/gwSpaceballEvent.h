@@ -22,11 +22,7 @@ public:
     const giVector3& translation() const { return the_translation; }
     /// For how long the device was deflected so.
     double seconds() const { return the_seconds; }
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
-    static gwSpaceballEvent* ut_dynamic_cast(gwEvent* event);
-    static const gwSpaceballEvent* ut_dynamic_cast(const gwEvent* event);
+    UT_DECLARE_TYPE(gwSpaceballEvent, gwEvent);
 
 private:
     giVector3 the_rotation;

@@ -12,13 +12,3 @@ UT_DEFINE_TYPE(gwHeadlessWindow, gwDrawingArea);
 gwWindow::~gwWindow() = default;
 gwDrawingArea::~gwDrawingArea() = default;
 gwHeadlessWindow::~gwHeadlessWindow() = default;
-
-gwDrawingArea* gwDrawingArea::ut_dynamic_cast(gwWindow* window)
-{
-    return ut_cast<gwDrawingArea>(window);
-}
-
-gwHeadlessWindow* gwHeadlessWindow::ut_dynamic_cast(gwWindow* window)
-{
-    return ut_cast<gwHeadlessWindow>(window);
-}

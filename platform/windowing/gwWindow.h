@@ -2,18 +2,14 @@
 
 #include "giBox2.h"
 #include "gwExport.h"
-
-class utTypeID;
+#include "utTypeID.h"
 
 /// Handle of a native or headless window. Events carry its address and views are found by it, so it is not copied.
 class GW_EXPORT gwWindow
 {
 public:
     virtual ~gwWindow();
-    virtual const utTypeID& ut_dynamic_type() const;
-    virtual int ut_is_kind_of(const utTypeID& type) const;
-    static const utTypeID& ut_static_type();
-    static gwWindow* ut_dynamic_cast(gwWindow* window) { return window; }
+    UT_DECLARE_ROOT_TYPE(gwWindow);
 
     /// Size in device pixels; 0 while the window is minimised.
     virtual int width() const = 0;

@@ -348,11 +348,6 @@ void grOutlineFontFamilyReader::print(std::ostream& os) const
     os << "}\n";
 }
 
-grOutlineFontFamilyReader* grOutlineFontFamilyReader::ut_dynamic_cast(grOutlineFontFamilyReader* reader)
-{
-    return ut_cast<grOutlineFontFamilyReader>(reader);
-}
-
 std::ostream& operator<<(std::ostream& os, const grOutlineFontFamilyReader& reader)
 {
     reader.print(os);

@@ -48,11 +48,6 @@ void grOutlineFontListElement::print(std::ostream& os) const
        << "}\n";
 }
 
-grOutlineFontListElement* grOutlineFontListElement::ut_dynamic_cast(grOutlineFontListElement* element)
-{
-    return ut_cast<grOutlineFontListElement>(element);
-}
-
 std::ostream& operator<<(std::ostream& os, const grOutlineFontListElement& element)
 {
     element.print(os);

@@ -25,8 +25,3 @@ void grTempFontInstaller::uninstall()
     if (the_installed && apSystemFonts::remove_private(the_path))
         the_installed = 0;
 }
-
-grTempFontInstaller* grTempFontInstaller::ut_dynamic_cast(grTempFontInstaller* installer)
-{
-    return ut_cast<grTempFontInstaller>(installer);
-}

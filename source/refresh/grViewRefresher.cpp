@@ -136,11 +136,6 @@ void grViewRefresher::remove(dgView* view)
     view_removed(view);
 }
 
-grViewRefresher* grViewRefresher::ut_dynamic_cast(coReceiver* receiver)
-{
-    return ut_cast<grViewRefresher>(receiver);
-}
-
 void grViewRefresher::view_removed(dgView*) {}
 
 int grViewRefresher::check_views() const

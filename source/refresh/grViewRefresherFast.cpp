@@ -226,8 +226,3 @@ int grViewRefresherFast::in_refresh()
 {
     return the_in_refresh;
 }
-
-grViewRefresherFast* grViewRefresherFast::ut_dynamic_cast(coReceiver* receiver)
-{
-    return ut_cast<grViewRefresherFast>(receiver);
-}

@@ -22,11 +22,6 @@ void grViewRefresherFull::end_twiddle()
         refresh_at_end_of_twiddle();
 }
 
-grViewRefresherFull* grViewRefresherFull::ut_dynamic_cast(coReceiver* receiver)
-{
-    return ut_cast<grViewRefresherFull>(receiver);
-}
-
 void grViewRefresherFull::view_removed(dgView* view)
 {
     while (the_sorted_views.remove(view))

@@ -133,8 +133,3 @@ void grViewRefresherTimeout::view_removed(dgView* view)
     if (the_full_refresher)
         the_full_refresher->remove(view);
 }
-
-grViewRefresherTimeout* grViewRefresherTimeout::ut_dynamic_cast(coReceiver* receiver)
-{
-    return ut_cast<grViewRefresherTimeout>(receiver);
-}

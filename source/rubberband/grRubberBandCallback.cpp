@@ -31,8 +31,3 @@ void grRubberBandCallback::print(std::ostream& os) const
     grRubberBandItem::print(os);
     os << "}\n";
 }
-
-grRubberBandCallback* grRubberBandCallback::ut_dynamic_cast(dgBase* base)
-{
-    return ut_cast<grRubberBandCallback>(base);
-}

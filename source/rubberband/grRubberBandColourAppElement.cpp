@@ -79,8 +79,3 @@ void grRubberBandColourAppElement::print(std::ostream& os) const
        << "m_use_manager_colour_in_xor is: " << m_use_manager_colour_in_xor << '\n'
        << "}\n";
 }
-
-grRubberBandColourAppElement* grRubberBandColourAppElement::ut_dynamic_cast(dgAppElement* element)
-{
-    return ut_cast<grRubberBandColourAppElement>(element);
-}

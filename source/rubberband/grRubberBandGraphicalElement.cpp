@@ -33,8 +33,3 @@ void grRubberBandGraphicalElement::print(std::ostream& os) const
     grRubberBandItem::print(os);
     os << "}\n";
 }
-
-grRubberBandGraphicalElement* grRubberBandGraphicalElement::ut_dynamic_cast(dgBase* base)
-{
-    return ut_cast<grRubberBandGraphicalElement>(base);
-}

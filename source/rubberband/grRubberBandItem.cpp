@@ -163,11 +163,6 @@ void grRubberBandItem::print(std::ostream& os) const
        << "}\n";
 }
 
-grRubberBandItem* grRubberBandItem::ut_dynamic_cast(dgBase* base)
-{
-    return ut_cast<grRubberBandItem>(base);
-}
-
 std::ostream& operator<<(std::ostream& os, const grRubberBandItem& item)
 {
     item.print(os);

@@ -52,8 +52,3 @@ void grRubberBandStructure::print(std::ostream& os) const
     grRubberBandItem::print(os);
     os << "}\n";
 }
-
-grRubberBandStructure* grRubberBandStructure::ut_dynamic_cast(dgBase* base)
-{
-    return ut_cast<grRubberBandStructure>(base);
-}

@@ -44,8 +44,3 @@ void grRubberBandViewItem::execute(grRubberBandIt it, int xor_mode)
     the_view->end();
     after_end(it, xor_mode, in, the_view);
 }
-
-grRubberBandViewItem* grRubberBandViewItem::ut_dynamic_cast(dgBase* base)
-{
-    return ut_cast<grRubberBandViewItem>(base);
-}

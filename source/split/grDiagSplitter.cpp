@@ -58,8 +58,3 @@ void grDiagSplitter::classified(const grSplitBlock& block, grBlockVisClass vis, 
 }
 
 UT_DEFINE_TYPE(grDiagSplitter);
-
-grDiagSplitter* grDiagSplitter::ut_dynamic_cast(grDiagSplitter* splitter)
-{
-    return splitter;
-}

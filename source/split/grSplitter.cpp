@@ -327,8 +327,3 @@ int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, c
 }
 
 UT_DEFINE_TYPE(grSplitter);
-
-grSplitter* grSplitter::ut_dynamic_cast(grSplitter* splitter)
-{
-    return splitter;
-}

@@ -5,8 +5,3 @@
 grTriCutter::~grTriCutter() = default;
 
 UT_DEFINE_TYPE(grTriCutter);
-
-grTriCutter* grTriCutter::ut_dynamic_cast(grTriCutter* cutter)
-{
-    return cutter;
-}

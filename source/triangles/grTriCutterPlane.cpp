@@ -20,8 +20,3 @@ void grTriCutterPlane::intersect_edge(const giPoint3& p, const giPoint3& q, doub
 }
 
 UT_DEFINE_TYPE(grTriCutterPlane, grTriCutter);
-
-grTriCutterPlane* grTriCutterPlane::ut_dynamic_cast(grTriCutter* cutter)
-{
-    return ut_cast<grTriCutterPlane>(cutter);
-}

@@ -18,16 +18,6 @@ grViewPaperChild::~grViewPaperChild()
     leave_paper_parent();
 }
 
-grViewPaperChild* grViewPaperChild::ut_dynamic_cast(grView* view)
-{
-    return ut_cast<grViewPaperChild>(view);
-}
-
-const grViewPaperChild* grViewPaperChild::ut_dynamic_cast(const grView* view)
-{
-    return ut_cast<grViewPaperChild>(view);
-}
-
 void grViewPaperChild::print(std::ostream& os, int level) const
 {
     os << "grViewPaperChild {\n"

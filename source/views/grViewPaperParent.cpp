@@ -13,16 +13,6 @@ grViewPaperParent::~grViewPaperParent()
     release_paper_children();
 }
 
-grViewPaperParent* grViewPaperParent::ut_dynamic_cast(grView* view)
-{
-    return ut_cast<grViewPaperParent>(view);
-}
-
-const grViewPaperParent* grViewPaperParent::ut_dynamic_cast(const grView* view)
-{
-    return ut_cast<grViewPaperParent>(view);
-}
-
 void grViewPaperParent::print(std::ostream& os, int level) const
 {
     os << "grViewPaperParent {\n"

@@ -2,7 +2,6 @@
 #include "grView.h"
 
 #include "dgS.h"
-#include "grStdTwiddleTool.h"
 #include "grToolTypeRegistry.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
@@ -58,7 +57,7 @@ int grView::twiddle_locked(const grStdTwiddleTool* tool) const
 {
     need_twiddle_locks();
     return std::any_of(the_locked_tools.begin(), the_locked_tools.end(),
-                       [tool](const utTypeID* type) { return tool->ut_is_kind_of(*type); });
+                       [tool](const utTypeID* type) { return gr_tool_is_kind_of(*tool, *type); });
 }
 
 void grView::add_twiddle_lock(const utTypeID& tool_type)

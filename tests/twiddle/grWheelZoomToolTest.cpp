@@ -30,9 +30,7 @@ class DerivedZoomTool : public grZoomTool
 {
 public:
     using grZoomTool::grZoomTool;
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
+    UT_DECLARE_TYPE(DerivedZoomTool, grTwiddleTool);
 };
 UT_DEFINE_TYPE(DerivedZoomTool, grZoomTool);
 

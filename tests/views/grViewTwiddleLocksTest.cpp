@@ -27,9 +27,7 @@ class OwnTrackballTool : public grTrackballTool
 {
 public:
     OwnTrackballTool() : grTrackballTool("", nullptr, nullptr) {}
-    static const utTypeID& ut_static_type();
-    const utTypeID& ut_dynamic_type() const override;
-    int ut_is_kind_of(const utTypeID& type) const override;
+    UT_DECLARE_TYPE(OwnTrackballTool, grTwiddleTool);
 };
 UT_DEFINE_TYPE(OwnTrackballTool, grTrackballTool);
 

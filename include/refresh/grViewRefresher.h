@@ -1,0 +1,109 @@
+#pragma once
+
+#include "coReceiver.h"
+#include "dgDrawQuality.h"
+#include "dgS.h"
+#include "grExport.h"
+#include "grIdleAction.h"
+#include "grTwidState.h"
+#include "grViewListUtils.h"
+#include "gsRegenerate.h"
+
+#include <vector>
+
+class grTimeoutRendererCache;
+
+/// The way in which a set of views is redrawn for the length of one twiddle.
+///
+/// Whoever twiddles makes a refresher and calls base_start_twiddle, base_refresh for every frame, base_idle between
+/// frames as long as it answers grIDLE_AGAIN, base_idle_refresh for a better picture, and base_end_twiddle. Idle
+/// refreshes may go on after the end. A view that is destroyed meanwhile is dropped. All of them take rubber bands off
+/// before they draw and put them back.
+class GR_EXPORT grViewRefresher : public coReceiver
+{
+public:
+    /// Draws the views, in this order where order matters. No view is null; none is owned, but each is referenced.
+    explicit grViewRefresher(const dgViewcoDList& views);
+    ~grViewRefresher() override;
+
+    void base_start_twiddle();
+    void base_refresh();
+    void base_idle_refresh();
+    grIdleAction base_idle();
+    /// Releases the twiddle icons after the last drawing.
+    void base_end_twiddle();
+
+    grTwidState state() const { return the_state; }
+    int nviews() const { return the_views.count(); }
+    const dgViewcoDList& views() const { return the_views; }
+
+    /// Draws icon over a view on every interactive frame, in place of any other icon of the view; null removes it. The
+    /// icon is referenced until the twiddle ends. A view that is not redrawn by this refresher is ignored.
+    void set_twiddle_icon(dgStructure* icon, dgView* view);
+
+    /// Drops a view and its icon, as the destruction of the view does.
+    void remove(dgView* view);
+
+    /// Whether the end of the twiddle has to redraw, although the last frame was complete.
+    int forced_redraw() const { return the_forced_redraw; }
+    void force_redraw_on_end_twiddle() { the_forced_redraw = 1; }
+
+    /// Values of the drawing quality to be used on every refresh in place of the renderers' own; none is enabled at
+    /// first. One that is enabled forces a redraw at the end.
+    gsRegenerate& draw_quality_overrides() { return the_draw_quality_overrides; }
+
+    /// Records frame times in a cache, which is not owned; null ends it.
+    void enable_twiddle_timings(grTimeoutRendererCache* cache) { the_timing_cache = cache; }
+
+    UT_DECLARE_TYPE(grViewRefresher, coReceiver);
+
+protected:
+    grViewRefresher(const grViewRefresher&) = delete;
+    grViewRefresher& operator=(const grViewRefresher&) = delete;
+
+    virtual void start_twiddle() {}
+    virtual void refresh() = 0;
+    virtual void idle_refresh() { refresh(); }
+    virtual grIdleAction idle() { return grIDLE_DONE; }
+    virtual void end_twiddle() = 0;
+
+    /// Called after a view has left views(); it may be half destroyed.
+    virtual void view_removed(dgView* view);
+
+    /// Whether every view has a renderer.
+    int check_views() const;
+
+    /// Redraws all views without icons. Where buffers are swapped, the other views of the same renderers are redrawn
+    /// too, because a swap shows them all.
+    void refresh_at_end_of_twiddle() const;
+
+    /// The renderers that the views now have, in order of first appearance. Taken anew before each refresh and the end.
+    const dgRenderercoDList& renderers() const { return the_renderers; }
+    /// Whether any of them is double buffered in any of its modes.
+    int double_buffered() const { return the_double_buffered; }
+    /// One icon or null for each of views().
+    const dgStructurecoDList& twiddle_icons() const { return the_twiddle_icons; }
+    grTimeoutRendererCache* timing_cache() const { return the_timing_cache; }
+
+private:
+    struct SavedQuality
+    {
+        dgRenderer* renderer;
+        dgDrawQuality quality;
+    };
+    void view_to_be_deleted(void* sender, void* data);
+    void set_draw_quality();
+    void reset_draw_quality();
+    void collect_renderers();
+
+    grTwidState the_state = grTWID_NOT_STARTED;
+    dgViewcoDList the_views;
+    gsRegenerate the_draw_quality_overrides{1, 0};
+    std::vector<SavedQuality> the_saved_draw_qualities; // filled while a refresh runs
+    dgRenderercoDList the_renderers;
+    int the_missing_views;
+    int the_double_buffered = 0;
+    dgStructurecoDList the_twiddle_icons; // parallel to the_views; those that are not null are referenced
+    grTimeoutRendererCache* the_timing_cache = nullptr;
+    int the_forced_redraw = 0;
+};

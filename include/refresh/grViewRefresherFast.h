@@ -1,0 +1,52 @@
+#pragma once
+
+#include "grViewRefresher.h"
+
+#include <memory>
+#include <vector>
+
+class grViewRendererFast;
+
+/// Draws each view at the frame rate asked for through a fast view renderer, and completes the picture while nothing
+/// else happens. The end of the twiddle draws everything, without icons.
+///
+/// What a twiddle has learnt can be kept for the next one on the same views: see cache_graphics. Only one refresher of
+/// this kind may be active at a time.
+class GR_EXPORT grViewRefresherFast : public grViewRefresher
+{
+public:
+    explicit grViewRefresherFast(const dgViewcoDList& views);
+    ~grViewRefresherFast() override;
+
+    void refresh() override;
+    void idle_refresh() override;
+    grIdleAction idle() override;
+    void end_twiddle() override;
+
+    /// Whether the fast view renderers are kept from one twiddle to the next on the same views; 0 by default. They show
+    /// what they have seen until graphics_state_changed. 0 drops them.
+    static int cache_graphics();
+    static void cache_graphics(int on);
+
+    /// To be called whenever what is displayed changes: drops the renderers that are kept.
+    static void graphics_state_changed();
+
+    /// Whether a refresh has begun and no twiddle has ended since.
+    static int in_refresh();
+
+    UT_DECLARE_TYPE(grViewRefresherFast, coReceiver);
+
+protected:
+    /// Deletes the renderers or keeps them for the next twiddle.
+    void finish_with_renderers();
+    void view_removed(dgView* view) override;
+
+private:
+    using FastRenderers = std::vector<grViewRendererFast*>;
+    void make_renderers();
+    void refresh_renderer(grViewRendererFast& fast);
+
+    FastRenderers the_fast_renderers;                          // grouped by renderer; empty before the first refresh
+    std::vector<std::unique_ptr<grViewRendererFast>> the_gone; // of views that were removed
+    int the_idle_blocked = 0;
+};

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "grViewRefresher.h"
+
+#include <memory>
+
+class grTimeoutRenderer;
+class grTimeoutRendererCache;
+class grViewRefresherFull;
+
+/// Draws each view within a share of the time of a frame through the time-out renderers of a cache, and everything once
+/// that is known to take less than the time of a frame.
+class GR_EXPORT grViewRefresherTimeout : public grViewRefresher
+{
+public:
+    /// The cache is not owned and must outlive the refresher. frame_rate is in frames per second; a, b and c are handed
+    /// to grTimeoutRenderer::get_ready.
+    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate, int a, int b,
+                           int c);
+    /// The same, with the refresher that draws everything, on the same views, which is taken over; null makes one when
+    /// it is needed.
+    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate, int a, int b,
+                           int c, grViewRefresherFull* full_refresher);
+    ~grViewRefresherTimeout() override;
+
+    void refresh() override;
+    void idle_refresh() override;
+    grIdleAction idle() override;
+    void end_twiddle() override;
+
+    /// Whether everything is drawn once that fits the time of a frame; 1 by default.
+    int allow_full_refresh() const { return the_allow_full_refresh; }
+    void allow_full_refresh(int on) { the_allow_full_refresh = on; }
+
+    /// Whether everything is drawn now.
+    int use_full_refresh() const { return the_use_full_refresh; }
+
+    UT_DECLARE_TYPE(grViewRefresherTimeout, coReceiver);
+
+protected:
+    void view_removed(dgView* view) override;
+
+private:
+    void initialise(double frame_rate, int a, int b, int c);
+    void find_full_refresh_time();
+    void draw_within_time();
+    grTimeoutRenderer* timeout_renderer(dgView* view) const;
+    grViewRefresherFull& full_refresher();
+
+    dgViewcoDList the_sorted_views; // grouped by renderer, for one swap each
+    std::unique_ptr<grViewRefresherFull> the_full_refresher;
+    int the_allow_full_refresh = 1;
+    double the_frame_budget = 0; // seconds
+    int the_full_refresh_known = 0;
+    int the_use_full_refresh = 0;
+    grTimeoutRendererCache* the_cache;
+};

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "coReceiver.h"
+#include "grAction.h"
+#include "grActionTrigger.h"
+#include "grExport.h"
+#include "grIdleAction.h"
+#include "grTwidState.h"
+#include "gwKeyEvent.h"
+
+#include <memory>
+
+class grTwiddleTool;
+class gwEvent;
+class gwInput;
+
+/// Turns the events of an input into runs of tools.
+///
+/// A press that pulls the trigger of an action makes its tool and starts it; the tool then gets every mouse, spaceball
+/// and idle event, and its end with the next release of any key, or the next press. It stays current, and goes on
+/// getting events, until the next press destroys it. There is never more than one tool. A tool that zooms with the
+/// wheel begins, ends and goes within the one event.
+class GR_EXPORT grTwiddleMan : public coReceiver
+{
+public:
+    /// Listens to the events of input, which may be null: events then come through process_event alone.
+    explicit grTwiddleMan(gwInput* input);
+    /// Ends and destroys the current tool and deletes the actions.
+    ~grTwiddleMan() override;
+
+    void process_event(const gwEvent& event);
+    /// To be called while the application has nothing else to do, again and again as long as it answers non-zero.
+    grIdleAction idle();
+
+    /// Ends the current tool's twiddle as if its mouse button had been released at (0, 0) of no window, and destroys
+    /// the tool; from inside a call into the tool it only ends it, and from inside its end it does nothing.
+    void stop_twiddling();
+    /// Destroys the current tool unless it is active or this is called from inside a call into it.
+    void delete_current_tool();
+
+    /// Null when there is none.
+    grTwiddleTool* current_tool() const { return the_current_tool.get(); }
+    /// grTWID_NOT_STARTED when there is no tool.
+    grTwidState current_tool_state() const;
+
+    /// The actions, tried in this order; for editing. An action in the list is deleted by the manager, one taken out of
+    /// it belongs to the caller.
+    grActioncoDListPtr& actions() { return the_actions; }
+    const grActioncoDListPtr& actions() const { return the_actions; }
+    /// Deletes all actions.
+    void remove_actions();
+
+    gwInput* input() const { return the_input; }
+
+    UT_DECLARE_TYPE(grTwiddleMan, coReceiver);
+
+protected:
+    grTwiddleMan(const grTwiddleMan&) = delete;
+    grTwiddleMan& operator=(const grTwiddleMan&) = delete;
+
+    /// The first action whose trigger the event pulls, bound or not; null when there is none.
+    grAction* which_action(const gwKeyEvent& event) const;
+    /// 1 for a press of the trigger's key: any key of the type for -1, whatever the modifiers; else the same key, with
+    /// exactly the trigger's modifiers unless those are 0.
+    int event_pulls_trigger(const gwKeyEvent& event, const grActionTrigger& trigger) const
+    {
+        if (event.transition() != gwPRESSED || event.key_type() != trigger.key_type())
+            return 0;
+        if (trigger.key_number() == -1)
+            return 1;
+        return event.key_number() == trigger.key_number() &&
+               (!trigger.modifiers() || event.modifiers() == trigger.modifiers());
+    }
+    /// 1 when every action has a binding.
+    int actions_are_bound() const;
+
+private:
+    class InCall;
+
+    void input_event(void* sender, void* data);
+    /// Each answers whether the event is used up.
+    int key_pressed(const gwKeyEvent& event);
+    int key_released(const gwKeyEvent& event);
+    void finish_one_shot_tool(const gwEvent& event);
+    void start_tool(const gwKeyEvent& event);
+    int tool_claims(const gwKeyEvent& event);
+    void end_twiddle(const gwKeyEvent& event);
+    int twiddling() const { return current_tool_state() == grTWID_TWIDDLING; }
+
+    gwInput* the_input;
+    grActioncoDListPtr the_actions;
+    std::unique_ptr<grTwiddleTool> the_current_tool;
+    int the_in_call = 0;
+    int the_in_end = 0;
+};

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "dgBase.h"
+#include "dgEnums.h"
+
+#include <iosfwd>
+#include <memory>
+#include <vector>
+
+class dgRenderer;
+class dgStructure;
+class giBox3;
+
+/// One element of a display structure: an attribute, a primitive, a label, a call of another structure or an
+/// application's own element. Counted; the structures that hold it keep a reference each.
+class DG_EXPORT dgGraphicalElement : public dgBase
+{
+public:
+    ~dgGraphicalElement() override;
+
+    dgGraphicalElementKind kind() const { return static_cast<dgGraphicalElementKind>(the_kind); }
+
+    /// Element type code, 0 to dgS::max_elements() - 1.
+    int type() const { return the_type; }
+
+    /// A new element with a count of 0 and contents of its own.
+    virtual dgGraphicalElement* copy() const = 0;
+
+    /// Executes the element: an attribute changes the renderer's context, a primitive is drawn under it.
+    virtual void draw(dgRenderer* renderer) const = 0;
+
+    /// Box of a primitive in its own coordinates; empty for every other kind.
+    virtual giBox3 bounding_box() const;
+
+    /// The structure that a call element calls; null for every other element.
+    virtual dgStructure* called_structure() const { return nullptr; }
+
+    /// The identifier of a label; 0 for every other element.
+    virtual int label() const { return 0; }
+
+    /// Grows whenever the element is changed in place. Stamps of all elements and structures share one count.
+    unsigned long long stamp() const { return the_stamp; }
+
+    /// How many times a structure holds the element.
+    int times_held_by(const dgStructure* structure) const;
+
+    virtual void print(std::ostream& os) const;
+
+    UT_DECLARE_TYPE(dgGraphicalElement, dgBase);
+
+    // Bookkeeping of the structures that hold the element, by those structures alone.
+    void add_holder(dgStructure* holder);
+    void remove_holder(dgStructure* holder);
+
+protected:
+    dgGraphicalElement(dgGraphicalElementKind kind, int type);
+    dgGraphicalElement(const dgGraphicalElement& other);
+    dgGraphicalElement& operator=(const dgGraphicalElement&) = delete;
+
+    /// To be called after every change in place; tells the structures that hold the element.
+    void changed();
+
+private:
+    unsigned char the_kind;
+    unsigned char the_type;
+    unsigned long long the_stamp;
+    dgStructure* the_holder = nullptr;                     // the first one, nearly always the only one
+    std::unique_ptr<std::vector<dgStructure*>> the_others; // further ones
+};

@@ -1,0 +1,205 @@
+#include "grTwiddleMan.h"
+
+#include "grToolFactory.h"
+#include "grTwiddleTool.h"
+#include "grWheelToolRegistry.h"
+#include "gwInput.h"
+#include "gwMouseEvent.h"
+#include "gwSpaceballEvent.h"
+#include "utTypeID.h"
+
+#include <utility>
+
+// Marks the manager as inside a call into the current tool, or inside its end. Calls nest, as when a tool stops its own
+// twiddle, so the mark is put back as it was: clearing it would let the inner call delete the tool under the outer one.
+class grTwiddleMan::InCall
+{
+public:
+    explicit InCall(int& flag) : the_flag(flag), the_outer(std::exchange(flag, 1)) {}
+    ~InCall() { the_flag = the_outer; }
+    InCall(const InCall&) = delete;
+    InCall& operator=(const InCall&) = delete;
+
+private:
+    int& the_flag;
+    int the_outer;
+};
+
+namespace
+{
+gwKeyEvent synthetic_release()
+{
+    gwKeyEvent event;
+    event.initialise_key(gwMOUSE_BUTTON, 1, gwRELEASED);
+    return event;
+}
+}
+
+UT_DEFINE_TYPE(grTwiddleMan, coReceiver);
+
+grTwiddleMan::grTwiddleMan(gwInput* input) : the_input(input)
+{
+    if (input)
+        input->call_list().add(gwCR_event, coCallFunc::member<&grTwiddleMan::input_event>(this));
+}
+
+grTwiddleMan::~grTwiddleMan()
+{
+    stop_twiddling();
+    remove_actions();
+}
+
+void grTwiddleMan::process_event(const gwEvent& event)
+{
+    if (const gwMouseEvent* mouse = gwMouseEvent::ut_dynamic_cast(&event))
+    {
+        if (the_current_tool)
+        {
+            const InCall in_call(the_in_call);
+            the_current_tool->base_mouse_event(*mouse);
+        }
+    }
+    else if (const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&event))
+    {
+        if (key->transition() == gwPRESSED ? key_pressed(*key) : key_released(*key))
+            return;
+    }
+    else if (const gwSpaceballEvent* spaceball = gwSpaceballEvent::ut_dynamic_cast(&event))
+    {
+        if (the_current_tool)
+        {
+            const InCall in_call(the_in_call);
+            the_current_tool->base_spaceball_event(*spaceball);
+        }
+    }
+    finish_one_shot_tool(event);
+}
+
+grIdleAction grTwiddleMan::idle()
+{
+    if (!the_current_tool)
+        return grIDLE_DONE;
+    const InCall in_call(the_in_call);
+    return the_current_tool->base_idle_event();
+}
+
+void grTwiddleMan::stop_twiddling()
+{
+    end_twiddle(synthetic_release());
+    delete_current_tool();
+}
+
+void grTwiddleMan::delete_current_tool()
+{
+    if (!the_current_tool || twiddling() || the_in_call)
+        return;
+    {
+        // The tool may call back: it must neither be destroyed twice nor replaced.
+        const InCall in_call(the_in_call);
+        the_current_tool->base_destruction_twiddle();
+    }
+    the_current_tool.reset();
+}
+
+grTwidState grTwiddleMan::current_tool_state() const
+{
+    return the_current_tool ? the_current_tool->state() : grTWID_NOT_STARTED;
+}
+
+void grTwiddleMan::remove_actions()
+{
+    for (grAction* action : the_actions)
+        delete action;
+    the_actions.clear();
+}
+
+grAction* grTwiddleMan::which_action(const gwKeyEvent& event) const
+{
+    for (grAction* action : the_actions)
+        if (event_pulls_trigger(event, action->trigger()))
+            return action;
+    return nullptr;
+}
+
+int grTwiddleMan::actions_are_bound() const
+{
+    for (const grAction* action : the_actions)
+        if (!action->binding())
+            return 0;
+    return 1;
+}
+
+void grTwiddleMan::input_event(void*, void* data)
+{
+    process_event(gwInput::event(data));
+}
+
+int grTwiddleMan::key_pressed(const gwKeyEvent& event)
+{
+    if (twiddling())
+    {
+        if (event.key_type() == gwMOUSE_WHEEL || tool_claims(event))
+            return 1;
+        end_twiddle(event);
+    }
+    delete_current_tool();
+    start_tool(event);
+    return 0;
+}
+
+int grTwiddleMan::key_released(const gwKeyEvent& event)
+{
+    // Any release ends the twiddle, whichever key started it.
+    if (!twiddling())
+        return 0;
+    if (tool_claims(event))
+        return 1;
+    end_twiddle(event);
+    return 0;
+}
+
+void grTwiddleMan::finish_one_shot_tool(const gwEvent& event)
+{
+    if (!the_current_tool || !the_current_tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type()))
+        return;
+    if (twiddling())
+    {
+        const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&event);
+        end_twiddle(key ? *key : synthetic_release());
+    }
+    delete_current_tool();
+}
+
+void grTwiddleMan::start_tool(const gwKeyEvent& event)
+{
+    // A press that came from inside a call into the tool leaves the tool in place: there is never a second one.
+    if (the_current_tool)
+        return;
+    // The first action that matches decides: when it is not bound, nothing starts.
+    const grAction* action = which_action(event);
+    if (!action || !action->binding())
+        return;
+    const grToolDetail& tool = *action->binding();
+    the_current_tool.reset(tool.factory()->create_tool(tool.tool(), action->trigger().args()));
+    if (!the_current_tool)
+        return;
+    const InCall in_call(the_in_call);
+    the_current_tool->base_start_twiddle(event);
+}
+
+int grTwiddleMan::tool_claims(const gwKeyEvent& event)
+{
+    const InCall in_call(the_in_call);
+    return the_current_tool->allow_key_event_when_active(event);
+}
+
+void grTwiddleMan::end_twiddle(const gwKeyEvent& event)
+{
+    // A tool that was asked about the event may have stopped itself. One that draws its final frame is still active,
+    // but what comes from inside must not end it a second time.
+    if (!twiddling() || the_in_end)
+        return;
+    const InCall in_call(the_in_call);
+    const InCall in_end(the_in_end);
+    the_current_tool->base_end_twiddle(event);
+}

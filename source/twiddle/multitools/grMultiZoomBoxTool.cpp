@@ -1,0 +1,48 @@
+#include "grMultiZoomBoxTool.h"
+
+#include "dgView.h"
+#include "giVector2.h"
+#include "grViewUtils.h"
+#include "utTypeID.h"
+
+namespace
+{
+// The point of a viewport that stands where p stands in another one.
+giPoint2 same_place(const giPoint2& p, const giBox2& in, const giBox2& to)
+{
+    // Both corners of a viewport are pixels of it.
+    const giVector2 scale((to.width() + 1) / (in.width() + 1), (to.height() + 1) / (in.height() + 1));
+    return giPoint2(to.middle().x() + (p.x() - in.middle().x()) * scale.x(),
+                    to.middle().y() + (p.y() - in.middle().y()) * scale.y());
+}
+}
+
+UT_DEFINE_TYPE(grMultiZoomBoxTool, grZoomBoxTool);
+
+void grMultiZoomBoxTool::save_camera() const
+{
+    the_others.save_cameras(*this);
+    grZoomBoxTool::save_camera();
+}
+
+void grMultiZoomBoxTool::start_twiddle(const gwKeyEvent& event)
+{
+    grZoomBoxTool::start_twiddle(event);
+    if (target_view())
+        the_others.find(*this, event, target_view());
+}
+
+int grMultiZoomBoxTool::zoom_action(const giBox2& device_box) const
+{
+    if (!grViewUtils::box_can_be_zoomed_to(device_box))
+        return 0;
+    const giBox2& dragged_in = target_view()->camera().view_port_dc();
+    the_others.each(
+        [&](dgView* view, int)
+        {
+            const giBox2& port = view->camera().view_port_dc();
+            grViewUtils::zoom_to_box(view, giBox2(same_place(device_box.low(), dragged_in, port),
+                                                  same_place(device_box.high(), dragged_in, port)));
+        });
+    return grZoomBoxTool::zoom_action(device_box);
+}

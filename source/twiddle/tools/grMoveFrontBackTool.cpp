@@ -1,0 +1,77 @@
+#include "grMoveFrontBackTool.h"
+
+#include "dgView.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "utTypeID.h"
+
+#include <algorithm>
+
+namespace
+{
+enum PlaneMode
+{
+    FRONT_PLANE = 0,
+    BACK_PLANE = 1,
+    BOTH_PLANES = 2
+};
+
+int plane_mode_of(const utString& args)
+{
+    if (args == "back")
+        return BACK_PLANE;
+    if (args == "both")
+        return BOTH_PLANES;
+    return FRONT_PLANE;
+}
+}
+
+UT_DEFINE_TYPE(grMoveFrontBackTool, grStdViewTwiddleTool);
+
+grMoveFrontBackTool::grMoveFrontBackTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdViewTwiddleTool(args, db, hooks), the_plane_mode(plane_mode_of(args))
+{}
+
+void grMoveFrontBackTool::start_twiddle(const gwKeyEvent& event)
+{
+    if (!start_view_twiddle(event))
+        return;
+    the_start_point = giPoint2(event.x(), event.y());
+    the_start_front = target_view()->camera().front_plane();
+    the_start_back = target_view()->camera().back_plane();
+}
+
+void grMoveFrontBackTool::mouse_event(const gwMouseEvent& event)
+{
+    if (state() != grTWID_TWIDDLING || !target_view())
+        return;
+    move_planes(event);
+    twiddle_mouse(event);
+    refresh_views();
+}
+
+void grMoveFrontBackTool::move_planes(const gwMouseEvent& event) const
+{
+    const giVector2 drag = the_start_point - giPoint2(event.x(), event.y());
+    move_planes(target_view(), the_start_front, the_start_back, drag, the_plane_mode);
+}
+
+void grMoveFrontBackTool::move_planes(dgView* view, double start_front, double start_back, const giVector2& drag,
+                                      int plane_mode)
+{
+    const double t = std::clamp(2 * drag.y() / std::max(view->renderer_height(), 1), -1.0, 1.0);
+    const double distance = (start_front - start_back) * t;
+    dgCamera& camera = view->camera();
+    switch (plane_mode)
+    {
+    case FRONT_PLANE: camera.front_plane(start_front + distance); break;
+    case BACK_PLANE: camera.back_plane(start_back + distance); break;
+    default: camera.front_back_plane(start_front + distance, start_back + distance); break;
+    }
+    view->user_clip_planes(1);
+}
+
+void grMoveFrontBackTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_view_twiddle(event);
+}

@@ -1,0 +1,33 @@
+#include "grPanCentreTool.h"
+
+#include "dgView.h"
+#include "grViewUtils.h"
+#include "gwKeyEvent.h"
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(grPanCentreTool, grStdViewTwiddleTool);
+
+grPanCentreTool::grPanCentreTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
+    : grStdViewTwiddleTool(args, db, hooks)
+{
+    flags().can_save_camera(1);
+}
+
+void grPanCentreTool::start_twiddle(const gwKeyEvent& event)
+{
+    if (!start_view_twiddle(event))
+        return;
+    do_action(event);
+    refresh_views();
+}
+
+void grPanCentreTool::do_action(const gwKeyEvent& event)
+{
+    grViewUtils::pan_centre(target_view(), event);
+    save_camera();
+}
+
+void grPanCentreTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_view_twiddle(event);
+}
