@@ -1,0 +1,246 @@
+#include "tsScript.h"
+
+#include <muParser.h>
+
+#include <algorithm>
+#include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <sstream>
+#include <stdexcept>
+
+namespace
+{
+std::string trimmed(const std::string& text)
+{
+    const auto first = text.find_first_not_of(" \t"), last = text.find_last_not_of(" \t");
+    return first == std::string::npos ? "" : text.substr(first, last - first + 1);
+}
+
+bool is_number(const std::string& word, double& value)
+{
+    try
+    {
+        value = ts_value(word);
+        return true;
+    }
+    catch (const std::runtime_error&)
+    {
+        return false;
+    }
+}
+
+bool same_word(const std::string& expected, const std::string& found)
+{
+    double a, b;
+    return expected == "*" || expected == found ||
+           (is_number(found, b) && is_number(expected, a) && std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(a)));
+}
+
+bool same_record(const std::string& expected, const std::string& found)
+{
+    tsWords a = ts_words(expected), b = ts_words(found);
+    if (!a.empty() && a.back() == "...")
+    {
+        a.pop_back();
+        b.resize(std::min(a.size(), b.size()));
+    }
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), same_word);
+}
+
+using Record = std::vector<std::string>::const_iterator;
+
+bool same_records(Record expected, Record expected_end, Record found, Record found_end)
+{
+    if (expected == expected_end)
+        return found == found_end;
+    if (*expected == "...")
+        return same_records(expected + 1, expected_end, found, found_end) ||
+               (found != found_end && same_records(expected, expected_end, found + 1, found_end));
+    return found != found_end && same_record(*expected, *found) &&
+           same_records(expected + 1, expected_end, found + 1, found_end);
+}
+
+std::string identifier(std::string name)
+{
+    std::replace_if(
+        name.begin(), name.end(), [](unsigned char c) { return !std::isalnum(c); }, '_');
+    return name;
+}
+
+// What stands under one heading.
+struct Section
+{
+    std::string name, base;
+    std::vector<std::vector<std::string>> rows;
+    std::vector<tsStep> steps;
+};
+
+Section heading(const std::string& text)
+{
+    const auto colon = text.rfind(" : ");
+    return colon == std::string::npos
+               ? Section{text, "", {}, {}}
+               : Section{trimmed(text.substr(0, colon)), trimmed(text.substr(colon + 3)), {}, {}};
+}
+
+void add_step(std::vector<tsStep>& steps, int number, const std::string& line)
+{
+    const auto arrow = line.find("->");
+    const std::string commands = trimmed(line.substr(0, arrow));
+    if (!commands.empty() || steps.empty())
+        steps.push_back({number, commands, false, {}});
+    if (arrow == std::string::npos)
+        return;
+    steps.back().checked = true;
+    for (const std::string& record : ts_parts(line.substr(arrow + 2), ";"))
+        steps.back().expected.push_back(record);
+}
+
+std::string with_values(std::string text, const std::vector<std::string>& values)
+{
+    for (std::size_t i = values.size(); i-- > 0;)
+        for (std::size_t at; (at = text.find("$" + std::to_string(i + 1))) != std::string::npos;)
+            text.replace(at, 1 + std::to_string(i + 1).size(), values[i]);
+    return text;
+}
+
+class Reader
+{
+public:
+    explicit Reader(const std::filesystem::path& path) : the_path(path)
+    {
+        std::ifstream stream(path);
+        for (std::string line; std::getline(stream, line);)
+        {
+            ++the_line;
+            read(line.substr(0, line.find('#')));
+        }
+        finish();
+    }
+    std::vector<tsScript> the_scripts;
+
+private:
+    void read(const std::string& line)
+    {
+        const std::string text = trimmed(line);
+        if (text.empty())
+            return;
+        if (line.starts_with("scene ") || line.starts_with("test "))
+        {
+            finish();
+            the_is_test = line.starts_with("test ");
+            the_section = heading(text.substr(text.find(' ') + 1));
+            if (!the_section.base.empty() && !the_scenes.contains(the_section.base))
+                fail("no scene " + the_section.base);
+        }
+        else if (the_section.name.empty())
+            fail("expected scene or test");
+        else if (text.front() == '|')
+        {
+            the_section.rows.emplace_back();
+            for (const std::string& value : ts_parts(text, "|"))
+                the_section.rows.back().push_back(value == "-" ? "" : value);
+        }
+        else
+            add_step(the_section.steps, the_line, text);
+    }
+    void finish()
+    {
+        if (the_section.name.empty())
+            return;
+        std::vector<tsStep> steps = the_scenes[the_section.base];
+        steps.insert(steps.end(), the_section.steps.begin(), the_section.steps.end());
+        if (!the_is_test)
+            the_scenes[the_section.name] = steps;
+        else if (std::none_of(steps.begin(), steps.end(), [](const tsStep& step) { return step.checked; }))
+            fail("nothing is checked by " + the_section.name);
+        else if (the_section.rows.empty())
+            the_scripts.push_back({the_path.stem().string(), identifier(the_section.name), steps});
+        else
+            for (std::size_t i = 0; i < the_section.rows.size(); ++i)
+                add_row(steps, i);
+    }
+    void add_row(std::vector<tsStep> steps, std::size_t row)
+    {
+        const std::vector<std::string>& values = the_section.rows[row];
+        for (tsStep& step : steps)
+        {
+            step.commands = with_values(step.commands, values);
+            std::vector<std::string> expected;
+            for (const std::string& records : step.expected)
+                for (const std::string& record : ts_parts(with_values(records, values), ";"))
+                    expected.push_back(record);
+            step.expected = expected;
+        }
+        the_scripts.push_back(
+            {the_path.stem().string(), identifier(the_section.name) + "_" + std::to_string(row + 1), steps});
+    }
+    [[noreturn]] void fail(const std::string& why) const
+    {
+        throw std::runtime_error(the_path.string() + ":" + std::to_string(the_line) + ": " + why);
+    }
+
+    std::filesystem::path the_path;
+    int the_line = 0;
+    int the_is_test = 0;
+    Section the_section;
+    std::map<std::string, std::vector<tsStep>> the_scenes;
+};
+}
+
+tsWords ts_words(const std::string& line)
+{
+    std::istringstream stream(line);
+    tsWords words;
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    return words;
+}
+
+std::vector<std::string> ts_parts(const std::string& text, const std::string& separator)
+{
+    std::vector<std::string> parts;
+    for (std::size_t start = 0, end = 0; end != std::string::npos; start = end + separator.size())
+    {
+        end = text.find(separator, start);
+        const std::string part = trimmed(text.substr(start, end == std::string::npos ? end : end - start));
+        if (!part.empty())
+            parts.push_back(part);
+    }
+    return parts;
+}
+
+double ts_value(const std::string& expression)
+{
+    try
+    {
+        mu::Parser parser;
+        parser.SetExpr(expression);
+        return parser.Eval();
+    }
+    catch (const mu::Parser::exception_type& error)
+    {
+        throw std::runtime_error(error.GetMsg());
+    }
+}
+
+bool ts_matches(const std::vector<std::string>& expected, const std::vector<std::string>& found)
+{
+    return same_records(expected.begin(), expected.end(), found.begin(), found.end());
+}
+
+std::vector<tsScript> ts_read_scripts(const std::string& folder)
+{
+    std::vector<std::filesystem::path> paths;
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.path().extension() == ".script")
+            paths.push_back(entry.path());
+    std::sort(paths.begin(), paths.end());
+    std::vector<tsScript> scripts;
+    for (const auto& path : paths)
+        for (const tsScript& script : Reader(path).the_scripts)
+            scripts.push_back(script);
+    return scripts;
+}

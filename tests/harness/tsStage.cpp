@@ -1,0 +1,646 @@
+#include "tsStage.h"
+
+#include "dgAppElement.h"
+#include "dgClientStructure.h"
+#include "dgRenderer.h"
+#include "dgS.h"
+#include "dgView.h"
+#include "giXform3.h"
+#include "grTwiddleOverlayCallback.h"
+#include "grView.h"
+#include "grViewListUtils.h"
+#include "grViewPaperChild.h"
+#include "grViewPaperParent.h"
+#include "tsScene.h"
+#include "tsScript.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sstream>
+#include <stdexcept>
+
+namespace
+{
+tsStage* the_stage = nullptr;
+
+void overlay(dgView& view)
+{
+    the_stage->called("overlay " + the_stage->name_of(&view));
+}
+
+// A line of the trace driver in short: what is drawn, erased, selected and swapped.
+std::string brief(const std::string& line, const dgTraceWindow& window)
+{
+    tsWords words = ts_words(line);
+    const std::size_t at = words.front() == "xor" ? 1 : 0;
+    if (words.size() >= at + 5 && words[at] == "draw" && words[at + 1] == "lines")
+        return (at ? "xor draw " : "draw ") + words[at + 2];
+    if (words.size() == at + 2 && words[at] == "select_buffer")
+        return words[at + 1];
+    if (line == "swap_buffers 0")
+        return "swap";
+    if (words.size() == 7 && words[0] == "clear" && words[5] == "colour")
+    {
+        const std::string box = words[1] + " " + words[2] + " " + words[3] + " " + words[4];
+        const int whole =
+            box == "0 0 " + std::to_string(window.width() - 1) + " " + std::to_string(window.height() - 1);
+        return whole ? "erase" : "erase " + box;
+    }
+    return line;
+}
+
+// An element that tells of its drawing.
+class Spy : public dgAppElement
+{
+public:
+    Spy(tsStage& stage, std::string name) : the_stage(stage), the_name(std::move(name)) {}
+    Spy* copy() const override { return new Spy(the_stage, the_name); }
+    void draw(dgRenderer*) const override { the_stage.called("element " + the_name); }
+
+private:
+    tsStage& the_stage;
+    std::string the_name;
+};
+
+dgStructure& root_of(dgView& view)
+{
+    if (!view.root())
+        throw std::runtime_error("the view has no root");
+    return *view.root();
+}
+}
+
+std::string tsArguments::word()
+{
+    if (!more())
+        throw std::runtime_error("a word is missing");
+    return the_words[the_next++];
+}
+
+double tsArguments::number()
+{
+    return ts_value(word());
+}
+
+giPoint3 tsArguments::point()
+{
+    const double x = number(), y = number();
+    return giPoint3(x, y, number());
+}
+
+dgView& tsArguments::view()
+{
+    const std::string name = word();
+    dgView* view = the_stage.find_view(name);
+    if (!view)
+        throw std::runtime_error("no view " + name);
+    return *view;
+}
+
+std::string tsArguments::rest()
+{
+    std::string text;
+    while (more())
+        text += (text.empty() ? "" : " ") + word();
+    return text;
+}
+
+int tsArguments::next_is(const std::string& word)
+{
+    const int found = more() && the_words[the_next] == word;
+    the_next += static_cast<std::size_t>(found);
+    return found;
+}
+
+tsStage::Window::Window(int width, int height, int with_overlay) : input(width, height), surface(width, height)
+{
+    if (with_overlay)
+        overlay = std::make_unique<dgTraceWindow>(width, height);
+    own_renderer = std::make_unique<dgRenderer>(&surface, overlay.get(), &input);
+    renderer = own_renderer.get();
+}
+
+tsStage::Window::~Window() = default;
+
+// Tells of the changes of a view.
+struct tsStage::Watch : coReceiver
+{
+    Watch(tsStage& its_stage, dgView& view) : stage(its_stage), name(its_stage.name_of(&view))
+    {
+        view.call_list().add(DG_WORLD2VIEW_CHANGED, coCallFunc::member<&Watch::changed>(this));
+        view.call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&Watch::gone>(this));
+    }
+    void changed() { stage.called("changed " + name); }
+    void gone() { stage.called("gone " + name); }
+    tsStage& stage;
+    std::string name;
+};
+
+// Each stage lives a million seconds after the one before: what the process remembers of a time is long ago.
+tsStage::tsStage() : clock(0, 1000)
+{
+    static double begin = 0;
+    clock.set_time(begin += 1e6);
+    the_stage = this;
+    add("wait", [this](tsArguments& in) { clock.advance(in.number()); });
+    add("set",
+        [this](tsArguments& in)
+        {
+            const std::string name = in.word();
+            if (!the_settings.contains(name))
+                throw std::runtime_error("no setting " + name);
+            the_settings.at(name)(in);
+        });
+    add("tell",
+        [this](tsArguments& in)
+        {
+            while (in.more())
+                the_told.insert(in.word());
+        });
+    add("when",
+        [this](tsArguments& in)
+        {
+            const std::string text = in.rest();
+            const auto at = text.find(" do ");
+            if (at == std::string::npos)
+                throw std::runtime_error("when CALL do COMMAND & COMMAND");
+            the_whens.push_back({text.substr(0, at), text.substr(at + 4)});
+        });
+    add_view_commands();
+    add_companion_commands();
+    add_list_commands();
+    the_parts.push_back(ts_band_part(*this));
+    the_parts.push_back(ts_refresh_part(*this));
+    the_parts.push_back(ts_tool_part(*this));
+}
+
+tsStage::~tsStage()
+{
+    grTwiddleOverlayCallback::register_callback(nullptr);
+    while (!the_restores.empty())
+    {
+        the_restores.back()();
+        the_restores.pop_back();
+    }
+    while (!the_parts.empty())
+        the_parts.pop_back();
+    the_watches.clear();
+    the_companions.clear();
+    the_views.clear();
+    the_windows.clear();
+    the_stage = nullptr;
+}
+
+void tsStage::run(const std::string& commands)
+{
+    for (const std::string& command : ts_parts(commands, ";"))
+        run_one(command);
+}
+
+void tsStage::run_one(const std::string& command)
+{
+    std::vector<std::string> words = ts_words(command);
+    const auto found = the_commands.find(words.front());
+    if (found == the_commands.end())
+        throw std::runtime_error("no command " + words.front());
+    words.erase(words.begin());
+    tsArguments in(*this, words);
+    try
+    {
+        found->second(in);
+    }
+    catch (const std::runtime_error& error)
+    {
+        throw std::runtime_error(command + ": " + error.what());
+    }
+    if (in.more())
+        throw std::runtime_error(command + ": too many words, from '" + in.word() + "' on");
+}
+
+void tsStage::drain()
+{
+    for (std::size_t i = 0; i < the_windows.size(); ++i)
+        for (dgTraceWindow* surface : {&the_windows[i]->surface, the_windows[i]->overlay.get()})
+        {
+            if (!surface)
+                continue;
+            for (const std::string& line : surface->log())
+                if (!line.ends_with("begin") && !line.ends_with("end") && line != "present" && line != "finish")
+                    the_records.push_back((i ? std::to_string(i + 1) + ": " : "") +
+                                          (surface == &the_windows[i]->surface ? "" : "overlay ") +
+                                          brief(line, *surface));
+            surface->clear_log();
+        }
+}
+
+std::vector<std::string> tsStage::take()
+{
+    drain();
+    return std::exchange(the_records, {});
+}
+
+void tsStage::note(const std::string& record)
+{
+    drain();
+    the_records.push_back(record);
+}
+
+void tsStage::note(std::initializer_list<double> values)
+{
+    std::ostringstream os;
+    os.precision(17);
+    for (const double value : values)
+        os << (os.tellp() > 0 ? " " : "") << value;
+    note(os.str());
+}
+
+void tsStage::called(const std::string& name, int quiet)
+{
+    if (!quiet || the_told.contains(name))
+        note(name);
+    the_calls.push_back(name);
+    const int call = the_n_calls++;
+    std::string commands;
+    const auto when = std::find_if(the_whens.begin(), the_whens.end(), [&](const When& w) { return w.call == name; });
+    if (when != the_whens.end())
+    {
+        commands = when->commands;
+        the_whens.erase(when);
+    }
+    if (call == the_interrupted_call)
+        commands = the_interruption;
+    for (const std::string& command : ts_parts(commands, "&"))
+        run_one(command);
+}
+
+void tsStage::interrupt(int call, const std::string& commands)
+{
+    the_interrupted_call = call;
+    the_interruption = commands;
+}
+
+std::string tsStage::complaint()
+{
+    for (const auto& [name, view] : the_views)
+        if (view.own && !dgS::views().contains(view.own.get()))
+            return "view " + name + " is not registered";
+    for (const auto& window : the_windows)
+    {
+        if (!window->renderer)
+            continue;
+        if (window->renderer->current_driver_index() != 0 && !window->overlay)
+            return "another driver than the main one is selected";
+        std::string buffer = "front";
+        for (const std::string& line : window->surface.log())
+            if (line.starts_with("select_buffer "))
+                buffer = line.substr(14);
+        if (buffer != "front")
+            return "the " + buffer + " buffer is left selected";
+    }
+    for (const auto& part : the_parts)
+        if (const std::string text = part->complaint(); !text.empty())
+            return text;
+    return {};
+}
+
+dgView* tsStage::find_view(const std::string& name) const
+{
+    const auto found = the_views.find(name);
+    return found != the_views.end() && found->second.view && dgS::views().contains(found->second.view)
+               ? found->second.view
+               : nullptr;
+}
+
+std::string tsStage::name_of(const dgView* view) const
+{
+    for (const auto& [name, entry] : the_views)
+        if (entry.view == view)
+            return name;
+    return view ? "?" : "none";
+}
+
+std::vector<std::string> tsStage::view_names() const
+{
+    std::vector<std::string> names;
+    for (const auto& [name, entry] : the_views)
+        if (find_view(name))
+            names.push_back(name);
+    return names;
+}
+
+std::string tsStage::adopt(dgView& view)
+{
+    for (auto& [other, entry] : the_views)
+        if (entry.view == &view)
+            entry.view = nullptr; // dead, at the same address
+    const std::string name(1, static_cast<char>('a' + the_views.size()));
+    the_views[name] = {&view, nullptr};
+    const dgRef<dgStructure> root = tsLine(static_cast<int>(the_views.size()));
+    view.root(root.get());
+    return name;
+}
+
+grView* tsStage::companion(const std::string& name) const
+{
+    const auto found = the_companions.find(name);
+    return found == the_companions.end() ? nullptr : found->second.get();
+}
+
+void tsStage::add_view_commands()
+{
+    add("window",
+        [this](tsArguments& in)
+        {
+            const int width = in.integer_or(100), height = in.integer_or(100);
+            the_windows.push_back(std::make_unique<Window>(width, height, in.next_is("overlay")));
+            if (in.next_is("single"))
+                the_windows.back()->surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
+        });
+    add("single",
+        [this](tsArguments& in) { window(in.integer_or(1)).surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0); });
+    add("capability",
+        [this](tsArguments& in)
+        {
+            const auto capability = static_cast<dgDriverCapability>(in.integer());
+            const int on = in.integer();
+            window(in.integer_or(1)).surface.capability(capability, on);
+        });
+    // Views are named a, b, c ... and have roots of 1, 2, 3 ... segments.
+    add("view",
+        [this](tsArguments& in)
+        {
+            Window& on = window(in.integer_or(1));
+            auto view = std::make_unique<dgView>(on.renderer);
+            giBox2 port = on.renderer->window_box();
+            if (in.more())
+            {
+                const double x0 = in.number(), y0 = in.number(), x1 = in.number();
+                port = giBox2(x0, y0, x1, in.number());
+            }
+            view->camera().view_port_dc(port);
+            the_views[adopt(*view)].own = std::move(view);
+        });
+    add("close",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            const std::unique_ptr<dgView> dying = std::move(the_views.at(name_of(&view)).own);
+            if (!dying)
+                throw std::runtime_error("the view has another owner");
+        });
+    add("close_window",
+        [this](tsArguments& in)
+        {
+            Window& closed = window(in.integer_or(1));
+            for (auto& [name, view] : the_views)
+                if (view.own && view.own->renderer() == closed.renderer)
+                    const std::unique_ptr<dgView> dying = std::move(view.own);
+            closed.renderer = nullptr;
+            closed.own_renderer.reset();
+        });
+    add("unplug", [](tsArguments& in) { in.view().renderer(nullptr); });
+    add("plug",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            view.renderer(window(in.integer()).renderer);
+        });
+    add("look",
+        [](tsArguments& in)
+        {
+            dgCamera& camera = in.view().camera();
+            const double x0 = in.number(), y0 = in.number(), x1 = in.number();
+            camera.view_window(giBox2(x0, y0, x1, in.number()));
+        });
+    add("turn",
+        [](tsArguments& in)
+        {
+            dgCamera& camera = in.view().camera();
+            const double angle = in.number();
+            const giPoint3 axis = in.point();
+            camera.orientation(camera.orientation() *
+                               giXform3::rotation(giAngle(angle), giVector3(axis.x(), axis.y(), axis.z())));
+        });
+    add("shift",
+        [](tsArguments& in)
+        {
+            dgCamera& camera = in.view().camera();
+            const giPoint3 by = in.point();
+            camera.orientation(camera.orientation() * giXform3::translation(giVector3(by.x(), by.y(), by.z())));
+        });
+    add("changed", [](tsArguments& in) { in.view().camera().world2view_altered(); });
+    add("set_planes",
+        [](tsArguments& in)
+        {
+            dgView& view = in.view();
+            const double front = in.number();
+            view.camera().front_back_plane(front, in.number());
+            view.user_clip_planes(in.integer_or(0));
+        });
+    add("perspective",
+        [](tsArguments& in)
+        {
+            dgCamera& camera = in.view().camera();
+            camera.projection(dgPROJECTION_PERSPECTIVE);
+            if (in.more())
+                camera.projection_reference_point(in.point());
+        });
+    add("pan_forbidden", [](tsArguments& in) { in.view().pan_forbidden(1); });
+    add("watch", [this](tsArguments& in) { the_watches.push_back(std::make_unique<Watch>(*this, in.view())); });
+    add("overlay",
+        [](tsArguments& in) { grTwiddleOverlayCallback::register_callback(in.integer() ? overlay : nullptr); });
+    // Networks.
+    add("spy",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            root_of(view).add(new Spy(*this, name_of(&view)));
+        });
+    add("root",
+        [](tsArguments& in)
+        {
+            dgView& view = in.view();
+            if (in.next_is("none"))
+                view.root(nullptr);
+            else if (in.next_is("of"))
+                view.root(in.view().root());
+            else
+                view.root(tsLine(in.integer()).get());
+        });
+    add("grow",
+        [](tsArguments& in)
+        {
+            dgStructure& root = root_of(in.view());
+            const int segments = in.integer();
+            for (int i = in.integer_or(1); i > 0; --i)
+                root.add(tsLine(segments)->element(0));
+        });
+    add("cut",
+        [](tsArguments& in)
+        {
+            dgStructure& root = root_of(in.view());
+            const int first = in.integer();
+            root.delete_range(first, std::min(in.integer_or(first), root.nelements() - 1));
+        });
+    add("clear", [](tsArguments& in) { root_of(in.view()).clear(); });
+    // What a camera shows.
+    add("size",
+        [this](tsArguments& in)
+        {
+            const giBox2& window = in.view().camera().view_window();
+            note({window.width(), window.height()});
+        });
+    add("middle",
+        [this](tsArguments& in)
+        {
+            const giPoint2 middle = in.view().camera().view_window().middle();
+            note({middle.x(), middle.y()});
+        });
+    add("planes",
+        [this](tsArguments& in)
+        {
+            const dgView& view = in.view();
+            note({view.camera().front_plane(), view.camera().back_plane(), double(view.user_clip_planes())});
+        });
+    // Where a world point is in view space, and on the screen.
+    add("sees",
+        [this](tsArguments& in)
+        {
+            const giXform3& orientation = in.view().camera().orientation();
+            const giPoint3 point = in.point() * orientation;
+            note({point.x(), point.y(), point.z()});
+        });
+    add("shows",
+        [this](tsArguments& in)
+        {
+            const dgCamera& camera = in.view().camera();
+            giPoint3 shown;
+            camera.transform(in.point(), shown, dgSPACE_WORLD, dgSPACE_DEVICE);
+            note({shown.x(), shown.y()});
+        });
+    // Angle and axis, in view space.
+    add("turned",
+        [this](tsArguments& in)
+        {
+            const giXform3& x = in.view().camera().orientation();
+            const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
+            const double angle = std::atan2(twice_sine.length(), x(0, 0) + x(1, 1) + x(2, 2) - 1);
+            if (angle < 1e-9)
+                return note({0});
+            const giVector3 axis = twice_sine.unit();
+            note({angle, axis.x(), axis.y(), axis.z()});
+        });
+    add("refs", [this](tsArguments& in) { note({double(in.view().reference_count())}); });
+    add("elements", [this](tsArguments& in) { note({double(root_of(in.view()).nelements())}); });
+}
+
+void tsStage::add_companion_commands()
+{
+    // Each makes the companion of a view: its own, one locked to another's, a sheet, one on a sheet.
+    add("companion",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            grView* parent = in.next_is("of") ? companion(in.word()) : nullptr;
+            the_companions[name_of(&view)] = std::make_unique<grView>(&view, parent);
+        });
+    add("sheet",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            the_companions[name_of(&view)] = std::make_unique<grViewPaperParent>(&view);
+        });
+    add("paper",
+        [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            the_companions[name_of(&view)] =
+                std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(in.word())));
+        });
+    const auto with_companion = [this](const std::string& name, void (*work)(grView&, tsArguments&))
+    {
+        add(name,
+            [this, work](tsArguments& in)
+            {
+                grView* view = companion(in.word());
+                if (!view)
+                    throw std::runtime_error("no such companion");
+                work(*view, in);
+            });
+    };
+    add("drop", [this](tsArguments& in) { the_companions.erase(in.word()); });
+    with_companion("orphan", [](grView& view, tsArguments&) { view.orphan(); });
+    with_companion("lock", [](grView& view, tsArguments& in) { view.lock_child(in.integer()); });
+    with_companion("hidden", [](grView& view, tsArguments& in) { view.hidden(in.integer()); });
+    with_companion("transparent", [](grView& view, tsArguments&) { view.background(grVIEW_BACKGROUND_TRANSPARENT); });
+    with_companion("unlock_tools", [](grView& view, tsArguments&) { view.clear_twiddle_locks(); });
+    add("family",
+        [this](tsArguments& in)
+        {
+            const grView* view = companion(in.word());
+            std::string text = view->view() ? "of " + name_of(const_cast<grView*>(view)->view()) : "detached";
+            text += view->parent() ? ", parent " + name_of(view->parent()->view()) : "";
+            for (int i = 0; i < view->nchild_views(); ++i)
+                text += ", child " + name_of(view->child(i)->view());
+            if (const auto* child = grViewPaperChild::ut_dynamic_cast(view); child && child->paper_parent())
+                text += ", on " + name_of(child->paper_parent()->view());
+            if (const auto* sheet = grViewPaperParent::ut_dynamic_cast(view))
+                for (int i = 0; i < sheet->npaper_child_views(); ++i)
+                    text += ", paper " + name_of(sheet->paper_child(i)->view());
+            note(text + (view->called_from_parent() ? ", pushing" : ""));
+        });
+}
+
+void tsStage::add_list_commands()
+{
+    add_setting("insert_paper_children_first", &grViewListUtils::insert_paper_children_first,
+                &grViewListUtils::insert_paper_children_first);
+    add_setting("erase_on_swap_buffers", &grViewListUtils::erase_on_swap_buffers,
+                &grViewListUtils::erase_on_swap_buffers);
+    // The views of the other words, dead ones too, as a list before and after.
+    const auto with_list = [this](const std::string& name, std::function<void(dgViewcoDList&, tsArguments&)> work)
+    {
+        add(name,
+            [this, work](tsArguments& in)
+            {
+                dgViewcoDList views;
+                while (in.more() && !in.next_is("+"))
+                    views.add_last(the_views.at(in.word()).view);
+                work(views, in);
+                std::string names;
+                for (const dgView* view : views)
+                    names += (names.empty() ? "" : " ") + name_of(view);
+                note(names.empty() ? "none" : names);
+            });
+    };
+    with_list("by_renderer",
+              [](dgViewcoDList& views, tsArguments&) { grViewListUtils::sort_views_by_renderer(views); });
+    with_list("by_library",
+              [](dgViewcoDList& views, tsArguments&) { grViewListUtils::sort_views_into_dgs_order(views); });
+    with_list("with_missing",
+              [this](dgViewcoDList& views, tsArguments&)
+              {
+                  note({double(grViewListUtils::missing_renderer_views(views)),
+                        double(grViewListUtils::add_renderer_views(views))});
+              });
+    with_list("with_children",
+              [](dgViewcoDList& views, tsArguments& in) { grViewListUtils::find_child_views(&in.view(), views); });
+    with_list("double_buffered", [this](dgViewcoDList& views, tsArguments&)
+              { note({double(grViewListUtils::double_buffered_renderer(views))}); });
+    // Views, and after "+" views that get an extra line of 10 segments (or none for "-").
+    add("refresh",
+        [this](tsArguments& in)
+        {
+            dgViewcoDList views, extra_views;
+            dgStructurecoDList extras;
+            const dgRef<dgStructure> icon = tsLine(10);
+            while (in.more() && !in.next_is("+"))
+                views.add_last(&in.view());
+            while (in.more())
+            {
+                extras.add_last(in.next_is("-") ? nullptr : icon.get());
+                extra_views.add_last(&in.view());
+            }
+            grViewListUtils::refresh_views(views, extra_views, extras);
+        });
+}

@@ -1,0 +1,506 @@
+#include "tsStage.h"
+
+#include "dgClientStructure.h"
+#include "dgRenderer.h"
+#include "dgStructureCall.h"
+#include "dgTransform.h"
+#include "dgView.h"
+#include "giXform3.h"
+#include "grAction.h"
+#include "grCameraViewCache.h"
+#include "grMouseWheelZoomTool.h"
+#include "grStdToolFactory.h"
+#include "grStdTwiddleHooks.h"
+#include "grStdTwiddling.h"
+#include "grStdViewTwiddleTool.h"
+#include "grToolFactory.h"
+#include "grTwiddleMan.h"
+
+#include "grViewRefresher.h"
+#include "grWorkPlane.h"
+#include "gwInput.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "gwResourceDB.h"
+#include "gwSpaceballEvent.h"
+#include "tsScene.h"
+#include "tsScript.h"
+#include "utTypeID.h"
+
+#include <cmath>
+#include <stdexcept>
+
+namespace
+{
+// Draws nothing and tells what it is asked. At the start it keeps the box of the first view's icon.
+class TellingRefresher : public grViewRefresher
+{
+public:
+    TellingRefresher(const dgViewcoDList& views, tsStage& stage, giBox3& icon_box)
+        : grViewRefresher(views), the_stage(stage), the_icon_box(icon_box)
+    {}
+
+protected:
+    void start_twiddle() override
+    {
+        const dgStructure* icon = twiddle_icons().empty() ? nullptr : twiddle_icons().first();
+        the_icon_box = icon ? icon->bounding_box() : giBox3();
+        the_stage.called("start refresher");
+    }
+    void refresh() override { the_stage.called("refresh"); }
+    void idle_refresh() override { the_stage.called("idle refresh"); }
+    grIdleAction idle() override
+    {
+        the_stage.called("idle refresher");
+        return grIDLE_DONE;
+    }
+    void end_twiddle() override { the_stage.called(forced_redraw() ? "end refresher, forced" : "end refresher"); }
+
+private:
+    tsStage& the_stage;
+    giBox3& the_icon_box;
+};
+
+// Tells its notifications, and answers what a script has set.
+class TellingHooks : public grStdTwiddleHooks
+{
+public:
+    explicit TellingHooks(tsStage& stage) : the_stage(stage) { draw_trackball_icon(0); }
+
+    grViewTwiddleDetail* view_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event) override
+    {
+        the_stage.called("detail", 1);
+        return grStdTwiddleHooks::view_detail(tool, event);
+    }
+    grStructureTwiddleDetail* structure_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event) override
+    {
+        the_stage.called("structure_detail", 1);
+        return grStdTwiddleHooks::structure_detail(tool, event);
+    }
+    dgView* identify_views(const gwKeyEvent& event, dgViewcoDList& views) override
+    {
+        the_stage.called("identify_views", 1);
+        dgView* target = grStdTwiddleHooks::identify_views(event, views);
+        if (target)
+            for (const std::string& name : the_group)
+                if (dgView* view = the_stage.find_view(name))
+                    views.add_last(view);
+        return target;
+    }
+    int locked_view(const dgView* view, const grStdTwiddleTool* tool) override
+    {
+        the_stage.called("locked?", 1);
+        return grStdTwiddleHooks::locked_view(view, tool);
+    }
+    grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views) override
+    {
+        std::string names = "refresher for";
+        for (const dgView* view : views)
+            names += " " + the_stage.name_of(view);
+        the_stage.called("make_refresher", 1);
+        if (the_views_are_told)
+            the_stage.note(names);
+        if (!the_own_refreshers)
+            return new TellingRefresher(views, the_stage, the_icon_box);
+        grViewRefresher* refresher = grStdTwiddleHooks::view_refresher(tool, views);
+        if (the_views_are_told)
+            the_stage.note(refresher->ut_dynamic_type().name());
+        return refresher;
+    }
+    grWorkPlane* identify_workplane() override
+    {
+        the_stage.called("workplane", 1);
+        return the_workplane.get();
+    }
+    dgStructure* identify_structure() override
+    {
+        the_stage.called("structure", 1);
+        return the_structure.get();
+    }
+    void aperture_defined(const gwKeyEvent& first, const gwKeyEvent& second) override
+    {
+        the_stage.called("aperture");
+        the_stage.note({double(first.x()), double(first.y()), double(second.x()), double(second.y())});
+    }
+    void update_rotation_centre(const dgView&, const gwKeyEvent&) override { the_stage.called("update centre"); }
+    giPoint3 get_world_centre(dgView& view) override
+    {
+        return the_centre ? *the_centre : grStdTwiddleHooks::get_world_centre(view);
+    }
+    void start_twiddle(grStdTwiddleTool*, const gwKeyEvent&) override { the_stage.called("start"); }
+    void mouse_event(grStdTwiddleTool*, const gwMouseEvent&) override { the_stage.called("mouse"); }
+    void idle_event(grStdTwiddleTool*, grIdleAction action) override
+    {
+        the_stage.called(action ? "idle again" : "idle done");
+    }
+    void final_frame(grStdTwiddleTool*) override { the_stage.called("final frame"); }
+    void end_twiddle(grStdTwiddleTool*, const gwKeyEvent&) override { the_stage.called("end"); }
+    void destruction_twiddle(grStdTwiddleTool*) override { the_stage.called("destruction"); }
+
+    std::vector<std::string> the_group; // views that belong to every view
+    std::unique_ptr<grWorkPlane> the_workplane;
+    dgRef<dgStructure> the_structure;
+    std::unique_ptr<giPoint3> the_centre; // null: the default
+    int the_own_refreshers = 0;
+    int the_views_are_told = 0;
+    giBox3 the_icon_box; // empty without an icon
+
+private:
+    tsStage& the_stage;
+};
+
+// How telling tools answer; "end" also tells the event.
+struct ToolAnswers
+{
+    int claims = 0, again = 0;
+};
+
+// Tells every call with the state that it is made in, and its start with its arguments. The wheel variant derives from
+// the tool of the wheel, and so lives for one event.
+template <class Base>
+class TellingTool : public Base
+{
+public:
+    TellingTool(tsStage& stage, const ToolAnswers& answers, const utString& args)
+        : Base(args, nullptr, nullptr), the_stage(stage), the_answers(answers)
+    {}
+    ~TellingTool() override { the_stage.called("tool deleted"); }
+    int allow_key_event_when_active(const gwKeyEvent&) const override
+    {
+        the_stage.called("tool asked");
+        return the_answers.claims;
+    }
+
+protected:
+    void start_twiddle(const gwKeyEvent&) override { tell("start " + this->args().str()); }
+    void mouse_event(const gwMouseEvent&) override { tell("mouse"); }
+    void spaceball_event(const gwSpaceballEvent&) override { tell("spaceball"); }
+    grIdleAction idle_event() override
+    {
+        tell("idle");
+        return the_answers.again ? grIDLE_AGAIN : grIDLE_DONE;
+    }
+    void final_frame() override { tell("final frame"); }
+    void end_twiddle(const gwKeyEvent& event) override
+    {
+        utString name;
+        double time;
+        grTwiddleTool::get_last_twiddle_details(name, time);
+        the_stage.called("previous " + name.str(), 1);
+        tell("end by " + std::to_string(event.key_type()) + " " + std::to_string(event.key_number()) + " at " +
+             std::to_string(event.x()) + " " + std::to_string(event.y()));
+    }
+    void destruction_twiddle() override { tell("destruction"); }
+
+private:
+    void tell(const std::string& call) { the_stage.called("tool " + call + " in " + std::to_string(this->state())); }
+    tsStage& the_stage;
+    const ToolAnswers& the_answers;
+};
+
+// The application's factory: "record" and "wheel" are telling tools.
+class TellingFactory : public grToolFactory
+{
+public:
+    TellingFactory(tsStage& stage, ToolAnswers& answers) : the_stage(stage), the_answers(answers) {}
+    int identify_tool(utString name) const override { return name == "record" ? 7 : name == "wheel" ? 8 : -1; }
+    grTwiddleTool* create_tool(int tool, const utString& args) const override
+    {
+        the_stage.called("create", 1);
+        if (tool == 8)
+            return new TellingTool<grMouseWheelZoomTool>(the_stage, the_answers, args);
+        return new TellingTool<PlainTool>(the_stage, the_answers, args);
+    }
+
+private:
+    struct PlainTool : grTwiddleTool
+    {
+        PlainTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks*) : grTwiddleTool(args, db) {}
+    };
+    tsStage& the_stage;
+    ToolAnswers& the_answers;
+};
+
+class ToolPart : public tsPart
+{
+public:
+    explicit ToolPart(tsStage& stage) : the_stage(stage), the_hooks(std::make_unique<TellingHooks>(stage))
+    {
+        add_set_up();
+        add_hooks();
+        add_events();
+        add_queries();
+    }
+    ~ToolPart() override
+    {
+        the_twiddling.reset();
+        grStdViewTwiddleTool::delete_camera_cache();
+    }
+
+private:
+    grTwiddleMan& man()
+    {
+        if (!the_twiddling)
+            throw std::runtime_error("nothing is bound");
+        return *the_twiddling->twiddle_man();
+    }
+    // Replaces all actions by those of a text and those that are always there.
+    void bind(const std::string& text)
+    {
+        the_db.set_resource("translations", utString(text));
+        if (!the_twiddling)
+            the_twiddling = std::make_unique<grStdTwiddling>(&the_input, &the_db, the_hooks.get(), &the_factory);
+        else
+            the_twiddling->change_translation_actions("translations", &the_db);
+        grMouseWheelZoomTool::reread_resources(&the_db);
+        grStdToolFactoryOptions options;
+        options.use_multi_tools(the_multi);
+        the_twiddling->factory()->push_options(options);
+    }
+    void add_set_up()
+    {
+        the_stage.at_end([] { grMouseWheelZoomTool::reread_resources(nullptr); });
+        // Mouse button 1 to a tool with its arguments, which last until the next command of this name.
+        the_stage.add("bind", [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); });
+        the_stage.add("translations", [this](tsArguments& in) { bind(in.rest()); });
+        the_stage.add("multi", [this](tsArguments& in) { the_multi = in.integer(); });
+        the_stage.add("resource",
+                      [this](tsArguments& in)
+                      {
+                          const std::string key = in.word();
+                          the_db.set_resource(utString(key), utString(in.rest()));
+                      });
+        the_stage.add("reread_wheel", [this](tsArguments&) { grMouseWheelZoomTool::reread_resources(&the_db); });
+        the_stage.add("claim", [this](tsArguments& in) { the_answers.claims = in.integer(); });
+        the_stage.add("again", [this](tsArguments& in) { the_answers.again = in.integer(); });
+        the_stage.add("cameras", [this](tsArguments&) { grStdViewTwiddleTool::initialise_cache(&the_db); });
+        the_stage.add("save",
+                      [](tsArguments& in)
+                      {
+                          dgView& view = in.view();
+                          grStdViewTwiddleTool::camera_cache(&view)->push(view);
+                      });
+        the_stage.add("stop", [this](tsArguments&) { man().stop_twiddling(); });
+        the_stage.add("delete_tool", [this](tsArguments&) { man().delete_current_tool(); });
+        the_stage.add("unbind", [this](tsArguments&) { man().remove_actions(); });
+        the_stage.add("drop_twiddling", [this](tsArguments&) { the_twiddling.reset(); });
+    }
+    void add_hooks()
+    {
+        TellingHooks& hooks = *the_hooks;
+        the_stage.add("group", [&](tsArguments& in) { hooks.the_group = ts_words(in.rest()); });
+        the_stage.add("centre", [&](tsArguments& in) { hooks.the_centre = std::make_unique<giPoint3>(in.point()); });
+        the_stage.add("workplane",
+                      [&](tsArguments& in)
+                      {
+                          const giPoint3 origin = in.point();
+                          hooks.the_workplane = std::make_unique<grWorkPlane>(origin, giVector3(0, 0, 1));
+                          hooks.the_workplane->on(in.integer_or(1));
+                      });
+        the_stage.add("centre_type", [&](tsArguments& in)
+                      { hooks.set_trackball_centre_type(static_cast<grTrackballCentreType>(in.integer())); });
+        the_stage.add("spinning", [&](tsArguments& in) { hooks.allow_spinning(in.integer()); });
+        the_stage.add("icons", [&](tsArguments& in) { hooks.draw_trackball_icon(in.integer()); });
+        the_stage.add("clipping",
+                      [&](tsArguments& in) { hooks.clipping_mode(static_cast<dgBoundingViewType>(in.integer())); });
+        the_stage.add("all_views", [&](tsArguments& in) { hooks.add_all_views_if_double_buffered(in.integer()); });
+        the_stage.add("own_refreshers", [&](tsArguments& in) { hooks.the_own_refreshers = in.integer_or(1); });
+        the_stage.add("tell_views", [&](tsArguments&) { hooks.the_views_are_told = 1; });
+        the_stage.add("fast", [&](tsArguments& in) { hooks.use_refresher_fast(in.integer()); });
+        the_stage.add("timeout",
+                      [&](tsArguments& in)
+                      {
+                          if (const double rate = in.number(); rate > 0)
+                              hooks.enable_timeout_twiddling(rate);
+                          else
+                              hooks.disable_timeout_twiddling();
+                      });
+        // In place of a view's root: a line from (0, 0, 0) to (1, 0, 0) called under a transform, twice as large,
+        // turned to lie along y, and beginning at (1, 0, 0). The hooks name it.
+        the_stage.add("part",
+                      [this](tsArguments& in)
+                      {
+                          the_placement = giXform3::scaling(2) *
+                                          giXform3::rotation(giAngle(2 * std::atan(1.0)), gi_Z_AXIS) *
+                                          giXform3::translation(giVector3(1, 0, 0));
+                          the_hooks->the_structure = tsLine(1);
+                          const dgRef<dgStructure> root(new dgClientStructure);
+                          root->add(new dgTransform(the_placement));
+                          root->add(new dgStructureCall(the_hooks->the_structure.get()));
+                          in.view().root(root.get());
+                      });
+        the_stage.add("forget_part", [this](tsArguments&) { the_hooks->the_structure.reset(); });
+        the_stage.add("clear_part", [this](tsArguments&) { the_hooks->the_structure->clear(); });
+    }
+    gwWindow* input_window() { return &the_stage.window(the_pointer_window).input; }
+    // [TYPE] KEY X Y [MODIFIERS], by default button 1 where the pointer is.
+    void post_key(tsArguments& in, int transition)
+    {
+        const std::map<std::string, gwKeyType> types{{"qwerty_key", gwQWERTY_KEY},
+                                                     {"function_key", gwFUNCTION_KEY},
+                                                     {"mouse_button", gwMOUSE_BUTTON},
+                                                     {"other_key", gwOTHER_KEY},
+                                                     {"spaceball_button", gwSPACEBALL_BUTTON}};
+        std::string word = in.word_or("1");
+        gwKeyType type = gwMOUSE_BUTTON;
+        if (types.contains(word))
+        {
+            type = types.at(word);
+            word = in.word();
+        }
+        const int key = static_cast<int>(ts_value(word));
+        the_x = in.integer_or(the_x);
+        the_y = in.integer_or(the_y);
+        the_input.post(gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), transition, type, key));
+    }
+    void move(int x, int y)
+    {
+        the_x = x;
+        the_y = y;
+        the_input.post(gwMouseEvent(input_window(), x, y));
+    }
+    void add_events()
+    {
+        the_stage.add("pointer", [this](tsArguments& in) { the_pointer_window = in.integer(); });
+        the_stage.add("press", [this](tsArguments& in) { post_key(in, gwPRESSED); });
+        the_stage.add("release", [this](tsArguments& in) { post_key(in, gwRELEASED); });
+        the_stage.add("transition_2", [this](tsArguments& in) { post_key(in, 2); });
+        the_stage.add("move",
+                      [this](tsArguments& in)
+                      {
+                          const int x = in.integer();
+                          move(x, in.integer());
+                      });
+        // To X Y in steps, each after some seconds, from where the pointer is.
+        the_stage.add("drag",
+                      [this](tsArguments& in)
+                      {
+                          const int x0 = the_x, y0 = the_y, dx = in.integer() - x0, dy = in.integer() - y0;
+                          const int steps = in.integer_or(4);
+                          const double seconds = in.number_or(0);
+                          for (int i = 1; i <= steps; ++i)
+                          {
+                              the_stage.clock.advance(seconds);
+                              move(x0 + dx * i / steps, y0 + dy * i / steps);
+                          }
+                      });
+        the_stage.add("wheel",
+                      [this](tsArguments& in)
+                      {
+                          the_x = in.integer();
+                          the_y = in.integer();
+                          const double steps = in.number();
+                          the_input.post(gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), gwPRESSED,
+                                                    gwMOUSE_WHEEL, 1, steps));
+                      });
+        the_stage.add("spaceball",
+                      [this](tsArguments& in)
+                      {
+                          const giPoint3 turn = in.point(), push = in.point();
+                          the_input.post(gwSpaceballEvent(
+                              input_window(), the_x, the_y, 0, giVector3(turn.x(), turn.y(), turn.z()),
+                              giVector3(push.x(), push.y(), push.z()), in.number_or(gwSpaceballEvent::usual_seconds)));
+                      });
+        // COUNT calls, SECONDS from one to the next; the last answer is recorded.
+        the_stage.add("idle",
+                      [this](tsArguments& in)
+                      {
+                          const int count = in.integer_or(1);
+                          const double seconds = in.number_or(0);
+                          grIdleAction answer = grIDLE_DONE;
+                          for (int i = 0; i < count; ++i)
+                          {
+                              the_stage.clock.advance(seconds);
+                              answer = the_twiddling ? man().idle() : grIDLE_DONE;
+                          }
+                          the_stage.note(answer == grIDLE_AGAIN ? "again" : "done");
+                      });
+    }
+    void add_queries()
+    {
+        the_stage.add("tool",
+                      [this](tsArguments&)
+                      {
+                          const grTwiddleTool* tool = man().current_tool();
+                          the_stage.note(
+                              tool ? std::string(tool->ut_dynamic_type().name()) + " " +
+                                         (man().current_tool_state() == grTWID_TWIDDLING ? "active" : "ended") +
+                                         (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
+                                   : "none");
+                      });
+        the_stage.add("last_twiddle",
+                      [this](tsArguments&)
+                      {
+                          utString name;
+                          double time;
+                          grTwiddleTool::get_last_twiddle_details(name, time);
+                          the_stage.note(name.str());
+                          the_stage.note({the_stage.clock.time() - time});
+                      });
+        the_stage.add("target",
+                      [this](tsArguments&)
+                      {
+                          const auto* tool = grStdViewTwiddleTool::ut_dynamic_cast(man().current_tool());
+                          the_stage.note(!tool             ? "no tool"
+                                         : !tool->detail() ? "no detail"
+                                                           : the_stage.name_of(tool->detail()->target_view()));
+                      });
+        the_stage.add("icon_box",
+                      [this](tsArguments&)
+                      {
+                          const giBox3& box = the_hooks->the_icon_box;
+                          if (box.empty())
+                              return the_stage.note("none");
+                          the_stage.note({box.low().x(), box.low().y(), box.low().z()});
+                          the_stage.note({box.high().x(), box.high().y(), box.high().z()});
+                      });
+        // Number of saved cameras, the position among them, and whether the one there is that of the view.
+        the_stage.add("saved",
+                      [this](tsArguments& in)
+                      {
+                          dgView& view = in.view();
+                          const grCameraViewCache& cache = *grStdViewTwiddleTool::camera_cache(&view);
+                          the_stage.note({double(cache.count()), double(cache.position()),
+                                          double(cache.current() && cache.current()->is_position_of(view))});
+                      });
+        the_stage.add("depth_cueing",
+                      [this](tsArguments& in) { the_stage.note({double(in.view().renderer()->depth_cueing())}); });
+        // Where a point of the part is in the world now.
+        the_stage.add("part_at",
+                      [this](tsArguments& in)
+                      {
+                          const dgTransform* own = ut_cast<dgTransform>(the_hooks->the_structure->element(0));
+                          const giPoint3 p = in.point() * (own ? own->transform() * the_placement : the_placement);
+                          the_stage.note({p.x(), p.y(), p.z()});
+                      });
+        the_stage.add("part_elements",
+                      [this](tsArguments&) { the_stage.note({double(the_hooks->the_structure->nelements())}); });
+        the_stage.add("actions",
+                      [this](tsArguments&)
+                      {
+                          for (const grAction* action : man().actions())
+                              the_stage.note(
+                                  std::to_string(action->trigger().key_type()) + " " +
+                                  std::to_string(action->trigger().key_number()) + " " +
+                                  std::to_string(action->trigger().modifiers()) + " : " + action->action_name().str() +
+                                  (action->binding()->factory() == &the_factory ? " of the application" : ""));
+                      });
+    }
+
+    tsStage& the_stage;
+    gwResourceDB the_db;
+    gwInput the_input;
+    std::unique_ptr<TellingHooks> the_hooks;
+    ToolAnswers the_answers;
+    TellingFactory the_factory{the_stage, the_answers};
+    std::unique_ptr<grStdTwiddling> the_twiddling;
+    int the_multi = 0;
+    int the_x = 0, the_y = 0, the_pointer_window = 1;
+    giXform3 the_placement;
+};
+}
+
+std::unique_ptr<tsPart> ts_tool_part(tsStage& stage)
+{
+    return std::make_unique<ToolPart>(stage);
+}
