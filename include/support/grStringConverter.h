@@ -52,10 +52,7 @@ public:
     /// "GL", "X", "native", "GDI", "PEX", "X_ON_UNIX".
     static int to_driver_type(const utString& text, gwDriverType& result);
 
-    /// Appends the actions of a text; the caller owns them. One action is
-    ///     <modifiers> key_type key : tool_name (arguments)
-    /// where the groups in "<>" and "()" may be left out, and tokens are separated by blanks, commas or tabs. key is a
-    /// decimal number, or a word of to_other_key when key_type is "other_key". The arguments are joined with commas.
+    /// Appends the actions that a grActionReader finds in text; the caller owns them.
     /// On failure, the actions read before it stay in result.
     static int to_actions(const utString& text, grActioncoDListPtr& result);
 };

@@ -12,7 +12,7 @@ class apPathName;
 enum gwResourceStatus
 {
     gwRESOURCE_OK = 0,
-    gwRESOURCE_BAD_LINE = 1, ///< a line has no colon, or no key before it, or blanks inside its key
+    gwRESOURCE_BAD_LINE = 1, ///< a line is no "key: value", see gwResourceText::bad_line
     gwRESOURCE_NO_FILE = 2   ///< the file is missing or cannot be read
 };
 
@@ -27,17 +27,12 @@ public:
     int remove_resource(const utString& key) { return the_resources.erase(key) != 0; }
     int count() const { return static_cast<int>(the_resources.size()); }
 
-    /// Sets one resource per "key: value" line; of equal keys the last counts. Blanks around key and value are dropped,
-    /// empty lines and lines that start with "!" or "#" are passed over, and a backslash at the end of a line joins
-    /// the next one to it. Line ends may be those of any platform.
+    /// Sets what a gwResourceText finds in text; of equal keys the last counts.
     ///
     /// On failure nothing is set and line is the number of the first bad line, counted from 1; else line is left alone.
     gwResourceStatus load_text(const utString& text, int& line);
     /// The same from a file.
     gwResourceStatus load_file(const apPathName& path, int& line);
-
-    /// Writes the resources as text that load_text reads, ordered by key.
-    void write_text(std::ostream& os) const;
 
 private:
     std::map<utString, utString> the_resources;

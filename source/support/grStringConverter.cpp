@@ -3,7 +3,7 @@
 #include "apNumber.h"
 #include "giBox2.h"
 #include "giPoint3.h"
-#include "grTokeniser.h"
+#include "grActionReader.h"
 #include "gsColour.h"
 
 #include <algorithm>
@@ -115,86 +115,6 @@ double eight_bit_channel(int value)
 {
     return std::clamp(value, 0, 255) / 255.0;
 }
-
-int is(const char* token, const char* text)
-{
-    return token && std::string_view(token) == text;
-}
-
-constexpr const char* action_punctuation = "<>:()";
-
-// Reads what may stand before an action's key type. An action that starts without "<" has no modifiers.
-int read_modifiers(grTokeniser& tokens, int& modifiers)
-{
-    modifiers = 0;
-    if (!is(tokens.next_token(), "<"))
-    {
-        tokens.go_back_one();
-        return 1;
-    }
-    const char* token = tokens.next_token();
-    for (; token && !is(token, ">"); token = tokens.next_token())
-    {
-        int bit = 0;
-        if (!grStringConverter::to_modifier(token, bit))
-            return 0;
-        modifiers |= bit;
-    }
-    return token != nullptr;
-}
-
-int read_key(grTokeniser& tokens, gwKeyType& key_type, int& key_number)
-{
-    const char* token = tokens.next_token();
-    if (!token || !grStringConverter::to_key_type(token, key_type))
-        return 0;
-    token = tokens.next_token();
-    if (!token)
-        return 0;
-    return key_type == gwOTHER_KEY ? grStringConverter::to_other_key(token, key_number)
-                                   : grStringConverter::to_int(token, key_number);
-}
-
-int read_tool_name(grTokeniser& tokens, utString& name)
-{
-    if (!is(tokens.next_token(), ":"))
-        return 0;
-    const char* token = tokens.next_token();
-    // Punctuation here means that the name was left out.
-    if (!token || std::string_view(action_punctuation).find(token[0]) != std::string_view::npos)
-        return 0;
-    name = token;
-    return 1;
-}
-
-int read_arguments(grTokeniser& tokens, utString& args)
-{
-    if (!is(tokens.next_token(), "("))
-    {
-        tokens.go_back_one();
-        return 1;
-    }
-    const char* token = tokens.next_token();
-    for (int first = 1; token && !is(token, ")"); token = tokens.next_token(), first = 0)
-    {
-        if (!first)
-            args += ',';
-        args += token;
-    }
-    return token != nullptr;
-}
-
-// Null when the text at the tokeniser is no action.
-std::unique_ptr<grAction> read_action(grTokeniser& tokens)
-{
-    int modifiers = 0, key_number = 0;
-    gwKeyType key_type = gwQWERTY_KEY;
-    utString name, args;
-    if (!read_modifiers(tokens, modifiers) || !read_key(tokens, key_type, key_number) ||
-        !read_tool_name(tokens, name) || !read_arguments(tokens, args))
-        return nullptr;
-    return std::make_unique<grAction>(grActionTrigger(key_type, key_number, modifiers, args), name);
-}
 }
 
 int grStringConverter::to_bool(const utString& text, int& result)
@@ -304,14 +224,8 @@ int grStringConverter::to_driver_type(const utString& text, gwDriverType& result
 
 int grStringConverter::to_actions(const utString& text, grActioncoDListPtr& result)
 {
-    grTokeniser tokens(text.c_str(), " ,\t");
-    while (tokens.next_token())
-    {
-        tokens.go_back_one();
-        std::unique_ptr<grAction> action = read_action(tokens);
-        if (!action)
-            return 0;
+    grActionReader reader(text);
+    while (std::unique_ptr<grAction> action = reader.next())
         result.add_last(action.release());
-    }
-    return 1;
+    return !reader.failed();
 }

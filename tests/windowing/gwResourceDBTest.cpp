@@ -1,104 +1,95 @@
 #include "gwResourceDB.h"
 
 #include "apPathName.h"
+#include "gwResourceText.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <fstream>
-#include <sstream>
+#include <string>
 
 namespace
 {
-utString text_of(const gwResourceDB& db)
+// What a text sets, one "line:column key = line:column value" per setting, and its first bad line.
+std::string read(std::string_view text)
 {
-    std::ostringstream os;
-    db.write_text(os);
-    return os.str();
-}
-}
-
-TEST(gwResourceDB, finds_sets_and_removes_keys)
-{
-    gwResourceDB db;
-    utString value("kept");
-    EXPECT_FALSE(db.get_resource("framerate", value));
-    EXPECT_EQ(value, "kept");
-    db.set_resource("framerate", "10");
-    db.set_resource("framerate", "");
-    EXPECT_TRUE(db.get_resource("framerate", value)) << "an empty value is a value";
-    EXPECT_EQ(value, "");
-    EXPECT_FALSE(db.get_resource("Framerate", value));
-    EXPECT_TRUE(db.remove_resource("framerate"));
-    EXPECT_FALSE(db.remove_resource("framerate"));
+    const gwResourceText read(text);
+    std::string all;
+    const auto place = [&](std::size_t position)
+    {
+        const gwTextPlace p = read.place(position);
+        return std::to_string(p.line) + ':' + std::to_string(p.column) + ' ';
+    };
+    for (const gwResourceText::Setting& setting : read.settings())
+        all += place(setting.key_position) + setting.key.str() + " = " + place(setting.value_position) +
+               setting.value.str() + "; ";
+    return all + (read.bad_line() ? "bad line " + std::to_string(read.bad_line()) : "");
 }
 
 const struct
 {
     const char* name;
-    const char* text;
-    const char* loaded; // as written back
-} good_texts[] = {
-    {"blanks are dropped", "  a :  b c \t\n", "a: b c\n"},
-    {"value keeps its colons", "t: mouse_button 1:zoom()\n", "t: mouse_button 1:zoom()\n"},
-    {"comments and empty lines", "! x: 1\n\n   \n# y\n  !z\na: !b", "a: !b\n"},
-    {"continuation", "a: one \\\n  two\\\r\n three\nb: 1\n", "a: one   two three\nb: 1\n"},
-    {"continuation at the end", "a: one\\", "a: one\n"},
-    {"foreign line ends", "a: 1\r\nb: 2\r\n", "a: 1\nb: 2\n"},
-    {"last of equal keys", "a: 1\na: 2\n", "a: 2\n"},
-    {"empty value", "a:", "a: \n"},
+    std::string_view text;
+    const char* expected;
+} texts[] = {
+    {"blanks are dropped", "  a :  b c \t\n", "1:3 a = 1:8 b c; "},
+    {"value keeps its colons", "t: mouse_button 1:zoom()\n", "1:1 t = 1:4 mouse_button 1:zoom(); "},
+    {"comments and empty lines", "! x: 1\n\n   \n# y\n  !z\na: !b", "6:1 a = 6:4 !b; "},
+    {"continuation", "a: one \\\n  two\\\r\n three\nb: \\\n\\\n 1", "1:1 a = 1:4 one   two three; 4:1 b = 6:2 1; "},
+    {"continuation at the end", "a: one\\", "1:1 a = 1:4 one; "},
+    {"a backslash inside a line", "a: b\\c", "1:1 a = 1:4 b\\c; "},
+    {"foreign line ends", "a: 1\r\nb: 2\r\n", "1:1 a = 1:4 1; 2:1 b = 2:4 2; "},
+    {"equal keys", "a: 1\na: 2\n", "1:1 a = 1:4 1; 2:1 a = 2:4 2; "},
+    {"empty value", "a:", "1:1 a = 1:3 ; "},
+    {"byte order mark",
+     "\xEF\xBB\xBF"
+     "a: 1\n",
+     "1:1 a = 1:4 1; "},
     {"nothing", "", ""},
+    {"no colon", "a: 1\nb 2\n", "1:1 a = 1:4 1; bad line 2"},
+    {"no key", ": 1\n", "bad line 1"},
+    {"blank inside the key", "! note\na b: 1\n", "bad line 2"},
+    {"no bytes of letters",
+     std::string_view("\xFF\xFE"
+                      "a\0:\0"
+                      "1\0",
+                      8),
+     "bad line 1"},
+    {"lines joined before it count", "a: 1 \\\n 2 \\\n 3\noops", "1:1 a = 1:4 1  2  3; bad line 4"},
+    {"named by its first line", "a: 1\noops \\\n more\n", "1:1 a = 1:4 1; bad line 2"},
 };
 
-TEST(gwResourceDB, loads_texts)
+std::string value_of(const gwResourceDB& db, const char* key)
 {
-    for (const auto& c : good_texts)
-    {
-        gwResourceDB db;
-        int line = -1;
-        EXPECT_EQ(db.load_text(c.text, line), gwRESOURCE_OK) << c.name;
-        EXPECT_EQ(text_of(db), c.loaded) << c.name;
-        EXPECT_EQ(line, -1) << c.name;
-
-        gwResourceDB again;
-        EXPECT_EQ(again.load_text(text_of(db), line), gwRESOURCE_OK) << c.name;
-        EXPECT_EQ(text_of(again), text_of(db)) << c.name;
-    }
+    utString value("none");
+    db.get_resource(key, value);
+    return value.str();
+}
 }
 
-const struct
+TEST(gwResourceText, finds_settings_with_their_places)
 {
-    const char* name;
-    const char* text;
-    int line;
-} bad_texts[] = {
-    {"no colon", "a: 1\nb 2\n", 2},
-    {"no key", ": 1\n", 1},
-    {"blank inside the key", "! note\na b: 1\n", 2},
-    {"lines joined before it count", "a: 1 \\\n 2 \\\n 3\noops", 4},
-    {"named by its first line", "a: 1\noops \\\n more\n", 2},
-};
-
-TEST(gwResourceDB, bad_text_names_its_line_and_changes_nothing)
-{
-    for (const auto& c : bad_texts)
-    {
-        gwResourceDB db;
-        db.set_resource("a", "before");
-        int line = -1;
-        EXPECT_EQ(db.load_text(c.text, line), gwRESOURCE_BAD_LINE) << c.name;
-        EXPECT_EQ(line, c.line) << c.name;
-        EXPECT_EQ(text_of(db), "a: before\n") << c.name;
-    }
+    for (const auto& c : texts)
+        EXPECT_EQ(read(c.text), c.expected) << c.name;
 }
 
-TEST(gwResourceDB, later_text_wins_over_what_was_set_and_keeps_the_rest)
+TEST(gwResourceDB, loads_all_of_a_text_or_nothing)
 {
     gwResourceDB db;
+    db.set_resource("stays", "");
     db.set_resource("a", "old");
-    db.set_resource("b", "stays");
-    int line = 0;
-    EXPECT_EQ(db.load_text("a: new\n", line), gwRESOURCE_OK);
-    EXPECT_EQ(text_of(db), "a: new\nb: stays\n");
+    int line = -1;
+    EXPECT_EQ(db.load_text("a: 1\na: 2\nempty:", line), gwRESOURCE_OK);
+    EXPECT_EQ(value_of(db, "a"), "2");
+    EXPECT_EQ(value_of(db, "empty") + value_of(db, "stays"), "");
+    EXPECT_EQ(value_of(db, "A"), "none");
+    EXPECT_EQ(line, -1);
+    EXPECT_EQ(db.load_text("a: 3\noops", line), gwRESOURCE_BAD_LINE);
+    EXPECT_EQ(value_of(db, "a"), "2");
+    EXPECT_EQ(line, 2);
+    EXPECT_TRUE(db.remove_resource("a"));
+    EXPECT_FALSE(db.remove_resource("a"));
 }
 
 TEST(gwResourceDB, loads_files)
@@ -108,7 +99,7 @@ TEST(gwResourceDB, loads_files)
     gwResourceDB db;
     int line = -1;
     EXPECT_EQ(db.load_file(apPathName(path), line), gwRESOURCE_OK);
-    EXPECT_EQ(text_of(db), "a: 1\n");
+    EXPECT_EQ(value_of(db, "a"), "1");
     std::remove(path.c_str());
     EXPECT_EQ(db.load_file(apPathName(path), line), gwRESOURCE_NO_FILE);
     EXPECT_EQ(db.load_file(apPathName(testing::TempDir()), line), gwRESOURCE_NO_FILE) << "a folder is no file";

@@ -28,7 +28,7 @@ public:
     const std::string& complaint() const { return the_complaint; }
 
 private:
-    class Reader;
+    bool is_known(const utString& tool) const;
 
     std::vector<const grToolFactory*> the_factories;
     int the_line = 0;

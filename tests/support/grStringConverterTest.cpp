@@ -104,6 +104,7 @@ const struct
     {"arguments without a name", "mouse_button 1 : (x)", 0, {}},
     {"text ends after the key type", "mouse_button", 0, {}},
     {"line ends are no separators", "mouse_button 1 : zoom\nmouse_button 2 : pan", 0, {"0 2 1 zoom|"}},
+    {"nor names", "mouse_button 1 :\nmouse_button 2 : pan", 0, {}},
 };
 }
 
