@@ -194,7 +194,7 @@ void vw_write_bindings(const gwResourceDB& db, std::ostream& os)
 int vw_list_bindings(const std::string& resources, const std::string& bindings, std::ostream& os, std::string& error)
 {
     gwResourceDB db;
-    if (!vw_load_resources(resources, bindings, db, error))
+    if (!vw_load_resources(resources, bindings, db, error, nullptr))
         return 0;
     vw_write_bindings(db, os);
     os << "\nBindings to choose from with --bindings NAME:\n";

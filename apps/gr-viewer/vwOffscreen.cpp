@@ -21,6 +21,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <ostream>
 
 namespace
@@ -117,7 +118,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     gwResourceDB db;
     vwSession session;
     vwModel model;
-    if (!vw_load_resources(options.resources, options.bindings, db, error) ||
+    if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr) ||
         !read_session(options.play, session, error))
         return 0;
     for (const std::string& file : options.files)

@@ -2,158 +2,107 @@
 
 #include "vwBindings.h"
 
+#include "grResourceKey.h"
 #include "grStdToolFactory.h"
-#include "grStringConverter.h"
 #include "grTranslationsChecker.h"
 
 #include "apFile.h"
-#include "gsColour.h"
+#include "apString.h"
 #include "gwResourceDB.h"
+#include "gwResourceText.h"
 #include "utString.h"
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <string_view>
+#include <ostream>
 
 namespace
 {
-enum ValueKind
+// Checks the settings of one file, and says what is wrong with them as "file:line: complaint".
+class Checker
 {
-    BOOLEAN,
-    NUMBER,
-    COLOUR
-};
+public:
+    Checker(const std::string& file, std::string_view text) : the_file(file), the_text(text) {}
 
-const struct
-{
-    const char* key;
-    ValueKind kind;
-} known_values[] = {{"framerate", NUMBER},
-                    {"disable_refresher_fast", BOOLEAN},
-                    {"trackball_icon_radius", NUMBER},
-                    {"trackball_virtual_radius", NUMBER},
-                    {"mouse_wheel_zoom_disable", BOOLEAN},
-                    {"mouse_wheel_zoom_centre", BOOLEAN},
-                    {"mouse_wheel_zoom_increment", NUMBER},
-                    {"mouse_wheel_zoom_ctl_multiplier", NUMBER},
-                    {"mouse_wheel_delay", NUMBER},
-                    {"invert_zoom", BOOLEAN},
-                    {"mouse_wheel_zoom_out_centre", BOOLEAN},
-                    {"mouse_wheel_zoom_reversible", BOOLEAN},
-                    {"mouse_wheel_zoom_proportional", BOOLEAN},
-                    {"spin_time_true", BOOLEAN},
-                    {"spin_decay", NUMBER},
-                    {"trackball_round", BOOLEAN},
-                    {"rotate_about_cursor", BOOLEAN},
-                    {"view_index_seconds", NUMBER},
-                    {"camera_cache_size", NUMBER},
-                    {"spaceball_rotation_gain", NUMBER},
-                    {"spaceball_translation_gain", NUMBER},
-                    {"spaceball_dead_zone", NUMBER},
-                    {"spaceball_dominant_axis", BOOLEAN},
-                    {"xor_rubberbanding", BOOLEAN},
-                    {"slow_retry_time_rubberbanding", NUMBER},
-                    {"xor_colour", COLOUR},
-                    {"set_default_colour_in_xor_mode", BOOLEAN},
-                    {"calculate_colour_in_xor_mode", BOOLEAN},
-                    {"xor_mode_with_stencil_planes", BOOLEAN},
-                    {"overlay_rubberbanding", BOOLEAN}};
-
-// Where the value of a key begins in the text of a resource file, and that value as it stands there, with the lines
-// that it goes on over. Of several lines that set the key the last counts; without any, the value is empty.
-struct Place
-{
-    int line = 0; // from 1
-    int column = 0;
-    std::string_view value;
-};
-
-Place place_of(std::string_view text, std::string_view key)
-{
-    Place place;
-    int line = 1;
-    for (std::size_t start = 0; start < text.size(); ++line)
+    // 0 for the first setting that cannot be used.
+    int check(std::string& error) const
     {
-        // One line with those that it goes on over.
-        std::size_t end = start;
-        int lines = 0;
-        for (;; ++lines)
+        if (the_text.bad_line())
         {
-            end = std::min(text.find('\n', end), text.size());
-            std::string_view so_far = text.substr(start, end - start);
-            if (so_far.ends_with('\r'))
-                so_far.remove_suffix(1);
-            if (end == text.size() || !so_far.ends_with('\\'))
-                break;
-            ++end;
+            error =
+                the_file + ":" + std::to_string(the_text.bad_line()) + ": a line of a resource file is 'key: value'";
+            return 0;
         }
-        const std::string_view whole = text.substr(start, end - start);
-        const std::size_t first = std::min(whole.find_first_not_of(" \t"), whole.size());
-        if (whole.substr(first).starts_with(key))
-        {
-            const std::size_t colon = whole.find_first_not_of(" \t", first + key.size());
-            if (colon != std::string_view::npos && whole[colon] == ':')
-                place = {line, static_cast<int>(colon) + 2, whole.substr(colon + 1)};
-        }
-        line += lines;
-        start = end + 1;
+        return std::all_of(the_text.settings().begin(), the_text.settings().end(),
+                           [&](const gwResourceText::Setting& setting) { return is_right(setting, error); });
     }
-    if (place.value.ends_with('\r'))
-        place.value.remove_suffix(1);
-    return place;
-}
 
-// text is what file holds; complaints about what it sets name its lines.
-int check_values(const gwResourceDB& file_db, std::string_view text, const std::string& file, std::string& error)
-{
-    const auto complain = [&](const char* key, const std::string& complaint)
+    // What has no effect: keys that nobody reads, and values that a later line replaces.
+    void warn(std::ostream& os) const
     {
-        error = file + ":" + std::to_string(place_of(text, key).line) + ": " + key + ": " + complaint;
-        return 0;
-    };
-    utString value;
-    for (const auto& known : known_values)
-    {
-        if (!file_db.get_resource(known.key, value))
-            continue;
-        int boolean;
-        double number;
-        if (known.kind == BOOLEAN && !grStringConverter::to_bool(value, boolean))
-            return complain(known.key, "'" + value.str() + "' is neither yes nor no");
-        if (known.kind == NUMBER && !grStringConverter::to_double(value, number))
-            return complain(known.key, "'" + value.str() + "' is no number");
-        gsColour colour;
-        if (known.kind == COLOUR && !grStringConverter::to_colour(value, colour))
-            return complain(known.key, "'" + value.str() + "' is no colour such as 1 0.5 0 or 8bit 255 128 0");
+        const auto& settings = the_text.settings();
+        for (auto setting = settings.begin(); setting != settings.end(); ++setting)
+        {
+            const auto first = std::find_if(settings.begin(), setting,
+                                            [&](const auto& earlier) { return earlier.key == setting->key; });
+            if (!grResourceKey::find(setting->key))
+                os << at(*setting) << "no tool reads " << ap_quoted(setting->key.view()) << '\n';
+            else if (first != setting)
+                os << at(*setting) << setting->key << ": replaces what line " << line(*first) << " sets\n";
+        }
     }
-    const Place translations = place_of(text, "translations");
-    const grStdToolFactory factory(nullptr, nullptr);
-    grTranslationsChecker checker({&factory});
-    if (!checker.check(utString(translations.value)))
+
+private:
+    int line(const gwResourceText::Setting& setting) const { return the_text.place(setting.key_position).line; }
+    std::string at(const gwResourceText::Setting& setting) const
     {
-        const int column = checker.column() + (checker.line() == 1 ? translations.column - 1 : 0);
-        error = file + ":" + std::to_string(translations.line + checker.line() - 1) + ":" + std::to_string(column) +
-                ": translations: " + checker.complaint();
-        return 0;
+        return the_file + ":" + std::to_string(line(setting)) + ": ";
     }
-    return 1;
-}
+
+    bool is_right(const gwResourceText::Setting& setting, std::string& error) const
+    {
+        const grResourceKey* key = grResourceKey::find(setting.key);
+        if (!key)
+            return true;
+        if (key->kind() == grRESOURCE_ACTIONS)
+            return are_actions(setting, error);
+        std::string complaint;
+        if (key->accepts(setting.value, complaint))
+            return true;
+        error = at(setting) + setting.key.str() + ": " + complaint;
+        return false;
+    }
+
+    bool are_actions(const gwResourceText::Setting& setting, std::string& error) const
+    {
+        const grStdToolFactory factory(nullptr, nullptr);
+        grTranslationsChecker checker({&factory});
+        if (checker.check(setting.value))
+            return true;
+        // The value is one line here: in the file it may be several.
+        const gwTextPlace place =
+            the_text.place(setting.value_position + static_cast<std::size_t>(checker.column() - 1));
+        error = the_file + ":" + std::to_string(place.line) + ":" + std::to_string(place.column) + ": " +
+                setting.key.str() + ": " + checker.complaint();
+        return false;
+    }
+
+    const std::string& the_file;
+    gwResourceText the_text;
+};
 
 // Loads the text of a file, unless it has a fault.
-int load_checked(const std::string& text, const std::string& file, gwResourceDB& db, std::string& error)
+int load_checked(const std::string& text, const std::string& file, gwResourceDB& db, std::string& error,
+                 std::ostream* warnings)
 {
+    const Checker checker(file, text);
+    if (!checker.check(error))
+        return 0;
+    if (warnings)
+        checker.warn(*warnings);
     int line = 0;
-    gwResourceDB file_db;
-    if (file_db.load_text(text, line) != gwRESOURCE_OK)
-    {
-        error = file + ":" + std::to_string(line) + ": a line of a resource file is 'key: value'";
-        return 0;
-    }
-    if (!check_values(file_db, text, file, error))
-        return 0;
-    db.load_text(text, line);
-    return 1;
+    return db.load_text(text, line) == gwRESOURCE_OK;
 }
 }
 
@@ -166,17 +115,19 @@ const char* vw_default_resources()
 
 int vw_load_resources(const std::string& file, gwResourceDB& db, std::string& error)
 {
-    return vw_load_resources(file, "", db, error);
+    return vw_load_resources(file, "", db, error, nullptr);
 }
 
-int vw_load_resources(const std::string& file, const std::string& bindings, gwResourceDB& db, std::string& error)
+int vw_load_resources(const std::string& file, const std::string& bindings, gwResourceDB& db, std::string& error,
+                      std::ostream* warnings)
 {
     int line = 0;
     gwResourceDB read;
     // The built-in text is right by construction: a test holds it against the checks that files have to pass.
     read.load_text(vw_default_resources(), line);
     std::string text;
-    if (!bindings.empty() && (!vw_find_bindings(bindings, text, error) || !load_checked(text, bindings, read, error)))
+    if (!bindings.empty() &&
+        (!vw_find_bindings(bindings, text, error) || !load_checked(text, bindings, read, error, warnings)))
         return 0;
     if (!file.empty())
     {
@@ -187,7 +138,7 @@ int vw_load_resources(const std::string& file, const std::string& bindings, gwRe
             return 0;
         }
         text.assign(std::istreambuf_iterator<char>(stream), {});
-        if (!load_checked(text, file, read, error))
+        if (!load_checked(text, file, read, error, warnings))
             return 0;
     }
     db = read;

@@ -19,6 +19,7 @@
 #include "gwResourceDB.h"
 
 #include <algorithm>
+#include <iostream>
 #include <optional>
 
 namespace
@@ -107,7 +108,7 @@ int vw_run_window(const vwOptions& options, std::string& error)
 {
     gwResourceDB db;
     vwModel model;
-    if (!vw_load_resources(options.resources, options.bindings, db, error))
+    if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr))
         return 0;
     for (const std::string& file : options.files)
         if (!model.add_file(file, error))

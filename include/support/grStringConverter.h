@@ -7,6 +7,8 @@
 #include "gwTypes.h"
 #include "utString.h"
 
+#include <array>
+
 class giBox2;
 class giPoint3;
 class gsColour;
@@ -32,7 +34,7 @@ public:
     /// Three numbers, with a comma directly behind the first and the second, or with blanks between them.
     static int to_point(const utString& text, giPoint3& result);
     /// "8bit " and three integers from 0 to 255 (clamped) with blanks between them; or red, green and blue from 0 to 1
-    /// (not clamped), written as for to_point.
+    /// (finite, not clamped), written as for to_point.
     static int to_colour(const utString& text, gsColour& result);
     /// Four integers: low x, low y, high x and high y in device pixels, with a comma directly behind each but the last.
     static int to_window_size(const utString& text, giBox2& result);
@@ -44,6 +46,9 @@ public:
     /// A gwOtherKey: "insert", "delete", "home", "end", "page_up", "page_down", "left_arrow", "up_arrow",
     /// "right_arrow", "down_arrow", "print_screen", "pause", "shift", "ctrl", "alt".
     static int to_other_key(const utString& text, int& result);
+
+    /// Six of the words "x", "y", "z" (0, 1, 2) and "rx", "ry", "rz" (3, 4, 5), separated by blanks, commas or tabs.
+    static int to_axes(const utString& text, std::array<int, 6>& result);
 
     /// "single", "double", "twin".
     static int to_buffer_mode(const utString& text, gwDisplayBufferMode& result);

@@ -1,71 +1,58 @@
 #include "apString.h"
 
+#include <utf8.h>
+
 #include <exception>
 #include <filesystem>
-#include <locale>
-#include <type_traits>
+#include <iterator>
 
 namespace
 {
-// UTF-16 where wide characters have two bytes, else UTF-32.
-using wide_unit = std::conditional_t<sizeof(wchar_t) == sizeof(char16_t), char16_t, char32_t>;
-using converter = std::codecvt<wide_unit, char8_t, std::mbstate_t>;
+// Wide characters are UTF-16 where they have two bytes, else UTF-32.
+constexpr bool wide_is_utf16 = sizeof(wchar_t) == sizeof(char16_t);
 
-const converter& utf8_converter()
+template <bool utf16>
+bool decode(std::string_view utf8, std::wstring& wide)
+try
 {
-    return std::use_facet<converter>(std::locale::classic());
+    if constexpr (utf16)
+        utf8::utf8to16(utf8.begin(), utf8.end(), std::back_inserter(wide));
+    else
+        utf8::utf8to32(utf8.begin(), utf8.end(), std::back_inserter(wide));
+    return true;
 }
-
-// Some libraries convert lone surrogates, which stand for no character: ED A0 80 to ED BF BF in UTF-8.
-template <class Text>
-bool has_surrogate(const Text& utf8)
+catch (const utf8::exception&)
 {
-    for (std::size_t i = 1; i < utf8.size(); ++i)
-        if (static_cast<unsigned char>(utf8[i - 1]) == 0xED && static_cast<unsigned char>(utf8[i]) >= 0xA0)
-            return true;
+    wide.clear();
     return false;
 }
 
-int decode(std::u8string_view text, std::wstring& wide)
+template <bool utf16>
+bool encode(std::wstring_view wide, std::string& utf8)
+try
 {
-    // No encoding has more units than UTF-8 has bytes.
-    std::basic_string<wide_unit> units(text.size(), 0);
-    std::mbstate_t state{};
-    const char8_t* text_end = text.data();
-    wide_unit* units_end = units.data();
-    const auto result = utf8_converter().in(state, text.data(), text.data() + text.size(), text_end, units.data(),
-                                            units.data() + units.size(), units_end);
-    if (result != std::codecvt_base::ok || text_end != text.data() + text.size() || has_surrogate(text))
-        return 0;
-    wide.assign(units.data(), units_end);
-    return 1;
+    if constexpr (utf16)
+        utf8::utf16to8(wide.begin(), wide.end(), std::back_inserter(utf8));
+    else
+        utf8::utf32to8(wide.begin(), wide.end(), std::back_inserter(utf8));
+    return true;
+}
+catch (const utf8::exception&)
+{
+    utf8.clear();
+    return false;
 }
 
-int encode(std::wstring_view wide, std::string& utf8)
+bool is_control(char32_t character)
 {
-    constexpr std::size_t most_bytes_per_unit = 4;
-    const std::basic_string<wide_unit> units(wide.begin(), wide.end());
-    std::u8string text(units.size() * most_bytes_per_unit, 0);
-    std::mbstate_t state{};
-    const wide_unit* units_end = units.data();
-    char8_t* text_end = text.data();
-    const auto result = utf8_converter().out(state, units.data(), units.data() + units.size(), units_end, text.data(),
-                                             text.data() + text.size(), text_end);
-    if (result != std::codecvt_base::ok || units_end != units.data() + units.size())
-        return 0;
-    text.resize(static_cast<std::size_t>(text_end - text.data()));
-    if (has_surrogate(text))
-        return 0;
-    utf8.assign(text.begin(), text.end());
-    return 1;
+    return character < 0x20 || (character >= 0x7F && character < 0xA0);
 }
 }
 
 apString apString::from_utf8(std::string_view text)
 {
     apString result;
-    const std::u8string bytes(text.begin(), text.end());
-    result.the_valid = decode(bytes, result.the_wide);
+    result.the_valid = decode<wide_is_utf16>(text, result.the_wide);
     if (result.the_valid)
         result.the_utf8 = text;
     return result;
@@ -90,7 +77,7 @@ apString apString::from_narrow(std::string_view text)
 apString apString::from_wide(std::wstring_view text)
 {
     apString result;
-    result.the_valid = encode(text, result.the_utf8);
+    result.the_valid = encode<wide_is_utf16>(text, result.the_utf8);
     if (result.the_valid)
         result.the_wide = text;
     return result;
@@ -110,4 +97,26 @@ int apString::narrow(std::string& text) const
     {
         return 0;
     }
+}
+
+std::string ap_quoted(std::string_view bytes)
+{
+    constexpr std::size_t longest = 60;
+    constexpr char digits[] = "0123456789abcdef";
+    std::string text = "'";
+    while (!bytes.empty() && text.size() <= longest)
+    {
+        const auto invalid = utf8::find_invalid(bytes.begin(), bytes.end());
+        auto after = bytes.begin();
+        const bool shown = after != invalid && !is_control(utf8::unchecked::next(after));
+        if (!shown)
+            after = bytes.begin() + 1;
+        const unsigned char byte = static_cast<unsigned char>(bytes.front());
+        if (shown)
+            text.append(bytes.begin(), after);
+        else
+            text.append({'\\', 'x', digits[byte / 16], digits[byte % 16]});
+        bytes.remove_prefix(static_cast<std::size_t>(after - bytes.begin()));
+    }
+    return text + (bytes.empty() ? "'" : "...'");
 }

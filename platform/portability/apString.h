@@ -32,3 +32,7 @@ private:
     std::wstring the_wide;
     int the_valid = 1;
 };
+
+/// Bytes of a file in quotation marks, for a message: what is no UTF-8 and what would act on a terminal is written as
+/// \xNN, and what is longer than about 60 bytes is cut off.
+AP_EXPORT std::string ap_quoted(std::string_view bytes);

@@ -7,6 +7,8 @@
 #include "gsColour.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 #include <memory>
 #include <string_view>
 
@@ -49,6 +51,8 @@ const Word<int> other_key_words[] = {{"insert", gwKEY_INSERT},
                                      {"shift", gwKEY_SHIFT},
                                      {"ctrl", gwKEY_CTRL},
                                      {"alt", gwKEY_ALT}};
+
+const Word<int> axis_words[] = {{"x", 0}, {"y", 1}, {"z", 2}, {"rx", 3}, {"ry", 4}, {"rz", 5}};
 
 const Word<gwDisplayBufferMode> buffer_mode_words[] = {
     {"single", gwSINGLE_BUFFER}, {"double", gwDOUBLE_BUFFER}, {"twin", gwTWIN_BUFFER}};
@@ -99,6 +103,27 @@ int to_number(const utString& text, Number& result)
     return ap_scan_number(text.view().data(), text.view().data() + text.view().size(), result) != nullptr;
 }
 
+// The words of a list, which blanks, commas and tabs separate.
+class ListReader
+{
+public:
+    explicit ListReader(std::string_view text) : the_rest(text) {}
+
+    bool next()
+    {
+        constexpr std::string_view separators = " ,\t";
+        the_rest.remove_prefix(std::min(the_rest.find_first_not_of(separators), the_rest.size()));
+        the_word = the_rest.substr(0, the_rest.find_first_of(separators));
+        the_rest.remove_prefix(the_word.size());
+        return !the_word.empty();
+    }
+    std::string_view word() const { return the_word; }
+
+private:
+    std::string_view the_rest;
+    std::string_view the_word;
+};
+
 int three_numbers(const utString& text, double (&numbers)[3])
 {
     return scan(text.view(), ',', numbers) || scan(text.view(), ' ', numbers);
@@ -134,20 +159,13 @@ int grStringConverter::to_double(const utString& text, double& result)
 
 int grStringConverter::to_doubles(const utString& text, doublecoSList& result)
 {
-    constexpr std::string_view separators = " ,\t";
     doublecoSList numbers;
-    std::string_view rest = text.view();
-    for (;;)
+    for (ListReader list(text.view()); list.next();)
     {
-        rest.remove_prefix(std::min(rest.find_first_not_of(separators), rest.size()));
-        if (rest.empty())
-            break;
-        const std::string_view token = rest.substr(0, rest.find_first_of(separators));
         double number = 0;
-        if (!ap_scan_number(token.data(), token.data() + token.size(), number))
+        if (!to_number(utString(list.word()), number))
             return 0;
         numbers.append(number);
-        rest.remove_prefix(token.size());
     }
     if (numbers.empty())
         return 0;
@@ -177,7 +195,8 @@ int grStringConverter::to_colour(const utString& text, gsColour& result)
     }
 
     double channels[3];
-    if (!three_numbers(text, channels))
+    if (!three_numbers(text, channels) ||
+        !std::all_of(std::begin(channels), std::end(channels), [](double channel) { return std::isfinite(channel); }))
         return 0;
     result = gsColour(channels[0], channels[1], channels[2]);
     return 1;
@@ -205,6 +224,19 @@ int grStringConverter::to_modifier(const utString& text, int& result)
 int grStringConverter::to_other_key(const utString& text, int& result)
 {
     return look_up(other_key_words, text, result);
+}
+
+int grStringConverter::to_axes(const utString& text, std::array<int, 6>& result)
+{
+    std::array<int, 6> axes{};
+    std::size_t count = 0;
+    for (ListReader list(text.view()); list.next(); ++count)
+        if (count == axes.size() || !look_up(axis_words, utString(list.word()), axes[count]))
+            return 0;
+    if (count != axes.size())
+        return 0;
+    result = axes;
+    return 1;
 }
 
 int grStringConverter::to_buffer_mode(const utString& text, gwDisplayBufferMode& result)

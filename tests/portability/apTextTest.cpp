@@ -66,6 +66,14 @@ TEST(apString, has_no_valid_string_for_undecodable_bytes)
     }
 }
 
+TEST(apString, quotes_bytes_of_files_for_messages)
+{
+    EXPECT_EQ(ap_quoted("1 \xE2\x82\xAC"), "'1 \xE2\x82\xAC'");
+    EXPECT_EQ(ap_quoted("\x1b[2J\xC2\x9B\xff\xE2\x82"), "'\\x1b[2J\\xc2\\x9b\\xff\\xe2\\x82'");
+    EXPECT_EQ(ap_quoted(std::string(70, 'a')), "'" + std::string(60, 'a') + "...'");
+    EXPECT_EQ(ap_quoted(std::string(60, 'a')), "'" + std::string(60, 'a') + "'");
+}
+
 TEST(apNumber, scans_up_to_what_is_no_number)
 {
     double value = 0;

@@ -208,7 +208,7 @@ TEST(grStringConverter, reads_colours_of_8_bits_clamped_and_others_as_they_are)
         EXPECT_EQ(grStringConverter::to_colour(c.text, colour), 1) << c.text;
         EXPECT_EQ(colour, c.expected) << c.text;
     }
-    for (const char* text : {"8bit 1,2,3", "8bit 1 2", "8bit1 2 3", "red", ""})
+    for (const char* text : {"8bit 1,2,3", "8bit 1 2", "8bit1 2 3", "red", "nan 0 0", "0,0,inf", ""})
     {
         gsColour colour(0.1, 0.2, 0.3);
         EXPECT_EQ(grStringConverter::to_colour(text, colour), 0) << text;
@@ -224,6 +224,17 @@ TEST(grStringConverter, reads_window_sizes_with_commas_only)
     EXPECT_EQ(grStringConverter::to_window_size("1 2 3 4", box), 0);
     EXPECT_EQ(grStringConverter::to_window_size("1,2,3", box), 0);
     EXPECT_EQ(box, giBox2(10, -20, 300, 400));
+}
+
+TEST(grStringConverter, reads_six_axes)
+{
+    std::array<int, 6> axes{};
+    EXPECT_EQ(grStringConverter::to_axes(" z,Y x\trx, rz ry", axes), 1);
+    const std::array<int, 6> expected{2, 1, 0, 3, 5, 4};
+    EXPECT_EQ(axes, expected);
+    for (const char* refused : {"", "x y z rx ry", "x y z rx ry rz x", "x y z rx ry rw"})
+        EXPECT_EQ(grStringConverter::to_axes(refused, axes), 0) << refused;
+    EXPECT_EQ(axes, expected);
 }
 
 TEST(grStringConverter, numbers_modifiers_as_bits_and_other_keys_in_order)

@@ -7,39 +7,13 @@
 #include <algorithm>
 #include <cmath>
 #include <iterator>
-#include <string>
-#include <string_view>
 
 namespace
 {
-constexpr std::string_view axis_names[] = {"x", "y", "z", "rx", "ry", "rz"};
-constexpr std::string_view separators = " ,\t";
-
-// Six names, separated by blanks, commas or tabs.
 int read_axes(const gwResourceDB* db, std::array<int, 6>& axes)
 {
     utString text;
-    if (!db || !db->get_resource("spaceball_axes", text))
-        return 0;
-    std::array<int, 6> read{};
-    std::size_t count = 0;
-    std::string_view rest = text.view();
-    for (;;)
-    {
-        rest.remove_prefix(std::min(rest.find_first_not_of(separators), rest.size()));
-        if (rest.empty())
-            break;
-        const std::string_view name = rest.substr(0, rest.find_first_of(separators));
-        const auto found = std::find(std::begin(axis_names), std::end(axis_names), name);
-        if (found == std::end(axis_names) || count == read.size())
-            return 0;
-        read[count++] = static_cast<int>(found - std::begin(axis_names));
-        rest.remove_prefix(name.size());
-    }
-    if (count != read.size())
-        return 0;
-    axes = read;
-    return 1;
+    return db && db->get_resource("spaceball_axes", text) && grStringConverter::to_axes(text, axes);
 }
 
 int read_signs(const gwResourceDB* db, std::array<double, 6>& signs)

@@ -17,7 +17,7 @@ std::string sheet(const std::string& bindings)
 {
     gwResourceDB db;
     std::string error;
-    EXPECT_EQ(vw_load_resources("", bindings, db, error), 1) << error;
+    EXPECT_EQ(vw_load_resources("", bindings, db, error, nullptr), 1) << error;
     std::ostringstream text;
     vw_write_bindings(db, text);
     return text.str();
@@ -80,7 +80,7 @@ TEST(vwBindings, unknown_ones_are_refused_with_a_list)
 {
     gwResourceDB db;
     std::string error;
-    EXPECT_EQ(vw_load_resources("", "nope", db, error), 0);
+    EXPECT_EQ(vw_load_resources("", "nope", db, error, nullptr), 0);
     EXPECT_NE(error.find("'nope'"), std::string::npos);
     EXPECT_NE(error.find("left-handed"), std::string::npos);
     EXPECT_EQ(db.count(), 0);

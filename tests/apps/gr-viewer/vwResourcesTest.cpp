@@ -6,6 +6,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <string>
 
 namespace
@@ -34,6 +35,11 @@ const struct
     {"no colon", "framerate: 20\nthis is wrong\n", ":2: a line of a resource file is 'key: value'"},
     {"no number", "! first\nmouse_wheel_delay: soon\n", ":2: mouse_wheel_delay: 'soon' is no number"},
     {"no boolean", "invert_zoom: perhaps\n", ":1: invert_zoom: 'perhaps' is neither yes nor no"},
+    {"beyond its limits", "spaceball_dead_zone: 1\n", ":1: spaceball_dead_zone: '1' is not from 0 to below 1"},
+    {"a rate that is none",
+     "\xEF\xBB\xBF"
+     "framerate: nan\n",
+     ":1: framerate: 'nan' is no number"},
     {"unknown tool", "translations: mouse_button 1 : trackball \\\n  mouse_button 2 : pan \\\n  mouse_button 3 : fly\n",
      ":3:20: translations: there is no tool 'fly'"},
     {"unknown modifier", "\ntranslations: \\\r\n  mouse_button 1 : trackball \\\r\n  <meta> mouse_button 2 : pan\r\n",
@@ -77,6 +83,17 @@ TEST(vwResources, mistakes_are_named_by_file_and_line)
         EXPECT_EQ(error, file.path() + c.line_and_text) << c.name;
         EXPECT_EQ(db.count(), 0) << c.name;
     }
+}
+
+TEST(vwResources, what_has_no_effect_is_reported)
+{
+    const File file("invert_zoom: no\nframe_rate: 20\n! a note\ninvert_zoom: yes\n");
+    gwResourceDB db;
+    std::string error;
+    std::ostringstream warnings;
+    EXPECT_EQ(vw_load_resources(file.path(), "", db, error, &warnings), 1) << error;
+    EXPECT_EQ(warnings.str(), file.path() + ":2: no tool reads 'frame_rate'\n" + file.path() +
+                                  ":4: invert_zoom: replaces what line 1 sets\n");
 }
 
 TEST(vwResources, a_missing_file_is_named)
