@@ -3,8 +3,8 @@
 #include "coDList.h"
 #include "coTable.h"
 #include "grExport.h"
+#include "grOutlineFontStyle.h"
 #include "ltFontType.h"
-#include "utString.h"
 #include "utTypeID.h"
 
 #include <iosfwd>
@@ -32,15 +32,6 @@ enum grOutlineFontInstallStatus
     grOUTLINE_FONT_NO_FAMILY = 1,          ///< no such family
     grOUTLINE_FONT_FILE_NOT_LOADED = 2,    ///< a font's or metrics file is missing or cannot be read
     grOUTLINE_FONT_CONTENTS_NOT_LOADED = 4 ///< a file's contents are damaged, or do not belong together
-};
-
-/// Styles of a family, in the order of its slots.
-enum grOutlineFontStyle
-{
-    grOUTLINE_FONT_NORMAL = 0,
-    grOUTLINE_FONT_BOLD = 1,
-    grOUTLINE_FONT_ITALIC = 2,
-    grOUTLINE_FONT_BOLD_ITALIC = 3
 };
 
 /// Fills a table of family names and font files with the application's own fonts of a directory.
@@ -115,8 +106,7 @@ protected:
 
     /// A new element with the files of the four stems, or null when none was found or the family exists already.
     std::unique_ptr<grOutlineFontListElement> create_list_element(ltFontType type, int language, const utString& family,
-                                                                  const utString& normal, const utString& bold,
-                                                                  const utString& italic, const utString& bold_italic);
+                                                                  const grOutlineFontStyles& stems);
 
     /// Full names of a stem's font and metrics files. Both are empty unless both were found.
     void find_font(const utString& stem, ltFontType type, utString& font, utString& metrics) const;
@@ -139,7 +129,6 @@ private:
     void append(std::unique_ptr<grOutlineFontListElement> element);
     void add_builtin_families();
     void add_system_families();
-    int add_line(std::string_view line);
 
     grOutlineFontListElementcoDListPtr the_families; // owned
     utString the_metrics_path;
@@ -148,10 +137,7 @@ private:
     utStringcoDList the_truetype_families;
 
     // Of the family whose faces are being enumerated.
-    utString the_normal_style;
-    utString the_bold_style;
-    utString the_italic_style;
-    utString the_bold_italic_style;
+    grOutlineFontStyles the_styles;
     int the_style_language = -1;
 
     static grMorvexFontFinder the_morvex_font_finder;
@@ -160,4 +146,3 @@ private:
 GR_EXPORT std::ostream& operator<<(std::ostream& os, const grOutlineFontFamilyReader& reader);
 GR_EXPORT std::ostream& operator<<(std::ostream& os, grOutlineFontFileStatus status);
 GR_EXPORT std::ostream& operator<<(std::ostream& os, grOutlineFontInstallStatus status);
-GR_EXPORT std::ostream& operator<<(std::ostream& os, grOutlineFontStyle style);

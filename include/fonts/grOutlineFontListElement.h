@@ -1,8 +1,8 @@
 #pragma once
 
 #include "grExport.h"
+#include "grOutlineFontStyle.h"
 #include "ltFontType.h"
-#include "utString.h"
 #include "utTypeID.h"
 
 #include <iosfwd>
@@ -16,10 +16,8 @@ class GR_EXPORT grOutlineFontListElement
 {
 public:
     /// A family that is not installed. language is a Windows character set, -1 when unknown.
-    grOutlineFontListElement(ltFontType type, int language, const utString& family, const utString& normal_font,
-                             const utString& bold_font, const utString& italic_font, const utString& bold_italic_font,
-                             const utString& normal_afm, const utString& bold_afm, const utString& italic_afm,
-                             const utString& bold_italic_afm);
+    grOutlineFontListElement(ltFontType type, int language, const utString& family, const grOutlineFontStyles& fonts,
+                             const grOutlineFontStyles& afms);
     virtual ~grOutlineFontListElement();
 
     ltFontType font_type() const { return the_font_type; }
@@ -27,19 +25,24 @@ public:
     int language_name() const { return the_language; }
     const utString& family_name() const { return the_family_name; }
 
-    const utString& normal_font() const { return the_normal_font; }
-    const utString& bold_font() const { return the_bold_font; }
-    const utString& italic_font() const { return the_italic_font; }
-    const utString& bold_italic_font() const { return the_bold_italic_font; }
-    const utString& normal_afm() const { return the_normal_afm; }
-    const utString& bold_afm() const { return the_bold_afm; }
-    const utString& italic_afm() const { return the_italic_afm; }
-    const utString& bold_italic_afm() const { return the_bold_italic_afm; }
+    const utString& font(grOutlineFontStyle style) const { return the_fonts[static_cast<std::size_t>(style)]; }
+    /// The metrics file.
+    const utString& afm(grOutlineFontStyle style) const { return the_afms[static_cast<std::size_t>(style)]; }
+    int available(grOutlineFontStyle style) const { return !font(style).empty(); }
 
-    int normal_available() const { return !the_normal_font.empty(); }
-    int bold_available() const { return !the_bold_font.empty(); }
-    int italic_available() const { return !the_italic_font.empty(); }
-    int bold_italic_available() const { return !the_bold_italic_font.empty(); }
+    const utString& normal_font() const { return font(grOUTLINE_FONT_NORMAL); }
+    const utString& bold_font() const { return font(grOUTLINE_FONT_BOLD); }
+    const utString& italic_font() const { return font(grOUTLINE_FONT_ITALIC); }
+    const utString& bold_italic_font() const { return font(grOUTLINE_FONT_BOLD_ITALIC); }
+    const utString& normal_afm() const { return afm(grOUTLINE_FONT_NORMAL); }
+    const utString& bold_afm() const { return afm(grOUTLINE_FONT_BOLD); }
+    const utString& italic_afm() const { return afm(grOUTLINE_FONT_ITALIC); }
+    const utString& bold_italic_afm() const { return afm(grOUTLINE_FONT_BOLD_ITALIC); }
+
+    int normal_available() const { return available(grOUTLINE_FONT_NORMAL); }
+    int bold_available() const { return available(grOUTLINE_FONT_BOLD); }
+    int italic_available() const { return available(grOUTLINE_FONT_ITALIC); }
+    int bold_italic_available() const { return available(grOUTLINE_FONT_BOLD_ITALIC); }
 
     int family_installed() const { return the_family_installed; }
     /// Marks the family as installed in four slots of a renderer from index on.
@@ -56,14 +59,8 @@ private:
     ltFontType the_font_type;
     int the_language;
     utString the_family_name;
-    utString the_normal_font;
-    utString the_bold_font;
-    utString the_italic_font;
-    utString the_bold_italic_font;
-    utString the_normal_afm;
-    utString the_bold_afm;
-    utString the_italic_afm;
-    utString the_bold_italic_afm;
+    grOutlineFontStyles the_fonts;
+    grOutlineFontStyles the_afms;
     int the_family_installed = 0;
     int the_renderer_index = -1;
 };

@@ -32,13 +32,13 @@ FT_Library free_type()
     return library;
 }
 
-dgFontLoadStatus read_file(const std::string& file, std::vector<unsigned char>& bytes)
+dgTextFontStatus read_file(const std::string& file, std::vector<unsigned char>& bytes)
 {
     std::ifstream stream;
     if (!ap_open_for_reading(file, stream))
-        return dgFONT_NO_FILE;
+        return dgTEXT_FONT_NO_FILE;
     bytes.assign(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-    return stream.bad() ? dgFONT_NO_FILE : dgFONT_LOADED;
+    return stream.bad() ? dgTEXT_FONT_NO_FILE : dgTEXT_FONT_LOADED;
 }
 
 FT_Open_Args memory(const std::vector<unsigned char>& bytes)
@@ -174,11 +174,11 @@ dgFontFace::dgFontFace(std::unique_ptr<Face> face) : the_face(std::move(face)) {
 
 dgFontFace::~dgFontFace() = default;
 
-std::unique_ptr<dgFontFace> dgFontFace::open(std::vector<unsigned char> bytes, int index, dgFontLoadStatus& status)
+std::unique_ptr<dgFontFace> dgFontFace::open(std::vector<unsigned char> bytes, int index, dgTextFontStatus& status)
 {
     auto face = std::make_unique<Face>();
     face->bytes = std::move(bytes);
-    status = dgFONT_BAD_FILE;
+    status = dgTEXT_FONT_BAD_FILE;
     const FT_Open_Args arguments = memory(face->bytes);
     if (!free_type() || FT_Open_Face(free_type(), &arguments, index, &face->face) != 0)
         return nullptr;
@@ -196,21 +196,21 @@ std::unique_ptr<dgFontFace> dgFontFace::open(std::vector<unsigned char> bytes, i
     {
         face->symbols = face->face->charmap;
     }
-    status = dgFONT_LOADED;
+    status = dgTEXT_FONT_LOADED;
     return std::unique_ptr<dgFontFace>(new dgFontFace(std::move(face)));
 }
 
-std::unique_ptr<dgFontFace> dgFontFace::open_file(const std::string& file, int index, dgFontLoadStatus& status)
+std::unique_ptr<dgFontFace> dgFontFace::open_file(const std::string& file, int index, dgTextFontStatus& status)
 {
     std::vector<unsigned char> bytes;
     status = read_file(file, bytes);
-    return status == dgFONT_LOADED ? open(std::move(bytes), index, status) : nullptr;
+    return status == dgTEXT_FONT_LOADED ? open(std::move(bytes), index, status) : nullptr;
 }
 
-dgFontLoadStatus dgFontFace::attach_metrics(const std::string& file)
+dgTextFontStatus dgFontFace::attach_metrics(const std::string& file)
 {
     std::vector<unsigned char> bytes;
-    if (const dgFontLoadStatus status = read_file(file, bytes); status != dgFONT_LOADED)
+    if (const dgTextFontStatus status = read_file(file, bytes); status != dgTEXT_FONT_LOADED)
         return status;
     std::unordered_map<unsigned, double> widths;
     std::vector<dgAfmWidth> read;
@@ -226,12 +226,12 @@ dgFontLoadStatus dgFontFace::attach_metrics(const std::string& file)
         widths[glyph] = width.width / 1000;
     }
     if (is_afm && fitting <= read.size() / 2)
-        return dgFONT_BAD_FILE;
+        return dgTEXT_FONT_BAD_FILE;
     FT_Open_Args arguments = memory(bytes);
     if (FT_Attach_Stream(the_face->face, &arguments) != 0)
-        return dgFONT_BAD_FILE;
+        return dgTEXT_FONT_BAD_FILE;
     the_face->widths = std::move(widths);
-    return dgFONT_LOADED;
+    return dgTEXT_FONT_LOADED;
 }
 
 int dgFontFace::italic() const

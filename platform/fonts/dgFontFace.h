@@ -1,19 +1,12 @@
 #pragma once
 
 #include "dgGlyphOutline.h"
+#include "dgTextFontStatus.h"
 #include "dg_fontsExport.h"
 
 #include <memory>
 #include <string>
 #include <vector>
-
-/// How loading a font went.
-enum dgFontLoadStatus
-{
-    dgFONT_LOADED = 0,
-    dgFONT_NO_FILE = 1, ///< a file is missing or cannot be read, or the system knows no such face
-    dgFONT_BAD_FILE = 2 ///< a file's contents are no scalable font, or metrics that do not belong to the font
-};
 
 /// One face of a font file: the glyphs of characters, their outlines and how far apart they stand. Lengths are ems: 1
 /// is the size of the font.
@@ -21,19 +14,19 @@ class DG_FONTS_EXPORT dgFontFace
 {
 public:
     /// Takes the face of an index out of a font file's bytes. Null with the reason in status on failure.
-    static std::unique_ptr<dgFontFace> open(std::vector<unsigned char> bytes, int index, dgFontLoadStatus& status);
+    static std::unique_ptr<dgFontFace> open(std::vector<unsigned char> bytes, int index, dgTextFontStatus& status);
 
     /// The same from a file, whose path is UTF-8.
-    static std::unique_ptr<dgFontFace> open_file(const std::string& file, int index, dgFontLoadStatus& status);
+    static std::unique_ptr<dgFontFace> open_file(const std::string& file, int index, dgTextFontStatus& status);
 
     ~dgFontFace();
     dgFontFace(const dgFontFace&) = delete;
     dgFontFace& operator=(const dgFontFace&) = delete;
 
-    /// Takes advances and kerning from a metrics file (AFM, or PFM for kerning alone). Anything but dgFONT_LOADED
+    /// Takes advances and kerning from a metrics file (AFM, or PFM for kerning alone). Anything but dgTEXT_FONT_LOADED
     /// leaves the advances as they were: a file of another font, one that names few of this font's glyphs, is
-    /// dgFONT_BAD_FILE.
-    dgFontLoadStatus attach_metrics(const std::string& file);
+    /// dgTEXT_FONT_BAD_FILE.
+    dgTextFontStatus attach_metrics(const std::string& file);
 
     /// Whether the face is drawn slanted by design.
     int italic() const;

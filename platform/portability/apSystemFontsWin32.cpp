@@ -1,5 +1,7 @@
 #include "apSystemFontHost.h"
 
+#include "apFontCollection.h"
+
 #include <windows.h>
 
 namespace
@@ -46,29 +48,78 @@ private:
 };
 
 // GDI always finds some font; only the one that was asked for counts.
-int is_face(HDC context, const std::string& full_name)
+bool is_face(HDC context, const std::string& full_name)
 {
     const UINT bytes = GetOutlineTextMetricsA(context, 0, nullptr);
     if (!bytes)
-        return 0;
+        return false;
     std::vector<unsigned char> room(bytes);
     auto* metrics = reinterpret_cast<OUTLINETEXTMETRICA*>(room.data());
     if (!GetOutlineTextMetricsA(context, bytes, metrics))
-        return 0;
+        return false;
     // The record holds offsets to its texts in the place of pointers.
     const char* found =
         reinterpret_cast<const char*>(room.data()) + reinterpret_cast<std::size_t>(metrics->otmpFullName);
     return lstrcmpiA(found, full_name.c_str()) == 0;
 }
 
-int read_bytes(HDC context, std::vector<unsigned char>& bytes)
+bool read_table(HDC context, DWORD table, std::vector<unsigned char>& bytes)
 {
-    // A font of a collection comes as the file's only one.
-    const DWORD size = GetFontData(context, 0, 0, nullptr, 0);
+    const DWORD size = GetFontData(context, table, 0, nullptr, 0);
     if (size == GDI_ERROR)
-        return 0;
+        return false;
     bytes.resize(size);
-    return GetFontData(context, 0, 0, bytes.data(), size) == size;
+    return GetFontData(context, table, 0, bytes.data(), size) == size;
+}
+
+// A face of a collection is given with offsets that count from the start of the file, so the whole file is asked for.
+// What is given of the face alone goes from its table directory to the end of the file.
+bool read_face(HDC context, apFaceData& data)
+{
+    constexpr DWORD collection = 0x66637474; // "ttcf", low byte first
+    const DWORD from_directory = GetFontData(context, 0, 0, nullptr, 0);
+    if (from_directory == GDI_ERROR)
+        return false;
+    if (!read_table(context, collection, data.bytes) || data.bytes.size() < from_directory)
+        return read_table(context, 0, data.bytes);
+    data.face_index = ap_collection_face_index(data.bytes, data.bytes.size() - from_directory);
+    return data.face_index >= 0;
+}
+
+// Fonts are made by the names of their families, which are short: the full name of a face may have 64 characters.
+struct Search
+{
+    HDC context;
+    const std::string& full_name;
+    apFaceData& data;
+    bool found = false;
+};
+
+bool load(Search& search, const LOGFONTA& description)
+{
+    HFONT font = CreateFontIndirectA(&description);
+    HGDIOBJ before = SelectObject(search.context, font);
+    search.found = is_face(search.context, search.full_name) && read_face(search.context, search.data);
+    SelectObject(search.context, before);
+    DeleteObject(font);
+    return search.found;
+}
+
+int CALLBACK face_of_family(const LOGFONTA* font, const TEXTMETRICA*, DWORD font_type, LPARAM data)
+{
+    Search& search = *reinterpret_cast<Search*>(data);
+    const auto* full = reinterpret_cast<const ENUMLOGFONTA*>(font);
+    if (!(font_type & TRUETYPE_FONTTYPE) ||
+        lstrcmpiA(reinterpret_cast<const char*>(full->elfFullName), search.full_name.c_str()) != 0)
+        return 1;
+    return !load(search, *font);
+}
+
+int CALLBACK family_found(const LOGFONTA* font, const TEXTMETRICA*, DWORD, LPARAM data)
+{
+    Search& search = *reinterpret_cast<Search*>(data);
+    EnumFontFamiliesA(search.context, font->lfFaceName, face_of_family, data);
+    return !search.found;
 }
 }
 
@@ -89,18 +140,12 @@ int apSystemFontHost::remove_private(const apPathName& path)
 
 int apSystemFontHost::find_face(const std::string& full_name, apFaceData& data)
 {
-    if (full_name.size() >= LF_FACESIZE)
-        return 0;
     HDC context = CreateDCA("DISPLAY", nullptr, nullptr, nullptr);
-    HFONT font = CreateFontA(0, 0, 0, 0, FW_DONTCARE, 0, 0, 0, DEFAULT_CHARSET, OUT_TT_ONLY_PRECIS, CLIP_DEFAULT_PRECIS,
-                             DEFAULT_QUALITY, DEFAULT_PITCH, full_name.c_str());
-    HGDIOBJ before = SelectObject(context, font);
     apFaceData found;
-    const int ok = is_face(context, full_name) && read_bytes(context, found.bytes);
-    SelectObject(context, before);
-    DeleteObject(font);
+    Search search{context, full_name, found};
+    EnumFontFamiliesA(context, nullptr, family_found, reinterpret_cast<LPARAM>(&search));
     DeleteDC(context);
-    if (ok)
+    if (search.found)
         data = std::move(found);
-    return ok;
+    return search.found;
 }

@@ -10,10 +10,7 @@ struct grBuiltinFontFamily
 {
     ltFontType type;
     const char* family;
-    const char* normal;
-    const char* bold;
-    const char* italic;
-    const char* bold_italic;
+    const char* stems[4]; // by grOutlineFontStyle
 };
 
 /// The families in the order in which they are offered.

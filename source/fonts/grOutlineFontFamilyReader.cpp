@@ -1,19 +1,16 @@
 #include "grOutlineFontFamilyReader.h"
 
 #include "grBuiltinFontFamilies.h"
+#include "grOutlineFontInstaller.h"
 #include "grOutlineFontListElement.h"
+#include "grOutlineFontListFile.h"
 #include "gr_find_file.h"
 
-#include "apFile.h"
-#include "apNumber.h"
 #include "apString.h"
 #include "apSystemFonts.h"
 
 #include <algorithm>
-#include <fstream>
-#include <limits>
 #include <ostream>
-#include <string>
 #include <vector>
 
 UT_DEFINE_TYPE(grOutlineFontFamilyReader);
@@ -22,7 +19,6 @@ grMorvexFontFinder grOutlineFontFamilyReader::the_morvex_font_finder = nullptr;
 
 namespace
 {
-constexpr int longest_line = 4096;
 constexpr int bold_above = 500; // a weight of 500 is not bold
 
 // Western, symbols, Japanese, Korean, simplified and traditional Chinese, Cyrillic.
@@ -35,52 +31,6 @@ int is_offered(const apSystemFace& face)
                std::end(offered_character_sets);
 }
 
-enum LineStatus
-{
-    LINE_READ,
-    LINE_TOO_LONG,
-    LINE_NONE
-};
-
-// One line without its end, whatever its length, holding no more than the longest allowed in memory.
-LineStatus read_line(std::istream& stream, std::string& line)
-{
-    line.resize(longest_line + 2); // room for a carriage return and the final zero
-    stream.getline(line.data(), static_cast<std::streamsize>(line.size()));
-    auto length = static_cast<std::size_t>(stream.gcount());
-    if (length == 0 && !stream)
-        return LINE_NONE;
-    const int cut = stream.fail() && !stream.bad();
-    if (cut)
-    {
-        stream.clear(stream.rdstate() & ~std::ios::failbit);
-        stream.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
-    }
-    else if (!stream.eof())
-    {
-        --length; // the line feed counts as read
-    }
-    line.resize(length);
-    if (!line.empty() && line.back() == '\r')
-        line.pop_back();
-    return cut || line.size() > longest_line ? LINE_TOO_LONG : LINE_READ;
-}
-
-int read_type(const utString& keyword, ltFontType& type)
-{
-    const struct
-    {
-        const char* keyword;
-        ltFontType type;
-    } keywords[] = {{"truetype", ltTRUETYPE_FONT}, {"adobe_pfa", ltADOBE_PFA_FONT}, {"adobe_pfb", ltADOBE_PFB_FONT}};
-    for (const auto& known : keywords)
-        if (keyword == known.keyword)
-        {
-            type = known.type;
-            return 1;
-        }
-    return 0;
-}
 }
 
 grOutlineFontFamilyReader::grOutlineFontFamilyReader(const utString& font_path, const utString& metrics_path)
@@ -99,7 +49,7 @@ grOutlineFontFamilyReader::~grOutlineFontFamilyReader()
 void grOutlineFontFamilyReader::add_builtin_families()
 {
     for (const grBuiltinFontFamily& row : gr_builtin_font_families())
-        append(create_list_element(row.type, 0, row.family, row.normal, row.bold, row.italic, row.bold_italic));
+        append(create_list_element(row.type, 0, row.family, {row.stems[0], row.stems[1], row.stems[2], row.stems[3]}));
 }
 
 void grOutlineFontFamilyReader::add_system_families()
@@ -113,7 +63,7 @@ void grOutlineFontFamilyReader::add_system_families()
                      });
     for (const utString& family : the_truetype_families)
     {
-        the_normal_style = the_bold_style = the_italic_style = the_bold_italic_style = utString();
+        the_styles = {};
         the_style_language = -1;
         // Deliberate: what was asked of the family is not asked of its faces.
         system.enumerate(family.c_str(),
@@ -123,9 +73,8 @@ void grOutlineFontFamilyReader::add_system_families()
                              add_truetype_language(face.character_set);
                          });
         // Deliberate: a family that exists already is added once more.
-        append(std::make_unique<grOutlineFontListElement>(ltTRUETYPE_FONT, the_style_language, family, the_normal_style,
-                                                          the_bold_style, the_italic_style, the_bold_italic_style,
-                                                          utString(), utString(), utString(), utString()));
+        append(std::make_unique<grOutlineFontListElement>(ltTRUETYPE_FONT, the_style_language, family, the_styles,
+                                                          grOutlineFontStyles()));
     }
     the_truetype_families.clear();
 }
@@ -142,12 +91,9 @@ void grOutlineFontFamilyReader::add_truetype_family(const char* name)
 
 void grOutlineFontFamilyReader::add_truetype_styles(const char* full_name, int weight, int italic)
 {
-    const int bold = weight > bold_above;
-    utString& style = bold && italic ? the_bold_italic_style
-                      : bold         ? the_bold_style
-                      : italic       ? the_italic_style
-                                     : the_normal_style;
-    style = utString(full_name);
+    // The order of the styles: bold adds 1, italic adds 2.
+    const std::size_t style = (weight > bold_above ? 1u : 0u) + (italic ? 2u : 0u);
+    the_styles[style] = utString(full_name);
 }
 
 void grOutlineFontFamilyReader::add_truetype_language(int character_set)
@@ -158,69 +104,11 @@ void grOutlineFontFamilyReader::add_truetype_language(int character_set)
 
 grOutlineFontFileStatus grOutlineFontFamilyReader::append_font_list(const utString& file, int& line)
 {
-    line = -1;
-    std::ifstream stream;
-    if (!ap_open_for_reading(file.str(), stream))
-        return grOUTLINE_FONT_FILE_BAD;
-    std::string text;
-    for (int number = 1;; ++number)
-    {
-        const LineStatus status = read_line(stream, text);
-        if (status == LINE_NONE)
-            return stream.bad() ? grOUTLINE_FONT_FILE_BAD : grOUTLINE_FONT_FILE_READ;
-        if (text.empty() || text.front() == '#')
-            continue;
-        if (status == LINE_READ && add_line(text))
-            continue;
-        line = number;
-        return grOUTLINE_FONT_FILE_BAD;
-    }
-}
-
-int grOutlineFontFamilyReader::add_line(std::string_view line)
-{
-    utString keyword;
-    ltFontType type{};
-    if (!read_to_comma(line, keyword) || !read_type(keyword, type))
-        return 0;
-    int language = 0;
-    if (type == ltTRUETYPE_FONT)
-    {
-        utString number;
-        if (!read_to_comma(line, number))
-            return 0;
-        const char* const end = number.c_str() + number.length();
-        if (ap_scan_number(number.c_str(), end, language) != end)
-            return 0;
-    }
-    utString family, normal, bold, italic;
-    if (!read_to_comma(line, family) || family.empty() || !read_to_comma(line, normal) || !read_to_comma(line, bold) ||
-        !read_to_comma(line, italic))
-        return 0;
-    const utString bold_italic = trim_string(line);
-    if (normal.empty() && bold.empty() && italic.empty() && bold_italic.empty())
-        return 0;
-    append(create_list_element(type, language, family, normal, bold, italic, bold_italic));
-    return 1;
-}
-
-int grOutlineFontFamilyReader::read_to_comma(std::string_view& rest, utString& text)
-{
-    const std::size_t comma = rest.find(',');
-    if (comma == std::string_view::npos)
-        return 0;
-    text = trim_string(rest.substr(0, comma));
-    rest.remove_prefix(comma + 1);
-    return 1;
-}
-
-utString grOutlineFontFamilyReader::trim_string(std::string_view text)
-{
-    constexpr std::string_view blanks = " \t";
-    const std::size_t first = text.find_first_not_of(blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return utString(text.substr(first, text.find_last_not_of(blanks) - first + 1));
+    grOutlineFontListFile list(file);
+    for (grOutlineFontListFile::Family family; list.next(family);)
+        append(create_list_element(family.type, family.language, family.name, family.stems));
+    line = list.bad_line();
+    return list.read_well() ? grOUTLINE_FONT_FILE_READ : grOUTLINE_FONT_FILE_BAD;
 }
 
 grOutlineFontFileStatus grOutlineFontFamilyReader::add_morvex_fonts(const utString& directory)
@@ -241,8 +129,8 @@ grOutlineFontFileStatus grOutlineFontFamilyReader::add_morvex_fonts(const utStri
         if (family_exists(ltMORVEX_FONT, family))
             continue;
         // Deliberate: the family name is the font, and the file stands where the metrics file does.
-        append(std::make_unique<grOutlineFontListElement>(ltMORVEX_FONT, 0, family, family, utString(), utString(),
-                                                          utString(), file, utString(), utString(), utString()));
+        append(std::make_unique<grOutlineFontListElement>(ltMORVEX_FONT, 0, family, grOutlineFontStyles{family},
+                                                          grOutlineFontStyles{file}));
     }
     return grOUTLINE_FONT_FILE_READ;
 }
@@ -250,6 +138,22 @@ grOutlineFontFileStatus grOutlineFontFamilyReader::add_morvex_fonts(const utStri
 void grOutlineFontFamilyReader::set_morvex_font_finder(grMorvexFontFinder finder)
 {
     the_morvex_font_finder = finder;
+}
+
+grOutlineFontInstallStatus grOutlineFontFamilyReader::install_family(ltFontType type, const utString& family,
+                                                                     dgRenderer* renderer)
+{
+    grOutlineFontListElement* element = find_family(type, family);
+    if (!element)
+        return grOUTLINE_FONT_NO_FAMILY;
+    return element->family_installed() ? grOUTLINE_FONT_INSTALLED : grOutlineFontInstaller(*renderer).install(*element);
+}
+
+void grOutlineFontFamilyReader::remove_family(ltFontType type, const utString& family, dgRenderer* renderer)
+{
+    grOutlineFontListElement* element = find_family(type, family);
+    if (element && element->family_installed())
+        grOutlineFontInstaller(*renderer).remove(*element);
 }
 
 int grOutlineFontFamilyReader::num_families() const
@@ -288,21 +192,15 @@ int grOutlineFontFamilyReader::char_set(ltFontType type, const utString& family)
 
 std::unique_ptr<grOutlineFontListElement>
 grOutlineFontFamilyReader::create_list_element(ltFontType type, int language, const utString& family,
-                                               const utString& normal, const utString& bold, const utString& italic,
-                                               const utString& bold_italic)
+                                               const grOutlineFontStyles& stems)
 {
-    const utString* const stems[] = {&normal, &bold, &italic, &bold_italic};
-    utString fonts[4], metrics[4];
-    int n_found = 0;
-    for (int i = 0; i < 4; ++i)
-    {
-        find_font(*stems[i], type, fonts[i], metrics[i]);
-        n_found += !fonts[i].empty();
-    }
-    if (n_found == 0 || family_exists(type, family))
+    grOutlineFontStyles fonts, metrics;
+    for (std::size_t i = 0; i < stems.size(); ++i)
+        find_font(stems[i], type, fonts[i], metrics[i]);
+    const auto is_missing = [](const utString& font) { return font.empty(); };
+    if (std::all_of(fonts.begin(), fonts.end(), is_missing) || family_exists(type, family))
         return nullptr;
-    return std::make_unique<grOutlineFontListElement>(type, language, family, fonts[0], fonts[1], fonts[2], fonts[3],
-                                                      metrics[0], metrics[1], metrics[2], metrics[3]);
+    return std::make_unique<grOutlineFontListElement>(type, language, family, fonts, metrics);
 }
 
 void grOutlineFontFamilyReader::find_font(const utString& stem, ltFontType type, utString& font,
@@ -321,6 +219,28 @@ void grOutlineFontFamilyReader::find_font(const utString& stem, ltFontType type,
         return;
     font = found_font;
     metrics = found_metrics;
+}
+
+grOutlineFontInstallStatus grOutlineFontFamilyReader::add_font(dgRenderer* renderer,
+                                                               const grOutlineFontListElement& element,
+                                                               grOutlineFontStyle style, int slot)
+{
+    return grOutlineFontInstaller(*renderer).add(element, style, slot);
+}
+
+void grOutlineFontFamilyReader::copy_font(dgRenderer* renderer, int from, int to)
+{
+    grOutlineFontInstaller(*renderer).copy(from, to);
+}
+
+int grOutlineFontFamilyReader::read_to_comma(std::string_view& rest, utString& text)
+{
+    return grOutlineFontListFile::read_to_comma(rest, text);
+}
+
+utString grOutlineFontFamilyReader::trim_string(std::string_view text)
+{
+    return grOutlineFontListFile::trimmed(text);
 }
 
 grOutlineFontListElement* grOutlineFontFamilyReader::find_family(ltFontType type, const utString& family) const
@@ -362,4 +282,16 @@ std::ostream& operator<<(std::ostream& os, grOutlineFontFileStatus status)
     case grOUTLINE_FONT_FILE_BAD: return os << "grOUTLINE_FONT_FILE_BAD";
     }
     return os << "Unknown value for grOutlineFontFileStatus";
+}
+
+std::ostream& operator<<(std::ostream& os, grOutlineFontInstallStatus status)
+{
+    switch (status)
+    {
+    case grOUTLINE_FONT_INSTALLED: return os << "grOUTLINE_FONT_INSTALLED";
+    case grOUTLINE_FONT_NO_FAMILY: return os << "grOUTLINE_FONT_NO_FAMILY";
+    case grOUTLINE_FONT_FILE_NOT_LOADED: return os << "grOUTLINE_FONT_FILE_NOT_LOADED";
+    case grOUTLINE_FONT_CONTENTS_NOT_LOADED: return os << "grOUTLINE_FONT_CONTENTS_NOT_LOADED";
+    }
+    return os << "Unknown value for grOutlineFontInstallStatus";
 }

@@ -14,17 +14,6 @@ namespace
 {
 constexpr double missing_glyph_advance = 0.6;
 
-dgTextFontStatus status_of(dgFontLoadStatus status)
-{
-    switch (status)
-    {
-    case dgFONT_LOADED: return dgTEXT_FONT_LOADED;
-    case dgFONT_NO_FILE: return dgTEXT_FONT_NO_FILE;
-    case dgFONT_BAD_FILE: return dgTEXT_FONT_BAD_FILE;
-    }
-    return dgTEXT_FONT_BAD_FILE;
-}
-
 std::vector<giPoint2> rectangle(double low_x, double low_y, double high_x, double high_y)
 {
     return {{low_x, low_y}, {high_x, low_y}, {high_x, high_y}, {low_x, high_y}};
@@ -52,10 +41,8 @@ dgTextFont::dgTextFont(const utString& full_face_name, int language, int italic,
     apFaceData data;
     if (!apSystemFonts::find_face(full_face_name.str(), data))
         return;
-    dgFontLoadStatus status = dgFONT_NO_FILE;
-    the_face = data.bytes.empty() ? dgFontFace::open_file(data.file, data.face_index, status)
-                                  : dgFontFace::open(std::move(data.bytes), data.face_index, status);
-    the_status = status_of(status);
+    the_face = data.bytes.empty() ? dgFontFace::open_file(data.file, data.face_index, the_status)
+                                  : dgFontFace::open(std::move(data.bytes), data.face_index, the_status);
     if (the_face && italic && !the_face->italic())
         the_face->slant(1);
 }
@@ -73,11 +60,9 @@ dgTextFont::~dgTextFont() = default;
 
 void dgTextFont::load(const utString& font_file, const utString& metrics_file)
 {
-    dgFontLoadStatus status = dgFONT_NO_FILE;
-    std::unique_ptr<dgFontFace> face = dgFontFace::open_file(font_file.str(), 0, status);
+    std::unique_ptr<dgFontFace> face = dgFontFace::open_file(font_file.str(), 0, the_status);
     if (face && !metrics_file.empty())
-        status = face->attach_metrics(metrics_file.str());
-    the_status = status_of(status);
+        the_status = face->attach_metrics(metrics_file.str());
     if (the_status == dgTEXT_FONT_LOADED)
         the_face = std::move(face);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgBase.h"
+#include "dgTextFontStatus.h"
 #include "utString.h"
 
 #include <memory>
@@ -8,14 +9,6 @@
 
 class dgFontFace;
 struct dgGlyphOutline;
-
-/// How loading a text font went.
-enum dgTextFontStatus
-{
-    dgTEXT_FONT_LOADED = 0,
-    dgTEXT_FONT_NO_FILE = 1, ///< a file is missing or cannot be read, or the system knows no such face
-    dgTEXT_FONT_BAD_FILE = 2 ///< a file's contents are no scalable font, or metrics that do not belong to the font
-};
 
 /// What a driver keeps beside a font; deleted with it.
 class DG_EXPORT dgTextFontCache
