@@ -50,6 +50,7 @@ function(gr_platform_library target)
     list(TRANSFORM arg_ROOMS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE folders)
     target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${folders})
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
+    set_property(GLOBAL APPEND PROPERTY GR_SHARED_LIBRARIES ${target})
 endfunction()
 
 # gr_subsystem(<target> SOURCES ... USES ... PRIVATE_USES ...): one room of source/, linked into the gr library as objects. It

@@ -36,7 +36,8 @@ constexpr double spaceball_interval = 1.0 / 60;
 // There is one connection in a process; all windows share it.
 std::shared_ptr<gwSpaceballDevice> shared_spaceball()
 {
-    static std::weak_ptr<gwSpaceballDevice> the_device;
+    // Never destroyed: windows may live in static objects.
+    static std::weak_ptr<gwSpaceballDevice>& the_device = *new std::weak_ptr<gwSpaceballDevice>;
     std::shared_ptr<gwSpaceballDevice> device = the_device.lock();
     if (!device)
         the_device = device = gwSpaceballDevice::open();

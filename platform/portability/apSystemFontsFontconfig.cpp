@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <set>
 #include <strings.h>
 #include <tuple>
 
@@ -20,7 +21,9 @@ struct Unreference
     void operator()(FcPattern* pattern) const { FcPatternDestroy(pattern); }
     void operator()(FcObjectSet* objects) const { FcObjectSetDestroy(objects); }
     void operator()(FcFontSet* fonts) const { FcFontSetDestroy(fonts); }
+    void operator()(FcConfig* config) const { FcConfigDestroy(config); }
 };
+using Config = std::unique_ptr<FcConfig, Unreference>;
 
 std::string text(const FcPattern* pattern, const char* object, int i)
 {
@@ -140,7 +143,7 @@ std::vector<apSystemFace> list_faces(FcConfig* config)
 class FontconfigListing : public apSystemFontHost::Listing
 {
 public:
-    explicit FontconfigListing(FcConfig* config) : the_faces(list_faces(config))
+    explicit FontconfigListing(std::vector<apSystemFace> faces) : the_faces(std::move(faces))
     {
         for (apSystemFace& face : the_faces)
             face.character_set =
@@ -169,34 +172,60 @@ private:
     std::vector<apSystemFace> the_faces;
 };
 
-// fontconfig's knowledge of the system's fonts, and the private ones added to it. It ends with the process rather than
-// outlives it, because memory checkers lose sight of what it points to.
+// fontconfig answers yes to files that hold no font.
+bool add_file(FcConfig* config, const std::string& file)
+{
+    const auto count = [&]
+    {
+        const FcFontSet* fonts = FcConfigGetFonts(config, FcSetApplication);
+        return fonts ? fonts->nfont : 0;
+    };
+    const int before = count();
+    return FcConfigAppFontAddFile(config, reinterpret_cast<const FcChar8*>(file.c_str())) && count() > before;
+}
+
+// The private fonts of this process, and what was last known of all fonts. No object of fontconfig is kept: it hides
+// what it points to, so that memory checkers would take it for lost at the end of the process.
 class Knowledge
 {
 public:
-    // Null when the process is about to end, and where fontconfig cannot be set up.
-    static Knowledge* get()
+    // Kept to the end: fonts may live in static objects.
+    static Knowledge& get()
     {
-        static Knowledge knowledge;
-        return the_end ? nullptr : &knowledge;
+        static Knowledge* const knowledge = new Knowledge;
+        return *knowledge;
     }
 
-    // Of the fonts that are there now.
-    FcConfig* config()
+    // All faces as they are now.
+    const std::vector<apSystemFace>& read_faces()
     {
-        if (!the_config || !FcConfigUptoDate(the_config.get()))
+        the_faces.clear();
+        if (const Config config(FcInitLoadConfigAndFonts()); config)
         {
-            the_config.reset(FcInitLoadConfigAndFonts());
-            add_all();
+            for (const std::string& file : std::set<std::string>(the_private_files.begin(), the_private_files.end()))
+                add_file(config.get(), file);
+            the_faces = list_faces(config.get());
         }
-        return the_config.get();
+        return the_faces;
+    }
+
+    // Null when there is none. Fonts that came after the last reading are found by reading again.
+    const apSystemFace* find(const std::string& full_name)
+    {
+        const apSystemFace* found = find_known(full_name);
+        if (found && ap_file_exists(apPathName(found->file)))
+            return found;
+        read_faces();
+        return find_known(full_name);
     }
 
     int add(const std::string& file)
     {
-        if (!config() || (!contains(file) && !add_to_application_set(file)))
+        const Config empty(FcConfigCreate());
+        if (!empty || !add_file(empty.get(), file))
             return 0;
         the_private_files.push_back(file);
+        the_faces.clear();
         return 1;
     }
 
@@ -206,93 +235,52 @@ public:
         if (found == the_private_files.end())
             return 0;
         the_private_files.erase(found);
-        // Single fonts cannot be taken out: the set is made again from those that stay.
-        if (config())
-        {
-            FcConfigAppFontClear(the_config.get());
-            add_all();
-        }
+        the_faces.clear();
         return 1;
     }
 
 private:
-    struct Destroy
-    {
-        void operator()(FcConfig* config) const { FcConfigDestroy(config); }
-    };
-
     Knowledge() = default;
-    ~Knowledge() { the_end = 1; }
 
-    int contains(const std::string& file) const
+    const apSystemFace* find_known(const std::string& full_name) const
     {
-        return std::find(the_private_files.begin(), the_private_files.end(), file) != the_private_files.end();
-    }
-    int private_font_count() const
-    {
-        const FcFontSet* fonts = FcConfigGetFonts(the_config.get(), FcSetApplication);
-        return fonts ? fonts->nfont : 0;
-    }
-    // fontconfig answers yes to files that hold no font.
-    int add_to_application_set(const std::string& file)
-    {
-        const int before = private_font_count();
-        return FcConfigAppFontAddFile(the_config.get(), reinterpret_cast<const FcChar8*>(file.c_str())) &&
-               private_font_count() > before;
-    }
-    void add_all()
-    {
-        std::vector<std::string> distinct(the_private_files);
-        std::sort(distinct.begin(), distinct.end());
-        distinct.erase(std::unique(distinct.begin(), distinct.end()), distinct.end());
-        for (const std::string& file : distinct)
-            if (the_config)
-                add_to_application_set(file);
+        const apSystemFace* best = nullptr;
+        for (const apSystemFace& face : the_faces)
+        {
+            if (strcasecmp(face.full_name.c_str(), full_name.c_str()) != 0)
+                continue;
+            // The same name may belong to several formats of one font; the file's name settles what is left.
+            if (!best || std::make_tuple(-face.font_type, face.file) < std::make_tuple(-best->font_type, best->file))
+                best = &face;
+        }
+        return best;
     }
 
-    static int the_end;
-    std::unique_ptr<FcConfig, Destroy> the_config;
+    std::vector<apSystemFace> the_faces;        // as last read; empty when they have changed
     std::vector<std::string> the_private_files; // as often as they were added
 };
-
-int Knowledge::the_end = 0;
 }
 
 apSystemFontHost::Listing* apSystemFontHost::open()
 {
-    Knowledge* knowledge = Knowledge::get();
-    return knowledge && knowledge->config() ? new FontconfigListing(knowledge->config()) : nullptr;
+    return new FontconfigListing(Knowledge::get().read_faces());
 }
 
 int apSystemFontHost::add_private(const apPathName& path)
 {
-    Knowledge* knowledge = Knowledge::get();
-    return knowledge && ap_file_exists(path) && knowledge->add(path.utf8());
+    return ap_file_exists(path) && Knowledge::get().add(path.utf8());
 }
 
 int apSystemFontHost::remove_private(const apPathName& path)
 {
-    Knowledge* knowledge = Knowledge::get();
-    return knowledge && knowledge->remove(path.utf8());
+    return Knowledge::get().remove(path.utf8());
 }
 
 int apSystemFontHost::find_face(const std::string& full_name, apFaceData& data)
 {
-    Knowledge* knowledge = Knowledge::get();
-    if (!knowledge || !knowledge->config())
+    const apSystemFace* face = Knowledge::get().find(full_name);
+    if (!face)
         return 0;
-    const apSystemFace* best = nullptr;
-    const std::vector<apSystemFace> faces = list_faces(knowledge->config());
-    for (const apSystemFace& face : faces)
-    {
-        if (strcasecmp(face.full_name.c_str(), full_name.c_str()) != 0)
-            continue;
-        // The same name may belong to several formats of one font; the file's name settles what is left.
-        if (!best || std::make_tuple(-face.font_type, face.file) < std::make_tuple(-best->font_type, best->file))
-            best = &face;
-    }
-    if (!best)
-        return 0;
-    data = apFaceData{best->file, best->face_index, {}};
+    data = apFaceData{face->file, face->face_index, {}};
     return 1;
 }

@@ -1,5 +1,7 @@
 #include "apSystemFonts.h"
 
+#include "apFontCollection.h"
+
 #include "tsFontFolder.h"
 
 #include <gtest/gtest.h>
@@ -143,4 +145,17 @@ TEST(apSystemFonts, overrides_nest)
     }
     EXPECT_EQ(faces_of("One").size(), 1u);
     EXPECT_TRUE(faces_of("DejaVu Sans").empty());
+}
+
+TEST(apFontCollection, finds_the_face_whose_table_directory_starts_at_an_offset)
+{
+    std::vector<unsigned char> bytes{'t', 't', 'c', 'f', 0, 1, 0, 0, 0, 0, 0, 2, 0, 0, 0, 20, 0, 1, 2, 3};
+    EXPECT_EQ(ap_collection_face_index(bytes, 20), 0);
+    EXPECT_EQ(ap_collection_face_index(bytes, 0x10203), 1);
+    EXPECT_EQ(ap_collection_face_index(bytes, 21), -1);
+    bytes.resize(17);
+    EXPECT_EQ(ap_collection_face_index(bytes, 20), 0);
+    EXPECT_EQ(ap_collection_face_index(bytes, 0x10203), -1) << "cut short";
+    bytes[0] = 'x';
+    EXPECT_EQ(ap_collection_face_index(bytes, 20), -1);
 }
