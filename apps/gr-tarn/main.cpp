@@ -1,9 +1,12 @@
 #include "tnCommands.h"
 #include "tnTerminal.h"
 
+#include "flProgram.h"
+
 #include <iostream>
 
 int main(int argc, char** argv)
 {
-    return tn_run(argc, argv, std::cout, std::cerr, tn_errors_on_terminal());
+    return fl_run_program("gr-tarn", [&](std::ostream& out)
+                          { return tn_run(argc, argv, out, std::cerr, tn_errors_on_terminal()); });
 }

@@ -174,7 +174,7 @@ void fill(const std::vector<Loop>& loops, Filling& filling)
 }
 }
 
-int tn_make_cap(const tn_blocks& blocks, const giPlane& plane, double tolerance, giTriBlock& cap)
+int tn_make_cap(const ms_blocks& blocks, const giPlane& plane, double tolerance, giTriBlock& cap)
 {
     // A workplane that faces as the cap does.
     const giVector3 normal = -plane.normal();

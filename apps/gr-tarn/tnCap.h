@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tnTarnFile.h"
+#include "msBlocks.h"
 
 class giPlane;
 
@@ -10,4 +10,4 @@ class giPlane;
 /// corners are nodes of the blocks.
 ///
 /// Answers how many pieces of the outline do not close, because the mesh is open there; they are left out.
-int tn_make_cap(const tn_blocks& blocks, const giPlane& plane, double tolerance, giTriBlock& cap);
+int tn_make_cap(const ms_blocks& blocks, const giPlane& plane, double tolerance, giTriBlock& cap);

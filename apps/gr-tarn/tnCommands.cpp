@@ -3,16 +3,18 @@
 #include "tnCut.h"
 #include "tnNumbers.h"
 #include "tnProgress.h"
-#include "tnTarnFile.h"
 #include "tnVisibility.h"
 
+#include "flMessages.h"
 #include "msMeshFile.h"
+#include "msTarnFile.h"
 #include "spPart.h"
 
 #include "giAngleDegrees.h"
 
 #include <CLI/CLI.hpp>
 
+#include <cmath>
 #include <iomanip>
 #include <ostream>
 #include <sstream>
@@ -35,33 +37,41 @@ struct tn_options
 struct tn_outlets
 {
     std::ostream& out;
+    std::ostream& notes;
     std::ostream* progress; // null: no bars
 };
 
+// Files of different formats: the one that is read would be lost.
+int replaces_input(const tn_options& options, std::string& error)
+{
+    if (!fl_same_file(options.input, options.output))
+        return 0;
+    error = fl_name(options.output) + ": this is the file that is read, it would be lost";
+    return 1;
+}
+
 int import_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
-    tn_blocks blocks;
+    if (replaces_input(options, error))
+        return 0;
+    ms_blocks blocks;
     {
         tnProgress bar(outlets.progress, "reading");
-        if (!ms_read(options.input, giAngleDegrees(options.crease_degrees), blocks, error,
-                     [&bar](double share) { bar.show(share); }))
+        if (!ms_read(options.input, giAngleDegrees(options.crease_degrees), blocks, error, bar.reporter()))
             return 0;
     }
     tnProgress bar(outlets.progress, "writing");
-    return tn_write(options.output, blocks, error, bar);
+    return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 
 int export_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     // Asked first: a long file should not be read for nothing.
-    if (!ms_writable(options.output))
-    {
-        error = options.output + ": no mesh format has this ending; .obj, .ply and .stl are known";
+    if (replaces_input(options, error) || !ms_check_writable(options.output, error))
         return 0;
-    }
-    tn_blocks blocks;
+    ms_blocks blocks;
     tnProgress bar(outlets.progress, "reading");
-    return tn_read(options.input, blocks, error, bar) && ms_write(options.output, blocks, error);
+    return ms_read_tarn(options.input, blocks, error, bar.reporter()) && ms_write(options.output, blocks, error);
 }
 
 std::string three(double x, double y, double z)
@@ -85,10 +95,10 @@ void print_row(std::ostream& out, const std::string& name, long long nodes, long
 
 int print_info(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
-    tn_blocks blocks;
+    ms_blocks blocks;
     {
         tnProgress bar(outlets.progress, "reading");
-        if (!tn_read(options.input, blocks, error, bar))
+        if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }
     outlets.out << "block       nodes  triangles  vectors    texture box\n";
@@ -110,14 +120,14 @@ int print_info(const tn_options& options, const tn_outlets& outlets, std::string
 
 int write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
-    const tn_blocks blocks = sp_make_part(options.triangles);
+    const ms_blocks blocks = sp_make_part(options.triangles);
     tnProgress bar(outlets.progress, "writing");
-    return tn_write(options.output, blocks, error, bar);
+    return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 
 int cut_blocks(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
-    return tn_cut(options.cut, outlets.out, outlets.progress, error);
+    return tn_cut(options.cut, outlets.notes, outlets.progress, error);
 }
 
 int sort_by_visibility(const tn_options& options, const tn_outlets& outlets, std::string& error)
@@ -138,7 +148,8 @@ CLI::Option* add_numbers(CLI::App& command, const std::string& name, std::size_t
                 std::vector<double> read;
                 return tn_read_numbers(text, count, read)
                            ? std::string()
-                           : "needs " + std::to_string(count) + " numbers with commas between them, not " + text;
+                           : "needs " + std::to_string(count) + " numbers with commas between them, not " +
+                                 fl_quoted(text);
             },
             ""))
         ->type_name(format)
@@ -155,9 +166,10 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     app.set_version_flag("--version", "gr-tarn " GR_VERSION);
     app.require_subcommand(1);
 
-    CLI::App* importer = app.add_subcommand("import", "Make a tarn file of a mesh file (STL, OBJ, PLY and others)");
+    CLI::App* importer =
+        app.add_subcommand("import", "Make a tarn file of a mesh file (" + ms_readable_endings() + ")");
     importer->add_option("MESH", options.input, "File to read; its ending tells the format")->required();
-    importer->add_option("TARN", options.output, "File to write")->required();
+    importer->add_option("TARN", options.output, "File to write; - is standard output")->required();
     importer
         ->add_option("--crease", options.crease_degrees,
                      "Where normals are computed, edges sharper than this stay sharp, in degrees")
@@ -165,7 +177,8 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
         ->capture_default_str();
     importer->callback([&chosen] { chosen = import_mesh; });
 
-    CLI::App* exporter = app.add_subcommand("export", "Make a mesh file (OBJ, PLY, STL and others) of a tarn file");
+    CLI::App* exporter =
+        app.add_subcommand("export", "Make a mesh file (" + ms_writable_endings() + ") of a tarn file");
     exporter->add_option("TARN", options.input, "File to read")->required();
     exporter->add_option("MESH", options.output, "File to write; its ending tells the format")->required();
     exporter->callback([&chosen] { chosen = export_mesh; });
@@ -175,7 +188,7 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     info->callback([&chosen] { chosen = print_info; });
 
     CLI::App* sample = app.add_subcommand("sample", "Write a generated machined part");
-    sample->add_option("TARN", options.output, "File to write")->required();
+    sample->add_option("TARN", options.output, "File to write; - is standard output")->required();
     sample->add_option("--triangles", options.triangles, "About how many triangles; the coarsest part has about 13000")
         ->check(CLI::Range(1, most_sample_triangles))
         ->capture_default_str();
@@ -183,7 +196,7 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
 
     CLI::App* cut = app.add_subcommand("cut", "Cut a tarn file open along a plane");
     cut->add_option("TARN", options.cut.input, "File to read")->required();
-    cut->add_option("OUT", options.cut.output, "File to write")->required();
+    cut->add_option("OUT", options.cut.output, "File to write; - is standard output")->required();
     add_numbers(*cut, "--plane", 4, options.cut.plane, "NX,NY,NZ,D",
                 "The plane nx x + ny y + nz z = d; the side that (nx, ny, nz) points to is kept");
     cut->add_flag("--keep-both", options.cut.keep_both, "Keep the other side as well, in blocks of its own");
@@ -210,8 +223,13 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     {
         return app.exit(error, out, errors) == 0 ? 0 : 2;
     }
+    if (std::isnan(options.crease_degrees))
+    {
+        errors << "gr-tarn: --crease: nan is no angle\n";
+        return 2;
+    }
     std::string error;
-    if (chosen(options, tn_outlets{out, show_progress ? &errors : nullptr}, error))
+    if (chosen(options, tn_outlets{out, errors, show_progress ? &errors : nullptr}, error))
         return 0;
     errors << "gr-tarn: " << error << '\n';
     return 1;

@@ -1,14 +1,18 @@
 #include "tnCut.h"
 
 #include "tnCap.h"
+#include "tnNumbers.h"
 #include "tnProgress.h"
-#include "tnTarnFile.h"
+
+#include "flMessages.h"
+#include "msTarnFile.h"
 
 #include "grTriCut.h"
 #include "grTriCutterPlane.h"
 
 #include "giPlane.h"
 
+#include <cmath>
 #include <ostream>
 
 namespace
@@ -22,10 +26,10 @@ struct Side
 };
 
 // Appends what is left of the blocks on a side, and its cap. Answers how many ends of the cut are open.
-int keep_side(const tn_blocks& blocks, const Side& side, double tolerance, int with_cap, tnProgress& bar, double done,
-              double share, tn_blocks& kept)
+int keep_side(const ms_blocks& blocks, const Side& side, double tolerance, int with_cap, tnProgress& bar, double done,
+              double share, ms_blocks& kept)
 {
-    tn_blocks half;
+    ms_blocks half;
     const grTriCutterPlane cutter(side.plane, tolerance);
     for (std::size_t i = 0; i < blocks.size(); ++i)
     {
@@ -49,42 +53,51 @@ int keep_side(const tn_blocks& blocks, const Side& side, double tolerance, int w
 }
 }
 
-int tn_cut(const tnCutOptions& options, std::ostream& out, std::ostream* progress, std::string& error)
+int tn_cut(const tnCutOptions& options, std::ostream& notes, std::ostream* progress, std::string& error)
 {
-    const giVector3 normal(options.plane[0], options.plane[1], options.plane[2]);
-    if (!(normal.length() > 0))
+    double size = 0;
+    const giVector3 normal = tn_direction(options.plane, size);
+    if (!(size > 0))
     {
         error = "a plane needs a normal: nx, ny and nz are all 0";
         return 0;
     }
-    tn_blocks blocks;
+    const double scaled_normal =
+        giVector3(options.plane[0] / size, options.plane[1] / size, options.plane[2] / size).length();
+    const double distance = options.plane[3] / size / scaled_normal;
+    if (!std::isfinite(distance))
+    {
+        error = "the plane is too far away: its distance d has no number when the normal gets the length 1";
+        return 0;
+    }
+    ms_blocks blocks;
     {
         tnProgress bar(progress, "reading");
-        if (!tn_read(options.input, blocks, error, bar))
+        if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }
     giBox3 box;
     for (const auto& block : blocks)
         box.merge(block->box());
     const double tolerance = box.empty() ? 0 : relative_tolerance * box.diagonal().length();
-    const giPoint3 point(normal.unit() * (options.plane[3] / normal.length()));
+    const giPoint3 point(normal * distance);
     const Side sides[] = {{giPlane(point, normal), "positive"}, {giPlane(point, -normal), "negative"}};
 
-    tn_blocks kept;
+    ms_blocks kept;
     {
         tnProgress bar(progress, "cutting");
         const int n_sides = options.keep_both ? 2 : 1;
         for (int i = 0; i < n_sides; ++i)
             if (const int open_ends =
                     keep_side(blocks, sides[i], tolerance, options.cap, bar, i * (1.0 / n_sides), 1.0 / n_sides, kept))
-                out << "the cut is open in " << open_ends << " places on the " << sides[i].name
-                    << " side, where the mesh is; the cap leaves them out\n";
+                notes << "gr-tarn: the cut is open in " << open_ends << " places on the " << sides[i].name
+                      << " side, where the mesh is; the cap leaves them out\n";
     }
     if (kept.empty())
     {
-        error = options.input + ": nothing lies on the side of the plane that is kept";
+        error = fl_name(options.input) + ": nothing lies on the side of the plane that is kept";
         return 0;
     }
     tnProgress bar(progress, "writing");
-    return tn_write(options.output, kept, error, bar);
+    return ms_write_tarn(options.output, kept, error, bar.reporter());
 }

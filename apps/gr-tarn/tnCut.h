@@ -16,5 +16,5 @@ struct tnCutOptions
 
 /// Cuts the blocks of a tarn file and writes those that stay: of the side that the normal points to, and with keep_both
 /// those of the other side behind them. With cap, a block that closes the cut follows those of each side. Notes go to
-/// out, bars to progress unless it is null. Answers 1, or 0 with error set.
-int tn_cut(const tnCutOptions& options, std::ostream& out, std::ostream* progress, std::string& error);
+/// notes, bars to progress unless it is null. Answers 1, or 0 with error set.
+int tn_cut(const tnCutOptions& options, std::ostream& notes, std::ostream* progress, std::string& error);

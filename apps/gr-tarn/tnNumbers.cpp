@@ -2,6 +2,7 @@
 
 #include "apNumber.h"
 
+#include <algorithm>
 #include <cmath>
 
 int tn_read_numbers(const std::string& text, std::size_t count, std::vector<double>& numbers)
@@ -21,4 +22,11 @@ int tn_read_numbers(const std::string& text, std::size_t count, std::vector<doub
         if (*position++ != ',')
             return 0;
     }
+}
+
+giVector3 tn_direction(const std::vector<double>& xyz, double& size)
+{
+    // The squares of very large and very small numbers have no doubles.
+    size = std::max({std::abs(xyz[0]), std::abs(xyz[1]), std::abs(xyz[2])});
+    return size > 0 ? giVector3(xyz[0] / size, xyz[1] / size, xyz[2] / size).unit() : giVector3();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <string>
 
@@ -15,6 +16,11 @@ public:
 
     /// The share done, from 0 to 1. Draws only when the bar or the figure beside it changes.
     void show(double share);
+    /// show, as a function for calls that report how much is done.
+    std::function<void(double)> reporter()
+    {
+        return [this](double share) { show(share); };
+    }
 
 private:
     std::ostream* the_stream;

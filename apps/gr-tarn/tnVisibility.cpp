@@ -1,8 +1,10 @@
 #include "tnVisibility.h"
 
+#include "tnNumbers.h"
 #include "tnProgress.h"
-#include "tnTarnFile.h"
 
+#include "flMessages.h"
+#include "msTarnFile.h"
 #include "pcPictureFile.h"
 
 #include "grDiagSplitter.h"
@@ -90,23 +92,40 @@ private:
     std::string the_error;
 };
 
+// Of the triangles about each node, by their areas.
+std::vector<giVector3> mean_normals(const giTriBlock& block)
+{
+    std::vector<giVector3> normals(static_cast<std::size_t>(block.node_count()));
+    for (const giTriangle& t : block.triangles())
+    {
+        const giPoint3& p = block.nodes()[t[0]];
+        const giVector3 area = (block.nodes()[t[1]] - p).cross(block.nodes()[t[2]] - p);
+        for (int k = 0; k < 3; ++k)
+            normals[static_cast<std::size_t>(t[k])] += area;
+    }
+    for (giVector3& normal : normals)
+        if (!normal.unitise())
+            normal = giVector3(0, 0, 1);
+    return normals;
+}
+
+// Appends a block with normals, of its own or made from its triangles.
 void append(giTriBlock& all, const giTriBlock& block)
 {
     const int first = all.node_count();
     std::vector<giVector3>& normals = all.create_normals();
+    const std::vector<giVector3> added = block.normals() ? *block.normals() : mean_normals(block);
     for (int node = 0; node < block.node_count(); ++node)
-    {
         all.nodes().append(block.nodes()[node]);
-        normals.push_back(block.normals() ? (*block.normals())[static_cast<std::size_t>(node)] : giVector3());
-    }
+    normals.insert(normals.end(), added.begin(), added.begin() + block.node_count());
     for (const giTriangle& t : block.triangles())
         all.triangles().emplace_back(first + t[0], first + t[1], first + t[2]);
 }
 
-int write_classes(const std::string& file, const tn_blocks& blocks, const std::vector<Observer::Outcome>& outcomes,
+int write_classes(const std::string& file, const ms_blocks& blocks, const std::vector<Observer::Outcome>& outcomes,
                   std::ostream* progress, std::string& error)
 {
-    tn_blocks classes;
+    ms_blocks classes;
     for (std::size_t i = 0; i < std::size(class_names); ++i)
         classes.push_back(std::make_unique<giTriBlock>());
     for (std::size_t i = 0; i < blocks.size(); ++i)
@@ -114,12 +133,25 @@ int write_classes(const std::string& file, const tn_blocks& blocks, const std::v
     for (auto& block : classes)
         block->create_normals();
     tnProgress bar(progress, "writing");
-    return tn_write(file, classes, error, bar);
+    return ms_write_tarn(file, classes, error, bar.reporter());
 }
 
-void print_table(std::ostream& out, const tn_blocks& blocks, const std::vector<Observer::Outcome>& outcomes)
+// The counts of the zoom that decided a block, or of the last one that was made; dashes for none.
+void print_zoom(std::ostream& out, const grSplitBlock& counts)
 {
-    out << "                           overview pixels             block zoom pixels\n"
+    if (counts.alone_count_block_zoom() >= 0)
+        out << std::setw(10) << counts.upper_count_block_zoom() << std::setw(9) << counts.lower_count_block_zoom()
+            << std::setw(9) << counts.alone_count_block_zoom();
+    else if (counts.alone_count_point_zoom() >= 0)
+        out << std::setw(10) << counts.upper_count_point_zoom() << std::setw(9) << counts.lower_count_point_zoom()
+            << std::setw(9) << counts.alone_count_point_zoom();
+    else
+        out << std::setw(10) << '-' << std::setw(9) << '-' << std::setw(9) << '-';
+}
+
+void print_table(std::ostream& out, const ms_blocks& blocks, const std::vector<Observer::Outcome>& outcomes)
+{
+    out << "                           overview pixels                   zoom pixels\n"
            "block  triangles     upper    lower    alone     upper    lower    alone  class      rule\n";
     std::array<int, std::size(class_names)> totals{};
     for (std::size_t i = 0; i < blocks.size(); ++i)
@@ -128,11 +160,7 @@ void print_table(std::ostream& out, const tn_blocks& blocks, const std::vector<O
         out << std::left << std::setw(5) << i + 1 << std::right << std::setw(11) << blocks[i]->triangle_count()
             << std::setw(10) << counts.upper_count_overview() << std::setw(9) << counts.lower_count_overview()
             << std::setw(9) << counts.alone_count_overview();
-        if (counts.alone_count_block_zoom() < 0)
-            out << std::setw(10) << '-' << std::setw(9) << '-' << std::setw(9) << '-';
-        else
-            out << std::setw(10) << counts.upper_count_block_zoom() << std::setw(9) << counts.lower_count_block_zoom()
-                << std::setw(9) << counts.alone_count_block_zoom();
+        print_zoom(out, counts);
         out << "  " << std::left << std::setw(11) << class_names[outcomes[i].vis] << rule_names[outcomes[i].diag]
             << '\n';
         ++totals[outcomes[i].vis];
@@ -171,26 +199,37 @@ private:
 
 int tn_visibility(const tnVisibilityOptions& options, std::ostream& out, std::ostream* progress, std::string& error)
 {
-    const giVector3 direction(options.direction[0], options.direction[1], options.direction[2]);
-    if (!(direction.length() > 0))
+    double size = 0;
+    const giVector3 direction = tn_direction(options.direction, size);
+    if (!(size > 0))
     {
         error = "a direction needs a length: x, y and z are all 0";
+        return 0;
+    }
+    if (options.classes == "-")
+    {
+        error = "the list goes to standard output: --classes needs a file";
+        return 0;
+    }
+    if (fl_same_file(options.input, options.classes))
+    {
+        error = fl_name(options.input) + ": --classes would replace the file that is read";
         return 0;
     }
     if (!options.images.empty())
     {
         std::error_code failure;
         std::filesystem::create_directories(options.images, failure);
-        if (!std::filesystem::is_directory(options.images, failure))
+        if (failure)
         {
-            error = options.images + ": the folder cannot be made";
+            error = fl_name(options.images) + ": the folder cannot be made: " + failure.message();
             return 0;
         }
     }
-    tn_blocks blocks;
+    ms_blocks blocks;
     {
         tnProgress bar(progress, "reading");
-        if (!tn_read(options.input, blocks, error, bar))
+        if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }
     std::string reason;
@@ -212,7 +251,7 @@ int tn_visibility(const tnVisibilityOptions& options, std::ostream& out, std::os
     bars.end();
     if (!done || !observer.error().empty())
     {
-        error = done ? observer.error() : options.input + ": images of this part cannot be drawn";
+        error = done ? observer.error() : fl_name(options.input) + ": images of this part cannot be drawn";
         return 0;
     }
     print_table(out, blocks, observer.outcomes());

@@ -1,5 +1,8 @@
 #include "pcPictureFile.h"
 
+#include "flMessages.h"
+#include "flOutputFile.h"
+
 #include "dgImage.h"
 
 #include <png.h>
@@ -20,10 +23,10 @@ int pc_write_png(const std::string& path, const dgImage& image, std::string& err
     png.height = static_cast<png_uint_32>(image.height);
     png.format = PNG_FORMAT_RGB;
     // A negative row length tells that the first row is the lowest one.
-    if (!png_image_write_to_file(&png, path.c_str(), 0, rgb.data(), -3 * image.width, nullptr))
-    {
-        error = path + ": " + png.message;
-        return 0;
-    }
-    return 1;
+    png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
+    std::vector<char> bytes(size);
+    if (png_image_write_to_memory(&png, bytes.data(), &size, 0, rgb.data(), -3 * image.width, nullptr))
+        return fl_write(path, std::string_view(bytes.data(), size), error);
+    error = fl_name(path) + ": " + png.message;
+    return 0;
 }

@@ -4,6 +4,7 @@
 #include "grExport.h"
 
 #include <iosfwd>
+#include <string>
 
 class dgStructure;
 class giTriBlock;
@@ -33,6 +34,11 @@ class giTriBlock;
 /// The stream is read in large pieces. After a success it stands behind the last block, or at its end when it cannot be
 /// positioned. A stream of finite length never makes the reader use more memory than about four times that length.
 GR_EXPORT giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks);
+
+/// The same; complaint becomes what is wrong with a damaged file, starting with the place ("line 7: ...", or "byte 7:
+/// ..." in a stream that cannot be positioned) where there is one, and empty otherwise.
+GR_EXPORT giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks,
+                                          std::string& complaint);
 
 /// Reads a file of the same format and adds a dgTriangleBlock, which owns its block, to the structure for each block in
 /// the order of the file. Returns the number of blocks added; after a failure that is 0 and the structure is unchanged.

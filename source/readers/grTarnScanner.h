@@ -7,10 +7,11 @@
 #include <cstddef>
 #include <istream>
 #include <memory>
+#include <string>
 
 /// Reads the lines and numbers of a text stream through a buffer of its own.
 ///
-/// Answers false when what is asked for is not there; where it then stands is of no interest. May throw std::bad_alloc.
+/// Answers false when what is asked for is not there, and then stands at what is there instead. May throw std::bad_alloc.
 class grTarnScanner
 {
 public:
@@ -31,6 +32,11 @@ public:
     /// How many items to make room for at once: those wanted, but not more than can still follow when each takes at
     /// least bytes_each, and a moderate number when the length of the stream is not known.
     std::size_t room(std::size_t wanted, std::size_t bytes_each) const;
+
+    /// The place where it stands: "line 7", or "byte 7" in a stream that cannot be positioned. Ends the reading.
+    std::string place();
+    /// What it stands at, up to the next blank: printable and short. Empty at the end of the stream.
+    std::string word() const;
 
     /// Positions the stream behind what was read, or at its end where it cannot be positioned.
     void give_back();
@@ -63,6 +69,8 @@ private:
     const char* the_end;              // holds a '\0', so that loops over blanks stop without looking for the end
     std::streamoff the_stream_length; // of what is not in the buffer yet, -1 when not known
     bool the_stream_ended;
+    std::streampos the_stream_start;      // -1 when it cannot be positioned
+    std::streamoff the_bytes_dropped = 0; // from the front of the buffer
 };
 
 inline bool grTarnScanner::skip_blanks()

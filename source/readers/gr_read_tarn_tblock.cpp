@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <limits>
 #include <new>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -26,14 +27,36 @@ struct block_counts
     int triangles = 0;
 };
 
-bool read_counts(grTarnScanner& scanner, block_counts& counts)
+// A scanner, and the first thing that it did not find.
+struct tarn_reading
+{
+    grTarnScanner scanner;
+    std::string& complaint;
+
+    bool expected(const std::string& what)
+    {
+        const std::string found = scanner.word();
+        complaint = scanner.place() + ": " +
+                    (found.empty() ? "the file ends where " + what + " should be"
+                                   : what + " should be where '" + found + "' is");
+        return false;
+    }
+};
+
+bool read_counts(tarn_reading& reading, block_counts& counts)
 {
     int unused = 0;
-    if (!scanner.read(counts.vector_mode) || !scanner.read(counts.texture_flag) || !scanner.read(counts.nodes) ||
-        !scanner.read(counts.triangles) || !scanner.read(unused))
+    for (int* count : {&counts.vector_mode, &counts.texture_flag, &counts.nodes, &counts.triangles, &unused})
+        if (!reading.scanner.read(*count))
+            return reading.expected("one of the five whole numbers that a block starts with");
+    if (counts.nodes < 0 || counts.triangles < 0)
+    {
+        reading.complaint = reading.scanner.place() + ": " + std::to_string(counts.nodes) + " nodes and " +
+                            std::to_string(counts.triangles) + " triangles are no block";
         return false;
-    scanner.skip_rest_of_line();
-    return counts.nodes >= 0 && counts.triangles >= 0;
+    }
+    reading.scanner.skip_rest_of_line();
+    return true;
 }
 
 giTriBlock::curvature_pair curvature(double first, double second)
@@ -44,8 +67,9 @@ giTriBlock::curvature_pair curvature(double first, double second)
     return {first, second};
 }
 
-bool read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
+bool read_nodes(tarn_reading& reading, const block_counts& counts, giTriBlock& block)
 {
+    grTarnScanner& scanner = reading.scanner;
     const bool with_normals = counts.vector_mode == normals_mode;
     const std::size_t room = scanner.room(static_cast<std::size_t>(counts.nodes), shortest_node);
 
@@ -78,7 +102,7 @@ bool read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& 
             double v[8];
             for (double& value : v)
                 if (!scanner.read(value))
-                    return false;
+                    return reading.expected("a finite number of node " + std::to_string(node + 1));
             nodes[node] = giPoint3(v[0], v[1], v[2]);
             if (normals)
                 (*normals)[node] = giVector3(v[3], v[4], v[5]);
@@ -92,8 +116,9 @@ bool read_nodes(grTarnScanner& scanner, const block_counts& counts, giTriBlock& 
     return true;
 }
 
-bool read_triangles(grTarnScanner& scanner, const block_counts& counts, giTriBlock& block)
+bool read_triangles(tarn_reading& reading, const block_counts& counts, giTriBlock& block)
 {
+    grTarnScanner& scanner = reading.scanner;
     std::vector<giTriangle>& triangles = block.triangles();
     triangles.reserve(scanner.room(static_cast<std::size_t>(counts.triangles), shortest_triangle));
     for (int first = 0; first < counts.triangles; first += std::min(batch, counts.triangles - first))
@@ -105,22 +130,34 @@ bool read_triangles(grTarnScanner& scanner, const block_counts& counts, giTriBlo
             for (int vertex = 0; vertex < 3; ++vertex)
             {
                 int node = 0;
-                if (!scanner.read(node) || node < 1 || node > counts.nodes)
+                if (!scanner.read(node))
+                    return reading.expected("a node of triangle " + std::to_string(triangle + 1));
+                if (node < 1 || node > counts.nodes)
+                {
+                    reading.complaint = scanner.place() + ": triangle " + std::to_string(triangle + 1) + " has node " +
+                                        std::to_string(node) + " of " + std::to_string(counts.nodes);
                     return false;
+                }
                 triangles[triangle][vertex] = node - 1;
             }
     }
     return true;
 }
 
-std::unique_ptr<giTriBlock> read_block(grTarnScanner& scanner)
+std::unique_ptr<giTriBlock> read_block(tarn_reading& reading)
 {
     block_counts counts;
     auto block = std::make_unique<giTriBlock>();
-    if (!scanner.skip_lines(3) || !read_counts(scanner, counts) || !scanner.skip_lines(8) ||
-        !read_nodes(scanner, counts, *block) || !read_triangles(scanner, counts, *block))
+    if (!reading.scanner.skip_lines(3) || !read_counts(reading, counts))
         return nullptr;
-    scanner.skip_rest_of_line();
+    if (!reading.scanner.skip_lines(8))
+    {
+        reading.expected("one of the eight lines before the nodes");
+        return nullptr;
+    }
+    if (!read_nodes(reading, counts, *block) || !read_triangles(reading, counts, *block))
+        return nullptr;
+    reading.scanner.skip_rest_of_line();
     return block;
 }
 
@@ -133,21 +170,31 @@ bool skip_header(grTarnScanner& scanner)
     return false;
 }
 
-// Reads the whole file, keeping only the first block unless all are wanted. Returns false when it is damaged.
-bool read_blocks(grTarnScanner& scanner, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
+// Reads the whole file, keeping only the first block unless all are wanted. Returns 0 when it is damaged.
+bool read_blocks(tarn_reading& reading, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
 {
-    if (!skip_header(scanner) || !scanner.read(count))
+    grTarnScanner& scanner = reading.scanner;
+    if (!skip_header(scanner))
+    {
+        reading.complaint = "this is no tarn file: no line starts with '*'";
         return false;
+    }
+    if (!scanner.read(count))
+        return reading.expected("the number of blocks");
     scanner.skip_rest_of_line();
     if (count < 1)
         return true;
     if (!scanner.skip_lines((count - 1) / 5 + 1))
-        return false;
+        return reading.expected("the index of " + std::to_string(count) + " blocks");
     for (int number = 0; number < count; ++number)
     {
-        std::unique_ptr<giTriBlock> block = read_block(scanner);
+        std::unique_ptr<giTriBlock> block = read_block(reading);
         if (!block)
+        {
+            if (reading.complaint.empty())
+                reading.expected("block " + std::to_string(number + 1) + " of " + std::to_string(count));
             return false;
+        }
         if (all || blocks.empty())
             blocks.push_back(std::move(block));
     }
@@ -157,14 +204,21 @@ bool read_blocks(grTarnScanner& scanner, int& count, bool all, std::vector<std::
 
 giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks)
 {
+    std::string complaint;
+    return gr_read_tarn_tblock(stream, count, blocks, complaint);
+}
+
+giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks, std::string& complaint)
+{
     count = 0;
+    complaint.clear();
     try
     {
         std::vector<std::unique_ptr<giTriBlock>> read;
-        grTarnScanner scanner(stream);
-        if (read_blocks(scanner, count, blocks != nullptr, read))
+        tarn_reading reading{grTarnScanner(stream), complaint};
+        if (read_blocks(reading, count, blocks != nullptr, read))
         {
-            scanner.give_back();
+            reading.scanner.give_back();
             if (read.empty())
                 return nullptr;
             giTriBlock* first = read.front().get();
@@ -180,7 +234,7 @@ giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDL
     }
     catch (const std::bad_alloc&)
     {
-        // Fails below like any other file that cannot be read.
+        complaint = "there is not enough memory for its blocks";
     }
     stream.setstate(std::ios::failbit);
     return nullptr;

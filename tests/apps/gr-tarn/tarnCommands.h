@@ -1,53 +1,42 @@
 #pragma once
 
 #include "tnCommands.h"
-#include "tnProgress.h"
-#include "tnTarnFile.h"
+
+#include "msTarnFile.h"
+#include "tsFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 
-/// Runs gr-tarn on files in a folder that goes with the test.
+/// Runs gr-tarn on files in a folder.
 class gr_tarn : public testing::Test
 {
 protected:
-    void SetUp() override
+    /// The command line in one text; words that start with @ name files of the folder.
+    int run(const std::string& line)
     {
-        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-        the_folder = std::filesystem::path(testing::TempDir()) / (std::string("gr_tarn_") + test->name());
-        std::filesystem::remove_all(the_folder);
-        std::filesystem::create_directories(the_folder);
-    }
-    void TearDown() override { std::filesystem::remove_all(the_folder); }
-
-    std::string file(const std::string& name) const { return (the_folder / name).string(); }
-
-    int run(std::vector<const char*> words)
-    {
-        words.insert(words.begin(), "gr-tarn");
+        std::vector<std::string> words{"gr-tarn"};
+        std::istringstream stream(line);
+        for (std::string word; stream >> word;)
+            words.push_back(word[0] == '@' ? the_folder / word.substr(1) : word);
+        std::vector<const char*> arguments;
+        for (const std::string& word : words)
+            arguments.push_back(word.c_str());
         the_out.str("");
         the_errors.str("");
-        return tn_run(static_cast<int>(words.size()), words.data(), the_out, the_errors, 0);
+        return tn_run(static_cast<int>(arguments.size()), arguments.data(), the_out, the_errors, 0);
     }
-    int run(const char* command, const std::string& first, const std::string& second)
-    {
-        return run({command, first.c_str(), second.c_str()});
-    }
+    void make_part() { ASSERT_EQ(run("sample --triangles 20000 @part.tarn"), 0) << the_errors.str(); }
 
-    tn_blocks blocks(const std::string& name) const
+    ms_blocks blocks(const std::string& name) const
     {
-        tn_blocks read;
+        ms_blocks read;
         std::string error;
-        tnProgress silent(nullptr, "");
-        EXPECT_TRUE(tn_read(file(name), read, error, silent)) << error;
+        EXPECT_TRUE(ms_read_tarn(the_folder / name, read, error)) << error;
         return read;
     }
 
-    void write(const std::string& name, const std::string& text) const { std::ofstream(file(name)) << text; }
-
-    std::filesystem::path the_folder;
+    const tsFolder the_folder;
     std::ostringstream the_out, the_errors;
 };

@@ -1,121 +1,24 @@
 #include "tarnCommands.h"
+#include "tnProgress.h"
 
-namespace fs = std::filesystem;
-
-namespace
+TEST_F(gr_tarn, meshes_are_imported_and_exported)
 {
-// Two triangles that share an edge, 0.2 degrees apart in one file and 90 degrees in the other; no normals.
-const char* const flat_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 1 1 0.003\nf 1 2 3\nf 2 4 3\n";
-const char* const bent_obj = "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n";
-
-// A cube of 4 micrometres, in metres; its faces share their corners.
-const char* const cube_ply = R"(ply
-format ascii 1.0
-element vertex 8
-property float x
-property float y
-property float z
-element face 6
-property list uchar int vertex_indices
-end_header
-0 0 0
-4e-6 0 0
-4e-6 4e-6 0
-0 4e-6 0
-0 0 4e-6
-4e-6 0 4e-6
-4e-6 4e-6 4e-6
-0 4e-6 4e-6
-4 3 2 1 0
-4 4 5 6 7
-4 0 1 5 4
-4 1 2 6 5
-4 2 3 7 6
-4 3 0 4 7
-)";
-}
-
-TEST_F(gr_tarn, meshes_survive_the_way_there_and_back)
-{
-    ASSERT_EQ(run({"sample", "--triangles", "20000", file("part.tarn").c_str()}), 0) << the_errors.str();
-    const tn_blocks part = blocks("part.tarn");
-    int triangles = 0;
-    giBox3 box;
-    for (const auto& block : part)
-    {
-        triangles += block->triangle_count();
-        box.merge(block->box());
-    }
-    const struct
-    {
-        const char *name, *back;
-        std::size_t least_blocks;
-        bool texture;
-    } cases[] = {
-        {"part.obj", "obj.tarn", 6, true}, {"part.ply", "ply.tarn", 1, true}, {"part.stl", "stl.tarn", 1, false}};
-    for (const auto& c : cases)
-    {
-        ASSERT_EQ(run("export", file("part.tarn"), file(c.name)), 0) << the_errors.str();
-        ASSERT_EQ(run("import", file(c.name), file(c.back)), 0) << the_errors.str();
-        const tn_blocks back = blocks(c.back);
-        EXPECT_GE(back.size(), c.least_blocks) << c.name;
-        int triangles_back = 0, turned = 0;
-        giBox3 box_back;
-        for (const auto& block : back)
-        {
-            triangles_back += block->triangle_count();
-            box_back.merge(block->box());
-            EXPECT_EQ(block->texture_coordinates() != nullptr, c.texture) << c.name;
-            for (const giTriangle& t : block->triangles())
-            {
-                const giPoint3& p = block->nodes()[t[0]];
-                const giVector3 area = (block->nodes()[t[1]] - p).cross(block->nodes()[t[2]] - p);
-                turned += area.unit().dot((*block->normals())[static_cast<std::size_t>(t[0])]) < 0.8;
-            }
-        }
-        EXPECT_EQ(triangles_back, triangles) << c.name;
-        EXPECT_EQ(turned, 0) << c.name;
-        EXPECT_TRUE(box_back.low().coincident(box.low(), 1e-4)) << c.name;
-        EXPECT_TRUE(box_back.high().coincident(box.high(), 1e-4)) << c.name;
-    }
-}
-
-TEST_F(gr_tarn, small_parts_keep_every_triangle_and_shared_nodes_their_sharp_edges)
-{
-    write("cube.ply", cube_ply);
-    ASSERT_EQ(run("import", file("cube.ply"), file("cube.tarn")), 0) << the_errors.str();
-    const tn_blocks read = blocks("cube.tarn");
-    ASSERT_EQ(read.size(), 1u);
-    EXPECT_EQ(read[0]->triangle_count(), 12);
-    EXPECT_EQ(read[0]->node_count(), 24);
-    EXPECT_NEAR(read[0]->box().high().x(), 4e-6, 1e-12);
-}
-
-TEST_F(gr_tarn, normals_are_computed_where_absent_and_split_at_sharp_edges)
-{
-    const struct
-    {
-        const char *name, *text;
-        int nodes;
-    } cases[] = {{"flat", flat_obj, 4}, {"bent", bent_obj, 6}};
-    for (const auto& c : cases)
-    {
-        write("mesh.obj", c.text);
-        ASSERT_EQ(run("import", file("mesh.obj"), file("mesh.tarn")), 0) << the_errors.str();
-        const tn_blocks read = blocks("mesh.tarn");
-        ASSERT_EQ(read.size(), 1u);
-        EXPECT_EQ(read[0]->node_count(), c.nodes) << c.name;
-        ASSERT_TRUE(read[0]->normals());
-        EXPECT_NEAR((*read[0]->normals())[static_cast<std::size_t>(read[0]->triangles()[0][0])].z(), 1, 1e-3);
-    }
+    the_folder.write("two.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nv 0 0 1\nf 1 2 3\nf 1 4 2\n"); // 90 degrees apart
+    ASSERT_EQ(run("import @two.obj @sharp.tarn"), 0) << the_errors.str();
+    ASSERT_EQ(run("import @two.obj @round.tarn --crease 100"), 0) << the_errors.str();
+    EXPECT_EQ(blocks("sharp.tarn")[0]->node_count(), 6);
+    EXPECT_EQ(blocks("round.tarn")[0]->node_count(), 4);
+    ASSERT_EQ(run("export @sharp.tarn @back.stl"), 0) << the_errors.str();
+    EXPECT_EQ(the_folder.text("back.stl").size(), 84u + 2 * 50) << "binary STL";
 }
 
 TEST_F(gr_tarn, info_lists_blocks_and_their_sum)
 {
-    write("two.tarn",
-          "*\n2\n1 2\n\n\n\n1 1 3 1 0\n\n\n\n\n\n\n\n\n0 0 0 0 0 1 0 0\n7 0 0 0 0 1 0 0\n0 8 9 0 0 1 0 0\n1 2 3\n"
-          "\n\n\n0 0 1 0 0\n\n\n\n\n\n\n\n\n-5 0 0 0 0 1 0 0\n");
-    ASSERT_EQ(run({"info", file("two.tarn").c_str()}), 0) << the_errors.str();
+    the_folder.write(
+        "two.tarn",
+        "*\n2\n1 2\n\n\n\n1 1 3 1 0\n\n\n\n\n\n\n\n\n0 0 0 0 0 1 0 0\n7 0 0 0 0 1 0 0\n0 8 9 0 0 1 0 0\n1 2 3\n"
+        "\n\n\n0 0 1 0 0\n\n\n\n\n\n\n\n\n-5 0 0 0 0 1 0 0\n");
+    ASSERT_EQ(run("info @two.tarn"), 0) << the_errors.str();
     std::istringstream lines(the_out.str());
     std::vector<std::vector<std::string>> words;
     for (std::string line, word; std::getline(lines, line);)
@@ -131,45 +34,56 @@ TEST_F(gr_tarn, info_lists_blocks_and_their_sum)
     EXPECT_EQ(words[3], (row{"all", "4", "1", "-5", "0", "0", "to", "7", "8", "9"}));
 }
 
-TEST_F(gr_tarn, complaints_name_the_file_and_leave_what_was_there)
+TEST_F(gr_tarn, complaints_name_what_is_wrong_and_leave_what_was_there)
 {
-    write("good.obj", flat_obj);
-    write("bad.obj", "this is no mesh\n");
-    write("bad.tarn", "*\n1\n1\n");
-    write("kept.tarn", "kept");
-    const std::string missing = file("missing"), bad_obj = file("bad.obj"), bad_tarn = file("bad.tarn"),
-                      good = file("good.obj"), kept = file("kept.tarn"), no_folder = file("none/out.tarn"),
-                      unknown = file("out.unknown");
+    the_folder.write("good.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 3\n");
+    the_folder.write("bad.obj", "this is no mesh\n");
+    the_folder.write("bad.tarn", "*\n1\n1\n");
+    the_folder.write("kept.tarn", "kept");
+    ASSERT_EQ(run("import @good.obj @part.tarn"), 0);
+    const std::string names = the_folder.names();
     const struct
     {
-        const char* name;
-        std::vector<const char*> words;
+        const char* line;
         int status;
-        std::string named;
-    } cases[] = {
-        {"missing tarn file", {"info", missing.c_str()}, 1, missing},
-        {"damaged tarn file", {"info", bad_tarn.c_str()}, 1, bad_tarn},
-        {"damaged tarn file for export", {"export", bad_tarn.c_str(), good.c_str()}, 1, bad_tarn},
-        {"missing mesh", {"import", missing.c_str(), kept.c_str()}, 1, missing},
-        {"damaged mesh", {"import", bad_obj.c_str(), kept.c_str()}, 1, bad_obj},
-        {"no such folder", {"import", good.c_str(), no_folder.c_str()}, 1, no_folder},
-        {"unknown format", {"export", bad_tarn.c_str(), unknown.c_str()}, 1, unknown},
-        {"no command", {}, 2, ""},
-        {"unknown command", {"convert"}, 2, ""},
-        {"unknown option", {"info", "--fast", bad_tarn.c_str()}, 2, "--fast"},
-        {"number out of range", {"sample", "--triangles", "0", kept.c_str()}, 2, "--triangles"},
+        const char* complaint;
+    } rows[] = {
+        {"info @missing", 1, "missing: there is no such file"},
+        {"info @.", 1, ".: this is a folder"},
+        {"info @kept.tarn", 1, "kept.tarn: this is no tarn file"},
+        {"info @bad.tarn", 1, "bad.tarn: line 4: the file ends where block 1 of 1 should be"},
+        {"export @bad.tarn @kept.obj", 1, "bad.tarn: line 4"},
+        {"export @part.tarn @out.unknown", 1, "out.unknown: no mesh format"},
+        {"import @missing.obj @kept.tarn", 1, "missing.obj: there is no such file"},
+        {"import @bad.obj @kept.tarn", 1, "bad.obj: "},
+        {"import @kept.tarn @out.tarn", 1, "kept.tarn: no mesh format"},
+        {"import @good.obj @good.obj", 1, "good.obj: this is the file that is read"},
+        {"import @good.obj @none/out.tarn", 1, "none/out.tarn: the file cannot be written: No such file"},
+        {"import @good.obj @kept.tarn --crease nan", 2, "--crease: nan"},
+        {"", 2, "subcommand"},
+        {"convert", 2, "subcommand"},
+        {"info --fast @part.tarn", 2, "--fast"},
+        {"sample --triangles 0 @kept.tarn", 2, "--triangles"},
+        {"cut @part.tarn @kept.tarn", 2, "--plane"},
+        {"cut @part.tarn @kept.tarn --plane 1,2,3", 2, "4 numbers"},
+        {"cut @part.tarn @kept.tarn --plane 1,2,x,4", 2, "not '1,2,x,4'"},
+        {"cut @part.tarn @kept.tarn --plane 0,0,0,4", 1, "normal"},
+        {"cut @part.tarn @kept.tarn --plane 1e-200,0,0,1e200", 1, "too far away"},
+        {"cut @missing @kept.tarn --plane 1,0,0,0", 1, "missing: there is no such file"},
+        {"cut @part.tarn @kept.tarn --plane 1,0,0,1000", 1, "part.tarn: nothing lies on the side"},
+        {"visibility @part.tarn --direction 0,0,0 --classes @kept.tarn", 1, "direction"},
+        {"visibility @part.tarn --direction 0,0,1 --classes @part.tarn", 1, "would replace the file"},
+        {"visibility @part.tarn --direction 0,0,1 --classes -", 1, "--classes needs a file"},
+        {"visibility @part.tarn --direction 0,0,1 --images @kept.tarn/i --classes @kept.tarn", 1, "kept.tarn/i: "},
     };
-    for (const auto& c : cases)
+    for (const auto& row : rows)
     {
-        EXPECT_EQ(run(c.words), c.status) << c.name;
-        EXPECT_FALSE(the_errors.str().empty()) << c.name;
-        EXPECT_NE(the_errors.str().find(c.named), std::string::npos) << c.name << ": " << the_errors.str();
-        EXPECT_EQ(the_out.str(), "") << c.name;
+        EXPECT_EQ(run(row.line), row.status) << row.line;
+        EXPECT_NE(the_errors.str().find(row.complaint), std::string::npos) << row.line << "\n" << the_errors.str();
+        EXPECT_EQ(the_out.str(), "") << row.line;
+        EXPECT_EQ(the_folder.names(), names) << row.line;
+        EXPECT_EQ(the_folder.text("kept.tarn"), "kept") << row.line;
     }
-    std::string text;
-    std::ifstream(kept) >> text;
-    EXPECT_EQ(text, "kept");
-    EXPECT_FALSE(fs::exists(kept + ".part"));
 }
 
 TEST(tnProgress, draws_changes_alone_and_wipes_itself_away)
