@@ -2,20 +2,22 @@
 
 #include "vwResources.h"
 
+#include "flMessages.h"
+
 #include "grAction.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
 
-#include "apFile.h"
 #include "gwInput.h"
 #include "gwResourceDB.h"
 #include "gwTypes.h"
 
 #include <algorithm>
-#include <fstream>
+#include <filesystem>
 #include <iomanip>
 #include <iterator>
 #include <ostream>
+#include <system_error>
 
 namespace
 {
@@ -156,13 +158,10 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
         text = found->text;
         return 1;
     }
-    std::ifstream stream;
-    if (ap_open_for_reading(name, stream))
-    {
-        text.assign(std::istreambuf_iterator<char>(stream), {});
-        return 1;
-    }
-    error = "there are no bindings '" + name + "': name a file, or one of " + vw_binding_names();
+    std::error_code failure;
+    if (std::filesystem::exists(name, failure))
+        return fl_read_text(name, text, error);
+    error = "there are no bindings " + fl_quoted(name) + ": name a file, or one of " + vw_binding_names();
     return 0;
 }
 

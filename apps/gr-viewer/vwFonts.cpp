@@ -4,6 +4,8 @@
 #include "vwOptions.h"
 #include "vwScene.h"
 
+#include "flMessages.h"
+
 #include "grOutlineFontFamilyReader.h"
 #include "grOutlineFontListElement.h"
 
@@ -22,6 +24,7 @@
 #include "dgView.h"
 
 #include <algorithm>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <ostream>
@@ -54,11 +57,14 @@ int read_fonts(const vwOptions& options, Fonts& fonts, std::string& error)
     const std::string list = options.font_list.empty() ? default_font_list : options.font_list;
     if (options.font_list.empty() && !ap_file_exists(list))
         return 1;
+    std::ifstream readable;
+    if (!fl_open_for_reading(list, readable, error))
+        return 0;
     int line = 0;
     if (fonts.reader->append_font_list(list, line) == grOUTLINE_FONT_FILE_READ)
         return 1;
-    error = line > 0 ? list + ": line " + std::to_string(line) + " is no line of a font list"
-                     : list + ": the font list is missing or cannot be read";
+    error = fl_name(list) + (line > 0 ? ": line " + std::to_string(line) + " is no line of a font list"
+                                      : ": the font list cannot be read");
     return 0;
 }
 
@@ -143,7 +149,7 @@ int vw_install_font(const vwOptions& options, dgRenderer& renderer, std::string&
     if (const grOutlineFontListElement* family = choose(*fonts.reader, options.font))
         return install(*family, *fonts.reader, renderer, error);
     error = options.font.empty() ? "there is no outline font on this machine"
-                                 : "there is no font family '" + options.font + "'; --list-fonts prints all";
+                                 : "there is no font family " + fl_quoted(options.font) + "; --list-fonts prints all";
     return -1;
 }
 

@@ -12,7 +12,7 @@
 
 namespace
 {
-constexpr double standard_framerate = 20;
+constexpr double standard_framerate = 20, most_framerate = 1000;
 
 // The time-out refresher shows no overlays; the viewer's frame times are one.
 class TimeoutRefresher : public grViewRefresherTimeout
@@ -41,7 +41,7 @@ vwHooks::vwHooks(const gwResourceDB& db, double framerate, vwRefresher refresher
     utString text;
     if (the_framerate <= 0 && db.get_resource("framerate", text))
         grStringConverter::to_double(text, the_framerate);
-    if (the_framerate <= 0)
+    if (!(the_framerate > 0 && the_framerate <= most_framerate))
         the_framerate = standard_framerate;
     use_refresher_fast(refresher != vwREFRESHER_FULL);
     enable_timeout_twiddling(the_framerate);

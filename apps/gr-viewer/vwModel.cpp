@@ -1,18 +1,17 @@
 #include "vwModel.h"
 
+#include "flMessages.h"
 #include "msMeshFile.h"
+#include "msTarnFile.h"
 
-#include "gr_read_tarn_tblock.h"
-
-#include "apFile.h"
 #include "dgSurfaceColour.h"
 #include "dgTriangleBlock.h"
 #include "giAngleDegrees.h"
 #include "giTriBlock.h"
 
-#include <fstream>
 #include <iterator>
 #include <memory>
+#include <string>
 
 namespace
 {
@@ -24,25 +23,25 @@ const gsColour palette[] = {gsColour(0.76, 0.80, 0.85), gsColour(0.88, 0.68, 0.3
 // Edges of imported meshes that turn by more than this stay sharp.
 constexpr double crease_degrees = 30;
 
-using Blocks = std::vector<std::unique_ptr<giTriBlock>>;
+// Drawing is in single precision, and squares coordinates.
+constexpr double largest_coordinate = 1e15;
 
-int read_tarn(const std::string& file, Blocks& blocks, std::string& error)
+int read(const std::string& file, ms_blocks& blocks, std::string& error)
 {
-    std::ifstream stream;
-    if (!ap_open_for_reading(file, stream))
-    {
-        error = file + ": the file is missing or cannot be read";
+    if (!(ms_readable(file) ? ms_read(file, giAngleDegrees(crease_degrees), blocks, error)
+                            : ms_read_tarn(file, blocks, error)))
         return 0;
+    for (const auto& block : blocks)
+    {
+        const giBox3 box = block->box();
+        for (int axis = 0; axis < 3 && !box.empty(); ++axis)
+            if (box.low()[axis] < -largest_coordinate || box.high()[axis] > largest_coordinate)
+            {
+                error = fl_name(file) + ": it cannot be shown: there are coordinates beyond 1e15";
+                return 0;
+            }
     }
-    int count = 0;
-    giTriBlockcoDList read;
-    gr_read_tarn_tblock(stream, count, &read);
-    for (giTriBlock* block : read)
-        blocks.emplace_back(block);
-    if (!blocks.empty())
-        return 1;
-    error = file + (stream.fail() ? ": this is no tarn file, or it is damaged" : ": the tarn file holds no blocks");
-    return 0;
+    return 1;
 }
 
 std::string name_without_folder(const std::string& file)
@@ -55,9 +54,8 @@ vwModel::vwModel() : the_root(new dgClientStructure()) {}
 
 int vwModel::add_file(const std::string& file, std::string& error)
 {
-    Blocks blocks;
-    if (!(ms_readable(file) ? ms_read(file, giAngleDegrees(crease_degrees), blocks, error)
-                            : read_tarn(file, blocks, error)))
+    ms_blocks blocks;
+    if (!read(file, blocks, error))
         return 0;
     for (std::unique_ptr<giTriBlock>& block : blocks)
     {

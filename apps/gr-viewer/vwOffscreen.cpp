@@ -10,14 +10,16 @@
 #include "vwSession.h"
 #include "vwSessionClock.h"
 
-#include "apFile.h"
+#include "flMessages.h"
+#include "flOutputFile.h"
+#include "pcPictureFile.h"
+
 #include "apNumber.h"
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "dgView.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
-#include "pcPictureFile.h"
 
 #include <filesystem>
 #include <fstream>
@@ -31,8 +33,9 @@ class FolderPlayer : public vwPlayer
 {
 public:
     FolderPlayer(vwSessionClock& clock, vwScene& scene, gwHeadlessWindow& area, dgGLWindow& window,
-                 const std::string& folder, vwReport& report)
-        : vwPlayer(clock, scene, area), the_area(area), the_window(window), the_folder(folder), the_report(report)
+                 const vwOptions& options, vwReport& report)
+        : vwPlayer(clock, scene, area), the_area(area), the_window(window), the_options(options),
+          the_folder(options.out), the_report(report)
     {}
     const std::string& error() const { return the_error; }
 
@@ -45,13 +48,23 @@ protected:
     void read_picture(dgImage& image) override { the_window.read_front(image); }
     int keep_picture(vwPicture& picture) override
     {
+        const std::string file = the_folder + "/" + picture.name + ".png";
+        if (!vw_keeps_inputs(the_options, file, the_error))
+            return 0;
+        if (!the_window.device().no_errors())
+        {
+            the_error = "OpenGL failed before the picture '" + picture.name +
+                        "': the memory for graphics may be too small for the model or the window";
+            return 0;
+        }
         the_report.pictures.push_back({picture.name, picture.session_time, picture.image.width, picture.image.height});
-        return pc_write_png(the_folder + "/" + picture.name + ".png", picture.image, the_error);
+        return pc_write_png(file, picture.image, the_error);
     }
 
 private:
     gwHeadlessWindow& the_area;
     dgGLWindow& the_window;
+    const vwOptions& the_options;
     std::string the_folder;
     vwReport& the_report;
     std::string the_error;
@@ -60,25 +73,22 @@ private:
 int read_session(const std::string& file, vwSession& session, std::string& error)
 {
     std::ifstream stream;
-    if (!ap_open_for_reading(file, stream))
-    {
-        error = file + ": the session is missing or cannot be read";
+    if (!fl_open_for_reading(file, stream, error))
         return 0;
-    }
     std::string complaint;
     if (vw_read_session(stream, session, complaint))
         return 1;
-    error = file + ": " + complaint;
+    error = fl_name(file) + ": " + complaint;
     return 0;
 }
 
 int make_folder(const std::string& folder, std::string& error)
 {
-    std::error_code code;
-    std::filesystem::create_directories(folder, code);
-    if (std::filesystem::is_directory(folder, code))
+    std::error_code failure;
+    std::filesystem::create_directories(folder, failure);
+    if (!failure)
         return 1;
-    error = folder + ": the folder cannot be made";
+    error = fl_name(folder) + ": the folder cannot be made: " + failure.message();
     return 0;
 }
 
@@ -103,13 +113,11 @@ void add_facts(vwReport& report, const vwOptions& options, const vwSession& sess
 
 int write_report(const std::string& file, const vwReport& report, std::string& error)
 {
-    std::ofstream stream(file, std::ios::binary);
-    vw_write_report(stream, report);
-    stream.close();
-    if (stream)
-        return 1;
-    error = file + ": the report cannot be written";
-    return 0;
+    flOutputFile output;
+    if (!output.open(file, error))
+        return 0;
+    vw_write_report(output.stream(), report);
+    return output.commit(error);
 }
 }
 
@@ -150,7 +158,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
                    options.refresher, options.multi, options.independent});
     if (!vw_add_text(options, scene, model, error))
         return 0;
-    FolderPlayer player(clock, scene, area, window, options.out, report);
+    FolderPlayer player(clock, scene, area, window, options, report);
     if (!player.play(session))
     {
         error = player.error();
@@ -158,7 +166,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     }
     report.frame_times = scene.frame_times();
     const std::string page = options.out + "/index.html";
-    if (!write_report(page, report, error))
+    if (!vw_keeps_inputs(options, page, error) || !write_report(page, report, error))
         return 0;
     const vwFrameSummary frames = report.frame_times.summary();
     messages << "gr-viewer: " << report.pictures.size() << " pictures and " << page << " written; " << frames.count

@@ -1,8 +1,11 @@
 #include "vwOptions.h"
 
-#include "apNumber.h"
 #include "vwBindings.h"
 #include "vwSession.h"
+
+#include "apNumber.h"
+#include "flMessages.h"
+#include "msMeshFile.h"
 
 #include <CLI/CLI.hpp>
 
@@ -21,7 +24,7 @@ std::string parse_size(const std::string& text, int& width, int& height)
     else
         at = nullptr;
     if (at != end)
-        return "'" + text + "' is no size such as 960x720";
+        return fl_quoted(text) + " is no size such as 960x720";
     for (const int size : read)
         if (size < 1 || size > vw_max_size)
             return "a window's sides are 1 to " + std::to_string(vw_max_size) + " pixels, not " + std::to_string(size);
@@ -30,33 +33,80 @@ std::string parse_size(const std::string& text, int& width, int& height)
     return {};
 }
 
+// Of the things that the viewer does instead of opening a window, those that are asked for.
+std::vector<std::string> modes(const vwOptions& options)
+{
+    std::vector<std::string> found;
+    const auto add = [&](bool asked, const char* name)
+    {
+        if (asked)
+            found.push_back(name);
+    };
+    add(options.print_resources, "--print-resources");
+    add(options.list_bindings, "--list-bindings");
+    add(options.list_fonts, "--list-fonts");
+    add(options.dump_structure, "--dump-structure");
+    add(!options.dump_xml.empty() && !options.dump_structure, "--dump-xml");
+    add(!options.bench.empty(), "--bench");
+    add(options.offscreen, "--offscreen");
+    add(!options.record.empty(), "--record");
+    return found;
+}
+
 // What no single option can know: which go together.
 std::string contradiction(const vwOptions& options)
 {
+    const std::vector<std::string> asked = modes(options);
+    if (asked.size() > 1)
+        return asked[0] + " and " + asked[1] + " exclude each other";
     if (!options.font.empty() && options.text.empty())
         return "--font is the font of a text: add --text TEXT";
-    if (options.print_resources || options.list_bindings || options.list_fonts)
-        return {};
-    if (options.files.empty() && options.text.empty())
-        return "no file to show: name at least one tarn file (or STL, OBJ, PLY)";
-    if (options.dumps() && (options.offscreen || !options.play.empty() || !options.record.empty()))
-        return "--dump-structure and --dump-xml show nothing: they do not go with --offscreen, --play and --record";
-    if (options.dumps() && !options.text.empty())
-        return "--dump-structure and --dump-xml write files alone: leave --text out";
-    if (!options.bench.empty() && (options.offscreen || !options.play.empty() || !options.record.empty()))
-        return "--bench opens no window and plays no session: it goes with neither --offscreen, --play nor --record";
-    if (options.offscreen && options.play.empty())
-        return "--offscreen needs a session to play: --play SESSION";
     if (!options.offscreen && !options.play.empty())
         return "--play works off-screen alone: add --offscreen";
+    if (options.print_resources || options.list_bindings || options.list_fonts)
+        return options.files.empty() ? "" : asked[0] + " shows no file: leave " + fl_quoted(options.files[0]) + " out";
+    if (options.files.empty() && options.text.empty())
+        return "no file to show: name at least one tarn file (or " + ms_readable_endings() + ")";
+    if (options.dumps() && !options.text.empty())
+        return "--dump-structure and --dump-xml write files alone: leave --text out";
+    if (options.offscreen && options.play.empty())
+        return "--offscreen needs a session to play: --play SESSION";
     if (!options.play.empty() && options.out.empty())
         return "--play needs a folder for its pictures: --out DIR";
     if (options.play.empty() && !options.out.empty())
         return "--out belongs to --offscreen --play SESSION";
-    if (options.offscreen && !options.record.empty())
-        return "--record needs a window and does not go with --offscreen";
     return {};
 }
+
+// Ranges let what is no number pass.
+CLI::Validator number_in(double least, double most)
+{
+    return CLI::Validator(
+        [least, most](const std::string& text)
+        {
+            double number = 0;
+            const char* const end = text.data() + text.size();
+            const bool read = ap_scan_number(text.data(), end, number) == end;
+            return read && number >= least && number <= most
+                       ? std::string()
+                       : fl_quoted(text) + " is no number from " + ap_number_text(least) + " to " +
+                             ap_number_text(most);
+        },
+        "");
+}
+}
+
+int vw_keeps_inputs(const vwOptions& options, const std::string& file, std::string& error)
+{
+    std::vector<std::string> inputs = options.files;
+    inputs.insert(inputs.end(), {options.resources, options.bindings, options.play, options.font_list});
+    for (const std::string& input : inputs)
+        if (fl_same_file(input, file))
+        {
+            error = fl_name(file) + ": this file is read, writing it would destroy it";
+            return 0;
+        }
+    return 1;
 }
 
 vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& options, std::string& text)
@@ -68,7 +118,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.footer(
         "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
         "right zooms, the wheel zooms, R resets, I shows the isometric view, control Q closes the window.");
-    app.add_option("FILE", read.files, "Tarn files; also STL, OBJ and PLY");
+    app.add_option("FILE", read.files, "Tarn files, or " + ms_readable_endings());
     app.add_option("--views", read.views, "Number of views, in a grid; the first one is the main view")
         ->check(CLI::Range(1, vw_max_views));
     app.add_option("--size", size, "Size of the window in pixels")->type_name("WxH");
@@ -82,7 +132,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");
     app.add_flag("--independent", read.independent, "Let the other views not turn with the first one")->excludes(multi);
     app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
-        ->check(CLI::Range(0.1, 1000.0))
+        ->check(number_in(0.1, 1000))
         ->type_name("F");
     const std::map<std::string, vwRefresher> refreshers = {
         {"fast", vwREFRESHER_FAST}, {"full", vwREFRESHER_FULL}, {"timeout", vwREFRESHER_TIMEOUT}};
@@ -101,11 +151,12 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--bench", read.bench, "Time redrawing and picking off-screen: static, rotate, zoom, fast or pick")
         ->check(CLI::IsMember({"static", "rotate", "zoom", "fast", "pick"}).description(""))
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->expected(1)
         ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
         ->type_name("PROBE");
-    app.add_option("--seconds", read.seconds, "How long each probe runs")
-        ->check(CLI::Range(0.0, 3600.0))
+    app.add_option("--seconds", read.seconds, "How long each probe runs (with --bench)")
+        ->check(number_in(0, 3600))
         ->type_name("S");
     app.add_flag("--offscreen", read.offscreen, "Open no window");
     app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");

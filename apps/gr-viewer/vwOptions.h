@@ -23,7 +23,7 @@ struct vwOptions
     std::vector<std::string> bench; ///< probes to run, empty: none
     double seconds = 2;             ///< for each probe
     int cursor = 0;
-    vwRubberBanding rubber_banding = vwRUBBER_BAND_OVERLAY;
+    vwRubberBanding rubber_banding = vwRUBBER_BAND_BY_RESOURCES;
     int offscreen = 0;
     int print_resources = 0;
     std::string text;         ///< to be shown with the model, UTF-8; empty: none
@@ -42,6 +42,9 @@ struct vwOptions
     /// 1 when the display structure is to be written and nothing shown.
     int dumps() const { return dump_structure || !dump_xml.empty(); }
 };
+
+/// Answers 1 when writing a file replaces none that the options read; else 0 with error set to a text that names it.
+int vw_keeps_inputs(const vwOptions& options, const std::string& file, std::string& error);
 
 /// What main does after reading the command line.
 enum vwOptionsStatus

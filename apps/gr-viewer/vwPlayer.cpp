@@ -7,6 +7,8 @@
 #include "dgView.h"
 #include "gwDrawingArea.h"
 
+#include <algorithm>
+
 vwPlayer::~vwPlayer() = default;
 
 int vwPlayer::play(const vwSession& session)
@@ -19,7 +21,7 @@ int vwPlayer::play(const vwSession& session)
 
 int vwPlayer::play(const vwStep& step)
 {
-    the_clock.session_time(step.time);
+    go_to(step.time);
     switch (step.kind)
     {
     case vwSTEP_PRESS:
@@ -30,9 +32,11 @@ int vwPlayer::play(const vwStep& step)
     case vwSTEP_IDLE:
         for (int i = 0; i < step.count; ++i)
         {
-            the_clock.session_time(step.time + i * step.interval);
-            the_scene.idle();
+            go_to(step.time + i * step.interval);
+            if (the_scene.idle() == grIDLE_DONE && !the_scene.has_tool())
+                break; // and so would be the rest
         }
+        go_to(step.end_time());
         return 1;
     case vwSTEP_RESIZE:
         resize(step.width, step.height);
@@ -41,6 +45,13 @@ int vwPlayer::play(const vwStep& step)
     case vwSTEP_PICTURE: return take_picture(step);
     }
     return 1;
+}
+
+void vwPlayer::go_to(double time)
+{
+    // The end of some idle calls may lie behind the next step by a rounding.
+    the_time = std::max(the_time, time);
+    the_clock.session_time(the_time);
 }
 
 int vwPlayer::take_picture(const vwStep& step)

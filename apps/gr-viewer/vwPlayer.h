@@ -48,8 +48,10 @@ protected:
 private:
     int play(const vwStep& step);
     int take_picture(const vwStep& step);
+    void go_to(double time);
 
     vwSessionClock& the_clock;
     vwScene& the_scene;
     gwDrawingArea& the_area;
+    double the_time = 0; // of the session, seconds
 };

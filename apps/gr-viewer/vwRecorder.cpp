@@ -14,27 +14,22 @@ vwRecorder::vwRecorder(gwInput& input) : the_start(apHighResTime::time())
 
 int vwRecorder::start(const std::string& file, const vwSession& head, std::string& error)
 {
-    the_file = file;
-    the_stream.open(file, std::ios::binary);
-    if (!the_stream)
-    {
-        error = file + ": the session cannot be written";
-        return 0;
-    }
+    the_open = the_file.open(file, error);
     the_start = apHighResTime::time();
-    vw_write_session_head(the_stream, head);
-    return 1;
+    vw_write_session_head(the_file.stream(), head);
+    return the_open;
 }
 
 void vwRecorder::write(vwStep& step)
 {
-    if (!the_stream.is_open())
-        return;
     // Microseconds are finer than any mouse, and short to read.
     const double now = std::round((apHighResTime::time() - the_start) * 1e6) / 1e6;
     the_last_time = std::max(the_last_time, now);
     step.time = the_last_time;
-    vw_write_step(the_stream, step);
+    if (!the_open || !vw_readable_step(step))
+        return;
+    vw_write_step(the_file.stream(), step);
+    the_open = the_file.publish(the_error);
 }
 
 void vwRecorder::event(void*, void* data)
@@ -55,8 +50,8 @@ void vwRecorder::resized(int width, int height)
 {
     vwStep step;
     step.kind = vwSTEP_RESIZE;
-    step.width = width;
-    step.height = height;
+    step.width = std::clamp(width, 1, vw_max_size);
+    step.height = std::clamp(height, 1, vw_max_size);
     write(step);
 }
 
@@ -71,9 +66,8 @@ void vwRecorder::picture()
 int vwRecorder::finish(std::string& error)
 {
     picture();
-    the_stream.close();
-    if (the_stream)
+    if (the_open && the_file.commit(the_error))
         return 1;
-    error = the_file + ": the session could not be written to its end";
+    error = the_error;
     return 0;
 }

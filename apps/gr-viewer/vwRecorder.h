@@ -3,21 +3,24 @@
 #include "vwSession.h"
 
 #include "coReceiver.h"
+#include "flOutputFile.h"
 
-#include <fstream>
 #include <string>
 
 class gwInput;
 
 /// Writes what arrives at an input, and what it is told besides, as a session file. Times start with the recorder and
 /// are those of the library's clock.
+///
+/// The file is there from the first step on, and every step is added to it as it happens: it can be played however the
+/// process ends. A file that was there before stays until then.
 class vwRecorder : public coReceiver
 {
 public:
     /// Listens to input, which must outlive the recorder, before everything that registers later.
     explicit vwRecorder(gwInput& input);
 
-    /// Starts the file with the head of a session. Answers 1, or 0 with error set.
+    /// Opens the file, for the head of a session and its steps. Answers 1, or 0 with error set.
     int start(const std::string& file, const vwSession& head, std::string& error);
 
     void idle();
@@ -31,8 +34,9 @@ private:
     void event(void* sender, void* data);
     void write(vwStep& step);
 
-    std::ofstream the_stream;
-    std::string the_file;
+    flOutputFile the_file;
+    int the_open = 0;      // and nothing has failed
+    std::string the_error; // what has failed
     double the_start;
     double the_last_time = 0; // of the session, so that times never decrease
     int the_n_pictures = 0;

@@ -2,18 +2,18 @@
 
 #include "vwBindings.h"
 
+#include "flMessages.h"
+
 #include "grResourceKey.h"
 #include "grStdToolFactory.h"
 #include "grTranslationsChecker.h"
 
-#include "apFile.h"
 #include "apString.h"
 #include "gwResourceDB.h"
 #include "gwResourceText.h"
 #include "utString.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
 #include <ostream>
 
@@ -131,13 +131,8 @@ int vw_load_resources(const std::string& file, const std::string& bindings, gwRe
         return 0;
     if (!file.empty())
     {
-        std::ifstream stream;
-        if (!ap_open_for_reading(file, stream))
-        {
-            error = file + ": the resource file is missing or cannot be read";
+        if (!fl_read_text(file, text, error))
             return 0;
-        }
-        text.assign(std::istreambuf_iterator<char>(stream), {});
         if (!load_checked(text, file, read, error, warnings))
             return 0;
     }

@@ -46,12 +46,13 @@ const struct
 vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const gwResourceDB& db, dgStructure& model,
                  const vwSceneSettings& settings)
     : the_area(area),
-      the_canvas(main, settings.rubber_banding == vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
+      the_canvas(main, settings.rubber_banding <= vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
       the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
       the_start_time(apHighResTime::time()), the_cursor(settings.cursor)
 {
-    if (settings.rubber_banding == vwRUBBER_BAND_REDRAW)
-        grRubberBandManager::rubber_band_via_redraw(1);
+    // What is asked for wins over the resources, which the canvas has read.
+    if (settings.rubber_banding != vwRUBBER_BAND_BY_RESOURCES)
+        grRubberBandManager::rubber_band_via_redraw(settings.rubber_banding == vwRUBBER_BAND_REDRAW);
     renderer().background_colour(gsColour(0.05, 0.06, 0.07));
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());

@@ -27,7 +27,7 @@ struct vwSceneSettings
     double framerate = 0; ///< frames per second to hold while a view moves, 0: what the resources say
     int stats = 0;        ///< draw frame times as bars over the first view
     int cursor = 0;       ///< let a cross-hair follow the pointer
-    vwRubberBanding rubber_banding = vwRUBBER_BAND_OVERLAY;
+    vwRubberBanding rubber_banding = vwRUBBER_BAND_BY_RESOURCES;
     vwRefresher refresher = vwREFRESHER_FAST; ///< what redraws views that move
     int multi = 0;                            ///< every tool acts on all views alike
     int independent = 0;                      ///< views do not follow the first one; with multi they never do

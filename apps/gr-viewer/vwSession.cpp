@@ -1,5 +1,7 @@
 #include "vwSession.h"
 
+#include "flMessages.h"
+
 #include "apNumber.h"
 #include "gwDrawingArea.h"
 #include "gwKeyEvent.h"
@@ -12,6 +14,7 @@
 #include <iterator>
 #include <ostream>
 #include <set>
+#include <sstream>
 #include <string_view>
 
 namespace
@@ -19,6 +22,8 @@ namespace
 constexpr std::string_view blanks = " \t\r";
 constexpr std::string_view head_line = "gr-session 1";
 constexpr int max_idle_calls = 1000000;
+// Times that were written with a few digits, as 0.3 after three times 0.1, do not lie before each other.
+constexpr double time_tolerance = 1e-6;
 
 const struct
 {
@@ -37,11 +42,6 @@ const struct
                       {"mouse_button", gwMOUSE_BUTTON},
                       {"other_key", gwOTHER_KEY},
                       {"spaceball_button", gwSPACEBALL_BUTTON}};
-
-std::string quoted(std::string_view text)
-{
-    return std::string("'").append(text).append("'");
-}
 
 // The words of one line, taken from the front. The first thing that is wrong is kept as the complaint.
 class Words
@@ -68,9 +68,9 @@ public:
         if (text.empty())
             complain(std::string(what) + " is missing");
         else if (end != text.data() + text.size())
-            complain(quoted(text) + " is no " + what);
+            complain(fl_quoted(text) + " is no " + what);
         else if (!(read >= least && read <= most))
-            complain(std::string(what) + " " + std::string(text) + " is out of range");
+            complain(std::string(what) + " " + fl_printable(text, 20) + " is out of range");
         else
             value = read;
     }
@@ -115,7 +115,7 @@ void read_key(Words& words, vwStep& step)
     const auto* found = std::find_if(std::begin(key_type_words), std::end(key_type_words),
                                      [word](const auto& entry) { return word == entry.word; });
     if (found == std::end(key_type_words))
-        return words.complain(quoted(word) + " is no key type");
+        return words.complain(fl_quoted(word) + " is no key type");
     step.key_type = found->type;
     words.number("key number", step.key_number, 0, most_int);
 }
@@ -172,7 +172,7 @@ void read_arguments(Words& words, vwStep& step)
     case vwSTEP_PICTURE: read_picture_name(words, step); break;
     }
     if (words.more())
-        words.complain(quoted(words.word()) + " is too much");
+        words.complain(fl_quoted(words.word()) + " is too much");
 }
 
 void read_step(Words& words, vwStep& step)
@@ -182,7 +182,7 @@ void read_step(Words& words, vwStep& step)
     const auto* found = std::find_if(std::begin(kind_words), std::end(kind_words),
                                      [word](const auto& entry) { return word == entry.word; });
     if (found == std::end(kind_words))
-        return words.complain(word.empty() ? "the event is missing" : quoted(word) + " is no event");
+        return words.complain(word.empty() ? "the event is missing" : fl_quoted(word) + " is no event");
     step.kind = found->kind;
     read_arguments(words, step);
 }
@@ -202,9 +202,9 @@ int read_head_line(std::string_view line, vwSession& session, std::string& compl
     else
         return 0;
     if (words.more())
-        words.complain(quoted(words.word()) + " is too much");
+        words.complain(fl_quoted(words.word()) + " is too much");
     if (!session.steps.empty())
-        words.complain(quoted(key) + " must come before all events");
+        words.complain(fl_quoted(key) + " must come before all events");
     complaint = words.complaint();
     return 1;
 }
@@ -250,12 +250,12 @@ int vw_read_session(std::istream& stream, vwSession& session, std::string& error
         read_step(words, step);
         if (!words.complaint().empty())
             return fail(words.complaint());
-        if (step.time < time)
+        if (step.time < time - time_tolerance)
             return fail("time " + ap_number_text(step.time) + " lies before " + ap_number_text(time) +
                         ", when the event before it ends");
         if (step.kind == vwSTEP_PICTURE && !pictures.insert(step.name).second)
             return fail("there is a picture '" + step.name + "' already");
-        time = step.end_time();
+        time = std::max(time, step.end_time());
         read.steps.push_back(std::move(step));
     }
     if (!head_seen)
@@ -314,6 +314,18 @@ void vw_write_step(std::ostream& os, const vwStep& step)
     if (has_length)
         os << ' ' << ap_number_text(step.seconds);
     os << '\n';
+}
+
+int vw_readable_step(const vwStep& step)
+{
+    std::ostringstream line;
+    vw_write_step(line, step);
+    std::string text = line.str();
+    text.pop_back();
+    Words words(text);
+    vwStep read;
+    read_step(words, read);
+    return words.complaint().empty();
 }
 
 int vw_step_of_event(const gwEvent& event, vwStep& step)

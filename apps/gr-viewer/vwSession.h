@@ -47,7 +47,7 @@ struct vwStep
 
     std::string name; ///< picture: file name without its ending
 
-    /// When the next line may come at the earliest.
+    /// When the next line may come at the earliest, but for what rounding takes.
     double end_time() const { return kind == vwSTEP_IDLE ? time + (count - 1) * interval : time; }
     /// 1 for steps that an input delivers as an event.
     int is_event() const { return kind <= vwSTEP_SPACEBALL; }
@@ -68,6 +68,9 @@ int vw_read_session(std::istream& stream, vwSession& session, std::string& error
 /// Write the lines that come before the steps, and one step. Numbers read back exactly.
 void vw_write_session_head(std::ostream& os, const vwSession& session);
 void vw_write_step(std::ostream& os, const vwStep& step);
+
+/// 1 when a step reads back: events may have values that no session holds.
+int vw_readable_step(const vwStep& step);
 
 /// The step of an event, its time 0. Answers 0 for events that sessions do not hold.
 int vw_step_of_event(const gwEvent& event, vwStep& step);

@@ -3,6 +3,8 @@
 #include "vwModel.h"
 #include "vwOptions.h"
 
+#include "flOutputFile.h"
+
 #include "grStruct2XML.h"
 #include "grStructureStats.h"
 
@@ -12,7 +14,6 @@
 #include "dgStructure.h"
 
 #include <algorithm>
-#include <fstream>
 #include <ostream>
 #include <unordered_map>
 #include <vector>
@@ -45,19 +46,16 @@ void write_contents(std::ostream& os, const dgGraphicalElement& element)
         os << "  " << element.label();
 }
 
-// The file is closed before the answer, so that a full disk is not missed.
 int write_xml(const std::string& file, const vwModel& model, std::string& error)
 {
-    std::ofstream stream(file, std::ios::binary);
-    grStruct2XML xml(stream);
+    flOutputFile output;
+    if (!output.open(file, error))
+        return 0;
+    grStruct2XML xml(output.stream());
     xml.print_xml_header();
     xml.print_comment(model.names());
     xml.print(model.root());
-    stream.close();
-    if (stream)
-        return 1;
-    error = file + ": the structure cannot be written";
-    return 0;
+    return output.commit(error);
 }
 }
 
@@ -109,6 +107,8 @@ void vw_write_structure_tree(std::ostream& os, const dgStructure& root)
 int vw_dump_structure(const vwOptions& options, std::ostream& os, std::string& error)
 {
     vwModel model;
+    if (!vw_keeps_inputs(options, options.dump_xml, error))
+        return 0;
     for (const std::string& file : options.files)
         if (!model.add_file(file, error))
             return 0;

@@ -127,14 +127,14 @@ int vw_run_window(const vwOptions& options, std::string& error)
         error = "no window can be opened (is there a display? --offscreen needs none): " + error;
         return 0;
     }
-    head.width = window->width();
-    head.height = window->height();
+    head.width = std::clamp(window->width(), 1, vw_max_size);
+    head.height = std::clamp(window->height(), 1, vw_max_size);
 
     std::optional<vwRecorder> recorder;
     if (!options.record.empty())
     {
         recorder.emplace(window->input());
-        if (!recorder->start(options.record, head, error))
+        if (!vw_keeps_inputs(options, options.record, error) || !recorder->start(options.record, head, error))
             return 0;
     }
     utString proportional;

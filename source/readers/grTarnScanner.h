@@ -11,7 +11,8 @@
 
 /// Reads the lines and numbers of a text stream through a buffer of its own.
 ///
-/// Answers false when what is asked for is not there, and then stands at what is there instead. May throw std::bad_alloc.
+/// Answers false when what is asked for is not there, and then stands at what is there instead. May throw
+/// std::bad_alloc.
 class grTarnScanner
 {
 public:

@@ -1,6 +1,5 @@
 #include "vwBindings.h"
 
-#include "vwOptions.h"
 #include "vwResources.h"
 
 #include "gwResourceDB.h"
@@ -84,16 +83,4 @@ TEST(vwBindings, unknown_ones_are_refused_with_a_list)
     EXPECT_NE(error.find("'nope'"), std::string::npos);
     EXPECT_NE(error.find("left-handed"), std::string::npos);
     EXPECT_EQ(db.count(), 0);
-}
-
-TEST(vwBindings, options_name_them)
-{
-    vwOptions options;
-    std::string text;
-    const char* const list[] = {"gr-viewer", "--list-bindings", "--bindings", "cad"};
-    EXPECT_EQ(vw_read_options(4, list, options, text), vwOPTIONS_RUN) << "no file is needed";
-    EXPECT_EQ(options.list_bindings, 1);
-    EXPECT_EQ(options.bindings, "cad");
-    const char* const both[] = {"gr-viewer", "--multi", "--independent", "part.tarn"};
-    EXPECT_EQ(vw_read_options(4, both, options, text), vwOPTIONS_BAD);
 }

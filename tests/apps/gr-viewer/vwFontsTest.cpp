@@ -12,10 +12,10 @@
 #include "dgTextFont.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
+#include "tsFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <sstream>
 
 namespace
@@ -50,16 +50,16 @@ TEST(vwFonts, families_are_listed_with_kind_and_styles)
 TEST(vwFonts, a_bad_font_list_is_named_with_its_line)
 {
     vwOptions options = with_htmldoc_fonts();
-    options.font_list = testing::TempDir() + "/vw-fonts-test.fonts";
-    std::ofstream(options.font_list) << "# fine\nadobe_pfa, Courier\n";
+    const tsFolder folder;
+    options.font_list = folder.write("x.fonts", "# fine\nadobe_pfa, Courier\n");
     std::ostringstream list;
     std::string error;
     EXPECT_EQ(vw_list_fonts(options, list, error), 0);
-    EXPECT_NE(error.find("vw-fonts-test.fonts: line 2"), std::string::npos) << error;
+    EXPECT_NE(error.find("x.fonts: line 2"), std::string::npos) << error;
     EXPECT_EQ(list.str(), "");
     options.font_list = "/nowhere/x.fonts";
     EXPECT_EQ(vw_list_fonts(options, list, error), 0);
-    EXPECT_NE(error.find("/nowhere/x.fonts: the font list is missing"), std::string::npos) << error;
+    EXPECT_NE(error.find("/nowhere/x.fonts: there is no such file"), std::string::npos) << error;
 }
 
 TEST(vwFonts, text_lies_in_front_of_the_model_and_belongs_to_its_box)

@@ -1,43 +1,59 @@
 #include "vwOptions.h"
 
+#include "tsFolder.h"
+
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 #include <vector>
 
 namespace
 {
-vwOptionsStatus read(std::vector<const char*> arguments, vwOptions& options, std::string& text)
+// Words that are parted by blanks.
+vwOptionsStatus read(const std::string& line, vwOptions& options, std::string& text)
 {
-    arguments.insert(arguments.begin(), "gr-viewer");
+    std::vector<std::string> words{"gr-viewer"};
+    std::istringstream stream(line);
+    for (std::string word; stream >> word;)
+        words.push_back(word);
+    std::vector<const char*> arguments;
+    for (const std::string& word : words)
+        arguments.push_back(word.c_str());
     return vw_read_options(static_cast<int>(arguments.size()), arguments.data(), options, text);
 }
 
 const struct
 {
-    std::vector<const char*> arguments;
+    const char* line;
     const char* named; // in the message
-} bad_cases[] = {
-    {{}, "no file"},
-    {{"--frobnicate", "a.tarn"}, "--frobnicate"},
-    {{"--views", "0", "a.tarn"}, "--views"},
-    {{"--views", "many", "a.tarn"}, "--views"},
-    {{"--framerate", "-5", "a.tarn"}, "--framerate"},
-    {{"--size", "960", "a.tarn"}, "'960' is no size"},
-    {{"--size", "0x10", "a.tarn"}, "not 0"},
-    {{"--size", "10x20x30", "a.tarn"}, "'10x20x30'"},
-    {{"--offscreen", "a.tarn"}, "--play"},
-    {{"--play", "s", "--out", "d", "a.tarn"}, "--offscreen"},
-    {{"--offscreen", "--play", "s", "a.tarn"}, "--out"},
-    {{"--out", "d", "a.tarn"}, "--out"},
-    {{"--font", "DejaVu Sans", "a.tarn"}, "--text"},
-    {{"--offscreen", "--play", "s", "--out", "d", "--record", "r", "a.tarn"}, "--record"},
-    {{"--refresher", "quick", "a.tarn"}, "--refresher"},
-    {{"--bench", "spin", "a.tarn"}, "--bench"},
-    {{"--bench", "fast", "--record", "r", "a.tarn"}, "--record"},
-    {{"--bench", "fast"}, "no file"},
-    {{"--dump-structure", "--record", "r", "a.tarn"}, "--dump-structure"},
-    {{"--dump-xml", "x", "--text", "t", "a.tarn"}, "--text"},
+} bad_lines[] = {
+    {"", "no file"},
+    {"--frobnicate a.tarn", "--frobnicate"},
+    {"--views 0 a.tarn", "--views"},
+    {"--views many a.tarn", "--views"},
+    {"--framerate -5 a.tarn", "--framerate"},
+    {"--framerate nan a.tarn", "'nan' is no number from 0.1 to 1000"},
+    {"--bench fast --seconds inf a.tarn", "'inf' is no number"},
+    {"--size 960 a.tarn", "'960' is no size"},
+    {"--size 0x10 a.tarn", "not 0"},
+    {"--size 10x20x30 a.tarn", "'10x20x30'"},
+    {"--offscreen a.tarn", "--play"},
+    {"--play s --out d a.tarn", "--offscreen"},
+    {"--offscreen --play s a.tarn", "--out"},
+    {"--out d a.tarn", "--out"},
+    {"--font Times a.tarn", "--text"},
+    {"--refresher quick a.tarn", "--refresher"},
+    {"--bench spin a.tarn", "--bench"},
+    {"--bench fast", "no file"},
+    {"--list-fonts a.tarn", "--list-fonts shows no file"},
+    {"--dump-xml x --text t a.tarn", "--text"},
+    {"--multi --independent a.tarn", "--multi"},
+    {"--offscreen --play s --out d --record r a.tarn", "--offscreen and --record exclude each other"},
+    {"--bench fast --record r a.tarn", "--bench and --record"},
+    {"--dump-structure --record r a.tarn", "--dump-structure and --record"},
+    {"--dump-xml x --bench fast a.tarn", "--dump-xml and --bench"},
+    {"--print-resources --list-bindings", "--print-resources and --list-bindings"},
 };
 }
 
@@ -45,9 +61,7 @@ TEST(vwOptions, reads_what_is_given)
 {
     vwOptions options;
     std::string text;
-    ASSERT_EQ(
-        read({"a.tarn", "--views", "4", "--size", "800x600", "b.stl", "--framerate", "12.5", "--stats"}, options, text),
-        vwOPTIONS_RUN)
+    ASSERT_EQ(read("a.tarn --views 4 --size 800x600 b.stl --framerate 12.5 --stats", options, text), vwOPTIONS_RUN)
         << text;
     EXPECT_EQ(options.files, (std::vector<std::string>{"a.tarn", "b.stl"}));
     EXPECT_EQ(options.views, 4);
@@ -55,18 +69,9 @@ TEST(vwOptions, reads_what_is_given)
     EXPECT_EQ(options.height, 600);
     EXPECT_EQ(options.framerate, 12.5);
     EXPECT_EQ(options.stats, 1);
-    EXPECT_EQ(options.offscreen, 0);
-}
-
-TEST(vwOptions, reads_how_to_refresh_and_what_to_time)
-{
-    vwOptions options;
-    std::string text;
-    ASSERT_EQ(read({"a.tarn"}, options, text), vwOPTIONS_RUN);
     EXPECT_EQ(options.refresher, vwREFRESHER_FAST);
     EXPECT_TRUE(options.bench.empty());
-    ASSERT_EQ(read({"--refresher", "timeout", "--bench", "fast,pick", "--bench", "zoom", "--seconds", "0.5", "a.tarn"},
-                   options, text),
+    ASSERT_EQ(read("--refresher timeout --bench fast,pick --bench zoom --seconds 0.5 a.tarn", options, text),
               vwOPTIONS_RUN)
         << text;
     EXPECT_EQ(options.refresher, vwREFRESHER_TIMEOUT);
@@ -77,28 +82,39 @@ TEST(vwOptions, reads_how_to_refresh_and_what_to_time)
 
 TEST(vwOptions, mistakes_are_named_and_change_nothing)
 {
-    for (const auto& c : bad_cases)
+    for (const auto& row : bad_lines)
     {
         vwOptions options;
         std::string text;
-        EXPECT_EQ(read(c.arguments, options, text), vwOPTIONS_BAD) << c.named;
-        EXPECT_NE(text.find(c.named), std::string::npos) << c.named << " in: " << text;
+        EXPECT_EQ(read(row.line, options, text), vwOPTIONS_BAD) << row.line;
+        EXPECT_NE(text.find(row.named), std::string::npos) << row.line << ": " << text;
         EXPECT_EQ(text.substr(0, 11), "gr-viewer: ");
-        EXPECT_TRUE(options.files.empty()) << c.named;
+        EXPECT_TRUE(options.files.empty()) << row.line;
     }
 }
 
-TEST(vwOptions, help_version_and_resources_need_no_file)
+TEST(vwOptions, some_things_need_no_file)
 {
     vwOptions options;
     std::string text;
-    EXPECT_EQ(read({"--help"}, options, text), vwOPTIONS_DONE);
+    EXPECT_EQ(read("--help", options, text), vwOPTIONS_DONE);
     EXPECT_NE(text.find("--resources"), std::string::npos);
-    EXPECT_EQ(read({"--version"}, options, text), vwOPTIONS_DONE);
+    EXPECT_EQ(read("--version", options, text), vwOPTIONS_DONE);
     EXPECT_EQ(text.substr(0, 10), "gr-viewer ");
-    EXPECT_EQ(read({"--print-resources"}, options, text), vwOPTIONS_RUN);
-    EXPECT_EQ(options.print_resources, 1);
-    EXPECT_EQ(read({"--list-fonts", "--font-list", "f"}, options, text), vwOPTIONS_RUN);
-    EXPECT_EQ(options.font_list, "f");
-    EXPECT_EQ(read({"--text", "words"}, options, text), vwOPTIONS_RUN) << "a text may be shown alone";
+    for (const char* line :
+         {"--print-resources", "--list-fonts --font-list f", "--list-bindings --bindings cad", "--text words"})
+        EXPECT_EQ(read(line, options, text), vwOPTIONS_RUN) << line << ": " << text;
+    EXPECT_EQ(options.text, "words");
+}
+
+TEST(vwOptions, what_is_read_is_not_written)
+{
+    const tsFolder folder;
+    std::filesystem::create_symlink("part.tarn", folder / "link");
+    vwOptions options;
+    options.files = {folder.write("part.tarn", "")};
+    std::string error;
+    EXPECT_TRUE(vw_keeps_inputs(options, folder / "new", error)) << error;
+    EXPECT_FALSE(vw_keeps_inputs(options, folder / "link", error));
+    EXPECT_NE(error.find("link: this file is read"), std::string::npos) << error;
 }

@@ -18,18 +18,20 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <sstream>
-#include <string>
-#include <type_traits>
-#include <vector>
 
 namespace
 {
-// A slow turn that stays where it is let go, one that spins on, a wheel step and a resize.
+constexpr int last_size = 100, cursor_x = 70, cursor_y = 20;
+
+// All that draws: a slow turn that stays where it is let go, a wheel step, a turn that spins on, a box to zoom to, a
+// resize and a reset; the pointer comes to rest at the cursor.
 const char session_text[] = "gr-session 1\n"
                             "size 120 90\n"
                             "0 picture start\n"
+                            "0.05 move 10 80\n"
                             "0.1 press mouse_button 1 40 40\n"
                             "0.116 move 48 42\n"
                             "0.132 move 60 50\n"
@@ -47,18 +49,32 @@ const char session_text[] = "gr-session 1\n"
                             "3 picture spun\n"
                             "3.1 idle\n"
                             "3.2 picture spun-on\n"
-                            "4 press qwerty_key 82 60 45\n"
-                            "4.1 release qwerty_key 82 60 45\n"
-                            "4.2 resize 100 100\n"
-                            "4.3 picture reset\n";
+                            "3.5 press mouse_button 3 10 20 1\n"
+                            "3.6 move 30 40\n"
+                            "3.7 move 40 50\n"
+                            "3.8 release mouse_button 3 40 50 1\n"
+                            "4 resize 100 100\n"
+                            "4.1 move 5 5\n"
+                            "4.2 press qwerty_key 82 60 45\n"
+                            "4.3 release qwerty_key 82 60 45\n"
+                            "4.4 move 70 20\n"
+                            "4.5 picture reset\n";
 
-vwSession the_session()
+dgWindow* overlay_of(dgTraceWindow& window)
 {
-    std::istringstream stream(session_text);
-    vwSession session;
-    std::string error;
-    EXPECT_EQ(vw_read_session(stream, session, error), 1) << error;
-    return session;
+    return &window;
+}
+dgWindow* overlay_of(dgGLWindow& window)
+{
+    return window.overlay();
+}
+void read(dgTraceWindow& window, dgImage& image)
+{
+    image.width = window.width();
+}
+void read(dgGLWindow& window, dgImage& image)
+{
+    window.read_front(image);
 }
 
 // Plays on any kind of surface and keeps the pictures.
@@ -77,13 +93,7 @@ protected:
         the_area.resize(width, height);
         the_window.resize(width, height);
     }
-    void read_picture(dgImage& image) override
-    {
-        if constexpr (std::is_same_v<Window, dgGLWindow>)
-            the_window.read_front(image);
-        else
-            image.width = the_window.width();
-    }
+    void read_picture(dgImage& image) override { read(the_window, image); }
     int keep_picture(vwPicture& picture) override
     {
         pictures.push_back(picture);
@@ -98,23 +108,34 @@ private:
 struct Played
 {
     std::vector<vwPicture> pictures;
-    int n_frames = 0;
+    std::size_t n_steps = 0, n_frames = 0;
 };
 
 template <class Window>
-Played play(Window& window, dgStructure& model)
+Played play(Window& window, dgStructure& model, const vwSceneSettings& settings = {})
 {
-    const vwSession session = the_session();
+    std::istringstream stream(session_text);
+    vwSession session;
     gwResourceDB db;
     std::string error;
+    EXPECT_EQ(vw_read_session(stream, session, error), 1) << error;
     EXPECT_EQ(vw_load_resources("", db, error), 1) << error;
     window.resize(session.width, session.height);
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
-    vwScene scene(&window, &window, area, db, model, {});
+    vwScene scene(&window, overlay_of(window), area, db, model, settings);
     TestPlayer<Window> player(clock, scene, area, window);
     EXPECT_EQ(player.play(session), 1);
-    return {player.pictures, static_cast<int>(scene.frame_times().frames().size())};
+    return {player.pictures, session.steps.size(), scene.frame_times().frames().size()};
+}
+
+Played play_drawn(dgStructure& model, const vwSceneSettings& settings = {})
+{
+    std::string error;
+    static const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    EXPECT_TRUE(device) << error;
+    dgGLWindow window(device, 1, 1);
+    return play(window, model, settings);
 }
 
 dgRef<dgClientStructure> sample()
@@ -132,21 +153,16 @@ int same_bits(const giXform3& a, const giXform3& b)
 
 int same_cameras(const Played& a, const Played& b)
 {
-    if (a.pictures.size() != b.pictures.size())
-        return 0;
-    for (std::size_t i = 0; i < a.pictures.size(); ++i)
-        if (!same_bits(a.pictures[i].orientation, b.pictures[i].orientation) ||
-            !(a.pictures[i].view_window == b.pictures[i].view_window))
-            return 0;
-    return 1;
+    return std::equal(a.pictures.begin(), a.pictures.end(), b.pictures.begin(), b.pictures.end(),
+                      [](const vwPicture& p, const vwPicture& q)
+                      { return same_bits(p.orientation, q.orientation) && p.view_window == q.view_window; });
 }
 }
 
 TEST(vwPlayer, every_step_of_a_session_moves_the_camera_as_its_user_saw_it)
 {
     dgTraceWindow window(1, 1);
-    const dgRef<dgClientStructure> model = sample();
-    const Played played = play(window, *model);
+    const Played played = play(window, *sample());
     ASSERT_EQ(played.pictures.size(), 6u);
     const std::vector<vwPicture>& p = played.pictures;
     EXPECT_FALSE(same_bits(p[0].orientation, p[1].orientation)) << "the drag turns";
@@ -156,9 +172,13 @@ TEST(vwPlayer, every_step_of_a_session_moves_the_camera_as_its_user_saw_it)
     EXPECT_FALSE(same_bits(p[3].orientation, p[4].orientation)) << "a view let go while moving spins on";
     for (const giVector3& axis : {giVector3(1, 0, 0), giVector3(0, 1, 0), giVector3(0, 0, 1)})
         EXPECT_EQ(p[5].orientation.transform(axis), axis) << "reset looks from above";
-    EXPECT_EQ(p[5].image.width, 100) << "after the resize";
+    EXPECT_EQ(p[5].image.width, last_size) << "after the resize";
     EXPECT_EQ(p[4].name, "spun-on");
     EXPECT_EQ(p[4].session_time, 3.2);
+    // Drawn: at first; 2 + 3 moves and the final frames of both turns, the wheel, 11 turns of the spin beside that of
+    // the release, the box, the resize, the reset.
+    EXPECT_GE(played.n_frames, 1u + 2 + 3 + 1 + 11 + 1 + 1 + 1);
+    EXPECT_LE(played.n_frames, played.n_steps + 12);
 }
 
 TEST(vwPlayer, a_hundred_runs_give_the_same_cameras_to_the_bit)
@@ -166,6 +186,7 @@ TEST(vwPlayer, a_hundred_runs_give_the_same_cameras_to_the_bit)
     dgTraceWindow window(1, 1);
     const dgRef<dgClientStructure> model = sample();
     const Played first = play(window, *model);
+    ASSERT_EQ(first.pictures.size(), 6u);
     int same = 0;
     for (int i = 0; i < 100; ++i)
     {
@@ -175,32 +196,37 @@ TEST(vwPlayer, a_hundred_runs_give_the_same_cameras_to_the_bit)
     EXPECT_EQ(same, 100);
 }
 
-TEST(vwPlayer, frames_are_counted_when_something_was_drawn)
-{
-    dgTraceWindow window(1, 1);
-    const dgRef<dgClientStructure> model = sample();
-    // Drawn: at first; 2 + 3 moves and the final frames of both turns, the wheel, 11 turns of the spin beside that of
-    // the release, the reset, the resize.
-    const Played played = play(window, *model);
-    EXPECT_GE(played.n_frames, 1 + 2 + 3 + 1 + 11 + 1 + 1);
-    EXPECT_LE(played.n_frames, static_cast<int>(the_session().steps.size()) + 12);
-}
-
 TEST(vwPlayer, two_runs_give_the_same_pictures)
 {
-    std::string error;
-    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
-    ASSERT_TRUE(device) << error;
     const dgRef<dgClientStructure> model = sample();
-    Played runs[2];
-    for (Played& run : runs)
-    {
-        dgGLWindow window(device, 1, 1);
-        run = play(window, *model);
-    }
-    ASSERT_EQ(runs[0].pictures.size(), 6u);
-    EXPECT_TRUE(same_cameras(runs[0], runs[1]));
+    const Played first = play_drawn(*model), second = play_drawn(*model);
+    ASSERT_EQ(first.pictures.size(), 6u);
+    EXPECT_TRUE(same_cameras(first, second));
     for (std::size_t i = 0; i < 6; ++i)
-        EXPECT_EQ(runs[0].pictures[i].image.rgba, runs[1].pictures[i].image.rgba) << runs[0].pictures[i].name;
-    EXPECT_NE(runs[0].pictures[0].image.rgba, runs[0].pictures[1].image.rgba) << "turning changes the picture";
+        EXPECT_EQ(first.pictures[i].image.rgba, second.pictures[i].image.rgba) << first.pictures[i].name;
+    EXPECT_NE(first.pictures[0].image.rgba, first.pictures[1].image.rgba) << "turning changes the picture";
+}
+
+TEST(vwPlayer, the_cross_hair_is_all_that_it_leaves_on_the_picture)
+{
+    const dgRef<dgClientStructure> model = sample();
+    for (const vwRubberBanding rubber_banding : {vwRUBBER_BAND_OVERLAY, vwRUBBER_BAND_XOR, vwRUBBER_BAND_REDRAW})
+    {
+        vwSceneSettings settings;
+        settings.views = 2;
+        settings.rubber_banding = rubber_banding;
+        const dgImage without = play_drawn(*model, settings).pictures.back().image;
+        settings.cursor = 1;
+        const dgImage with = play_drawn(*model, settings).pictures.back().image;
+        ASSERT_EQ(with.rgba.size(), without.rgba.size());
+        int changed_on_it = 0, changed_elsewhere = 0;
+        for (int y = 0; y < with.height; ++y)
+            for (int x = 0; x < with.width; ++x)
+            {
+                const int changed = !std::equal(with.pixel(x, y), with.pixel(x, y) + 3, without.pixel(x, y));
+                (x == cursor_x || y == cursor_y ? changed_on_it : changed_elsewhere) += changed;
+            }
+        EXPECT_EQ(changed_elsewhere, 0) << "technique " << rubber_banding;
+        EXPECT_GE(changed_on_it, 2 * last_size - 2) << "technique " << rubber_banding;
+    }
 }

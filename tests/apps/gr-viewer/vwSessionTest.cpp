@@ -1,13 +1,13 @@
 #include "vwSession.h"
-
-#include "gwHeadlessWindow.h"
 #include "vwRecorder.h"
 #include "vwSessionClock.h"
 
+#include "gwHeadlessWindow.h"
+#include "gwMouseEvent.h"
+#include "tsFolder.h"
+
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
 #include <sstream>
 #include <string>
 
@@ -59,6 +59,8 @@ const struct
     {"time that is no number", "soon move 1 2\n", "line 2: 'soon' is no time"},
     {"time that goes back", "# note\n1 move 1 2\n0.5 move 1 2\n",
      "line 4: time 0.5 lies before 1, when the event before it ends"},
+    {"a long word that cannot be printed", "0 \x1b[2J012345678901234567890123456789012345678901234567890123456789\n",
+     "line 2: '\\x1b[2J012345678901234567890123456789012345...' is no event"},
     {"time inside idle calls", "1 idle 3 0.5\n1.9 move 1 2\n",
      "line 3: time 1.9 lies before 2, when the event before it ends"},
     {"missing position", "0 move 1\n", "line 2: y is missing"},
@@ -118,34 +120,37 @@ TEST(vwSession, other_files_are_no_sessions)
     }
 }
 
-TEST(vwSession, a_recorded_session_posts_the_same_events_again)
+TEST(vwSession, times_with_few_digits_do_not_lie_before_each_other)
 {
-    const std::string file = testing::TempDir() + "vw-recorded.session";
+    EXPECT_EQ(parsed("gr-session 1\n0 idle 4 0.1\n0.3 move 1 2\n").steps.size(), 2u); // 3 * 0.1 is more than 0.3
+}
+
+TEST(vwRecorder, what_was_recorded_posts_the_same_events_again)
+{
+    const tsFolder folder;
+    const std::string file = folder.write("s.session", "old");
     const vwSession session = parsed(every_kind);
     gwHeadlessWindow window(640, 480);
-    {
-        vwSessionClock clock;
-        vwRecorder recorder(window.input());
-        std::string error;
-        ASSERT_EQ(recorder.start(file, session, error), 1) << error;
-        for (const vwStep& step : session.steps)
-        {
-            clock.session_time(step.time);
-            vw_post_step(step, window);
-            if (step.kind == vwSTEP_IDLE)
-                recorder.idle();
-            if (step.kind == vwSTEP_RESIZE)
-                recorder.resized(step.width, step.height);
-        }
-        clock.session_time(3);
-        ASSERT_EQ(recorder.finish(error), 1) << error;
-    }
-    std::string expected = every_kind.substr(0, every_kind.find("1.5 idle"));
-    expected += "1.5 idle\n3 picture picture-1\n";
-    std::ifstream stream(file);
-    vwSession recorded;
     std::string error;
-    ASSERT_EQ(vw_read_session(stream, recorded, error), 1) << error;
-    EXPECT_EQ(written(recorded), expected);
-    std::filesystem::remove(file);
+    vwSessionClock clock;
+    vwRecorder recorder(window.input());
+    ASSERT_EQ(recorder.start(file, session, error), 1) << error;
+    EXPECT_EQ(folder.text("s.session"), "old") << "nothing has happened yet";
+    for (const vwStep& step : session.steps)
+    {
+        clock.session_time(step.time);
+        vw_post_step(step, window);
+        if (step.kind == vwSTEP_IDLE)
+            recorder.idle();
+        if (step.kind == vwSTEP_RESIZE)
+            recorder.resized(step.width, step.height);
+    }
+    window.input().post(gwMouseEvent(&window, 2000000, 0, 0)); // no session holds such a place
+    recorder.resized(100000, 0);
+    // As after the end of the process: nothing waits to be written.
+    const std::string expected = every_kind.substr(0, every_kind.find("1.5 idle")) + "1.5 idle\n2.25 resize 16384 1\n";
+    EXPECT_EQ(written(parsed(folder.text("s.session"))), expected);
+    clock.session_time(3);
+    ASSERT_EQ(recorder.finish(error), 1) << error;
+    EXPECT_EQ(written(parsed(folder.text("s.session"))), expected + "3 picture picture-1\n");
 }

@@ -8,11 +8,10 @@
 #include "dgPolyline.h"
 #include "dgRef.h"
 #include "dgStructureCall.h"
+#include "tsFolder.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
-#include <fstream>
 #include <sstream>
 
 TEST(vwStructureDump, writes_each_structure_below_its_first_call)
@@ -42,17 +41,18 @@ TEST(vwStructureDump, reads_files_and_writes_xml)
     vwOptions options;
     options.files = {VW_TEST_DATA "/tetrahedron.tarn"};
     options.dump_structure = 1;
-    options.dump_xml = testing::TempDir() + "vwStructureDumpTest.xml";
+    const tsFolder folder;
+    options.dump_xml = folder / "x.xml";
     std::ostringstream os;
     std::string error;
     ASSERT_TRUE(vw_dump_structure(options, os, error)) << error;
     EXPECT_NE(os.str().find("dgTriangleBlock (86)  4 triangles, 4 nodes"), std::string::npos) << os.str();
-    std::ostringstream xml;
-    xml << std::ifstream(options.dump_xml).rdbuf();
-    EXPECT_NE(xml.str().find("<!-- tetrahedron.tarn -->\n<structures>"), std::string::npos) << xml.str();
-    std::remove(options.dump_xml.c_str());
+    EXPECT_NE(folder.text("x.xml").find("<!-- tetrahedron.tarn -->\n<structures>"), std::string::npos);
 
-    options.dump_xml = testing::TempDir() + "no/such/folder/x.xml";
+    options.dump_xml = folder / "no/such/folder/x.xml";
     EXPECT_FALSE(vw_dump_structure(options, os, error));
     EXPECT_NE(error.find("no/such/folder/x.xml"), std::string::npos);
+    options.dump_xml = options.files[0];
+    EXPECT_FALSE(vw_dump_structure(options, os, error));
+    EXPECT_NE(error.find("this file is read"), std::string::npos);
 }
