@@ -34,6 +34,8 @@ bool is_number(const std::string& word, double& value)
 bool same_word(const std::string& expected, const std::string& found)
 {
     double a, b;
+    if (expected.size() > 1 && (expected[0] == '<' || expected[0] == '>'))
+        return is_number(found, b) && is_number(expected.substr(1), a) && (expected[0] == '<' ? b < a : b > a);
     return expected == "*" || expected == found ||
            (is_number(found, b) && is_number(expected, a) && std::abs(a - b) <= 1e-9 * std::max(1.0, std::abs(a)));
 }
@@ -73,6 +75,7 @@ std::string identifier(std::string name)
 struct Section
 {
     std::string name, base;
+    std::vector<std::string> alternatives{""};
     std::vector<std::vector<std::string>> rows;
     std::vector<tsStep> steps;
 };
@@ -80,9 +83,11 @@ struct Section
 Section heading(const std::string& text)
 {
     const auto colon = text.rfind(" : ");
-    return colon == std::string::npos
-               ? Section{text, "", {}, {}}
-               : Section{trimmed(text.substr(0, colon)), trimmed(text.substr(colon + 3)), {}, {}};
+    Section section;
+    section.name = trimmed(text.substr(0, colon));
+    if (colon != std::string::npos)
+        section.base = trimmed(text.substr(colon + 3));
+    return section;
 }
 
 void add_step(std::vector<tsStep>& steps, int number, const std::string& line)
@@ -98,11 +103,12 @@ void add_step(std::vector<tsStep>& steps, int number, const std::string& line)
         steps.back().expected.push_back(record);
 }
 
+// With $0, $1 ... replaced.
 std::string with_values(std::string text, const std::vector<std::string>& values)
 {
     for (std::size_t i = values.size(); i-- > 0;)
-        for (std::size_t at; (at = text.find("$" + std::to_string(i + 1))) != std::string::npos;)
-            text.replace(at, 1 + std::to_string(i + 1).size(), values[i]);
+        for (std::size_t at; (at = text.find("$" + std::to_string(i))) != std::string::npos;)
+            text.replace(at, 2, values[i]);
     return text;
 }
 
@@ -137,6 +143,8 @@ private:
         }
         else if (the_section.name.empty())
             fail("expected scene or test");
+        else if (text.front() == '*')
+            the_section.alternatives = ts_words(text.substr(1));
         else if (text.front() == '|')
         {
             the_section.rows.emplace_back();
@@ -156,26 +164,36 @@ private:
             the_scenes[the_section.name] = steps;
         else if (std::none_of(steps.begin(), steps.end(), [](const tsStep& step) { return step.checked; }))
             fail("nothing is checked by " + the_section.name);
-        else if (the_section.rows.empty())
-            the_scripts.push_back({the_path.stem().string(), identifier(the_section.name), steps});
         else
-            for (std::size_t i = 0; i < the_section.rows.size(); ++i)
-                add_row(steps, i);
+            add_rows(steps);
     }
-    void add_row(std::vector<tsStep> steps, std::size_t row)
+    void add_rows(const std::vector<tsStep>& steps)
     {
-        const std::vector<std::string>& values = the_section.rows[row];
-        for (tsStep& step : steps)
-        {
-            step.commands = with_values(step.commands, values);
-            std::vector<std::string> expected;
-            for (const std::string& records : step.expected)
-                for (const std::string& record : ts_parts(with_values(records, values), ";"))
-                    expected.push_back(record);
-            step.expected = expected;
-        }
-        the_scripts.push_back(
-            {the_path.stem().string(), identifier(the_section.name) + "_" + std::to_string(row + 1), steps});
+        if (the_section.rows.empty())
+            the_section.rows.emplace_back();
+        int number = 0;
+        const int only = the_section.rows.size() * the_section.alternatives.size() == 1;
+        for (const std::vector<std::string>& row : the_section.rows)
+            for (const std::string& alternative : the_section.alternatives)
+            {
+                std::vector<std::string> values{alternative};
+                values.insert(values.end(), row.begin(), row.end());
+                const std::string name = identifier(the_section.name);
+                the_scripts.push_back(
+                    {the_path.stem().string(), only ? name : name + "_" + std::to_string(++number), {}});
+                for (const tsStep& step : steps)
+                    the_scripts.back().steps.push_back(filled_in(step, values));
+            }
+    }
+    static tsStep filled_in(tsStep step, const std::vector<std::string>& values)
+    {
+        step.commands = with_values(step.commands, values);
+        std::vector<std::string> expected;
+        for (const std::string& records : step.expected)
+            for (const std::string& record : ts_parts(with_values(records, values), ";"))
+                expected.push_back(record);
+        step.expected = expected;
+        return step;
     }
     [[noreturn]] void fail(const std::string& why) const
     {

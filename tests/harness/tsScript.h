@@ -14,8 +14,9 @@ std::vector<std::string> ts_parts(const std::string& text, const std::string& se
 double ts_value(const std::string& expression);
 
 /// Whether a list of records is what was expected: word by word the same, or numbers that differ by no more than a
-/// billionth (of themselves, if they are above 1). An expected number may be an expression; "*" stands for any word, a
-/// last word "..." for all that follow in its record, and a record "..." for any number of records.
+/// billionth (of themselves, if they are above 1). An expected number may be an expression; "*" stands for any word,
+/// "<5" for any smaller number, ">5" for any larger one, a last word "..." for all that follow in its record, and a
+/// record "..." for any number of records.
 bool ts_matches(const std::vector<std::string>& expected, const std::vector<std::string>& found);
 
 /// One step of a script: commands, and what they are to record. A step that expects nothing checks nothing.
@@ -41,7 +42,9 @@ struct tsScript
 ///     scene NAME [: OTHER]          what tests begin with, itself after that of another scene
 ///         COMMAND; COMMAND
 ///     test NAME [: SCENE]
-///     | VALUE | VALUE               any number of rows: the test is played with each, $1 and $2 being the values
+///     * VALUE VALUE                 the test is played with each of them for $0
+///     | VALUE | VALUE               any number of rows: the test is played with each, $1 and $2 being the values; "-"
+///                                   is an empty one
 ///         COMMAND; COMMAND -> RECORD; RECORD
 ///             -> RECORD             goes on
 ///

@@ -154,8 +154,8 @@ tsStage::tsStage() : clock(0, 1000)
     add("tell",
         [this](tsArguments& in)
         {
-            while (in.more())
-                the_told.insert(in.word());
+            for (const std::string& name : ts_parts(in.rest(), ","))
+                the_told.insert(name);
         });
     add("when",
         [this](tsArguments& in)
@@ -529,6 +529,24 @@ void tsStage::add_view_commands()
                 return note({0});
             const giVector3 axis = twice_sine.unit();
             note({angle, axis.x(), axis.y(), axis.z()});
+        });
+    // The images of the axes.
+    add("axes",
+        [this](tsArguments& in)
+        {
+            const giXform3& x = in.view().camera().orientation();
+            for (int i = 0; i < 3; ++i)
+                note({x(i, 0), x(i, 1), x(i, 2)});
+        });
+    // Whether the planes are those that the camera itself fits to the network in a mode.
+    add("fits_planes",
+        [this](tsArguments& in)
+        {
+            const dgView& view = in.view();
+            dgCamera fitted(view.camera());
+            fitted.clip_bounding_box(view.root()->bounding_box(), static_cast<dgBoundingViewType>(in.integer()));
+            note({double(fitted.front_plane() == view.camera().front_plane() &&
+                         fitted.back_plane() == view.camera().back_plane())});
         });
     add("refs", [this](tsArguments& in) { note({double(in.view().reference_count())}); });
     add("elements", [this](tsArguments& in) { note({double(root_of(in.view()).nelements())}); });

@@ -172,7 +172,7 @@ public:
     }
 
 protected:
-    void start_twiddle(const gwKeyEvent&) override { tell("start " + this->args().str()); }
+    void start_twiddle(const gwKeyEvent&) override { tell(this->args().str().empty() ? "start" : "start " + this->args().str()); }
     void mouse_event(const gwMouseEvent&) override { tell("mouse"); }
     void spaceball_event(const gwSpaceballEvent&) override { tell("spaceball"); }
     grIdleAction idle_event() override
@@ -257,12 +257,24 @@ private:
         options.use_multi_tools(the_multi);
         the_twiddling->factory()->push_options(options);
     }
+    void add_action(tsArguments& in, int bound)
+    {
+        const gwKeyType type = key_type(in.word());
+        const int key = in.integer(), modifiers = in.integer();
+        auto* action = new grAction(grActionTrigger(type, key, modifiers, utString(in.rest())), "record");
+        if (bound)
+            action->bind(grToolDetail(&the_factory, 7));
+        man().actions().add_last(action);
+    }
     void add_set_up()
     {
         the_stage.at_end([] { grMouseWheelZoomTool::reread_resources(nullptr); });
         // Mouse button 1 to a tool with its arguments, which last until the next command of this name.
         the_stage.add("bind", [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); });
         the_stage.add("translations", [this](tsArguments& in) { bind(in.rest()); });
+        // TYPE KEY MODIFIERS ARGUMENTS: what starts a telling tool, behind all others; one that is not bound starts nothing.
+        the_stage.add("action", [this](tsArguments& in) { add_action(in, 1); });
+        the_stage.add("unbound_action", [this](tsArguments& in) { add_action(in, 0); });
         the_stage.add("multi", [this](tsArguments& in) { the_multi = in.integer(); });
         the_stage.add("resource",
                       [this](tsArguments& in)
@@ -333,19 +345,25 @@ private:
         the_stage.add("clear_part", [this](tsArguments&) { the_hooks->the_structure->clear(); });
     }
     gwWindow* input_window() { return &the_stage.window(the_pointer_window).input; }
-    // [TYPE] KEY X Y [MODIFIERS], by default button 1 where the pointer is.
-    void post_key(tsArguments& in, int transition)
+    static gwKeyType key_type(const std::string& name)
     {
         const std::map<std::string, gwKeyType> types{{"qwerty_key", gwQWERTY_KEY},
                                                      {"function_key", gwFUNCTION_KEY},
                                                      {"mouse_button", gwMOUSE_BUTTON},
                                                      {"other_key", gwOTHER_KEY},
                                                      {"spaceball_button", gwSPACEBALL_BUTTON}};
+        if (!types.contains(name))
+            throw std::runtime_error("no key type " + name);
+        return types.at(name);
+    }
+    // [TYPE] KEY X Y [MODIFIERS], by default button 1 where the pointer is.
+    void post_key(tsArguments& in, int transition)
+    {
         std::string word = in.word_or("1");
         gwKeyType type = gwMOUSE_BUTTON;
-        if (types.contains(word))
+        if (word.find('_') != std::string::npos)
         {
-            type = types.at(word);
+            type = key_type(word);
             word = in.word();
         }
         const int key = static_cast<int>(ts_value(word));
@@ -462,6 +480,18 @@ private:
                           const grCameraViewCache& cache = *grStdViewTwiddleTool::camera_cache(&view);
                           the_stage.note({double(cache.count()), double(cache.position()),
                                           double(cache.current() && cache.current()->is_position_of(view))});
+                      });
+        // What the spaceball's last event turned a view by about x and y, and moved it by along x, as shares of what full
+        // deflection does: 0.05 radians, 2 % of the window's height.
+        the_stage.add("spaceball_share",
+                      [this](tsArguments& in)
+                      {
+                          const dgCamera& camera = in.view().camera();
+                          const giXform3& x = camera.orientation();
+                          const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
+                          const giVector3 turn = twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
+                          the_stage.note({turn.x() / 0.05, turn.y() / 0.05,
+                                          (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()});
                       });
         the_stage.add("depth_cueing",
                       [this](tsArguments& in) { the_stage.note({double(in.view().renderer()->depth_cueing())}); });

@@ -28,6 +28,9 @@ Rotation rotation(const giPoint2& p1, const giPoint2& p2)
 TEST(grTrackball, turns_by_what_the_pointer_rolls_on_sphere_and_sheet)
 {
     const double third = std::sqrt(1 / 6.0);
+    // The sheet is radius * radius / 2 / distance high; half the chord is the sine of half the angle.
+    const double dx = std::sqrt(0.75) - std::sqrt(0.5), dz = std::sqrt(0.5) - 0.5 / std::sqrt(0.75);
+    const double sheet_angle = 2 * std::asin(std::hypot(dx, dz) / 2);
     const struct
     {
         const char* name;
@@ -41,6 +44,7 @@ TEST(grTrackball, turns_by_what_the_pointer_rolls_on_sphere_and_sheet)
         {"back is the same the other way round", {radius / 2, 0}, {0, 0}, {0, -1, 0}, pi / 6},
         {"up to the joint, where the height is radius / sqrt 2", {0, 0}, {joint, 0}, {0, 1, 0}, pi / 4},
         {"across the joint without a jump", {joint * (1 - 1e-9), 0}, {-joint * (1 + 1e-9), 0}, {0, -1, 0}, pi / 2},
+        {"from the joint on the sheet", {joint, 0}, {radius * std::sqrt(0.75), 0}, {0, 1, 0}, sheet_angle},
         // One radius from the middle the sheet is half a radius high: the chord is radius * sqrt 2 long.
         {"around the middle on the sheet", {radius, 0}, {0, radius}, {-third, -third, 2 * third}, pi / 2},
         // A chord of sqrt(4 + 9 / 16) radii is longer than the ball is thick.

@@ -47,7 +47,8 @@ void grApertureTool::end_twiddle(const gwKeyEvent& event)
         the_rectangle->forget();
     if (!detail())
         return;
-    if (event.window() && hooks())
+    // Corners mean nothing without their view.
+    if (event.window() && target_view() && hooks())
     {
         const giPoint2 corner = first_corner(event);
         gwKeyEvent first = the_press;
