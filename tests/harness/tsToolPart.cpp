@@ -172,7 +172,10 @@ public:
     }
 
 protected:
-    void start_twiddle(const gwKeyEvent&) override { tell(this->args().str().empty() ? "start" : "start " + this->args().str()); }
+    void start_twiddle(const gwKeyEvent&) override
+    {
+        tell(this->args().str().empty() ? "start" : "start " + this->args().str());
+    }
     void mouse_event(const gwMouseEvent&) override { tell("mouse"); }
     void spaceball_event(const gwSpaceballEvent&) override { tell("spaceball"); }
     grIdleAction idle_event() override
@@ -272,7 +275,8 @@ private:
         // Mouse button 1 to a tool with its arguments, which last until the next command of this name.
         the_stage.add("bind", [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); });
         the_stage.add("translations", [this](tsArguments& in) { bind(in.rest()); });
-        // TYPE KEY MODIFIERS ARGUMENTS: what starts a telling tool, behind all others; one that is not bound starts nothing.
+        // TYPE KEY MODIFIERS ARGUMENTS: what starts a telling tool, behind all others; one that is not bound starts
+        // nothing.
         the_stage.add("action", [this](tsArguments& in) { add_action(in, 1); });
         the_stage.add("unbound_action", [this](tsArguments& in) { add_action(in, 0); });
         the_stage.add("multi", [this](tsArguments& in) { the_multi = in.integer(); });
@@ -481,15 +485,16 @@ private:
                           the_stage.note({double(cache.count()), double(cache.position()),
                                           double(cache.current() && cache.current()->is_position_of(view))});
                       });
-        // What the spaceball's last event turned a view by about x and y, and moved it by along x, as shares of what full
-        // deflection does: 0.05 radians, 2 % of the window's height.
+        // What the spaceball's last event turned a view by about x and y, and moved it by along x, as shares of what
+        // full deflection does: 0.05 radians, 2 % of the window's height.
         the_stage.add("spaceball_share",
                       [this](tsArguments& in)
                       {
                           const dgCamera& camera = in.view().camera();
                           const giXform3& x = camera.orientation();
                           const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
-                          const giVector3 turn = twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
+                          const giVector3 turn =
+                              twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
                           the_stage.note({turn.x() / 0.05, turn.y() / 0.05,
                                           (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()});
                       });

@@ -28,7 +28,8 @@ TEST(grStdTwiddling, without_translations_no_event_starts_a_tool)
 {
     gwInput input;
     gwResourceDB db;
-    for (const gwResourceDB* resources : {static_cast<const gwResourceDB*>(&db), static_cast<const gwResourceDB*>(nullptr)})
+    for (const gwResourceDB* resources :
+         {static_cast<const gwResourceDB*>(&db), static_cast<const gwResourceDB*>(nullptr)})
     {
         const grStdTwiddling twiddling(&input, resources, nullptr, nullptr);
         input.post(gwKeyEvent(nullptr, 0, 0, 0, gwPRESSED, gwMOUSE_WHEEL, 1, 1.0));

@@ -63,7 +63,8 @@ double thrown(const Throw& t, double seconds = 1)
 {
     tsStage stage;
     stage.run(std::string(scene) + "spinning 1; resource spin_decay " + std::to_string(t.decay) +
-              "; resource spin_time_true " + (t.time_true ? "yes" : "no") + "; bind rotate_view (z_axis); press 1 0 100");
+              "; resource spin_time_true " + (t.time_true ? "yes" : "no") +
+              "; bind rotate_view (z_axis); press 1 0 100");
     const double begin = stage.clock.time();
     int last = 0, x = 0;
     for (int i = 1; i <= static_cast<int>(0.2 * t.mouse_rate); ++i)
@@ -145,7 +146,8 @@ TEST(grSurfacePoint, stays_under_the_cursor_when_views_turn_about_it)
         // From a distance of 5, depth 2 shows larger by 5 / 3.
         {"resource rotate_about_cursor yes; perspective a; bind trackball", "350 150", seen, 1},
         {"resource rotate_about_cursor yes; bind trackball", "250 100", giPoint3(0.5, 0, 2), 1}, // a corner
-        {"resource rotate_about_cursor yes; set_planes a 1 -9 1; bind trackball", "290 130", giPoint3(0.9, 0.3, 0.5), 1},
+        {"resource rotate_about_cursor yes; set_planes a 1 -9 1; bind trackball", "290 130", giPoint3(0.9, 0.3, 0.5),
+         1},
         {"resource rotate_about_cursor yes; bind trackball", "20 20", giPoint3(), 1}, // beside: the view's centre
     };
     for (const auto& c : cases)
@@ -167,7 +169,8 @@ TEST(grMouseWheelZoomTool, keeps_the_point_under_the_cursor_in_a_thousand_steps)
     for (const char* projection : {"wait 0", "perspective a 0.3 -0.2 7"})
     {
         tsStage stage;
-        stage.run(std::string(scene) + "resource mouse_wheel_zoom_centre no; bind no_op; turn a 0.7 1 0 0; turn a 0.4 0 1 0");
+        stage.run(std::string(scene) +
+                  "resource mouse_wheel_zoom_centre no; bind no_op; turn a 0.7 1 0 0; turn a 0.4 0 1 0");
         stage.run(projection);
         dgView& view = *stage.find_view("a");
         view.camera().view_port_dc(giBox2(37, 21, 311, 180));
@@ -203,7 +206,8 @@ TEST(grCameraInterpolation, turns_the_shorter_way_whatever_the_turn)
             for (int i = 1; i < 10; ++i)
             {
                 way.apply(view, i / 10.0);
-                EXPECT_NEAR(angle_of(last.inverse() * view.camera().orientation()), step, 1e-6) << axis << " by " << angle;
+                EXPECT_NEAR(angle_of(last.inverse() * view.camera().orientation()), step, 1e-6)
+                    << axis << " by " << angle;
                 last = view.camera().orientation();
             }
             way.apply(view, 1);
