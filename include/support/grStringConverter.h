@@ -4,6 +4,7 @@
 #include "grAction.h"
 #include "grColourMode.h"
 #include "grExport.h"
+#include "gwAAFormatcoSList.h"
 #include "gwTypes.h"
 #include "utString.h"
 
@@ -12,6 +13,7 @@
 class giBox2;
 class giPoint3;
 class gsColour;
+struct gwGraphicsCardRange;
 
 /// Conversion of resource texts to values.
 ///
@@ -56,6 +58,13 @@ public:
     static int to_colour_mode(const utString& text, grColourMode& result);
     /// "GL", "X", "native", "GDI", "PEX", "X_ON_UNIX".
     static int to_driver_type(const utString& text, gwDriverType& result);
+
+    /// Samples of a pixel, 0 or more, with or without an "x" behind: "4", "4x".
+    static int to_aa_format(const utString& text, gwAAFormat& result);
+    /// One such format or more, separated by blanks, commas or tabs.
+    static int to_antialiasing_formats(const utString& text, gwAAFormatcoSList& result);
+    /// Numbers of a maker and of one card or a range of cards, in hexadecimal digits: "10de:2204", "10de:2200-22ff".
+    static int to_graphics_card_range(const utString& text, gwGraphicsCardRange& result);
 
     /// Appends the actions that a grActionReader finds in text; the caller owns them.
     /// On failure, the actions read before it stay in result.

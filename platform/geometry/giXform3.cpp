@@ -1,20 +1,30 @@
 #include "giXform3.h"
 
-#include <Eigen/Core>
-#include <Eigen/LU>
-
 #include <cmath>
 
 namespace
 {
-using Matrix4 = Eigen::Matrix<double, 4, 4, Eigen::RowMajor>;
+// The parts that the determinant and the inverse of a matrix are made of, from its rows as vectors and its last column:
+// E. Lengyel, Foundations of Game Engine Development, volume 1, section 1.7.5, there for columns.
+struct Parts
+{
+    giVector3 a, b, c, d; // rows 0 to 3
+    double x, y, z, w;    // of the last column
+    giVector3 s, t, u, v;
 
-int all_finite(const double* elements)
+    explicit Parts(const double* m)
+        : a(m[0], m[1], m[2]), b(m[4], m[5], m[6]), c(m[8], m[9], m[10]), d(m[12], m[13], m[14]), x(m[3]), y(m[7]),
+          z(m[11]), w(m[15]), s(a.cross(b)), t(c.cross(d)), u(a * y - b * x), v(c * w - d * z)
+    {}
+    double determinant() const { return s.dot(v) + t.dot(u); }
+};
+
+bool all_finite(const double* elements)
 {
     for (int i = 0; i < 16; ++i)
         if (!std::isfinite(elements[i]))
-            return 0;
-    return 1;
+            return false;
+    return true;
 }
 }
 
@@ -33,7 +43,7 @@ void giXform3::element(int row, int column, double value)
 
 double giXform3::determinant() const
 {
-    return Eigen::Map<const Matrix4>(data()).determinant();
+    return Parts(data()).determinant();
 }
 
 giXform3 giXform3::inverse() const
@@ -44,7 +54,14 @@ giXform3 giXform3::inverse() const
     giXform3 result;
     if (m_kind == giXFORM_PROJECTIVE)
     {
-        Eigen::Map<Matrix4>(result.m_elements[0]) = Eigen::Map<const Matrix4>(data()).inverse();
+        const Parts p(data());
+        const double factor = 1 / p.determinant();
+        const giVector3 s = p.s * factor, t = p.t * factor, u = p.u * factor, v = p.v * factor;
+        const giVector3 columns[4] = {p.b.cross(v) + t * p.y, v.cross(p.a) - t * p.x, p.d.cross(u) + s * p.w,
+                                      u.cross(p.c) - s * p.z};
+        for (int row = 0; row < 3; ++row)
+            result.set_row(row, columns[0][row], columns[1][row], columns[2][row], columns[3][row]);
+        result.set_row(3, -p.b.dot(t), p.a.dot(t), -p.d.dot(s), p.c.dot(s));
     }
     else
     {

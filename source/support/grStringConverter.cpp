@@ -5,8 +5,10 @@
 #include "giPoint3.h"
 #include "grActionReader.h"
 #include "gsColour.h"
+#include "gwGraphicsCardRange.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <iterator>
 #include <memory>
@@ -124,6 +126,34 @@ private:
     std::string_view the_word;
 };
 
+// One value or more.
+template <class Value>
+int to_list(const utString& text, int (*convert)(const utString&, Value&), coSList<Value>& result)
+{
+    coSList<Value> values;
+    for (ListReader list(text.view()); list.next();)
+    {
+        Value value{};
+        if (!convert(utString(list.word()), value))
+            return 0;
+        values.append(value);
+    }
+    if (values.empty())
+        return 0;
+    result = values;
+    return 1;
+}
+
+// A number of a card in hexadecimal digits behind a separator, unless that is zero; position moves on.
+bool read_card_number(const char*& position, const char* end, char separator, unsigned& number)
+{
+    if (separator && (position == end || *position++ != separator))
+        return false;
+    const std::from_chars_result read = std::from_chars(position, end, number, 16);
+    position = read.ptr;
+    return read.ec == std::errc();
+}
+
 int three_numbers(const utString& text, double (&numbers)[3])
 {
     return scan(text.view(), ',', numbers) || scan(text.view(), ' ', numbers);
@@ -159,18 +189,7 @@ int grStringConverter::to_double(const utString& text, double& result)
 
 int grStringConverter::to_doubles(const utString& text, doublecoSList& result)
 {
-    doublecoSList numbers;
-    for (ListReader list(text.view()); list.next();)
-    {
-        double number = 0;
-        if (!to_number(utString(list.word()), number))
-            return 0;
-        numbers.append(number);
-    }
-    if (numbers.empty())
-        return 0;
-    result = numbers;
-    return 1;
+    return to_list(text, to_double, result);
 }
 
 int grStringConverter::to_point(const utString& text, giPoint3& result)
@@ -252,6 +271,39 @@ int grStringConverter::to_colour_mode(const utString& text, grColourMode& result
 int grStringConverter::to_driver_type(const utString& text, gwDriverType& result)
 {
     return look_up(driver_type_words, text, result);
+}
+
+int grStringConverter::to_aa_format(const utString& text, gwAAFormat& result)
+{
+    const std::string_view digits = text.view().substr(0, text.view().find_first_of("xX"));
+    const char* const end = digits.data() + digits.size();
+    int samples = 0;
+    if (ap_scan_number(digits.data(), end, samples) != end || samples < 0 || text.view().size() > digits.size() + 1)
+        return 0;
+    result.samples = samples;
+    return 1;
+}
+
+int grStringConverter::to_antialiasing_formats(const utString& text, gwAAFormatcoSList& result)
+{
+    return to_list(text, to_aa_format, result);
+}
+
+int grStringConverter::to_graphics_card_range(const utString& text, gwGraphicsCardRange& result)
+{
+    gwGraphicsCardRange range;
+    const char* position = text.c_str();
+    const char* const end = position + text.length();
+    if (!read_card_number(position, end, '\0', range.vendor) ||
+        !read_card_number(position, end, ':', range.first_device))
+        return 0;
+    range.last_device = range.first_device;
+    if (position != end && !read_card_number(position, end, '-', range.last_device))
+        return 0;
+    if (position != end || range.last_device < range.first_device)
+        return 0;
+    result = range;
+    return 1;
 }
 
 int grStringConverter::to_actions(const utString& text, grActioncoDListPtr& result)

@@ -1,0 +1,6 @@
+#pragma once
+
+#include "coSList.h"
+#include "gwAAFormat.h"
+
+using gwAAFormatcoSList = coSList<gwAAFormat>;
