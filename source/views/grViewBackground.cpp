@@ -9,6 +9,7 @@ std::ostream& operator<<(std::ostream& os, grViewBackground background)
     case grVIEW_BACKGROUND_OPAQUE: return os << "grVIEW_BACKGROUND_OPAQUE";
     case grVIEW_BACKGROUND_TRANSPARENT: return os << "grVIEW_BACKGROUND_TRANSPARENT";
     }
-    // Deliberate: unlike other enumerations, nothing is written for an unknown value.
+    // Deliberate: nothing is written for an unknown value, unlike by other enumerations: the line of a dump then ends
+    // with its label, which its readers take as "not set".
     return os;
 }

@@ -33,7 +33,7 @@ void find_missing_views(const dgViewcoDList& views, Visit visit)
     }
 }
 
-int double_buffered(const dgRenderer* renderer, int mode)
+bool double_buffered(const dgRenderer* renderer, int mode)
 {
     return renderer->driver_capability(mode, dgCAPABILITY_DOUBLE_BUFFERING);
 }
@@ -50,7 +50,7 @@ void draw_view(dgView& view)
     grTwiddleOverlayCallback::call_callback(view);
 }
 
-int alive(dgView* view)
+bool alive(dgView* view)
 {
     return dgS::views().contains(view);
 }
@@ -97,8 +97,8 @@ void grViewListUtils::sort_views_into_dgs_order(dgViewcoDList& views)
 
 int grViewListUtils::missing_renderer_views(const dgViewcoDList& views)
 {
-    int missing = 0;
-    find_missing_views(views, [&](dgView*) { return missing = 1; });
+    bool missing = false;
+    find_missing_views(views, [&](dgView*) { return missing = true; });
     return missing;
 }
 
@@ -109,7 +109,7 @@ int grViewListUtils::add_renderer_views(dgViewcoDList& views)
                        [&](dgView* view)
                        {
                            views.add_last(view);
-                           return 0;
+                           return false;
                        });
     return views.count() > n_before;
 }
@@ -168,7 +168,7 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, const dgViewcoDL
 
         // One swap per renderer, after its last view: a second one would show the half-drawn back buffer.
         const int next = live_view_before(drawn_views, i);
-        const int last_of_renderer = next < 0 || drawn_views[next]->renderer() != renderer;
+        const bool last_of_renderer = next < 0 || drawn_views[next]->renderer() != renderer;
         if (last_of_renderer && double_buffered(renderer, renderer->mode()))
         {
             renderer->swap_buffers(the_erase_on_swap_buffers_arg);
@@ -187,7 +187,7 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, dgStructure* ext
 
 void grViewListUtils::refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList& renderers)
 {
-    const int rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
+    const bool rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
     if (rubber_bands)
         for (int i = 0; i < renderers.count(); ++i)
             grRubberBandManager::temp_undraw(renderers[i]);

@@ -17,7 +17,8 @@ namespace
 struct LockTable
 {
     std::vector<std::unique_ptr<grViewTwiddleLock>> locks;
-    // Stays set when the display library closes: deliberate, the table is then empty until the defaults are asked for.
+    // Deliberate: stays set when the display library closes, so that the table is empty until the defaults are asked
+    // for; an application that opens the library again sets its own locks.
     int installed = 0;
     int close_function_registered = 0;
 };
@@ -171,7 +172,7 @@ void grView::default_view_twiddle_locks()
     add_view_twiddle_lock(grViewTwiddleLock(paper_parent, gr_spaceball_tool_type()));
     add_view_twiddle_lock(grViewTwiddleLock(paper_parent, gr_isometric_tool_type()));
     add_view_twiddle_lock(grViewTwiddleLock(paper_parent, gr_rotate_view_tool_type()));
-    // Deliberate: the spaceball tool may act on a paper child.
+    // Deliberate: the spaceball tool may act on a paper child: it is the way to turn what a sheet shows.
     add_view_twiddle_lock(grViewTwiddleLock(paper_child, gr_trackball_tool_type()));
     add_view_twiddle_lock(grViewTwiddleLock(paper_child, gr_isometric_tool_type()));
     add_view_twiddle_lock(grViewTwiddleLock(paper_child, gr_rotate_view_tool_type()));

@@ -3,11 +3,12 @@
 #include "grExport.h"
 #include "grStdToolFactoryOptions.h"
 
-/// Options with an id of their own, unique in the process and counted from 1.
+/// An entry of the options stack of grStdToolFactory: options, with the id by which the one who pushed them pairs that
+/// with taking them off again. Ids are unique in the process and count from 1; each factory's own first entry has one.
 class GR_EXPORT grStdToolFactoryOptionsPair
 {
 public:
-    /// Copies the options.
+    /// Copies the options and draws the next id.
     explicit grStdToolFactoryOptionsPair(const grStdToolFactoryOptions& options);
 
     int id() const { return the_id; }

@@ -44,7 +44,7 @@ protected:
     void add_spaceball_actions(grActioncoDListPtr& actions);
 
 private:
-    int bind(grAction& action) const;
+    bool bind(grAction& action) const;
 
     gwInput* the_input;
     std::unique_ptr<grStdTwiddleHooks> the_own_hooks; // null when the application gave its own

@@ -79,13 +79,13 @@ private:
 
     void input_event(void* sender, void* data);
     /// Each answers whether the event is used up.
-    int key_pressed(const gwKeyEvent& event);
-    int key_released(const gwKeyEvent& event);
+    bool key_pressed(const gwKeyEvent& event);
+    bool key_released(const gwKeyEvent& event);
     void finish_one_shot_tool(const gwEvent& event);
     void start_tool(const gwKeyEvent& event);
-    int tool_claims(const gwKeyEvent& event);
+    bool tool_claims(const gwKeyEvent& event);
     void end_twiddle(const gwKeyEvent& event);
-    int twiddling() const { return current_tool_state() == grTWID_TWIDDLING; }
+    bool twiddling() const { return current_tool_state() == grTWID_TWIDDLING; }
 
     gwInput* the_input;
     grActioncoDListPtr the_actions;

@@ -58,8 +58,8 @@ public:
     void print(std::ostream& os) const;
 
 private:
-    int calculate_can_spin() const;
-    int calculate_time_true() const;
+    bool calculate_can_spin() const;
+    bool calculate_time_true() const;
     /// Kept positions from the oldest on, counted from 0.
     std::size_t slot(int i) const;
     const giPoint2& point(int i) const { return the_points[slot(i)]; }

@@ -29,11 +29,13 @@ protected:
 
     /// The course that structure tools share. The start finds the detail, tells the hooks, starts the refresher and
     /// finds the structure's place; it answers 0 when there is nothing to move, and the tool then stays inert. A move
-    /// places the structure by a motion in world space since the start, tells the hooks and redraws. The end ends the
-    /// refresher's twiddle and tells the hooks, provided that there is a detail.
+    /// places the structure by a motion in world space since the start, tells the hooks and redraws. The end, which is
+    /// also what a tool does that has no end of its own, ends the refresher's twiddle and tells the hooks, provided
+    /// that there is a detail.
     int start_structure_twiddle(const gwKeyEvent& event);
     void move_structure(const giXform3& motion_world, const gwMouseEvent& event);
     void end_structure_twiddle(const gwKeyEvent& event);
+    void end_twiddle(const gwKeyEvent& event) override;
     /// Lets the refresher go on drawing and tells the hooks; without a detail nothing is done.
     grIdleAction idle_event() override;
 

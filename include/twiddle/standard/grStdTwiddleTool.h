@@ -4,6 +4,7 @@
 #include "grTwiddleToolFlags.h"
 
 class grStdTwiddleHooks;
+class grViewRefresher;
 
 /// Base of the standard tools: one that tells every phase of its twiddle to a hooks object.
 ///
@@ -33,6 +34,13 @@ protected:
     void twiddle_idle(grIdleAction action);
     void twiddle_end(const gwKeyEvent& event);
     void twiddle_destruction();
+
+    /// The course that standard tools share, with the refresher of what they work on, which may be null. The start
+    /// tells the hooks and starts the refresher. Idle time is spent on what the refresher has left to draw, and moved
+    /// on in idle time draws what has just been moved; the hooks are told the answer.
+    void start_course(const gwKeyEvent& event, grViewRefresher* refresher);
+    grIdleAction idle_course(grViewRefresher* refresher);
+    grIdleAction moved_in_idle_time(grViewRefresher* refresher);
 
 private:
     grStdTwiddleHooks* the_hooks;

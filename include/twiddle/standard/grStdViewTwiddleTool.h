@@ -39,9 +39,11 @@ protected:
     void detail(grViewTwiddleDetail* detail) { the_detail.reset(detail); }
 
     /// The course that view tools share. The start finds the detail, tells the hooks and starts the refresher; it
-    /// answers 0 when there is nothing to twiddle, and the tool then stays inert. The end ends the refresher's twiddle,
-    /// saves the camera and tells the hooks, provided that there is a detail.
+    /// answers 0 when there is nothing to twiddle, and the tool then stays inert. The end, which is also what a tool
+    /// does that has no end of its own, ends the refresher's twiddle, saves the camera and tells the hooks, provided
+    /// that there is a detail.
     int start_view_twiddle(const gwKeyEvent& event);
+    void end_twiddle(const gwKeyEvent& event) override;
     void end_view_twiddle(const gwKeyEvent& event);
     /// Redraws during the twiddle.
     void refresh_views();

@@ -13,15 +13,13 @@
 class GR_EXPORT grRotateStructureTool : public grStdStructureTwiddleTool
 {
 public:
-    grRotateStructureTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
-    ~grRotateStructureTool() override;
+    using grStdStructureTwiddleTool::grStdStructureTwiddleTool;
 
     UT_DECLARE_TYPE(grRotateStructureTool, grTwiddleTool);
 
 protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
 private:
     giXform3 turn_in_view(const giPoint2& point, const giPoint3& pivot_view) const;

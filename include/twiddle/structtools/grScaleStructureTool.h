@@ -8,15 +8,13 @@
 class GR_EXPORT grScaleStructureTool : public grStdStructureTwiddleTool
 {
 public:
-    grScaleStructureTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
-    ~grScaleStructureTool() override;
+    using grStdStructureTwiddleTool::grStdStructureTwiddleTool;
 
     UT_DECLARE_TYPE(grScaleStructureTool, grTwiddleTool);
 
 protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
 private:
     giPoint2 the_start_point; // device

@@ -13,15 +13,13 @@ class gwPositionalEvent;
 class GR_EXPORT grTranslateStructureTool : public grStdStructureTwiddleTool
 {
 public:
-    grTranslateStructureTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
-    ~grTranslateStructureTool() override;
+    using grStdStructureTwiddleTool::grStdStructureTwiddleTool;
 
     UT_DECLARE_TYPE(grTranslateStructureTool, grTwiddleTool);
 
 protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
 private:
     giPoint3 in_plane(const gwPositionalEvent& event) const;

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "grStdViewTwiddleTool.h"
+#include "grOneShotViewTool.h"
 
 /// Looks along a diagonal of the axes, so that all three show alike, and fits the view to its contents; acts at the
 /// press.
-class GR_EXPORT grIsometricTool : public grStdViewTwiddleTool
+class GR_EXPORT grIsometricTool : public grOneShotViewTool
 {
 public:
     grIsometricTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
@@ -12,11 +12,7 @@ public:
     UT_DECLARE_TYPE(grIsometricTool, grTwiddleTool);
 
 protected:
-    /// Turns the target view.
-    virtual void do_action(const gwKeyEvent& event);
-
-    void start_twiddle(const gwKeyEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
+    void do_action(const gwKeyEvent& event) override;
 
     /// Turns a view and tells those who watch its camera.
     static void isometric_view(dgView* view);

@@ -31,7 +31,6 @@ protected:
     virtual int do_action(const gwKeyEvent& event) const;
 
     void start_twiddle(const gwKeyEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
     /// All that comes before the action; 0 when the step is to be ignored.
     int start_wheel_step(const gwKeyEvent& event);

@@ -4,6 +4,13 @@
 #include "giVector2.h"
 #include "grStdViewTwiddleTool.h"
 
+/// Distances of a view's clipping planes, in view space.
+struct grFrontBackPlanes
+{
+    double front = 0;
+    double back = 0;
+};
+
 /// Moves the clipping planes of a view by vertical drag, which shows the inside of a part. Half the height of the
 /// renderer moves them by the distance they had at the press; up moves them away from the eye.
 ///
@@ -25,17 +32,16 @@ protected:
 
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
-    /// Moves the planes of a view from the distances they had at the start; drag is the press point less the current
-    /// one, in pixels.
-    static void move_planes(dgView* view, double start_front, double start_back, const giVector2& drag, int plane_mode);
+    static grFrontBackPlanes planes_of(dgView* view);
+    /// Moves the planes of a view from where they were at the start; drag is the press point less the current one, in
+    /// pixels.
+    static void move_planes(dgView* view, const grFrontBackPlanes& start, const giVector2& drag, int plane_mode);
 
     const giPoint2& start_point() const { return the_start_point; }
 
 private:
     int the_plane_mode;
     giPoint2 the_start_point; // device
-    double the_start_front = 0;
-    double the_start_back = 0;
+    grFrontBackPlanes the_start_planes;
 };

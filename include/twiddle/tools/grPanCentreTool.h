@@ -1,9 +1,9 @@
 #pragma once
 
-#include "grStdViewTwiddleTool.h"
+#include "grOneShotViewTool.h"
 
 /// Moves the world point under the pointer to the middle of the view; acts at the press.
-class GR_EXPORT grPanCentreTool : public grStdViewTwiddleTool
+class GR_EXPORT grPanCentreTool : public grOneShotViewTool
 {
 public:
     grPanCentreTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
@@ -11,9 +11,7 @@ public:
     UT_DECLARE_TYPE(grPanCentreTool, grTwiddleTool);
 
 protected:
-    /// Moves the world point under the event to the middle of the target view and saves the camera.
-    virtual void do_action(const gwKeyEvent& event);
-
+    /// Also saves the camera, before it is redrawn.
+    void do_action(const gwKeyEvent& event) override;
     void start_twiddle(const gwKeyEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 };

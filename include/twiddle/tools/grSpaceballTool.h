@@ -20,7 +20,6 @@ protected:
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
     void spaceball_event(const gwSpaceballEvent& event) override;
-    void end_twiddle(const gwKeyEvent& event) override;
 
     /// The centre of rotation of a view in world space, by the hooks' trackball centre type.
     giPoint3 trackball_centre(dgView* view) const;

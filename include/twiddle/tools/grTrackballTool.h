@@ -4,47 +4,38 @@
 #include "giPoint2.h"
 #include "giPoint3.h"
 #include "giVector3.h"
-#include "grStdViewTwiddleTool.h"
 #include "grTrackballCentreType.h"
+#include "grTurnViewTool.h"
 
 #include <memory>
 
 class dgStructure;
 class giXform3;
-class grSpin;
 class grTrackball;
-class grTwiddleTimer;
 
-/// Turns a view about a centre as if the pointer rolled a ball, and keeps it spinning when the hooks allow that and the
-/// button is let go while the pointer moves.
+/// Turns a view about a centre as if the pointer rolled a ball.
 ///
 /// The arguments "world", "view" and "workplane" choose the centre instead of the hooks: their world centre, the middle
 /// of the viewport, or the origin of the workplane. Resources, both in trackball coordinates (a view spans one unit
 /// each way): "trackball_virtual_radius", that of the ball (0.4, limited to 1e-5 to 1), and "trackball_icon_radius",
 /// that of the sphere drawn around the centre, as a share of the height of the view (0).
 ///
-/// Further resources change what is described: "trackball_round", yes/no (no), makes trackball coordinates span the
-/// smaller side of the renderer each way, so that the ball is round on wide and high views; "rotate_about_cursor",
-/// yes/no (no), takes the point of the surface under the pointer as the world centre, where there is one. How a spin
-/// goes on is said by "spin_time_true" and "spin_decay", see docs/view-tools.md.
-class GR_EXPORT grTrackballTool : public grStdViewTwiddleTool
+/// A further one, "trackball_round", yes/no (no), makes trackball coordinates span the smaller side of the renderer
+/// each way, so that the ball is round on wide and high views. "rotate_about_cursor" replaces the world centre alone.
+class GR_EXPORT grTrackballTool : public grTurnViewTool
 {
 public:
     grTrackballTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
     ~grTrackballTool() override;
 
-    /// 1 while the view goes on turning after the release.
-    int spinning() const { return the_spinning; }
-
     UT_DECLARE_TYPE(grTrackballTool, grTwiddleTool);
 
 protected:
-    /// Turns the view by one step of the spin.
-    virtual void spin_action() const;
+    void spin_action() const override;
+    int find_spin_step(const grTwiddleTimer& timer) override;
 
     void start_twiddle(const gwKeyEvent& event) override;
     void mouse_event(const gwMouseEvent& event) override;
-    grIdleAction idle_event() override;
     void end_twiddle(const gwKeyEvent& event) override;
 
     /// Sets result to the rotation about centre (world) that a step of the pointer from last to point (device) stands
@@ -71,19 +62,16 @@ protected:
     /// Turns a view by an angle about an axis in its view space through a centre in world space.
     static void rotate_view(dgView* view, const giPoint3& centre, const giVector3& axis, giAngle angle);
 
-    const giPoint2& last_point() const { return the_last_point; }
+    /// What the next spin_action turns by.
     const giVector3& spin_axis() const { return the_spin_axis; }
-    giAngle spin_angle() const { return the_spin_angle; }
+    giAngle spin_angle() const { return giAngle(the_spin_step.radians() * spin_steps()); }
 
 private:
     grTrackballCentreType find_centre_type() const;
-    void find_centre_offset();
-    void set_icon();
-    void start_spinning(const giPoint2& release_point);
+    void find_centre_offset(const giPoint3& centre);
+    void set_icon(const giPoint3& centre);
 
-    giPoint2 the_last_point;      // device
-    giPoint3 the_rotation_centre; // world
-    giPoint2 the_centre_offset;   // trackball coordinates
+    giPoint2 the_centre_offset; // trackball coordinates
     grTrackballCentreType the_centre_type = dgLEAVS_TRACKBALL_CENTRE_VIEW;
     double the_width = 1; // pixels of the target's renderer that trackball coordinates span
     double the_height = 1;
@@ -92,11 +80,6 @@ private:
     double the_virtual_radius = 0.4;
     std::unique_ptr<grTrackball> the_trackball;
     int the_round = 0;
-    int the_about_cursor = 0;
-    int the_spinning = 0;
-    std::unique_ptr<grSpin> the_spin;          // null when spinning is not allowed
-    std::unique_ptr<grTwiddleTimer> the_timer; // null when spinning is not allowed
     giVector3 the_spin_axis;
-    giAngle the_spin_angle; // by which the next spin_action turns
-    giAngle the_spin_step;  // of the throw
+    giAngle the_spin_step; // of the throw
 };

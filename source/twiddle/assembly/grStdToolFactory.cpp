@@ -110,6 +110,6 @@ int grStdToolFactory::push_options(const grStdToolFactoryOptions& options)
 
 void grStdToolFactory::pop_options(int)
 {
-    // Deliberate: the id is not looked at. Entries go strictly last in, first out.
+    // Deliberate: the id is not looked at. Options are a stack, and callers whose ids went astray rely on that.
     the_options.pop_back();
 }

@@ -68,7 +68,7 @@ void grStdTwiddling::add_spaceball_actions(grActioncoDListPtr& actions)
     actions.add_last(new grAction(grActionTrigger(gwSPACEBALL_BUTTON, gwSPACEBALL_RESET, 0, ""), "reset"));
 }
 
-int grStdTwiddling::bind(grAction& action) const
+bool grStdTwiddling::bind(grAction& action) const
 {
     for (grToolFactory* factory : {the_apps_factory, static_cast<grToolFactory*>(the_factory.get())})
     {
@@ -76,7 +76,7 @@ int grStdTwiddling::bind(grAction& action) const
         if (tool <= 0)
             continue;
         action.bind(grToolDetail(factory, tool));
-        return 1;
+        return true;
     }
-    return 0;
+    return false;
 }

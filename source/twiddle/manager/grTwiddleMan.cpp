@@ -134,28 +134,28 @@ void grTwiddleMan::input_event(void*, void* data)
     process_event(gwInput::event(data));
 }
 
-int grTwiddleMan::key_pressed(const gwKeyEvent& event)
+bool grTwiddleMan::key_pressed(const gwKeyEvent& event)
 {
     if (twiddling())
     {
         if (event.key_type() == gwMOUSE_WHEEL || tool_claims(event))
-            return 1;
+            return true;
         end_twiddle(event);
     }
     delete_current_tool();
     start_tool(event);
-    return 0;
+    return false;
 }
 
-int grTwiddleMan::key_released(const gwKeyEvent& event)
+bool grTwiddleMan::key_released(const gwKeyEvent& event)
 {
     // Any release ends the twiddle, whichever key started it.
     if (!twiddling())
-        return 0;
+        return false;
     if (tool_claims(event))
-        return 1;
+        return true;
     end_twiddle(event);
-    return 0;
+    return false;
 }
 
 void grTwiddleMan::finish_one_shot_tool(const gwEvent& event)
@@ -187,7 +187,7 @@ void grTwiddleMan::start_tool(const gwKeyEvent& event)
     the_current_tool->base_start_twiddle(event);
 }
 
-int grTwiddleMan::tool_claims(const gwKeyEvent& event)
+bool grTwiddleMan::tool_claims(const gwKeyEvent& event)
 {
     const InCall in_call(the_in_call);
     return the_current_tool->allow_key_event_when_active(event);

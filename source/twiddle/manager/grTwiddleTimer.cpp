@@ -55,10 +55,10 @@ void grTwiddleTimer::end_twiddle_event(const giPoint2& position)
     the_end_twiddle_time = get_time();
 }
 
-int grTwiddleTimer::calculate_can_spin() const
+bool grTwiddleTimer::calculate_can_spin() const
 {
     if (the_count < 2)
-        return 0;
+        return false;
 
     const int kept = std::min(the_count, the_capacity);
     const giPoint2& oldest = point(0);
@@ -69,29 +69,29 @@ int grTwiddleTimer::calculate_can_spin() const
     const double gap = the_end_twiddle_time - last_time;
     // Events at one and the same time give no ratio; comparing this way round refuses them.
     if (!(gap / mean_interval <= longest_gap_in_intervals))
-        return 0;
+        return false;
 
     const giVector2 mean_step = (last - oldest) / (kept - 1);
     if (mean_step.length() < shortest_mean_step_pixels)
-        return 0;
+        return false;
 
     the_start_point = the_end_twiddle_point;
     the_end_point = the_end_twiddle_point + (the_end_twiddle_point - oldest) / kept;
 
     const giVector2 last_step = last - point(kept - 2);
-    const int slow = std::abs(last_step.x()) <= rest_step_pixels && std::abs(last_step.y()) <= rest_step_pixels;
+    const bool slow = std::abs(last_step.x()) <= rest_step_pixels && std::abs(last_step.y()) <= rest_step_pixels;
     if (slow && (mean_step - last_step).length() >= rest_change_pixels)
-        return 0;
+        return false;
 
     the_gap = gap;
     the_mean_interval = mean_interval;
-    return 1;
+    return true;
 }
 
-int grTwiddleTimer::calculate_time_true() const
+bool grTwiddleTimer::calculate_time_true() const
 {
     if (the_count < 2)
-        return 0;
+        return false;
     // At least the last two positions are measured, however slowly they come.
     const int last = std::min(the_count, the_capacity) - 1;
     int first = last - 1;
@@ -101,17 +101,17 @@ int grTwiddleTimer::calculate_time_true() const
     const double mean_interval = span / (last - first);
     const double gap = the_end_twiddle_time - time(last);
     if (!(span > 0) || gap > std::max(longest_gap_seconds, longest_gap_in_intervals * mean_interval))
-        return 0;
+        return false;
 
     const giVector2 velocity = (point(last) - point(first)) / span;
     if (velocity.length() < slowest_pixels_per_second)
-        return 0;
+        return false;
 
     the_start_point = the_end_twiddle_point;
     the_end_point = the_end_twiddle_point + velocity * time_true_step;
     the_gap = gap;
     the_mean_interval = mean_interval;
-    return 1;
+    return true;
 }
 
 std::size_t grTwiddleTimer::slot(int i) const

@@ -1,22 +1,14 @@
 #include "grMultiMouseWheelZoomTool.h"
 
-#include "dgView.h"
 #include "gwKeyEvent.h"
-#include "utTypeID.h"
 
 UT_DEFINE_TYPE(grMultiMouseWheelZoomTool, grMouseWheelZoomTool);
-
-void grMultiMouseWheelZoomTool::save_camera() const
-{
-    the_others.save_cameras(*this);
-    grMouseWheelZoomTool::save_camera();
-}
 
 void grMultiMouseWheelZoomTool::start_twiddle(const gwKeyEvent& event)
 {
     if (!start_wheel_step(event))
         return;
-    the_others.find(*this, event, target_view());
+    find_others(event);
     if (do_action(event))
         refresh_views();
 }
@@ -24,6 +16,6 @@ void grMultiMouseWheelZoomTool::start_twiddle(const gwKeyEvent& event)
 int grMultiMouseWheelZoomTool::do_action(const gwKeyEvent& event) const
 {
     int changed = 0;
-    the_others.each([&](dgView* view, int) { changed |= zoom_and_pan(view, target_view(), event); });
+    each_other([&](dgView* view) { changed |= zoom_and_pan(view, target_view(), event); });
     return grMouseWheelZoomTool::do_action(event) | changed;
 }

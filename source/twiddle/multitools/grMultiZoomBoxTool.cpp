@@ -3,7 +3,6 @@
 #include "dgView.h"
 #include "giVector2.h"
 #include "grViewUtils.h"
-#include "utTypeID.h"
 
 namespace
 {
@@ -19,17 +18,11 @@ giPoint2 same_place(const giPoint2& p, const giBox2& in, const giBox2& to)
 
 UT_DEFINE_TYPE(grMultiZoomBoxTool, grZoomBoxTool);
 
-void grMultiZoomBoxTool::save_camera() const
-{
-    the_others.save_cameras(*this);
-    grZoomBoxTool::save_camera();
-}
-
 void grMultiZoomBoxTool::start_twiddle(const gwKeyEvent& event)
 {
     grZoomBoxTool::start_twiddle(event);
     if (target_view())
-        the_others.find(*this, event, target_view());
+        find_others(event);
 }
 
 int grMultiZoomBoxTool::zoom_action(const giBox2& device_box) const
@@ -37,8 +30,8 @@ int grMultiZoomBoxTool::zoom_action(const giBox2& device_box) const
     if (!grViewUtils::box_can_be_zoomed_to(device_box))
         return 0;
     const giBox2& dragged_in = target_view()->camera().view_port_dc();
-    the_others.each(
-        [&](dgView* view, int)
+    each_other(
+        [&](dgView* view)
         {
             const giBox2& port = view->camera().view_port_dc();
             grViewUtils::zoom_to_box(view, giBox2(same_place(device_box.low(), dragged_in, port),

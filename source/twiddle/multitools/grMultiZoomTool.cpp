@@ -4,38 +4,28 @@
 #include "grViewUtils.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
-#include "utTypeID.h"
 
 #include <algorithm>
 
 UT_DEFINE_TYPE(grMultiZoomTool, grZoomTool);
 
-void grMultiZoomTool::save_camera() const
-{
-    the_others.save_cameras(*this);
-    grZoomTool::save_camera();
-}
-
 void grMultiZoomTool::start_twiddle(const gwKeyEvent& event)
 {
     grZoomTool::start_twiddle(event);
-    if (!target_view())
-        return;
-    the_others.find(*this, event, target_view());
-    the_start_windows.clear();
-    the_others.each([&](dgView* view, int) { the_start_windows.push_back(view->camera().view_window()); });
+    if (target_view())
+        find_others(event, [](dgView* view) { return view->camera().view_window(); });
 }
 
 void grMultiZoomTool::zoom_action(const gwMouseEvent& event) const
 {
     const giVector2 drag = start_point() - giPoint2(event.x(), event.y());
     const double target_height = std::max(target_view()->renderer_height(), 1);
-    the_others.each(
-        [&](dgView* view, int i)
+    each_other(
+        [&](dgView* view, const giBox2& start_window)
         {
             // One factor for all, also on renderers of other heights: the same share of each is dragged.
             const double share = std::max(view->renderer_height(), 1) / target_height;
-            zoom_view(view, the_start_windows[static_cast<std::size_t>(i)], drag * share);
+            zoom_view(view, start_window, drag * share);
         });
     grZoomTool::zoom_action(event);
 }
@@ -43,6 +33,6 @@ void grMultiZoomTool::zoom_action(const gwMouseEvent& event) const
 void grMultiZoomTool::pan_centre_action(const gwKeyEvent& event) const
 {
     const giVector2 step = grViewUtils::step_to_centre(target_view(), event);
-    the_others.each([&](dgView* view, int) { grViewUtils::pan(view, step); });
+    each_other([&](dgView* view) { grViewUtils::pan(view, step); });
     grZoomTool::pan_centre_action(event);
 }

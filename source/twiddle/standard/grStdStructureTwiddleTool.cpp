@@ -31,9 +31,7 @@ int grStdStructureTwiddleTool::start_structure_twiddle(const gwKeyEvent& event)
     }
     the_placement = std::make_unique<grStructurePlacement>(*the_detail->structure(), structure_view()->root());
     the_pivot = workplane_in_use() ? workplane_in_use()->origin() : the_placement->middle();
-    twiddle_start(event);
-    if (refresher())
-        refresher()->base_start_twiddle();
+    start_course(event, refresher());
     // The hooks may have closed the view.
     return structure_view() != nullptr;
 }
@@ -55,13 +53,14 @@ void grStdStructureTwiddleTool::end_structure_twiddle(const gwKeyEvent& event)
     twiddle_end(event);
 }
 
+void grStdStructureTwiddleTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_structure_twiddle(event);
+}
+
 grIdleAction grStdStructureTwiddleTool::idle_event()
 {
-    if (!the_detail)
-        return grIDLE_DONE;
-    const grIdleAction action = refresher() ? refresher()->base_idle() : grIDLE_DONE;
-    twiddle_idle(action);
-    return action;
+    return the_detail ? idle_course(refresher()) : grIDLE_DONE;
 }
 
 grWorkPlane* grStdStructureTwiddleTool::workplane_in_use() const

@@ -1,6 +1,7 @@
 #include "grStdTwiddleTool.h"
 
 #include "grStdTwiddleHooks.h"
+#include "grViewRefresher.h"
 #include "utTypeID.h"
 
 UT_DEFINE_TYPE(grStdTwiddleTool, grTwiddleTool);
@@ -44,4 +45,26 @@ void grStdTwiddleTool::twiddle_destruction()
 {
     if (the_hooks)
         the_hooks->destruction_twiddle(this);
+}
+
+void grStdTwiddleTool::start_course(const gwKeyEvent& event, grViewRefresher* refresher)
+{
+    twiddle_start(event);
+    if (refresher)
+        refresher->base_start_twiddle();
+}
+
+grIdleAction grStdTwiddleTool::idle_course(grViewRefresher* refresher)
+{
+    const grIdleAction action = refresher ? refresher->base_idle() : grIDLE_DONE;
+    twiddle_idle(action);
+    return action;
+}
+
+grIdleAction grStdTwiddleTool::moved_in_idle_time(grViewRefresher* refresher)
+{
+    if (refresher)
+        refresher->base_idle_refresh();
+    twiddle_idle(grIDLE_AGAIN);
+    return grIDLE_AGAIN;
 }

@@ -56,11 +56,14 @@ int grStdViewTwiddleTool::start_view_twiddle(const gwKeyEvent& event)
 {
     if (!find_detail(event))
         return 0;
-    twiddle_start(event);
-    if (refresher())
-        refresher()->base_start_twiddle();
+    start_course(event, refresher());
     // The hooks may have closed the view.
     return target_view() != nullptr;
+}
+
+void grStdViewTwiddleTool::end_twiddle(const gwKeyEvent& event)
+{
+    end_view_twiddle(event);
 }
 
 void grStdViewTwiddleTool::end_view_twiddle(const gwKeyEvent& event)
@@ -81,9 +84,5 @@ void grStdViewTwiddleTool::refresh_views()
 
 grIdleAction grStdViewTwiddleTool::idle_event()
 {
-    if (!detail())
-        return grIDLE_DONE;
-    const grIdleAction action = refresher() ? refresher()->base_idle() : grIDLE_DONE;
-    twiddle_idle(action);
-    return action;
+    return detail() ? idle_course(refresher()) : grIDLE_DONE;
 }

@@ -14,16 +14,16 @@ class Search
 public:
     explicit Search(const dgStructure& wanted) : the_wanted(wanted) {}
 
-    int in(const dgStructure& structure, const giXform3& surroundings)
+    bool in(const dgStructure& structure, const giXform3& surroundings)
     {
         if (&structure == &the_wanted)
         {
             the_placement = surroundings;
-            return 1;
+            return true;
         }
         // Whatever does not lead to it once does not lead to it when it is called again.
         if (!the_seen.insert(&structure).second)
-            return 0;
+            return false;
         giXform3 in_force = surroundings;
         for (int i = 0; i < structure.nelements(); ++i)
         {
@@ -31,9 +31,9 @@ public:
             if (gr_pass_transform(element, in_force))
                 continue;
             if (const dgStructure* called = element->called_structure(); called && in(*called, in_force))
-                return 1;
+                return true;
         }
-        return 0;
+        return false;
     }
     const giXform3& placement() const { return the_placement; }
 

@@ -19,12 +19,6 @@ constexpr double ball_radius = 0.4; // of the smaller side of the renderer
 
 UT_DEFINE_TYPE(grRotateStructureTool, grStdStructureTwiddleTool);
 
-grRotateStructureTool::grRotateStructureTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdStructureTwiddleTool(args, db, hooks)
-{}
-
-grRotateStructureTool::~grRotateStructureTool() = default;
-
 void grRotateStructureTool::start_twiddle(const gwKeyEvent& event)
 {
     if (start_structure_twiddle(event))
@@ -64,9 +58,4 @@ void grRotateStructureTool::mouse_event(const gwMouseEvent& event)
     the_turned *= to_view * turn * to_view.inverse();
     the_last_point = point;
     move_structure(the_turned, event);
-}
-
-void grRotateStructureTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_structure_twiddle(event);
 }

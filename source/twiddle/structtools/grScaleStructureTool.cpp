@@ -17,12 +17,6 @@ constexpr double largest_factor = 10;
 
 UT_DEFINE_TYPE(grScaleStructureTool, grStdStructureTwiddleTool);
 
-grScaleStructureTool::grScaleStructureTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdStructureTwiddleTool(args, db, hooks)
-{}
-
-grScaleStructureTool::~grScaleStructureTool() = default;
-
 void grScaleStructureTool::start_twiddle(const gwKeyEvent& event)
 {
     if (start_structure_twiddle(event))
@@ -36,9 +30,4 @@ void grScaleStructureTool::mouse_event(const gwMouseEvent& event)
     const double travel = event.y() - the_start_point.y();
     const double t = std::clamp(2 * travel / std::max(structure_view()->renderer_height(), 1), -1.0, 1.0);
     move_structure(giXform3::scaling(std::pow(largest_factor, t), pivot()), event);
-}
-
-void grScaleStructureTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_structure_twiddle(event);
 }

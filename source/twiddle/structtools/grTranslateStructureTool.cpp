@@ -17,13 +17,6 @@ constexpr double smallest_cosine = 0.1;
 
 UT_DEFINE_TYPE(grTranslateStructureTool, grStdStructureTwiddleTool);
 
-grTranslateStructureTool::grTranslateStructureTool(const utString& args, const gwResourceDB* db,
-                                                   grStdTwiddleHooks* hooks)
-    : grStdStructureTwiddleTool(args, db, hooks)
-{}
-
-grTranslateStructureTool::~grTranslateStructureTool() = default;
-
 void grTranslateStructureTool::start_twiddle(const gwKeyEvent& event)
 {
     if (!start_structure_twiddle(event))
@@ -53,9 +46,4 @@ void grTranslateStructureTool::mouse_event(const gwMouseEvent& event)
 {
     if (state() == grTWID_TWIDDLING && structure_view())
         move_structure(giXform3::translation(in_plane(event) - the_start), event);
-}
-
-void grTranslateStructureTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_structure_twiddle(event);
 }

@@ -10,21 +10,12 @@ constexpr double turn_radians = 0.7853981633974483;
 constexpr double tilt_radians = -0.9553234193716161;
 }
 
-UT_DEFINE_TYPE(grIsometricTool, grStdViewTwiddleTool);
+UT_DEFINE_TYPE(grIsometricTool, grOneShotViewTool);
 
 grIsometricTool::grIsometricTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
+    : grOneShotViewTool(args, db, hooks)
 {
     flags().can_save_camera(1);
-}
-
-void grIsometricTool::start_twiddle(const gwKeyEvent& event)
-{
-    if (!start_view_twiddle(event))
-        return;
-    do_action(event);
-    refresh_views();
-    save_camera();
 }
 
 void grIsometricTool::do_action(const gwKeyEvent&)
@@ -40,9 +31,4 @@ void grIsometricTool::isometric_view(dgView* view)
     camera.rotate_view(gi_X_AXIS, tilt_radians);
     view->view_bbox();
     camera.world2view_altered();
-}
-
-void grIsometricTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

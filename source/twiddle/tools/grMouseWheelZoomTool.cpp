@@ -57,7 +57,7 @@ WheelSettings settings_from(const gwResourceDB* db)
 
 // The wheel is easily turned while its button is pressed or let go, which pans or zooms. Types are compared by exact
 // name: tools derived from these do not count, nor do the wheel tools themselves.
-int follows_too_closely()
+bool follows_too_closely()
 {
     utString name;
     double end_time = 0;
@@ -67,7 +67,7 @@ int follows_too_closely()
     for (const char* held_back_after : names)
         if (name == held_back_after)
             return !(apHighResTime::time_diff(end_time, apHighResTime::time()) > the_settings.delay_seconds);
-    return 0;
+    return false;
 }
 
 double factor_of(double travel, int modifiers)
@@ -148,7 +148,7 @@ int grMouseWheelZoomTool::zoom_and_pan(dgView* zoomed, dgView* measured, const g
     if (the_settings.inverted)
         travel = -travel;
 
-    const int about_pointer =
+    const bool about_pointer =
         !zoomed->pan_forbidden() && !the_settings.about_middle && !(travel < 0 && the_settings.out_about_middle);
     dgCamera& camera = zoomed->camera();
     giVector2 shift;
@@ -161,9 +161,4 @@ int grMouseWheelZoomTool::zoom_and_pan(dgView* zoomed, dgView* measured, const g
     if (about_pointer)
         camera.pan_view(-shift);
     return 1;
-}
-
-void grMouseWheelZoomTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

@@ -37,8 +37,12 @@ void grMoveFrontBackTool::start_twiddle(const gwKeyEvent& event)
     if (!start_view_twiddle(event))
         return;
     the_start_point = giPoint2(event.x(), event.y());
-    the_start_front = target_view()->camera().front_plane();
-    the_start_back = target_view()->camera().back_plane();
+    the_start_planes = planes_of(target_view());
+}
+
+grFrontBackPlanes grMoveFrontBackTool::planes_of(dgView* view)
+{
+    return {view->camera().front_plane(), view->camera().back_plane()};
 }
 
 void grMoveFrontBackTool::mouse_event(const gwMouseEvent& event)
@@ -53,25 +57,20 @@ void grMoveFrontBackTool::mouse_event(const gwMouseEvent& event)
 void grMoveFrontBackTool::move_planes(const gwMouseEvent& event) const
 {
     const giVector2 drag = the_start_point - giPoint2(event.x(), event.y());
-    move_planes(target_view(), the_start_front, the_start_back, drag, the_plane_mode);
+    move_planes(target_view(), the_start_planes, drag, the_plane_mode);
 }
 
-void grMoveFrontBackTool::move_planes(dgView* view, double start_front, double start_back, const giVector2& drag,
+void grMoveFrontBackTool::move_planes(dgView* view, const grFrontBackPlanes& start, const giVector2& drag,
                                       int plane_mode)
 {
     const double t = std::clamp(2 * drag.y() / std::max(view->renderer_height(), 1), -1.0, 1.0);
-    const double distance = (start_front - start_back) * t;
+    const double distance = (start.front - start.back) * t;
     dgCamera& camera = view->camera();
     switch (plane_mode)
     {
-    case FRONT_PLANE: camera.front_plane(start_front + distance); break;
-    case BACK_PLANE: camera.back_plane(start_back + distance); break;
-    default: camera.front_back_plane(start_front + distance, start_back + distance); break;
+    case FRONT_PLANE: camera.front_plane(start.front + distance); break;
+    case BACK_PLANE: camera.back_plane(start.back + distance); break;
+    default: camera.front_back_plane(start.front + distance, start.back + distance); break;
     }
     view->user_clip_planes(1);
-}
-
-void grMoveFrontBackTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

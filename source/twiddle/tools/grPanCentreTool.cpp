@@ -5,10 +5,10 @@
 #include "gwKeyEvent.h"
 #include "utTypeID.h"
 
-UT_DEFINE_TYPE(grPanCentreTool, grStdViewTwiddleTool);
+UT_DEFINE_TYPE(grPanCentreTool, grOneShotViewTool);
 
 grPanCentreTool::grPanCentreTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
+    : grOneShotViewTool(args, db, hooks)
 {
     flags().can_save_camera(1);
 }
@@ -25,9 +25,4 @@ void grPanCentreTool::do_action(const gwKeyEvent& event)
 {
     grViewUtils::pan_centre(target_view(), event);
     save_camera();
-}
-
-void grPanCentreTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

@@ -5,21 +5,12 @@
 #include "grStdTwiddleHooks.h"
 #include "utTypeID.h"
 
-UT_DEFINE_TYPE(grResetFrontBackTool, grStdViewTwiddleTool);
+UT_DEFINE_TYPE(grResetFrontBackTool, grOneShotViewTool);
 
 grResetFrontBackTool::grResetFrontBackTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
+    : grOneShotViewTool(args, db, hooks)
 {
     flags().can_save_camera(1);
-}
-
-void grResetFrontBackTool::start_twiddle(const gwKeyEvent& event)
-{
-    if (!start_view_twiddle(event))
-        return;
-    do_action(event);
-    refresh_views();
-    save_camera();
 }
 
 void grResetFrontBackTool::do_action(const gwKeyEvent&)
@@ -34,9 +25,4 @@ void grResetFrontBackTool::reset_planes(dgView* view, dgBoundingViewType mode)
     // Every drawing fits the planes of such a view again.
     view->clipping_mode(mode);
     view->user_clip_planes(0);
-}
-
-void grResetFrontBackTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

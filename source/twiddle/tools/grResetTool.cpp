@@ -3,21 +3,12 @@
 #include "dgView.h"
 #include "utTypeID.h"
 
-UT_DEFINE_TYPE(grResetTool, grStdViewTwiddleTool);
+UT_DEFINE_TYPE(grResetTool, grOneShotViewTool);
 
 grResetTool::grResetTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
+    : grOneShotViewTool(args, db, hooks)
 {
     flags().can_save_camera(1);
-}
-
-void grResetTool::start_twiddle(const gwKeyEvent& event)
-{
-    if (!start_view_twiddle(event))
-        return;
-    do_action(event);
-    refresh_views();
-    save_camera();
 }
 
 void grResetTool::do_action(const gwKeyEvent&)
@@ -32,9 +23,4 @@ void grResetTool::reset_view(dgView* view)
     view->view_bbox();
     // Fitting moves the centre as well; views locked to this one follow what it ends at.
     camera.world2view_altered();
-}
-
-void grResetTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

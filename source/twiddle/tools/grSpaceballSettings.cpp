@@ -10,25 +10,25 @@
 
 namespace
 {
-int read_axes(const gwResourceDB* db, std::array<int, 6>& axes)
+bool read_axes(const gwResourceDB* db, std::array<int, 6>& axes)
 {
     utString text;
     return db && db->get_resource("spaceball_axes", text) && grStringConverter::to_axes(text, axes);
 }
 
-int read_signs(const gwResourceDB* db, std::array<double, 6>& signs)
+bool read_signs(const gwResourceDB* db, std::array<double, 6>& signs)
 {
     utString text;
     doublecoSList numbers;
     if (!db || !db->get_resource("spaceball_signs", text) || !grStringConverter::to_doubles(text, numbers) ||
         numbers.count() != static_cast<int>(signs.size()))
-        return 0;
+        return false;
     for (int i = 0; i < numbers.count(); ++i)
         if (!std::isfinite(numbers[i]))
-            return 0;
+            return false;
     for (int i = 0; i < numbers.count(); ++i)
         signs[static_cast<std::size_t>(i)] = numbers[i];
-    return 1;
+    return true;
 }
 }
 

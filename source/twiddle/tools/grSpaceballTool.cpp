@@ -4,7 +4,6 @@
 #include "giXform3.h"
 #include "grRotationCentre.h"
 #include "grStdTwiddleHooks.h"
-#include "grViewRefresher.h"
 #include "gwKeyEvent.h"
 #include "gwSpaceballEvent.h"
 #include "utTypeID.h"
@@ -30,9 +29,7 @@ void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
     if (!find_detail(event))
         return;
     the_centre = start_centre(target_view(), event);
-    twiddle_start(event);
-    if (refresher())
-        refresher()->base_start_twiddle();
+    start_course(event, refresher());
 }
 
 giPoint3 grSpaceballTool::start_centre(dgView* view, const gwKeyEvent& event)
@@ -83,9 +80,4 @@ void grSpaceballTool::apply_motion(dgView* view, const Motion& motion, const giP
 void grSpaceballTool::spaceball_action(dgView* view, const gwSpaceballEvent& event, const giPoint3& centre) const
 {
     apply_motion(view, find_motion(event), centre);
-}
-
-void grSpaceballTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

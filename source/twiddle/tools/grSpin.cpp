@@ -2,7 +2,6 @@
 
 #include "apHighResTime.h"
 #include "grToolResources.h"
-#include "grTwiddleTimer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -14,27 +13,30 @@ constexpr int timer_capacity = 5;
 // What a mouse of 1000 Hz reports in a quarter of a second.
 constexpr int time_true_capacity = 256;
 constexpr double smallest_speed = 0.01;
+
+int is_time_true(const gwResourceDB* db)
+{
+    int on = 0;
+    gr_read_flag(db, "spin_time_true", on);
+    return on;
+}
 }
 
-grSpin::grSpin(const gwResourceDB* db)
+grSpin::grSpin(const gwResourceDB* db) : grSpin(db, is_time_true(db)) {}
+
+grSpin::grSpin(const gwResourceDB* db, int time_true)
+    : the_time_true(time_true), the_timer(time_true ? time_true_capacity : timer_capacity)
 {
-    gr_read_flag(db, "spin_time_true", the_time_true);
+    the_timer.time_true(time_true);
     gr_read_number(db, "spin_decay", the_half_life);
     the_half_life = std::max(the_half_life, 0.0);
 }
 
-std::unique_ptr<grTwiddleTimer> grSpin::new_timer() const
-{
-    auto timer = std::make_unique<grTwiddleTimer>(the_time_true ? time_true_capacity : timer_capacity);
-    timer->time_true(the_time_true);
-    return timer;
-}
-
-void grSpin::start(double gap_seconds)
+void grSpin::start()
 {
     the_start_time = apHighResTime::time();
-    the_last_time = the_start_time - gap_seconds;
-    the_over = 0;
+    the_last_time = the_start_time - the_timer.gap();
+    the_over = false;
 }
 
 // Relative to that of the throw.

@@ -1,8 +1,7 @@
 #pragma once
 
-#include <memory>
+#include "grTwiddleTimer.h"
 
-class grTwiddleTimer;
 class gwResourceDB;
 
 /// How a view that was let go while moving goes on turning: by how many of the throw's steps at each idle call.
@@ -15,21 +14,23 @@ class grSpin
 public:
     explicit grSpin(const gwResourceDB* db);
 
-    /// The timer that measures throws for this course.
-    std::unique_ptr<grTwiddleTimer> new_timer() const;
+    /// Measures the throw.
+    grTwiddleTimer& timer() { return the_timer; }
 
-    /// The view is let go now, and moved last that many seconds before.
-    void start(double gap_seconds);
+    /// The view is let go now, after the timer has been told of it.
+    void start();
     /// The steps to turn by now. Counts from the last call, or from the last movement before the release.
     double steps();
-    int over() const { return the_over; }
+    bool over() const { return the_over; }
 
 private:
+    explicit grSpin(const gwResourceDB* db, int time_true);
     double speed(double time) const;
 
-    int the_time_true = 0;
+    int the_time_true;
+    grTwiddleTimer the_timer;
     double the_half_life = 0; // seconds, 0: never
     double the_start_time = 0;
     double the_last_time = 0;
-    int the_over = 0;
+    bool the_over = false;
 };

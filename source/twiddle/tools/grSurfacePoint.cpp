@@ -22,7 +22,7 @@ struct Segment
 };
 
 // Whether a segment meets a box before t_end.
-int meets(const Segment& segment, const giBox3& box, double t_end)
+bool meets(const Segment& segment, const giBox3& box, double t_end)
 {
     const double starts[] = {segment.start.x(), segment.start.y(), segment.start.z()};
     const double ways[] = {segment.way.x(), segment.way.y(), segment.way.z()};
@@ -34,7 +34,7 @@ int meets(const Segment& segment, const giBox3& box, double t_end)
         if (ways[i] == 0)
         {
             if (starts[i] < lows[i] || starts[i] > highs[i])
-                return 0;
+                return false;
             continue;
         }
         const double a = (lows[i] - starts[i]) / ways[i], b = (highs[i] - starts[i]) / ways[i];
@@ -112,10 +112,10 @@ giPoint3 world_point(const dgCamera& camera, const giPoint2& position, double de
 }
 }
 
-int gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& point)
+bool gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& point)
 {
     if (!view.root() || view.root()->bounding_box().empty())
-        return 0;
+        return false;
     const dgCamera& camera = view.camera();
     double front = camera.front_plane(), back = camera.back_plane();
     if (!view.user_clip_planes())
@@ -129,13 +129,13 @@ int gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& poi
     if (camera.projection() == dgPROJECTION_PERSPECTIVE)
         front = std::min(front, 0.999 * camera.projection_reference_point().z());
     if (!(front > back))
-        return 0;
+        return false;
     const giPoint3 start = world_point(camera, position, front);
     const Segment sight{start, world_point(camera, position, back) - start};
     Search search(sight);
     search.in(*view.root(), giXform3());
     if (search.nearest() > 1)
-        return 0;
+        return false;
     point = sight.at(search.nearest());
-    return 1;
+    return true;
 }

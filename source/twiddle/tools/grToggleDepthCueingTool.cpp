@@ -4,19 +4,7 @@
 #include "dgView.h"
 #include "utTypeID.h"
 
-UT_DEFINE_TYPE(grToggleDepthCueingTool, grStdViewTwiddleTool);
-
-grToggleDepthCueingTool::grToggleDepthCueingTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
-{}
-
-void grToggleDepthCueingTool::start_twiddle(const gwKeyEvent& event)
-{
-    if (!start_view_twiddle(event))
-        return;
-    do_action(event);
-    refresh_views();
-}
+UT_DEFINE_TYPE(grToggleDepthCueingTool, grOneShotViewTool);
 
 void grToggleDepthCueingTool::do_action(const gwKeyEvent&)
 {
@@ -28,9 +16,4 @@ void grToggleDepthCueingTool::toggle_depth_cueing(dgView* view)
     dgRenderer* renderer = view->renderer();
     if (renderer && renderer->driver_capability(renderer->mode(), dgCAPABILITY_DEPTH_CUEING))
         renderer->depth_cueing(!renderer->depth_cueing());
-}
-
-void grToggleDepthCueingTool::end_twiddle(const gwKeyEvent& event)
-{
-    end_view_twiddle(event);
 }

@@ -5,7 +5,6 @@
 #include "dgView.h"
 #include "giXform3.h"
 #include "grRotationCentre.h"
-#include "grSpin.h"
 #include "grStdTwiddleHooks.h"
 #include "grSurfacePoint.h"
 #include "grToolResources.h"
@@ -25,23 +24,15 @@ constexpr int icon_segments = 40;
 constexpr double smallest_scale_with_icon = 1e-5;
 }
 
-UT_DEFINE_TYPE(grTrackballTool, grStdViewTwiddleTool);
+UT_DEFINE_TYPE(grTrackballTool, grTurnViewTool);
 
 grTrackballTool::grTrackballTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
-    : grStdViewTwiddleTool(args, db, hooks)
+    : grTurnViewTool(args, db, hooks)
 {
-    flags().can_timeout_twiddle(1);
-    flags().can_save_camera(1);
     the_icon_radius_set = gr_read_number(db, "trackball_icon_radius", the_icon_radius);
     gr_read_number(db, "trackball_virtual_radius", the_virtual_radius);
     the_virtual_radius = std::clamp(the_virtual_radius, 1e-5, 1.0);
     gr_read_flag(db, "trackball_round", the_round);
-    gr_read_flag(db, "rotate_about_cursor", the_about_cursor);
-    if (hooks && hooks->allow_spinning())
-    {
-        the_spin = std::make_unique<grSpin>(db);
-        the_timer = the_spin->new_timer();
-    }
 }
 
 grTrackballTool::~grTrackballTool() = default;
@@ -57,15 +48,11 @@ void grTrackballTool::start_twiddle(const gwKeyEvent& event)
     the_height = std::max(view->renderer_height(), 1);
     if (the_round)
         the_width = the_height = std::min(the_width, the_height);
-    the_rotation_centre = trackball_centre(view, event);
-    find_centre_offset();
-    the_last_point = giPoint2(event.x(), event.y());
-
+    const giPoint3 centre = trackball_centre(view, event);
+    find_centre_offset(centre);
     if (hooks()->draw_trackball_icon())
-        set_icon();
-    twiddle_start(event);
-    if (refresher())
-        refresher()->base_start_twiddle();
+        set_icon(centre);
+    start_turning(centre, event);
 }
 
 grTrackballCentreType grTrackballTool::find_centre_type() const
@@ -87,26 +74,26 @@ giPoint3 grTrackballTool::trackball_centre(dgView* view, const gwKeyEvent& event
         hooks()->update_rotation_centre(*view, event);
     giPoint3 under_cursor;
     // The pointer is over the target alone.
-    if (the_about_cursor && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW && view == target_view() &&
+    if (about_cursor() && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW && view == target_view() &&
         gr_surface_point(*view, giPoint2(event.x(), event.y()), under_cursor))
         return under_cursor;
     return gr_rotation_centre(the_centre_type, *view, *hooks(), workplane());
 }
 
-void grTrackballTool::find_centre_offset()
+void grTrackballTool::find_centre_offset(const giPoint3& centre)
 {
     giPoint3 centre_device;
-    target_view()->camera().transform(the_rotation_centre, centre_device, dgSPACE_WORLD, dgSPACE_DEVICE);
+    target_view()->camera().transform(centre, centre_device, dgSPACE_WORLD, dgSPACE_DEVICE);
     the_centre_offset = giPoint2(0.5 - centre_device.x() / the_width, 0.5 - centre_device.y() / the_height);
 }
 
-void grTrackballTool::set_icon()
+void grTrackballTool::set_icon(const giPoint3& centre)
 {
     const double scale = target_view()->camera().scale();
     if (!(scale > smallest_scale_with_icon) || !refresher())
         return;
     // Held here, because a refresher that does not draw the view does not take the icon over.
-    const dgRef<dgStructure> icon(create_sphere(the_rotation_centre, the_icon_radius / scale));
+    const dgRef<dgStructure> icon(create_sphere(centre, the_icon_radius / scale));
     refresher()->set_twiddle_icon(icon.get(), target_view());
 }
 
@@ -125,14 +112,13 @@ void grTrackballTool::mouse_event(const gwMouseEvent& event)
     if (state() != grTWID_TWIDDLING || !view)
         return;
     const giPoint2 point(event.x(), event.y());
-    if (the_timer)
-        the_timer->add_mouse_event(point);
+    record_point(point);
     // The last point stays where it is when nothing turns, so that small steps add up.
-    if (!rotate_view(point, view, the_rotation_centre, the_last_point))
+    if (!rotate_view(point, view, target_centre(), last_point()))
         return;
     twiddle_mouse(event);
     refresh_views();
-    the_last_point = point;
+    last_point(point);
 }
 
 void grTrackballTool::convert_to_trackball_coord(const giPoint2& pixel, const giPoint2& offset, giPoint2& result) const
@@ -183,48 +169,21 @@ void grTrackballTool::end_twiddle(const gwKeyEvent& event)
 {
     if (!detail())
         return;
-    if (the_timer && target_view())
-        start_spinning(giPoint2(event.x(), event.y()));
+    start_spinning(giPoint2(event.x(), event.y()));
     if (the_icon_radius_set && refresher())
         refresher()->force_redraw_on_end_twiddle();
     end_view_twiddle(event);
 }
 
-void grTrackballTool::start_spinning(const giPoint2& release_point)
+int grTrackballTool::find_spin_step(const grTwiddleTimer& timer)
 {
-    the_timer->end_twiddle_event(release_point);
-    if (!the_timer->can_spin())
-        return;
     giPoint2 start, end;
-    the_timer->start_end_pt(start, end);
-    convert_to_trackball_coord(start, the_centre_offset, start);
-    convert_to_trackball_coord(end, the_centre_offset, end);
-    the_trackball->incremental_rotation(start, end, the_spin_axis, the_spin_step);
-    if (the_spin_step.radians() == 0)
-        return;
-    the_spinning = 1;
-    busy_state(grTWID_NOT_BUSY);
-    the_spin->start(the_timer->gap());
-    the_spin_angle = giAngle(the_spin_step.radians() * the_spin->steps());
-    spin_action();
+    timer.start_end_pt(start, end);
+    return find_turn(end, start, the_spin_axis, the_spin_step);
 }
 
 void grTrackballTool::spin_action() const
 {
     if (dgView* view = target_view())
-        rotate_view(view, the_rotation_centre, the_spin_axis, the_spin_angle);
-}
-
-grIdleAction grTrackballTool::idle_event()
-{
-    if (state() != grTWID_ENDED || !the_spinning || !target_view())
-        return grStdViewTwiddleTool::idle_event();
-    the_spin_angle = giAngle(the_spin_step.radians() * the_spin->steps());
-    spin_action();
-    if (the_spin->over())
-        the_spinning = 0;
-    if (refresher())
-        refresher()->base_idle_refresh();
-    twiddle_idle(grIDLE_AGAIN);
-    return grIDLE_AGAIN;
+        rotate_view(view, target_centre(), the_spin_axis, spin_angle());
 }

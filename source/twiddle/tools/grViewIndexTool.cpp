@@ -85,6 +85,7 @@ void grViewIndexTool::set_clipping_planes_view(dgView* view, const grSavedCamera
 {
     stored.restore_clipping_planes(*view);
 }
+
 void grViewIndexTool::move_views(double share) const
 {
     interpolate_view(target_view(), the_way, share);
@@ -94,7 +95,7 @@ void grViewIndexTool::advance()
 {
     const double passed = apHighResTime::time_diff(the_start_time, apHighResTime::time());
     // Compared this way round, no time at all is the whole way too.
-    const int under_way = passed < the_seconds;
+    const bool under_way = passed < the_seconds;
     move_views(under_way ? eased(std::max(passed, 0.0) / the_seconds) : 1.0);
     the_moving = under_way;
 }
@@ -104,10 +105,9 @@ grIdleAction grViewIndexTool::idle_event()
     if (!the_moving || !target_view())
         return grStdViewTwiddleTool::idle_event();
     advance();
-    if (state() == grTWID_TWIDDLING)
-        refresh_views();
-    else if (refresher())
-        refresher()->base_idle_refresh();
+    if (state() != grTWID_TWIDDLING)
+        return moved_in_idle_time(refresher());
+    refresh_views();
     twiddle_idle(grIDLE_AGAIN);
     return grIDLE_AGAIN;
 }

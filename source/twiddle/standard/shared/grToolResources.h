@@ -5,20 +5,20 @@
 
 #include <cmath>
 
-/// Reads a resource as yes or no. 0 when db is null, the key is absent or its text is neither: value stays.
-inline int gr_read_flag(const gwResourceDB* db, const char* key, int& value)
+/// Reads a resource as yes or no. False when db is null, the key is absent or its text is neither: value stays.
+inline bool gr_read_flag(const gwResourceDB* db, const char* key, int& value)
 {
     utString text;
     return db && db->get_resource(key, text) && grStringConverter::to_bool(text, value);
 }
 
-/// Reads a resource as a number. 0 when db is null, the key is absent or its text is no finite number: value stays.
-inline int gr_read_number(const gwResourceDB* db, const char* key, double& value)
+/// Reads a resource as a number. False when db is null, the key is absent or its text is no finite number: value stays.
+inline bool gr_read_number(const gwResourceDB* db, const char* key, double& value)
 {
     utString text;
     double number = 0;
     if (!db || !db->get_resource(key, text) || !grStringConverter::to_double(text, number) || !std::isfinite(number))
-        return 0;
+        return false;
     value = number;
-    return 1;
+    return true;
 }
