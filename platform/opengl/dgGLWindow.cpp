@@ -51,14 +51,35 @@ unsigned make_framebuffer(unsigned texture, unsigned depth_stencil)
     return framebuffer;
 }
 
-void clear_all(float alpha)
+bool fits_driver(int width, int height)
 {
+    int texture = 0, renderbuffer = 0, viewport[2] = {};
+    glGetIntegerv(GL_MAX_TEXTURE_SIZE, &texture);
+    glGetIntegerv(GL_MAX_RENDERBUFFER_SIZE, &renderbuffer);
+    glGetIntegerv(GL_MAX_VIEWPORT_DIMS, viewport);
+    return width <= std::min({texture, renderbuffer, viewport[0]}) &&
+           height <= std::min({texture, renderbuffer, viewport[1]});
+}
+
+// There is a handful of error flags; a context that is lost reports one for ever.
+void discard_errors()
+{
+    for (int flag = 0; flag < 16 && glGetError() != GL_NO_ERROR; ++flag)
+        continue;
+}
+
+// Clears the framebuffer that is bound; false when it cannot be drawn to.
+bool cleared(float alpha)
+{
+    if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE)
+        return false;
     glDisable(GL_SCISSOR_TEST);
     glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
     glDepthMask(GL_TRUE);
     glStencilMask(~0u);
     glClearColor(0, 0, 0, alpha);
     glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    return true;
 }
 }
 
@@ -74,22 +95,25 @@ struct dgGLWindow::Buffers
     unsigned depth_stencil = 0;
     unsigned overlay_depth_stencil = 0;
 
-    void make_main(int width, int height)
+    // These return whether what they made can be drawn to.
+    bool make_main(int width, int height)
     {
         depth_stencil = make_depth_stencil(width, height);
+        bool complete = true;
         for (Colour* colour : {&front, &back})
         {
             colour->texture = make_colour_texture(width, height);
             colour->framebuffer = make_framebuffer(colour->texture, depth_stencil);
-            clear_all(1);
+            complete = complete && cleared(1);
         }
+        return complete;
     }
-    void make_overlay(int width, int height)
+    bool make_overlay(int width, int height)
     {
         overlay_depth_stencil = make_depth_stencil(width, height);
         overlay.texture = make_colour_texture(width, height);
         overlay.framebuffer = make_framebuffer(overlay.texture, overlay_depth_stencil);
-        clear_all(0);
+        return cleared(0);
     }
     void free()
     {
@@ -130,12 +154,9 @@ private:
 };
 
 dgGLWindow::dgGLWindow(std::shared_ptr<dgGLDevice> device, int width, int height)
-    : the_device(std::move(device)), the_buffers(std::make_unique<Buffers>()), the_width(at_least_1(width)),
-      the_height(at_least_1(height))
+    : the_device(std::move(device)), the_buffers(std::make_unique<Buffers>()), the_width(1), the_height(1)
 {
-    the_device->context().make_current();
-    the_device->modes_owner(nullptr);
-    the_buffers->make_main(the_width, the_height);
+    make_buffers(at_least_1(width), at_least_1(height));
 }
 
 dgGLWindow::~dgGLWindow()
@@ -155,16 +176,31 @@ void dgGLWindow::end() {}
 
 void dgGLWindow::resize(int width, int height)
 {
-    the_width = at_least_1(width);
-    the_height = at_least_1(height);
+    make_buffers(at_least_1(width), at_least_1(height));
+    the_overlay_used = 0;
+    the_front_changed = 1;
+}
+
+// Buffers of that size, or of 1 x 1.
+void dgGLWindow::make_buffers(int width, int height)
+{
     the_device->context().make_current();
     the_device->modes_owner(nullptr);
     the_buffers->free();
-    the_buffers->make_main(the_width, the_height);
-    if (the_overlay)
-        the_buffers->make_overlay(the_width, the_height);
-    the_overlay_used = 0;
-    the_front_changed = 1;
+    const auto made = [this](int wide, int high)
+    {
+        discard_errors();
+        const bool complete = the_buffers->make_main(wide, high) &&
+                              (!the_overlay || the_buffers->make_overlay(wide, high)) && glGetError() == GL_NO_ERROR;
+        the_width = complete ? wide : 1;
+        the_height = complete ? high : 1;
+        return complete;
+    };
+    if (fits_driver(width, height) && made(width, height))
+        return;
+    the_buffers->free();
+    made(1, 1);
+    discard_errors();
 }
 
 std::unique_ptr<dgDriver> dgGLWindow::make_driver(int inverting)

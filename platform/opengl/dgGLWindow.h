@@ -17,7 +17,8 @@ struct dgImage;
 class DG_OPENGL_EXPORT dgGLWindow : public dgWidgetWindow
 {
 public:
-    /// Sizes are pixels; below 1 they count as 1.
+    /// Sizes are pixels; below 1 they count as 1. When the driver cannot make surfaces of that size (its limits are
+    /// often 16384, and memory may end before), the window is 1 x 1: compare width and height with what was wanted.
     dgGLWindow(std::shared_ptr<dgGLDevice> device, int width, int height);
     ~dgGLWindow() override;
     dgGLWindow(const dgGLWindow&) = delete;
@@ -32,7 +33,7 @@ public:
     int width() const override { return the_width; }
     int height() const override { return the_height; }
 
-    /// Both layers become black and empty.
+    /// Both layers become black and empty. A size that the driver cannot make leaves a window of 1 x 1.
     void resize(int width, int height) override;
 
     std::unique_ptr<dgDriver> make_driver(int inverting) override;
@@ -66,6 +67,8 @@ public:
 private:
     class Overlay;
     struct Buffers;
+
+    void make_buffers(int width, int height);
 
     std::shared_ptr<dgGLDevice> the_device;
     std::unique_ptr<Buffers> the_buffers;
