@@ -88,3 +88,23 @@ function(gr_test target)
     target_include_directories(${target} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     add_test(NAME ${target} COMMAND ${target} --gtest_shuffle --gtest_brief=1)
 endfunction()
+
+# gr_fuzz(<target> <runs> SOURCES ... USES ...): a fuzz target, whose name is fuzz_ and that of its folder of the corpus.
+# With the sanitizers it is a test of that many byte strings with fixed seeds; with GR_FUZZ=ON and Clang a program of
+# libFuzzer.
+option(GR_FUZZ "Build the fuzz targets, with Clang for libFuzzer" OFF)
+function(gr_fuzz target runs)
+    if(NOT GR_FUZZ AND NOT GR_SANITIZE)
+        return()
+    endif()
+    cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+    if(GR_FUZZ AND CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+        gr_program(${target} SOURCES ${arg_SOURCES} USES ${arg_USES})
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer)
+        target_link_options(${target} PRIVATE -fsanitize=fuzzer)
+        return()
+    endif()
+    gr_program(${target} SOURCES ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/tests/fuzz/fuzz_main.cpp USES ${arg_USES})
+    string(REPLACE "fuzz_" "" corpus ${target})
+    add_test(NAME ${target} COMMAND ${target} ${runs} ${PROJECT_SOURCE_DIR}/tests/fuzz/corpus/${corpus})
+endfunction()

@@ -1,7 +1,25 @@
 #include "apClockOverride.h"
 #include "dgClientStructure.h"
+#include "dgLabel.h"
+#include "dgLineColour.h"
+#include "dgLineWidth.h"
+#include "dgPolyline.h"
+#include "dgStructureCall.h"
+#include "dgTransform.h"
+#include "dgTriangleBlock.h"
+#include "giTriBlock.h"
+#include "grAddToStructure.h"
+#include "grBlockDiagClass.h"
+#include "grBlockVisClass.h"
+#include "grBorkedTri.h"
 #include "grCanvas.h"
+#include "grColourMode.h"
+#include "grFastDrawMethod.h"
+#include "grIdImageSense.h"
+#include "grIdleAction.h"
+#include "grInterNode.h"
 #include "grIsometricTool.h"
+#include "grNodeLink.h"
 #include "grPrimColourType.h"
 #include "grRubberBandCallback.h"
 #include "grRubberBandColourAppElement.h"
@@ -12,17 +30,31 @@
 #include "grRubberBandMode.h"
 #include "grRubberBandSelectDriver.h"
 #include "grSpaceballTool.h"
+#include "grSpanEdge.h"
+#include "grSplitBlock.h"
+#include "grSplitterProgressSection.h"
+#include "grStruct2XML.h"
+#include "grStructureCutStatus.h"
+#include "grStructurePasteStatus.h"
+#include "grStructureStats.h"
 #include "grTimingStat.h"
 #include "grTimingStats.h"
+#include "grTrackballCentreType.h"
+#include "grTwidBusyState.h"
+#include "grTwidState.h"
 #include "grTwiddleTimer.h"
 #include "grView.h"
 #include "grViewPaperChild.h"
 #include "grViewTwiddleLock.h"
+#include "grZone.h"
+#include "gwResourceDB.h"
+#include "gwTypes.h"
 #include "tsScene.h"
 
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <limits>
 #include <map>
 #include <regex>
 #include <sstream>
@@ -109,6 +141,85 @@ void print_bands(std::ostream& os)
     print_names<grRubberBandMode>(os, 3);
 }
 
+// A structure with everything that has a form of its own.
+struct Network
+{
+    dgRef<dgStructure> root{new dgClientStructure}, part{new dgClientStructure};
+
+    Network()
+    {
+        auto* block = new giTriBlock;
+        block->nodes() = giBoxArrPoint3({{0, 0, 0}, {1, 0, 0}, {0, 0.1, 0}});
+        block->triangles().emplace_back(0, 1, 2);
+        part->add(new dgTriangleBlock(block, 1));
+        auto* with_normals = new giTriBlock(*block);
+        with_normals->create_normals()[2] = giVector3(0, 0, 1);
+        part->add(new dgTriangleBlock(with_normals, 1));
+        const double infinity = std::numeric_limits<double>::infinity();
+        for (dgGraphicalElement* element : std::initializer_list<dgGraphicalElement*>{
+                 new dgLineColour(gsColour(1, 0, 0.25)), new dgLineColour(gsColour::from_index(7)),
+                 new dgLineWidth(1.5), new dgLabel(-5), new dgTransform(giXform3::translation({1, 2, 3})),
+                 new dgPolyline({{0, 0, 0}, {1e-7, -2, 3}, {0, 0, 0}, {1, 1, 1}, {2, 2, 2}}),
+                 new dgPolyline({{infinity, -infinity, std::numeric_limits<double>::quiet_NaN()}}),
+                 new dgStructureCall(part.get()), new dgStructureCall(part.get()), new dgStructureCall(root.get()),
+                 new dgStructureCall(nullptr)})
+            root->add(element);
+    }
+    ~Network() { root->clear(); } // takes the circle apart
+};
+
+void print_structures(std::ostream& os)
+{
+    const Network network;
+    grStruct2XML xml(os);
+    xml.print_xml_header();
+    for (const char* comment : {"a --> b ---", "caf\xC3\xA9 \x01", "caf\xE9", "\xEF\xBF\xBE\xEF\xBF\xBF"})
+        xml.print_comment(comment);
+    xml.print(*network.root);
+    os << grStructureStats(network.root.get());
+    const dgRef<dgStructure> structure(new dgClientStructure);
+    grAddToStructure adder(structure.get());
+    adder.ignore_single_attribute(2);
+    adder.add(new dgLabel(1));
+    adder.add(new dgLineWidth(5));
+    os << adder << grAddToStructure(dgREFERENCE_NONE, nullptr);
+    print_names<grStructureCutStatus>(os, 3);
+    print_names<grStructurePasteStatus>(os, 3); // there is no 1
+    print_names<dgReferenceMode>(os, 2);
+}
+
+void print_meshes(std::ostream& os)
+{
+    grNodeLink link;
+    link.append_a_link(8);
+    os << grInterNode(0.25, 7) << grBorkedTri(1, 2, 3) << grSpanEdge(4, 5, 6, 7) << link;
+    grSplitBlock block(0);
+    block.add_overview_counts(1, 2, 3, 0);
+    block.zoom_point(giPoint3(1, 2, 3));
+    os << block;
+    print_names<grZone>(os, 5);
+    print_names<grBlockVisClass>(os, 4);
+    print_names<grBlockDiagClass>(os, 14);
+    print_names<grIdImageSense>(os, 2);
+    print_names<grSplitterProgressSection>(os, 4);
+}
+
+void print_tool_names(std::ostream& os)
+{
+    print_names<grColourMode>(os, 2);
+    print_names<grTwidState>(os, 3);
+    print_names<grTwidBusyState>(os, 2);
+    print_names<grIdleAction>(os, 2);
+    print_names<grTrackballCentreType>(os, 3);
+    print_names<grFastDrawMethod>(os, 2);
+    print_names<grViewLinkType>(os, 2);
+    print_names<grViewBackground>(os, 2);
+    print_names<gwKeyType>(os, 6);
+    print_names<gwDisplayBufferMode>(os, 3);
+    print_names<gwDriverType>(os, 6);
+    print_names<gwResourceStatus>(os, 3);
+}
+
 // With addresses numbered in the order of their appearance.
 std::string without_addresses(const std::string& text)
 {
@@ -130,6 +241,9 @@ TEST(dumps, are_as_in_the_file)
     print_views(os);
     print_timing(os);
     print_bands(os);
+    print_structures(os);
+    print_meshes(os);
+    print_tool_names(os);
     std::ifstream file(TS_DUMPS);
     std::istringstream printed(without_addresses(os.str()));
     std::string expected, found;

@@ -12,16 +12,7 @@
 
 namespace
 {
-const double largest = std::numeric_limits<double>::max();
-
-void expect_triangle(const tsTarn& tarn, const char* name)
-{
-    ASSERT_EQ(tarn.blocks.size(), 1u) << name;
-    EXPECT_EQ(tarn[0].node_count(), 3) << name;
-    EXPECT_EQ(tarn[0].nodes()[2], giPoint3(0, 2, 0)) << name;
-    ASSERT_EQ(tarn[0].triangle_count(), 1) << name;
-    EXPECT_EQ(tarn[0].triangles()[0], giTriangle(0, 1, 2)) << name;
-}
+constexpr double largest = std::numeric_limits<double>::max();
 
 class comma_punctuation : public std::numpunct<char>
 {
@@ -29,25 +20,54 @@ protected:
     char do_decimal_point() const override { return ','; }
 };
 
-std::string with_crlf(const std::string& text)
+std::string replaced(std::string text, const std::string& from, const std::string& to)
 {
-    std::string result;
-    for (char c : text)
-        result += c == '\n' ? std::string("\r\n") : std::string(1, c);
-    return result;
+    for (std::size_t at = text.find(from); at != std::string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
 }
 }
 
-TEST(gr_read_tarn_tblock, reads_nodes_normals_texture_and_triangles)
+TEST(gr_read_tarn_tblock, reads_one_triangle_however_its_file_is_laid_out)
 {
-    const tsTarn tarn(tarn_file("1", tarn_triangle("1", "1")));
-    expect_triangle(tarn, "normals");
-    EXPECT_EQ(tarn.count, 1);
-    EXPECT_EQ(tarn.first, tarn.blocks[0].get());
-    ASSERT_TRUE(tarn[0].normals() && tarn[0].texture_coordinates());
-    EXPECT_EQ(tarn[0].curvatures(), nullptr);
-    EXPECT_EQ((*tarn[0].normals())[1], giVector3(0, 1, 0));
-    EXPECT_EQ((*tarn[0].texture_coordinates())[1], giPoint2(0.75, 0.5));
+    const std::string file = tarn_file("1", tarn_triangle("1", "1"));
+    // The '*' stands where a reader of 100 characters at a time would see the start of a line.
+    const std::string starred = std::string(99, 'x') + "*" + std::string(100, '*') + "\n";
+    const struct
+    {
+        const char* name;
+        std::string text;
+    } cases[] = {
+        {"plain", file},
+        {"CRLF", replaced(file, "\n", "\r\n")},
+        {"long lines", starred + replaced(file, "skipped 2", std::string(1000, 'x'))},
+        {"empty lines before the header", "\n\n" + file},
+        {"no final line end", file.substr(0, file.size() - 1)},
+        {"final carriage return alone", file.substr(0, file.size() - 1) + "\r"},
+        {"text behind the star", "*star\n" + file.substr(file.find("1 blocks"))},
+        {"text behind the last block", file + "more * text"},
+        {"numbers in one line",
+         tarn_file("1", tarn_block_head("1 1 3 1 0") + "0 0 0 0 0 1 0.25 0.5 1 0 0 0 1 0 .75 5e-1 0 +2. 0 1 0 0 0.25 1 "
+                                                       "1 2 3 rest")},
+        {"a number a line", tarn_file("1", "\n\n\n1\n1\n3\n1\n0\n1\n2\n3\n4\n5\n6\n7\n8\n" +
+                                               std::string(tarn_three_nodes) + "\t1\v2\f\n\n3")},
+        {"a million digits", replaced(file, "0.75", "0.75" + std::string(1000000, '0'))},
+    };
+    for (const auto& c : cases)
+    {
+        SCOPED_TRACE(c.name);
+        const tsTarn tarn(c.text);
+        ASSERT_EQ(tarn.blocks.size(), 1u);
+        EXPECT_EQ(tarn.count, 1);
+        EXPECT_EQ(tarn.first, tarn.blocks[0].get());
+        EXPECT_EQ(tarn[0].curvatures(), nullptr);
+        ASSERT_TRUE(tarn[0].normals() && tarn[0].texture_coordinates());
+        EXPECT_EQ((*tarn[0].normals())[1], giVector3(0, 1, 0));
+        EXPECT_EQ((*tarn[0].texture_coordinates())[1], giPoint2(0.75, 0.5));
+        ASSERT_EQ(tarn[0].node_count(), 3);
+        EXPECT_EQ(tarn[0].nodes()[2], giPoint3(0, 2, 0));
+        EXPECT_EQ(tarn[0].triangles(), std::vector<giTriangle>{giTriangle(0, 1, 2)});
+    }
 }
 
 TEST(gr_read_tarn_tblock, only_mode_1_is_normals_and_any_flag_but_0_is_texture)
@@ -60,7 +80,7 @@ TEST(gr_read_tarn_tblock, only_mode_1_is_normals_and_any_flag_but_0_is_texture)
     for (const auto& c : cases)
     {
         const tsTarn tarn(tarn_file("1", tarn_triangle(c.mode, c.flag)));
-        expect_triangle(tarn, c.mode);
+        ASSERT_EQ(tarn.blocks.size(), 1u) << c.mode;
         EXPECT_EQ(tarn[0].normals() != nullptr, c.normals) << c.mode;
         EXPECT_EQ(tarn[0].curvatures() != nullptr, !c.normals) << c.mode;
         EXPECT_EQ(tarn[0].texture_coordinates() != nullptr, c.texture) << c.flag;
@@ -81,57 +101,14 @@ TEST(gr_read_tarn_tblock, the_lowest_double_as_first_curvature_becomes_the_large
 
 TEST(gr_read_tarn_tblock, the_index_takes_a_line_for_five_blocks)
 {
-    const struct
-    {
-        int blocks, index_lines;
-    } cases[] = {{1, 1}, {5, 1}, {6, 2}, {10, 2}, {11, 3}};
-    for (const auto& c : cases)
+    for (const auto& [n, index_lines] : {std::pair(1, 1), {5, 1}, {6, 2}, {10, 2}, {11, 3}})
     {
         std::string blocks;
-        for (int number = 0; number < c.blocks; ++number)
+        for (int number = 0; number < n; ++number)
             blocks += tarn_triangle("1", "0");
-        const tsTarn tarn(tarn_file(std::to_string(c.blocks), blocks, c.index_lines));
-        EXPECT_EQ(tarn.blocks.size(), static_cast<std::size_t>(c.blocks)) << c.blocks;
-        EXPECT_EQ(tarn.count, c.blocks);
+        const tsTarn tarn(tarn_file(std::to_string(n), blocks, index_lines));
+        EXPECT_EQ(tarn.blocks.size(), static_cast<std::size_t>(n));
     }
-}
-
-TEST(gr_read_tarn_tblock, lines_have_any_length_and_either_end)
-{
-    const std::string long_line(1000, 'x');
-    // The '*' stands where a reader of 100 characters at a time would see the start of a line.
-    const std::string starred = std::string(99, 'x') + "*" + std::string(100, '*') + "\n";
-    const std::string file = tarn_file("1", tarn_triangle("1", "1"));
-    std::string longer = starred + file;
-    longer.replace(longer.find("skipped 2"), 9, long_line);
-    const struct
-    {
-        const char* name;
-        std::string text;
-    } cases[] = {
-        {"CRLF", with_crlf(file)},
-        {"long lines", longer},
-        {"empty lines before the header", "\n\n" + file},
-        {"no final line end", file.substr(0, file.size() - 1)},
-        {"final carriage return alone", file.substr(0, file.size() - 1) + "\r"},
-        {"text behind the star", "*star\n" + file.substr(file.find("1 blocks"))},
-        {"text behind the last block", file + "more * text"},
-    };
-    for (const auto& c : cases)
-        expect_triangle(tsTarn(c.text), c.name);
-}
-
-TEST(gr_read_tarn_tblock, numbers_need_blanks_but_no_lines)
-{
-    const tsTarn one_line(
-        tarn_file("1", tarn_block_head("1 1 3 1 0") +
-                           "0 0 0 0 0 1 0.25 0.5 1 0 0 0 1 0 .75 5e-1 0 +2. 0 1 0 0 0.25 1 1 2 3 rest"));
-    expect_triangle(one_line, "one line");
-    EXPECT_EQ((*one_line[0].texture_coordinates())[1], giPoint2(0.75, 0.5));
-
-    const tsTarn five_lines(tarn_file("1", "\n\n\n1\n1\n3\n1\n0\n1\n2\n3\n4\n5\n6\n7\n8\n" +
-                                               std::string(tarn_three_nodes) + "\t1\v2\f\n\n3"));
-    expect_triangle(five_lines, "five lines");
 }
 
 TEST(gr_read_tarn_tblock, numbers_keep_their_value_wherever_the_pieces_of_the_stream_end)
@@ -150,44 +127,18 @@ TEST(gr_read_tarn_tblock, numbers_keep_their_value_wherever_the_pieces_of_the_st
     }
 }
 
-TEST(gr_read_tarn_tblock, a_number_longer_than_any_buffer_is_read)
+TEST(gr_read_tarn_tblock, without_a_list_the_first_block_is_kept_and_the_stream_stands_behind_the_last_in_any_locale)
 {
-    std::string text = tarn_file("1", tarn_triangle("1", "1"));
-    text.replace(text.find("0.75"), 4, "0.75" + std::string(1000000, '0'));
-    const tsTarn tarn(text);
-    expect_triangle(tarn, "a million digits");
-    EXPECT_EQ((*tarn[0].texture_coordinates())[1], giPoint2(0.75, 0.5));
-}
-
-TEST(gr_read_tarn_tblock, the_decimal_point_is_a_point_in_every_locale)
-{
-    std::istringstream stream(tarn_file("1", tarn_triangle("1", "1")));
-    stream.imbue(std::locale(std::locale::classic(), new comma_punctuation));
-    int count = 0;
-    const std::unique_ptr<giTriBlock> block(gr_read_tarn_tblock(stream, count, nullptr));
-    ASSERT_TRUE(block);
-    EXPECT_EQ((*block->texture_coordinates())[1], giPoint2(0.75, 0.5));
-}
-
-TEST(gr_read_tarn_tblock, without_a_list_only_the_first_block_is_kept)
-{
-    std::istringstream stream(tarn_file("2", tarn_triangle("1", "1") + tarn_triangle("0", "0")));
-    int count = 0;
-    const std::unique_ptr<giTriBlock> block(gr_read_tarn_tblock(stream, count, nullptr));
-    ASSERT_TRUE(block);
-    EXPECT_EQ(count, 2);
-    EXPECT_NE(block->normals(), nullptr);
-}
-
-TEST(gr_read_tarn_tblock, stands_behind_the_last_block_afterwards)
-{
-    const std::string file = tarn_file("1", tarn_triangle("1", "1"));
+    const std::string file = tarn_file("2", tarn_triangle("1", "1") + tarn_triangle("0", "0"));
     std::istringstream stream(file + file + "rest");
-    int count = 0;
+    stream.imbue(std::locale(std::locale::classic(), new comma_punctuation));
     for (int number = 0; number < 2; ++number)
     {
+        int count = 0;
         const std::unique_ptr<giTriBlock> block(gr_read_tarn_tblock(stream, count, nullptr));
-        ASSERT_TRUE(block) << number;
+        ASSERT_TRUE(block && block->normals()) << number;
+        EXPECT_EQ(count, 2);
+        EXPECT_EQ((*block->texture_coordinates())[1], giPoint2(0.75, 0.5));
     }
     std::string rest;
     EXPECT_TRUE(std::getline(stream, rest));
@@ -200,12 +151,12 @@ TEST(gr_read_tarn_tblock, a_structure_gets_a_triangle_block_for_each)
     std::istringstream stream(tarn_file("2", tarn_triangle("1", "1") + tarn_triangle("0", "0")));
     EXPECT_EQ(gr_read_tarn_tblock(stream, structure.get()), 2);
     ASSERT_EQ(structure->nelements(), 2);
-    dgTriangleBlock* first = dgTriangleBlock::ut_dynamic_cast(structure->element(0));
-    dgTriangleBlock* second = dgTriangleBlock::ut_dynamic_cast(structure->element(1));
-    ASSERT_TRUE(first && second);
-    EXPECT_NE(first->block().normals(), nullptr);
-    EXPECT_NE(second->block().curvatures(), nullptr);
-
+    for (const int number : {0, 1})
+    {
+        dgTriangleBlock* element = dgTriangleBlock::ut_dynamic_cast(structure->element(number));
+        ASSERT_TRUE(element);
+        EXPECT_EQ(element->block().normals() != nullptr, number == 0);
+    }
     std::istringstream damaged(tarn_file("2", tarn_triangle("1", "1")));
     EXPECT_EQ(gr_read_tarn_tblock(damaged, structure.get()), 0);
     EXPECT_EQ(structure->nelements(), 2) << "nothing is added after a failure";

@@ -4,7 +4,10 @@
 
 #include "splitScene.h"
 
+#include "dgAttributeArray.h"
 #include "dgImage.h"
+#include "dgInteriorStyle.h"
+#include "dgS.h"
 
 #include <gtest/gtest.h>
 
@@ -12,41 +15,34 @@
 
 namespace
 {
-grPixelCountcoDynArr counts_of(grIdImage& image, const giBox3& box, const std::vector<int>& blocks,
-                               grIdImageSense sense, int n_blocks)
+std::vector<int> counts_of(grIdImage& image, const giBox3& box, const std::vector<int>& blocks, grIdImageSense sense)
 {
     grPixelCountcoDynArr counts;
-    grSplitUtils::init(counts, n_blocks);
     image.count_pixels(image.make_image(box, blocks, sense), counts);
-    return counts;
+    return {counts.begin(), counts.end()};
 }
 }
 
-TEST(grIdImage, blocks_cover_just_their_pixels_and_hide_each_other)
+TEST(grIdImage, blocks_cover_just_their_pixels_and_hide_each_other_whatever_the_default_style)
 {
     SplitScene scene;
     scene.add_plate(0, 0, 8, 4, 1);
     scene.add_plate(2, 1, 6, 3, 2);
     scene.add_plate(0, 0, 4, 4, 0, -1);
     const giBox3 box(giPoint3(0, 0, 0), giPoint3(8, 4, 2));
-    grIdImage image;
-    ASSERT_TRUE(image.initialize(&scene.window, 80, 80, scene.blocks, box));
-    int width = 0, height = 0;
-    image.size_of_box(box, width, height);
-    EXPECT_EQ(width, 80);
-    EXPECT_EQ(height, 40);
-    const grPixelCountcoDynArr above = counts_of(image, box, {0, 1, 2}, grID_IMAGE_UPPER, 3);
-    EXPECT_EQ(above[0], 3200 - 800);
-    EXPECT_EQ(above[1], 800);
-    EXPECT_EQ(above[2], 0);
-    const grPixelCountcoDynArr below = counts_of(image, box, {0, 1, 2}, grID_IMAGE_LOWER, 3);
-    EXPECT_EQ(below[0], 1600);
-    EXPECT_EQ(below[1], 0);
-    EXPECT_EQ(below[2], 1600);
-    grPixelCountcoDynArr counts; // made to fit
-    image.count_pixels(image.make_image(box, {1}, grID_IMAGE_LOWER), counts);
-    ASSERT_EQ(counts.count(), 3);
-    EXPECT_EQ(counts[1], 800);
+    for (const int filled : {0, 1}) // the default at last
+    {
+        dgS::attribute_array().set(new dgInteriorStyle(filled));
+        grIdImage image;
+        ASSERT_TRUE(image.initialize(&scene.window, 80, 80, scene.blocks, box));
+        int width = 0, height = 0;
+        image.size_of_box(box, width, height);
+        EXPECT_EQ(width, 80);
+        EXPECT_EQ(height, 40);
+        EXPECT_EQ(counts_of(image, box, {0, 1, 2}, grID_IMAGE_UPPER), (std::vector<int>{3200 - 800, 800, 0}));
+        EXPECT_EQ(counts_of(image, box, {0, 1, 2}, grID_IMAGE_LOWER), (std::vector<int>{1600, 0, 1600}));
+        EXPECT_EQ(counts_of(image, box, {1}, grID_IMAGE_LOWER), (std::vector<int>{0, 800, 0}));
+    }
 }
 
 TEST(grIdImage, image_is_the_right_way_round_and_the_lower_one_turned_over)
@@ -56,16 +52,16 @@ TEST(grIdImage, image_is_the_right_way_round_and_the_lower_one_turned_over)
     const giBox3 box(giPoint3(0, 0, -1), giPoint3(4, 2, 1));
     grIdImage image;
     ASSERT_TRUE(image.initialize(&scene.window, 40, 40, scene.blocks, box));
-    const dgImage above = image.make_image(box, {0}, grID_IMAGE_UPPER);
-    ASSERT_EQ(above.width, 40);
-    ASSERT_EQ(above.height, 20);
-    EXPECT_EQ(grSplit::get_pixel(above, 2, 2), 0);
-    EXPECT_EQ(grSplit::get_pixel(above, 37, 2), grSplit::max_index());
-    EXPECT_EQ(grSplit::get_pixel(above, 2, 17), grSplit::max_index());
-    const dgImage below = image.make_image(box, {0}, grID_IMAGE_LOWER);
-    EXPECT_EQ(grSplit::get_pixel(below, 37, 2), 0);
-    EXPECT_EQ(grSplit::get_pixel(below, 2, 2), grSplit::max_index());
-    const dgImage small = image.make_image(box, {0}, grID_IMAGE_UPPER, 4);
+    for (const auto& [sense, column] : {std::pair(grID_IMAGE_UPPER, 2), {grID_IMAGE_LOWER, 37}})
+    {
+        const dgImage& seen = image.make_image(box, {0}, sense);
+        ASSERT_EQ(seen.width, 40);
+        ASSERT_EQ(seen.height, 20);
+        EXPECT_EQ(grSplit::get_pixel(seen, column, 2), 0);
+        EXPECT_EQ(grSplit::get_pixel(seen, 39 - column, 2), grSplit::max_index());
+        EXPECT_EQ(grSplit::get_pixel(seen, column, 17), grSplit::max_index());
+    }
+    const dgImage& small = image.make_image(box, {0}, grID_IMAGE_UPPER, 4);
     EXPECT_EQ(small.width, 10);
     EXPECT_EQ(small.height, 5);
 }
@@ -79,12 +75,7 @@ TEST(grIdImage, colours_are_exact_for_every_index)
     const giBox3 box(giPoint3(0, 0, -1), giPoint3(40, 30, 1));
     grIdImage image;
     ASSERT_TRUE(image.initialize(&scene.window, 80, 80, scene.blocks, box));
-    std::vector<int> all;
-    for (int i = 0; i < n; ++i)
-        all.push_back(i);
-    const grPixelCountcoDynArr counts = counts_of(image, box, all, grID_IMAGE_UPPER, n);
-    for (int i = 0; i < n; ++i)
-        ASSERT_EQ(counts[i], 4) << i;
+    EXPECT_EQ(counts_of(image, box, scene.all(), grID_IMAGE_UPPER), std::vector<int>(n, 4));
 }
 
 TEST(grIdImage, blocks_counted_alone_have_the_pixels_of_an_image_of_their_own)
@@ -99,14 +90,11 @@ TEST(grIdImage, blocks_counted_alone_have_the_pixels_of_an_image_of_their_own)
     ASSERT_TRUE(image.initialize(&scene.window, 130, 130, scene.blocks, box));
     for (const grIdImageSense sense : {grID_IMAGE_UPPER, grID_IMAGE_LOWER})
     {
-        std::vector<int> all;
-        for (int i = 0; i < scene.blocks.count(); ++i)
-            all.push_back(i);
         grPixelCountcoDynArr alone;
         grSplitUtils::init(alone, scene.blocks.count());
-        image.count_alone(box, all, sense, alone);
-        for (const int block : all)
-            EXPECT_EQ(alone[block], counts_of(image, box, {block}, sense, scene.blocks.count())[block]) << block;
+        image.count_alone(box, scene.all(), sense, alone);
+        for (const int block : scene.all())
+            EXPECT_EQ(alone[block], counts_of(image, box, {block}, sense)[static_cast<std::size_t>(block)]) << block;
         EXPECT_EQ(alone[30], 130 * 90);
         EXPECT_EQ(alone[31], 0);
     }
@@ -117,12 +105,16 @@ TEST(grIdImage, what_cannot_be_drawn_is_refused)
     SplitScene scene;
     scene.add_plate(0, 0, 1, 1, 0);
     grIdImage image;
-    const double inf = std::numeric_limits<double>::infinity();
-    EXPECT_FALSE(image.initialize(nullptr, 10, 10, scene.blocks, scene.box()));
-    EXPECT_FALSE(image.initialize(&scene.window, 0, 10, scene.blocks, scene.box()));
+    const giBox3 box = scene.owned[0]->box(),
+                 endless(giPoint3(), giPoint3(std::numeric_limits<double>::infinity(), 1, 1));
+    EXPECT_FALSE(image.initialize(nullptr, 10, 10, scene.blocks, box));
+    EXPECT_FALSE(image.initialize(&scene.window, 0, 10, scene.blocks, box));
+    EXPECT_FALSE(image.initialize(&scene.window, 10, 0, scene.blocks, box));
     EXPECT_FALSE(image.initialize(&scene.window, 10, 10, scene.blocks, giBox3()));
-    EXPECT_FALSE(image.initialize(&scene.window, 10, 10, scene.blocks, giBox3(giPoint3(), giPoint3(inf, 1, 1))));
-    ASSERT_TRUE(image.initialize(&scene.window, 10, 10, scene.blocks, scene.box()));
+    EXPECT_FALSE(image.initialize(&scene.window, 10, 10, scene.blocks, endless));
+    EXPECT_FALSE(image.initialize(&scene.window, 10000000, 10, scene.blocks, box)); // more than any driver makes
+    EXPECT_FALSE(image.initialize(&scene.window, 10, 10000000, scene.blocks, box));
+    ASSERT_TRUE(image.initialize(&scene.window, 10, 10, scene.blocks, box));
     const giBox3 line(giPoint3(0, 0, 0), giPoint3(0, 0, 5)); // no extent to be enlarged
     EXPECT_EQ(image.make_image(line, {0}, grID_IMAGE_UPPER).rgba.size(), 0u);
 }

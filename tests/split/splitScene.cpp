@@ -6,13 +6,20 @@
 
 #include <gtest/gtest.h>
 
-std::shared_ptr<dgGLDevice> split_device()
+#include <numeric>
+
+namespace
+{
+std::shared_ptr<dgGLDevice> shared_device()
 {
     static std::string error;
     static const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
     EXPECT_NE(device, nullptr) << error;
     return device;
 }
+}
+
+SplitScene::SplitScene() : window(shared_device(), 8, 8) {}
 
 int SplitScene::add(std::unique_ptr<giTriBlock> block)
 {
@@ -21,9 +28,11 @@ int SplitScene::add(std::unique_ptr<giTriBlock> block)
     return static_cast<int>(owned.size()) - 1;
 }
 
-int SplitScene::add_box(const giPoint3& low, const giPoint3& high)
+int SplitScene::add_box(const giPoint3& low, const giPoint3& high, std::size_t n_triangles)
 {
-    return add(std::unique_ptr<giTriBlock>(gr_make_box_tblock(giBox3(low, high))));
+    std::unique_ptr<giTriBlock> box(gr_make_box_tblock(giBox3(low, high)));
+    box->triangles().resize(n_triangles);
+    return add(std::move(box));
 }
 
 int SplitScene::add_plate(double low_x, double low_y, double high_x, double high_y, double z, int facing)
@@ -33,10 +42,9 @@ int SplitScene::add_plate(double low_x, double low_y, double high_x, double high
     return add(std::unique_ptr<giTriBlock>(gr_make_tblock(corners, facing > 0 ? up : down)));
 }
 
-giBox3 SplitScene::box() const
+std::vector<int> SplitScene::all() const
 {
-    giBox3 sum;
-    for (const auto& block : owned)
-        sum.merge(block->box());
-    return sum;
+    std::vector<int> numbers(owned.size());
+    std::iota(numbers.begin(), numbers.end(), 0);
+    return numbers;
 }

@@ -1,53 +1,63 @@
 #include "grStructureTraverser.h"
 
-#include "tsNetwork.h"
+#include "tsStructures.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-tsVisit visit_of(const grStructureTraverser& traverser)
+struct Visit
 {
-    return {traverser.current(), traverser.position(), traverser.depth(), traverser.read()};
+    std::string word;
+    int depth, position;
+    bool operator==(const Visit&) const = default;
+};
+
+std::ostream& operator<<(std::ostream& os, const Visit& visit)
+{
+    return os << visit.word << " at " << visit.position << " of level " << visit.depth;
 }
 
-// A traverser as an index into the flattened network, -1 for undefined.
-class Flattened
+// A traverser as an index into the words of a text, -1 for undefined.
+class Words
 {
 public:
-    explicit Flattened(dgStructure* root) : the_visits(tsFlatten(root)) {}
-
-    int next() { return the_index + 1 < size() ? (++the_index, 1) : (the_index = last_of_root(), 0); }
-    int previous()
+    explicit Words(const std::string& text)
     {
-        if (the_index == -1)
-            return size() > 0 ? (the_index = size() - 1, 1) : 0;
-        return --the_index >= 0;
+        std::vector<int> positions{0};
+        std::istringstream words(ts_expanded(text));
+        for (std::string word; words >> word;)
+        {
+            if (word == ")")
+            {
+                positions.pop_back();
+                continue;
+            }
+            the_visits.push_back({word, static_cast<int>(positions.size()), positions.back()++});
+            if (positions.size() == 1)
+                the_last_of_root = size() - 1;
+            if (word == "(")
+                positions.push_back(0);
+        }
     }
-    dgGraphicalElement* find(int type, int skip_first)
+
+    int next() { return the_index + 1 < size() ? (++the_index, 1) : (the_index = the_last_of_root, 0); }
+    int previous() { return the_index = the_index < 0 ? size() - 1 : the_index - 1, the_index >= 0; }
+    int find(const std::string& words, int skip_first)
     {
-        for (int i = the_index == -1 ? 0 : the_index + skip_first; i < size(); ++i)
-            if (the_visits[static_cast<std::size_t>(i)].element->type() == type)
-                return the_visits[static_cast<std::size_t>(the_index = i)].element;
-        the_index = last_of_root();
-        return nullptr;
+        for (int i = the_index < 0 ? 0 : the_index + skip_first; i < size(); ++i)
+            if (words.find(the_visits[static_cast<std::size_t>(i)].word) != std::string::npos)
+                return the_index = i, 1;
+        return the_index = the_last_of_root, 0;
     }
     void reset() { the_index = -1; }
-    int undefined() const { return the_index == -1; }
-    const tsVisit& visit() const { return the_visits[static_cast<std::size_t>(the_index)]; }
+    Visit visit() const { return the_index < 0 ? Visit() : the_visits[static_cast<std::size_t>(the_index)]; }
 
 private:
     int size() const { return static_cast<int>(the_visits.size()); }
-    int last_of_root() const
-    {
-        for (int i = size() - 1; i >= 0; --i)
-            if (the_visits[static_cast<std::size_t>(i)].depth == 1)
-                return i;
-        return -1;
-    }
 
-    std::vector<tsVisit> the_visits;
-    int the_index = -1;
+    std::vector<Visit> the_visits;
+    int the_last_of_root = -1, the_index = -1;
 };
 
 class Protected : public grStructureTraverser
@@ -59,146 +69,123 @@ public:
 };
 }
 
-TEST(grStructureTraverser, agrees_with_a_flattened_network_under_random_steps)
+TEST(grStructureTraverser, goes_through_the_words_of_a_text_under_random_steps)
 {
-    for (unsigned seed = 0; seed < 200; ++seed)
+    const struct
     {
-        SCOPED_TRACE(testing::Message() << "seed " << seed);
-        const int circles = seed % 2;
-        tsNetwork network(seed, circles ? 5 : 8, circles);
-        Flattened flattened(&network.root());
-        grStructureTraverser traverser(&network.root());
+        int type;
+        const char* words;
+    } finds[] = {{dgTYPE_LABEL, "1237"}, {dgTYPE_LINE_WIDTH, "w"}, {dgTYPE_STRUCTURE_CALL, "(^@-"}, {1000, " "}};
+    for (unsigned seed = 0; seed < 150; ++seed)
+    {
+        const std::string text =
+            seed < 10 ? ts_nested(static_cast<int>(seed) + 12, "( 1 ) & ( & )") : ts_random_text(seed);
+        SCOPED_TRACE(text);
+        tsStructures structures(text);
+        Words words(text);
+        grStructureTraverser traverser(&structures.root());
         std::mt19937 random(seed);
-        for (int step = 0; step < 300; ++step)
+        for (int step = 0; step < 200; ++step)
         {
-            const int types[] = {dgTYPE_LABEL, dgTYPE_LINE_WIDTH, dgTYPE_STRUCTURE_CALL, dgTYPE_POLYLINE};
-            const int type = types[random() % 16 ? random() % 3 : 3];
-            switch (random() % 8)
+            const auto& [type, name] = finds[random() % 16 ? random() % 3 : 3];
+            const unsigned choice = random() % 64;
+            if (choice < 24)
+                ASSERT_EQ(traverser.next(), words.next());
+            else if (choice < 40)
+                ASSERT_EQ(traverser.previous(), words.previous());
+            else if (choice < 48)
+                ASSERT_EQ(traverser.find(type) != nullptr, words.find(name, 0));
+            else if (choice < 62)
+                ASSERT_EQ(traverser.find(type, grSKIP_FIRST_ELEMENT) != nullptr, words.find(name, 1));
+            else
+                traverser.reset(), words.reset();
+            ASSERT_EQ(traverser.undefined(), words.visit().word.empty());
+            if (!traverser.undefined())
             {
-            case 0:
-            case 1:
-            case 2: ASSERT_EQ(traverser.next(), flattened.next()) << "step " << step; break;
-            case 3:
-            case 4: ASSERT_EQ(traverser.previous(), flattened.previous()) << "step " << step; break;
-            case 5: ASSERT_EQ(traverser.find(type), flattened.find(type, 0)) << "step " << step; break;
-            case 6:
-                ASSERT_EQ(traverser.find(type, grSKIP_FIRST_ELEMENT), flattened.find(type, 1)) << "step " << step;
-                break;
-            case 7:
-                if (random() % 8 == 0)
-                {
-                    traverser.reset();
-                    flattened.reset();
-                }
-            }
-            ASSERT_EQ(traverser.undefined(), flattened.undefined()) << "step " << step;
-            if (!flattened.undefined())
-            {
-                ASSERT_EQ(visit_of(traverser), flattened.visit()) << "step " << step;
+                ASSERT_EQ((Visit{structures.word_of(*traverser.current(), *traverser.read()), traverser.depth(),
+                                 traverser.position()}),
+                          words.visit());
             }
         }
     }
 }
 
-TEST(grStructureTraverser, enters_a_last_call_of_the_root_again_behind_the_end)
-{
-    const dgRef<dgStructure> root = tsChain(2);
-    grStructureTraverser traverser(root.get());
-    EXPECT_EQ(traverser.next() + traverser.next() + traverser.next(), 3);
-    EXPECT_EQ(traverser.depth(), 2);
-    EXPECT_EQ(traverser.next(), 0);
-    EXPECT_EQ(traverser.depth(), 1);
-    EXPECT_EQ(traverser.position(), 1);
-    EXPECT_EQ(traverser.next(), 1);
-    EXPECT_EQ(traverser.depth(), 2);
-}
-
 TEST(grStructureTraverser, stays_undefined_in_an_empty_root)
 {
-    const dgRef<dgStructure> root(new dgClientStructure);
-    grStructureTraverser traverser(root.get());
-    EXPECT_EQ(traverser.next(), 0);
-    EXPECT_EQ(traverser.previous(), 0);
+    tsStructures structures("");
+    grStructureTraverser traverser(&structures.root());
+    EXPECT_EQ(traverser.next() + traverser.previous(), 0);
     EXPECT_EQ(traverser.find(dgTYPE_LABEL), nullptr);
     EXPECT_EQ(traverser.read(), nullptr);
-    EXPECT_TRUE(traverser.empty());
-    EXPECT_TRUE(traverser.undefined());
+    EXPECT_TRUE(traverser.empty() && traverser.undefined());
     EXPECT_EQ(traverser.depth(), 1);
 }
 
-TEST(grStructureTraverser, goes_on_behind_an_element_deleted_at_the_cursor)
+TEST(grStructureTraverser, goes_on_behind_what_is_deleted_at_the_cursor)
 {
-    const dgRef<dgStructure> root(new dgClientStructure);
-    for (int label = 0; label < 6; ++label)
-        root->add(new dgLabel(label));
-    grStructureTraverser traverser(root.get());
-    std::vector<int> met;
+    tsStructures structures("0 1 2 3 4");
+    dgStructure& root = structures.root();
+    grStructureTraverser traverser(&root);
+    std::string met;
     while (traverser.next())
     {
-        met.push_back(traverser.read()->label());
-        if (met.back() % 2 == 0)
-            root->delete_range(root->cursor(), root->cursor());
+        met += std::to_string(traverser.read()->label());
+        if (met.size() % 2)
+            root.delete_range(root.cursor(), root.cursor());
     }
-    EXPECT_EQ(met, (std::vector<int>{0, 1, 2, 3, 4, 5}));
-    EXPECT_EQ(root->nelements(), 3);
-}
-
-TEST(grStructureTraverser, finds_what_follows_a_first_element_deleted_at_the_cursor)
-{
+    EXPECT_EQ(met, "01234");
+    EXPECT_EQ(structures.text_of(root), "1 3 ");
     for (const grConsiderFirstElement consider : {grCONSIDER_FIRST_ELEMENT, grSKIP_FIRST_ELEMENT})
     {
-        const dgRef<dgStructure> root(new dgClientStructure);
-        for (int label = 0; label < 3; ++label)
-            root->add(new dgLabel(label));
-        grStructureTraverser traverser(root.get());
+        root.insert(new dgLabel(5));
+        traverser.reset();
         traverser.next();
-        root->delete_range(0, 0);
-        EXPECT_EQ(traverser.find(dgTYPE_LABEL, consider), root->element(0));
+        root.delete_range(0, 0);
+        EXPECT_EQ(traverser.find(dgTYPE_LABEL, consider), root.element(0));
         EXPECT_EQ(traverser.position(), 0);
     }
 }
 
 TEST(grStructureTraverser, steps_back_to_nothing_when_its_callers_were_cleared)
 {
-    const dgRef<dgStructure> root = tsChain(3);
-    const dgRef<dgStructure> second(root->element(1)->called_structure()),
-        third(second->element(1)->called_structure());
-    grStructureTraverser traverser(root.get());
+    tsStructures structures("1 ( 2 ( 3 ) )");
+    dgStructure& root = structures.root();
+    dgStructure* second = root.element(1)->called_structure();
+    grStructureTraverser traverser(&root);
     EXPECT_EQ(traverser.previous(), 1);
-    EXPECT_EQ(traverser.current(), third.get());
-    root->clear();
+    EXPECT_EQ(traverser.depth(), 3);
+    root.clear();
     second->clear();
     EXPECT_EQ(traverser.previous(), 0);
     EXPECT_TRUE(traverser.undefined());
-    EXPECT_EQ(traverser.current(), root.get());
+    EXPECT_EQ(traverser.current(), &root);
 }
 
 TEST(grStructureTraverser, positions_on_the_last_leaf)
 {
-    const dgRef<dgStructure> root = tsChain(3);
-    Protected traverser(root.get());
+    tsStructures structures("1 ( 2 ( 3 ) )");
+    Protected traverser(&structures.root());
     traverser.position_on_last_element();
     EXPECT_EQ(traverser.depth(), 3);
     EXPECT_EQ(traverser.read()->label(), 3);
     EXPECT_EQ(traverser.position_on_last_of_structure_call(traverser.current()), 0);
     traverser.reset();
-    root->set_cursor(1);
-    EXPECT_EQ(traverser.position_on_last_of_structure_call(root.get()), 1);
+    structures.root().set_cursor(1);
+    EXPECT_EQ(traverser.position_on_last_of_structure_call(&structures.root()), 1);
     EXPECT_EQ(traverser.depth(), 3);
 }
 
 TEST(grStructureTraverser, takes_100000_levels_there_and_back)
 {
-    constexpr int levels = 100000;
-    const dgRef<dgStructure> root = tsChain(levels);
-    grStructureTraverser traverser(root.get());
+    tsStructures structures(ts_nested(100000, "1"));
+    grStructureTraverser traverser(&structures.root());
     int forwards = 0, backwards = 0;
     while (traverser.next())
         ++forwards;
-    EXPECT_EQ(forwards, 2 * levels - 1);
     traverser.reset();
     while (traverser.previous())
         ++backwards;
-    EXPECT_EQ(backwards, 2 * levels - 1);
+    EXPECT_EQ(forwards, 200001);
+    EXPECT_EQ(backwards, 200001);
     EXPECT_EQ(traverser.find(dgTYPE_POLYLINE), nullptr);
 }

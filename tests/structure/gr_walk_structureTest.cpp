@@ -2,167 +2,142 @@
 
 #include "grFindElements.h"
 
-#include "tsNetwork.h"
+#include "tsStructures.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-struct Event
+tsStructures* the_structures = nullptr; // for callbacks without user data
+std::string the_record;
+
+void note(dgStructure* structure, dgGraphicalElement* element)
 {
-    int post;
-    dgStructure* structure; // null where the callback is not told
-    dgGraphicalElement* element;
-    bool operator==(const Event&) const = default;
-};
-
-using Events = std::vector<Event>;
-
-Events the_events; // for callbacks without user data
-
-void note(dgStructure* structure, dgGraphicalElement* element, void* events)
-{
-    static_cast<Events*>(events)->push_back({0, structure, element});
+    the_record += the_structures->word_of(*structure, *element) + ' ';
 }
 
-void note_post(dgStructure* structure, dgGraphicalElement* element, void* events)
+void note_post(dgStructure* structure, dgGraphicalElement* element)
 {
-    static_cast<Events*>(events)->push_back({1, structure, element});
+    if (the_structures->word_of(*structure, *element) == "(")
+        the_record += ") ";
 }
 
-// By plain recursion.
-void expect(dgStructure* structure, grRecursive recursive, std::vector<dgStructure*>& open, Events& events)
+template <class Walk>
+std::string recorded(tsStructures& structures, Walk walk)
 {
-    open.push_back(structure);
-    for (int i = 0; i < structure->nelements(); ++i)
+    the_structures = &structures;
+    the_record.clear();
+    walk(&structures.root());
+    return the_record;
+}
+
+std::string without(std::string text, const std::string& word)
+{
+    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word))
+        text.erase(at, word.size());
+    return text;
+}
+
+// The words outside of all groups, which are empty.
+std::string top_of(const std::string& text)
+{
+    std::string top;
+    int depth = 0;
+    for (const char c : ts_expanded(text))
     {
-        dgGraphicalElement* element = structure->element(i);
-        events.push_back({0, structure, element});
-        if (element->type() != dgTYPE_STRUCTURE_CALL)
-            continue;
-        dgStructure* called = element->called_structure();
-        if (recursive == grRECURSIVE_YES && called && std::find(open.begin(), open.end(), called) == open.end())
-            expect(called, recursive, open, events);
-        events.push_back({1, structure, element});
+        depth -= c == ')';
+        if (depth == 0)
+            top += c;
+        if (c == '(' && depth++ == 0)
+            top += ' ';
+        if (c == ')' && depth == 0 && top.back() != ')')
+            top += ')';
     }
-    open.pop_back();
-}
-
-template <class Condition>
-Events select(const Events& events, Condition condition)
-{
-    Events selected;
-    std::copy_if(events.begin(), events.end(), std::back_inserter(selected), condition);
-    return selected;
+    return top;
 }
 }
 
-TEST(gr_walk_structure, calls_before_every_element_and_after_every_call)
+TEST(gr_walk_structure, goes_through_the_text_of_a_structure)
 {
-    for (unsigned seed = 0; seed < 200; ++seed)
+    std::vector<std::string> texts{"1 ( 2 ( 3 ) & - @ ^ ) ( ) w", "", "( ( @ 1 ) & ) ( & )"};
+    for (unsigned seed = 0; seed < 100; ++seed)
+        texts.push_back(ts_random_text(seed));
+    for (int levels = 1; levels < 40; ++levels)
+        texts.push_back(ts_nested(levels, "( 1 ) & ( & )"));
+    for (const std::string& text : texts)
+    {
+        SCOPED_TRACE(text);
+        tsStructures structures(text);
         for (const grRecursive recursive : {grRECURSIVE_YES, grRECURSIVE_NO, static_cast<grRecursive>(5)})
         {
-            SCOPED_TRACE(testing::Message() << "seed " << seed << ", recursive " << static_cast<int>(recursive));
-            const int circles = seed % 2;
-            tsNetwork network(seed, circles ? 5 : 8, circles);
-            Events both;
-            std::vector<dgStructure*> open;
-            expect(&network.root(), recursive, open, both);
-            const Events pre = select(both, [](const Event& event) { return !event.post; });
-
-            Events met;
-            gr_walk_structure(&network.root(), &met, note, note_post, recursive);
-            ASSERT_EQ(met, both);
-            met.clear();
-            gr_walk_structure(&network.root(), &met, note, recursive);
-            ASSERT_EQ(met, pre);
-            the_events.clear();
-            gr_walk_structure(
-                &network.root(),
-                [](dgStructure* structure, dgGraphicalElement* element) { note(structure, element, &the_events); },
-                [](dgStructure* structure, dgGraphicalElement* element) { note_post(structure, element, &the_events); },
-                recursive);
-            ASSERT_EQ(the_events, both);
-            the_events.clear();
-            gr_walk_structure(
-                &network.root(), [](dgGraphicalElement* element) { note(nullptr, element, &the_events); }, recursive);
-            ASSERT_EQ(the_events.size(), pre.size());
-            for (std::size_t i = 0; i < pre.size(); ++i)
-                ASSERT_EQ(the_events[i].element, pre[i].element);
-
-            dgBaseList list{&network.root()}; // what is there stays
-            const Events labels = select(pre, [](const Event& event) { return event.element->type() == dgTYPE_LABEL; });
-            const int count = static_cast<int>(labels.size());
-            ASSERT_EQ(grFindElements(&network.root()).find_elements(dgTYPE_LABEL, list, recursive), count);
-            ASSERT_EQ(list.count(), count + 1);
-            for (int i = 0; i < count; ++i)
-                ASSERT_EQ(list[i + 1], labels[static_cast<std::size_t>(i)].element);
+            const std::string whole = recursive == grRECURSIVE_YES ? ts_expanded(text) : top_of(text);
+            const std::string opened = without(whole, ") ");
+            EXPECT_EQ(recorded(structures, [=](dgStructure* s) { gr_walk_structure(s, note, note_post, recursive); }),
+                      whole);
+            const auto with_data = [](dgStructure* s, dgGraphicalElement* e, void* data)
+            {
+                EXPECT_EQ(data, &the_record);
+                note(s, e);
+            };
+            const auto post_with_data = [](dgStructure* s, dgGraphicalElement* e, void* data)
+            {
+                EXPECT_EQ(data, &the_record);
+                note_post(s, e);
+            };
+            EXPECT_EQ(recorded(structures, [=](dgStructure* s)
+                               { gr_walk_structure(s, &the_record, with_data, post_with_data, recursive); }),
+                      whole);
+            EXPECT_EQ(
+                recorded(structures, [=](dgStructure* s) { gr_walk_structure(s, &the_record, with_data, recursive); }),
+                opened);
+            const auto labels = [](dgGraphicalElement* e)
+            {
+                if (e->type() == dgTYPE_LABEL)
+                    the_record += std::to_string(e->label());
+            };
+            dgBaseList list{&structures.root()}; // what is there stays
+            const int found = grFindElements(&structures.root()).find_elements(dgTYPE_LABEL, list, recursive);
+            const std::string digits =
+                recorded(structures, [=](dgStructure* s) { gr_walk_structure(s, labels, recursive); });
+            EXPECT_EQ(digits.size(), std::count_if(whole.begin(), whole.end(), [](char c) { return std::isdigit(c); }));
+            EXPECT_EQ(found, digits.size());
+            EXPECT_EQ(list.count(), found + 1);
         }
+        EXPECT_TRUE(text.empty() || structures.root().cursor() == structures.root().nelements() - 1);
+    }
 }
 
 TEST(gr_walk_structure, lets_callbacks_delete_what_they_are_called_for)
 {
-    const dgRef<dgStructure> root(new dgClientStructure);
-    root->add(new dgLabel(1));
-    root->add(new dgStructureCall(tsChain(2).get()));
-    root->add(new dgLabel(2));
-    Events met;
+    tsStructures structures("1 ( 1 ( 2 ) ) 2");
+    int calls = 0;
     gr_walk_structure(
-        root.get(), &met,
-        [](dgStructure* structure, dgGraphicalElement* element, void* events)
+        &structures.root(), &calls,
+        [](dgStructure* structure, dgGraphicalElement* element, void* count)
         {
-            note(nullptr, nullptr, events);
-            const int is_call = element->type() == dgTYPE_STRUCTURE_CALL;
+            ++*static_cast<int*>(count);
+            const bool is_call = element->type() == dgTYPE_STRUCTURE_CALL;
             structure->delete_range(structure->cursor(), structure->cursor());
-            if (is_call)
-            {
-                EXPECT_EQ(element->type(), dgTYPE_STRUCTURE_CALL); // alive until its call is over
-            }
+            EXPECT_TRUE(!is_call || element->type() == dgTYPE_STRUCTURE_CALL); // alive until its call is over
         },
-        note_post, grRECURSIVE_YES);
-    EXPECT_EQ(root->nelements(), 0);
-    // Three elements of the root, two and one of the chain, and the ends of two calls.
-    EXPECT_EQ(met.size(), 8u);
-}
-
-TEST(gr_walk_structure, leaves_cursors_on_the_last_elements)
-{
-    const dgRef<dgStructure> root = tsChain(2);
-    root->set_cursor(0);
-    Events met;
-    gr_walk_structure(root.get(), &met, note, grRECURSIVE_YES);
-    EXPECT_EQ(root->cursor(), 1);
+        [](dgStructure*, dgGraphicalElement*, void* count) { ++*static_cast<int*>(count); }, grRECURSIVE_YES);
+    EXPECT_EQ(structures.root().nelements(), 0);
+    EXPECT_EQ(calls, 6 + 2); // all elements, and the ends of two calls
 }
 
 TEST(gr_walk_structure, takes_100000_levels)
 {
-    constexpr int levels = 100000;
-    const dgRef<dgStructure> root = tsChain(levels);
-    Events met;
-    gr_walk_structure(root.get(), &met, note, note_post, grRECURSIVE_YES);
-    EXPECT_EQ(met.size(), 3u * levels - 2);
-}
-
-TEST(gr_walk_structure, enters_a_structure_again_once_it_is_through_at_any_depth)
-{
-    for (int levels = 1; levels < 40; ++levels)
-    {
-        const dgRef<dgStructure> root = tsChain(levels), part = tsChain(1), caller(new dgClientStructure);
-        dgStructure* last = root.get();
-        while (last->nelements() > 1)
-            last = last->element(1)->called_structure();
-        caller->add(new dgStructureCall(part.get()));
-        last->add(new dgStructureCall(part.get()));
-        last->add(new dgStructureCall(caller.get()));
-        Events met;
-        gr_walk_structure(root.get(), &met, note, grRECURSIVE_YES);
-        EXPECT_EQ(std::count(met.begin(), met.end(), Event{0, part.get(), part->element(0)}), 2) << levels;
-    }
+    tsStructures structures(ts_nested(100000, "1"));
+    int elements = 0;
+    gr_walk_structure(
+        &structures.root(), &elements,
+        [](dgStructure*, dgGraphicalElement*, void* count) { ++*static_cast<int*>(count); }, grRECURSIVE_YES);
+    EXPECT_EQ(elements, 200001);
 }
 
 TEST(grFindElements, references_its_structure_while_it_exists)
 {
-    const dgRef<dgStructure> root = tsChain(1);
+    const dgRef<dgStructure> root(new dgClientStructure);
     {
         const grFindElements finder(root.get());
         EXPECT_EQ(root->reference_count(), 2);

@@ -2,12 +2,8 @@
 
 #include "dgGraphicalAttribute.h"
 #include "dgGraphicalPrimitive.h"
-#include "dgStructure.h"
-#include "giBox3.h"
 
-#include <vector>
-
-/// An attribute of any type code that is neither a line width nor a colour, with a number as its value.
+/// An attribute of any type code, with a number as its value.
 class tsAttribute : public dgGraphicalAttribute
 {
 public:
@@ -50,12 +46,3 @@ public:
 private:
     dgGraphicalPrimitiveType the_primitive_type;
 };
-
-/// The elements of a structure in order.
-inline std::vector<const dgGraphicalElement*> tsElementsOf(const dgStructure& structure)
-{
-    std::vector<const dgGraphicalElement*> elements;
-    for (int i = 0; i < structure.nelements(); ++i)
-        elements.push_back(structure.element(i));
-    return elements;
-}

@@ -1,10 +1,5 @@
 #include "grAction.h"
 
-#include "grColourMode.h"
-#include "grIdleAction.h"
-#include "grTwidBusyState.h"
-#include "grTwidState.h"
-
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -37,27 +32,4 @@ TEST(grAction, dumps_its_trigger_and_binding)
                         "}\n"
                         "  binding is null\n"
                         "}\n");
-}
-
-namespace
-{
-template <class... Values>
-std::string text(Values... values)
-{
-    std::ostringstream os;
-    ((os << values << ' '), ...);
-    return os.str();
-}
-}
-
-TEST(enumerations, print_their_own_names_and_their_type_for_unknown_values)
-{
-    EXPECT_EQ(text(grTRUE_COLOUR, grPSEUDO_COLOUR, static_cast<grColourMode>(5)),
-              "grTRUE_COLOUR grPSEUDO_COLOUR Unknown value for grColourMode ");
-    EXPECT_EQ(text(grTWID_NOT_STARTED, grTWID_TWIDDLING, grTWID_ENDED, static_cast<grTwidState>(3)),
-              "grTWID_NOT_STARTED grTWID_TWIDDLING grTWID_ENDED Unknown value for grTwidState ");
-    EXPECT_EQ(text(grTWID_NOT_BUSY, grTWID_BUSY, static_cast<grTwidBusyState>(2)),
-              "grTWID_NOT_BUSY grTWID_BUSY Unknown value for grTwidBusyState ");
-    EXPECT_EQ(text(grIDLE_DONE, grIDLE_AGAIN, static_cast<grIdleAction>(2)),
-              "grIDLE_DONE grIDLE_AGAIN Unknown value for grIdleAction ");
 }

@@ -4,102 +4,262 @@
 #include "meshes.h"
 
 #include "giPlane.h"
-#include "gsTriUtils.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <map>
+#include <sstream>
 
 using meshes::at;
 
 namespace
 {
-// The plane x = value, positive towards higher x.
-grTriCutterPlane at_x(double value, double tolerance = 1e-6)
-{
-    return grTriCutterPlane(giPlane(giPoint3(value, 0, 0), giVector3(1, 0, 0)), tolerance);
-}
+constexpr double tolerance = 1e-6;
+constexpr double no_number = std::numeric_limits<double>::quiet_NaN();
 
-giTriBlock triangle(const giPoint3& a, const giPoint3& b, const giPoint3& c)
+// Zones by the x of a node, one letter each: on, positive, negative, undetermined. Edges meet at a share that the test
+// chooses.
+class LetterCutter : public grTriCutter
+{
+public:
+    explicit LetterCutter(const std::string& zones) : grTriCutter(0), the_zones(zones) {}
+    grZone zone_node(const giPoint3& p) const override
+    {
+        return static_cast<grZone>(std::string("uopn").find(the_zones[at(static_cast<int>(p.x()))]));
+    }
+    void intersect_edge(const giPoint3& p, const giPoint3& q, double, const giAngle&, int& status, double& t,
+                        giPoint3& point) const override
+    {
+        status = meets;
+        t = share;
+        point = giPoint3::interpolate(p, q, t);
+    }
+    int meets = 1;
+    double share = 0.5;
+
+private:
+    std::string the_zones;
+};
+
+// Nodes at x = 0, 1, 2...
+giTriBlock triangle_of(const std::string& zones, const giTriangle& t = giTriangle(0, 1, 2))
 {
     giTriBlock block;
-    for (const giPoint3& p : {a, b, c})
-        block.nodes().append(p);
-    block.triangles().emplace_back(0, 1, 2);
+    for (std::size_t i = 0; i < zones.size(); ++i)
+        block.nodes().append(giPoint3(static_cast<double>(i), i % 2, 0));
+    block.triangles().push_back(t);
     return block;
+}
+
+std::string text_of(const std::vector<giTriangle>& triangles)
+{
+    std::ostringstream text;
+    for (const giTriangle& t : triangles)
+        text << (&t == triangles.data() ? "" : ", ") << t[0] << ' ' << t[1] << ' ' << t[2];
+    return text.str();
+}
+
+// A node with all that it carries.
+struct Corner
+{
+    giPoint3 point;
+    giVector3 normal;
+    giPoint2 texture;
+    double height; // above the plane, 0 within the tolerance
+};
+using Piece = std::array<Corner, 3>;
+
+std::vector<Piece> pieces_of(const giTriBlock& block, const giPlane& plane)
+{
+    std::vector<Piece> pieces;
+    for (const giTriangle& t : block.triangles())
+    {
+        Piece piece;
+        for (int k = 0; k < 3; ++k)
+        {
+            const double height = plane.distance(block.nodes()[t[k]]);
+            piece[at(k)] = {block.nodes()[t[k]], (*block.normals())[at(t[k])], (*block.texture_coordinates())[at(t[k])],
+                            std::abs(height) < tolerance ? 0 : height};
+        }
+        pieces.push_back(piece);
+    }
+    return pieces;
+}
+
+Corner between(const Corner& a, const Corner& b)
+{
+    const double t = a.height / (a.height - b.height);
+    return {giPoint3::interpolate(a.point, b.point, t), a.normal * (1 - t) + b.normal * t,
+            giPoint2::interpolate(a.texture, b.texture, t), 0};
+}
+
+// The cut once more, on single triangles and by the signs of their corners.
+std::vector<Piece> cut_by_signs(const std::vector<Piece>& triangles, bool keep_negative)
+{
+    std::vector<Piece> whole, parts;
+    for (Piece t : triangles)
+    {
+        std::vector<Piece> sides[2]; // positive, negative
+        const auto side_of = [](const Corner& corner) { return corner.height < 0 ? 1 : 0; };
+        const auto crosses = [&](int i, int j) { return t[at(i)].height * t[at(j)].height < 0; };
+        if (!crosses(0, 1) && !crosses(1, 2) && !crosses(2, 0))
+        {
+            const double sum = t[0].height + t[1].height + t[2].height;
+            if (sum > 0 || (sum < 0 && keep_negative))
+                whole.push_back(t);
+            continue;
+        }
+        // Turned until the first corner lies in the plane, or alone on its side.
+        while (t[0].height != 0 && !(crosses(0, 1) && crosses(2, 0)))
+            std::rotate(t.begin(), t.begin() + 1, t.end());
+        if (t[0].height == 0)
+        {
+            const Corner m = between(t[1], t[2]);
+            sides[side_of(t[1])].push_back({t[0], t[1], m});
+            sides[side_of(t[2])].push_back({t[0], m, t[2]});
+        }
+        else
+        {
+            const Corner x = between(t[0], t[1]), y = between(t[2], t[0]);
+            sides[side_of(t[0])].push_back({t[0], x, y});
+            sides[side_of(t[1])].push_back({x, t[1], y});
+            sides[side_of(t[1])].push_back({y, t[1], t[2]});
+        }
+        parts.insert(parts.end(), sides[0].begin(), sides[0].end());
+        if (keep_negative)
+            parts.insert(parts.end(), sides[1].begin(), sides[1].end());
+    }
+    whole.insert(whole.end(), parts.begin(), parts.end());
+    return whole;
+}
+
+void expect_same(const std::vector<Piece>& found, const std::vector<Piece>& expected)
+{
+    ASSERT_EQ(found.size(), expected.size());
+    for (std::size_t i = 0; i < found.size(); ++i)
+        for (std::size_t k = 0; k < 3; ++k)
+        {
+            ASSERT_TRUE(found[i][k].point.coincident(expected[i][k].point, 1e-9)) << "triangle " << i;
+            ASSERT_LE((found[i][k].normal - expected[i][k].normal).length(), 1e-9) << "triangle " << i;
+            ASSERT_TRUE(found[i][k].texture.coincident(expected[i][k].texture, 1e-9)) << "triangle " << i;
+        }
+}
+
+// Triangles between random nodes, some of which lie in the plane z = 0: they cross each other and share edges.
+giTriBlock soup(unsigned seed)
+{
+    std::mt19937 random(seed);
+    std::uniform_real_distribution<double> coordinate(-10, 10);
+    std::vector<giPoint3> nodes;
+    std::vector<giTriangle> triangles;
+    std::vector<int> numbers;
+    for (int i = 0; i < 60; ++i)
+    {
+        nodes.emplace_back(coordinate(random), coordinate(random), i % 5 ? coordinate(random) : 0);
+        numbers.push_back(i);
+    }
+    for (int i = 0; i < 200; ++i)
+    {
+        std::shuffle(numbers.begin(), numbers.end(), random);
+        triangles.emplace_back(numbers[0], numbers[1], numbers[2]);
+    }
+    return meshes::block(nodes, triangles);
+}
+
+// How often each edge is used, against its direction counted back: none is left of a closed mesh.
+std::size_t open_edges(const giTriBlock& block)
+{
+    std::map<std::pair<int, int>, int> edges;
+    for (const giTriangle& t : block.triangles())
+        for (int k = 0; k < 3; ++k)
+        {
+            const auto [low, high] = std::minmax({t.edge_start(k), t.edge_end(k)});
+            edges[{low, high}] += low == t.edge_start(k) ? 1 : -1;
+        }
+    return std::erase_if(edges, [](const auto& edge) { return edge.second != 0; });
 }
 }
 
-TEST(grTriCut, block_on_one_side_stays_or_goes_as_a_whole)
+TEST(grTriCut, agrees_with_a_cut_by_signs)
 {
-    const giTriBlock grid = meshes::grid(3, 2);
-    const struct
+    const giPlane flat(giPoint3(0, 0, 0), giVector3(0, 0, 1));
+    for (unsigned seed = 0; seed < 20; ++seed)
+        for (const int keep_negative : {0, 1})
+        {
+            SCOPED_TRACE(testing::Message() << "seed " << seed << ", keeps " << keep_negative);
+            const giPlane slanted(giPoint3(0.1 * seed, 0, 0.2), giVector3(1, 0.3 * seed, seed - 9.5));
+            for (const auto& [mesh, plane] : {std::pair(soup(seed), flat), {meshes::torus(24, 12, seed), slanted}})
+            {
+                giTriBlock block = mesh;
+                grTriCut::cut(block, grTriCutterPlane(plane, tolerance), keep_negative);
+                expect_same(pieces_of(block, plane), cut_by_signs(pieces_of(mesh, plane), keep_negative));
+                EXPECT_EQ(block.normals()->size(), at(block.node_count()));
+            }
+        }
+}
+
+TEST(grTriCut, neighbours_share_their_new_nodes_and_a_second_cut_changes_nothing)
+{
+    for (unsigned seed = 0; seed < 20; ++seed)
     {
-        const char* name;
-        double x;
-        int keep_negative, stays;
-    } cases[] = {{"positive side", -1, 0, 1},
-                 {"positive side, both kept", -1, 1, 1},
-                 {"negative side", 4, 0, 0},
-                 {"negative side, both kept", 4, 1, 1},
-                 {"touching from the positive side", 0, 0, 1},
-                 {"touching from the negative side", 3, 0, 0}};
-    for (const auto& c : cases)
-    {
-        giTriBlock block = grid;
-        grTriCut::cut(block, at_x(c.x), c.keep_negative);
-        giTriBlock empty;
-        empty.create_normals();
-        empty.create_texture_coordinates();
-        EXPECT_EQ(block, c.stays ? grid : empty) << c.name;
+        const grTriCutterPlane cutter(giPlane(giPoint3(0.1 * seed, 0, 0.2), giVector3(1, 0.3 * seed, seed - 9.5)),
+                                      tolerance);
+        giTriBlock block = meshes::torus(24, 12, seed);
+        grTriCut::cut(block, cutter, 1);
+        EXPECT_EQ(open_edges(block), 0u);
+        const giTriBlock once = block;
+        grTriCut::cut(block, cutter, 1);
+        EXPECT_EQ(block, once);
+        grTriCut::cut(block, cutter, 0);
+        EXPECT_GT(open_edges(block), 0u);
     }
 }
 
-TEST(grTriCut, nodes_that_no_triangle_uses_go_even_when_nothing_is_cut)
+TEST(grTriCut, zones_decide_over_single_triangles)
 {
-    giTriBlock block = triangle({1, 0, 0}, {2, 0, 0}, {1, 1, 0});
-    block.nodes().set(3, giPoint3(5, 5, 5));
-    meshes::add_features(block);
-    grTriCut::cut(block, at_x(0), 0);
-    EXPECT_EQ(block.node_count(), 3);
-    EXPECT_EQ(block.normals()->size(), 3u);
-    EXPECT_EQ(block.triangles(), std::vector<giTriangle>{giTriangle(0, 1, 2)});
-}
-
-TEST(grTriCut, triangle_with_a_vertex_on_the_plane_gives_one_piece_a_side)
-{
-    const giTriBlock original = triangle({0, 0, 0}, {1, 1, 0}, {-1, 1, 0});
-    giTriBlock both = original, positive = original;
-    grTriCut::cut(both, at_x(0), 1);
-    EXPECT_EQ(both.triangles(), (std::vector<giTriangle>{{0, 1, 3}, {0, 3, 2}}));
-    EXPECT_EQ(both.nodes()[3], giPoint3(0, 1, 0));
-    grTriCut::cut(positive, at_x(0), 0);
-    EXPECT_EQ(positive.triangles(), (std::vector<giTriangle>{{0, 1, 2}}));
-    EXPECT_EQ(positive.nodes()[2], giPoint3(0, 1, 0));
-}
-
-TEST(grTriCut, quadrilateral_is_split_along_the_same_diagonal_whichever_side_it_lies_on)
-{
-    // r0 the lone vertex, X on (r0, r1), Y on (r2, r0): (r0, X, Y), (X, r1, Y), (Y, r1, r2). X gets its number first or
-    // second as its edge is visited.
-    const giTriBlock lone_negative = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
-    const giTriBlock lone_positive = triangle({1, 0, 0}, {-1, 0, 0}, {-1, 2, 0});
-    giTriBlock block = lone_negative;
-    grTriCut::cut(block, at_x(0), 1);
-    EXPECT_EQ(block.nodes()[3], giPoint3(0, 1, 0)); // Y: edge 1 comes before edge 2
-    EXPECT_EQ(block.nodes()[4], giPoint3(0, 0, 0)); // X
-    EXPECT_EQ(block.triangles(), (std::vector<giTriangle>{{4, 1, 3}, {3, 1, 2}, {0, 4, 3}}));
-    block = lone_positive;
-    grTriCut::cut(block, at_x(0), 1);
-    EXPECT_EQ(block.triangles(), (std::vector<giTriangle>{{0, 4, 3}, {4, 1, 3}, {3, 1, 2}}));
-}
-
-TEST(grTriCut, triangles_in_the_plane_go_even_when_both_sides_are_kept)
-{
-    giTriBlock block = triangle({0, 0, 0}, {0, 1, 0}, {0, 0, 1});
-    grTriCut::cut(block, at_x(0), 1);
-    EXPECT_EQ(block.triangle_count(), 0);
-    EXPECT_EQ(block.node_count(), 0);
+    const struct
+    {
+        const char* zones;
+        giTriangle triangle;
+        const char *positive, *both; // the triangles left, by the side or sides kept
+        grZone by_edges, by_nodes;
+    } cases[] = {
+        {"ppp", {0, 1, 2}, "0 1 2", "0 1 2", grPOSITIVE_ZONE, grPOSITIVE_ZONE},
+        {"nnn", {0, 1, 2}, "", "0 1 2", grNEGATIVE_ZONE, grNEGATIVE_ZONE},
+        {"opp", {0, 1, 2}, "0 1 2", "0 1 2", grPOSITIVE_ZONE, grPOSITIVE_ZONE},
+        {"oon", {0, 1, 2}, "", "0 1 2", grNEGATIVE_ZONE, grNEGATIVE_ZONE},
+        {"ooo", {0, 1, 2}, "", "", grON_ZONE, grUNDETERMINED_ZONE},              // goes from both sides
+        {"ppxp", {0, 1, 3}, "0 1 2", "0 1 2", grPOSITIVE_ZONE, grPOSITIVE_ZONE}, // without the node that nobody uses
+        {"opn", {0, 1, 2}, "0 1 2", "0 1 3, 0 3 2", grSPANNING_ZONE, grPOSITIVE_ZONE},
+        // The new node on edge 1 comes before that on edge 2.
+        {"npp", {0, 1, 2}, "3 0 2, 2 0 1", "4 1 3, 3 1 2, 0 4 3", grSPANNING_ZONE, grNEGATIVE_ZONE},
+        {"pnn", {0, 1, 2}, "0 2 1", "0 4 3, 4 1 3, 3 1 2", grSPANNING_ZONE, grPOSITIVE_ZONE},
+        {"pnu", {0, 1, 2}, "", "", grSPANNING_ZONE, grPOSITIVE_ZONE}, // three edges cut: no pieces
+        {"uuu", {0, 1, 2}, "", "", grSPANNING_ZONE, grUNDETERMINED_ZONE},
+        {"pn", {0, 1, 0}, "0 1 0", "0 2 0, 0 1 2", grSPANNING_ZONE, grPOSITIVE_ZONE}, // one edge, there twice
+        {"pn", {1, 0, 0}, "0 0 1", "0 0 2, 0 2 1", grSPANNING_ZONE, grNEGATIVE_ZONE},
+    };
+    for (const auto& c : cases)
+    {
+        SCOPED_TRACE(c.zones);
+        const LetterCutter cutter(c.zones);
+        const giTriBlock original = triangle_of(c.zones, c.triangle);
+        for (const int keep_negative : {0, 1})
+        {
+            giTriBlock block = original;
+            grTriCut::cut(block, cutter, keep_negative);
+            EXPECT_EQ(text_of(block.triangles()), keep_negative ? c.both : c.positive);
+            EXPECT_EQ(block.node_count() == 0, block.triangles().empty());
+        }
+        intgrZonecoTable node_zones;
+        gsTriEdgegrZonecoTable edge_zones;
+        grTriCut::zone_nodes(original.triangles(), original.nodes(), cutter, node_zones);
+        grTriCut::zone_edges(original.triangles(), node_zones, edge_zones);
+        EXPECT_EQ(grTriCut::zone_tri(c.triangle, edge_zones), c.by_edges);
+        EXPECT_EQ(grTriCut::zone_tri(c.triangle, node_zones), c.by_nodes);
+        EXPECT_EQ(node_zones.contains(2), c.triangle[1] == 1 && c.triangle[2] == 2);
+    }
 }
 
 TEST(grTriCut, being_on_the_plane_is_strict)
@@ -113,180 +273,72 @@ TEST(grTriCut, being_on_the_plane_is_strict)
                  {"at the tolerance", 0.5, 0.5, grPOSITIVE_ZONE},
                  {"at the tolerance below", -0.5, 0.5, grNEGATIVE_ZONE},
                  {"in the plane without a tolerance", 0, 0, grNEGATIVE_ZONE},
-                 {"no number", std::numeric_limits<double>::quiet_NaN(), 0.5, grNEGATIVE_ZONE}};
+                 {"no number", no_number, 0.5, grNEGATIVE_ZONE}};
+    const giPlane plane(giPoint3(0, 0, 0), giVector3(1, 0, 0));
     for (const auto& c : cases)
-        EXPECT_EQ(at_x(0, c.tolerance).zone_node(giPoint3(c.x, 7, 8)), c.zone) << c.name;
+        EXPECT_EQ(grTriCutterPlane(plane, c.tolerance).zone_node(giPoint3(c.x, 7, 8)), c.zone) << c.name;
 }
 
-TEST(grTriCut, neighbours_share_the_new_node_of_their_edge)
+TEST(grTriCut, edge_that_is_not_met_is_given_a_copy_of_its_first_node)
 {
-    giTriBlock block = meshes::grid(4, 4);
-    gsTriEdgegrInterNodecoTable cut_edges;
-    grTriCut::cut(block, at_x(1.5), 1, &cut_edges);
-    // 5 lines along x and the 4 diagonals between them cross the plane.
-    EXPECT_EQ(cut_edges.count(), 9);
-    EXPECT_EQ(block.node_count(), 25 + 9);
-    for (const auto& [edge, node] : cut_edges)
+    const struct
     {
-        ASSERT_GE(node.index(), 25);
-        const giPoint3 between = giPoint3::interpolate(block.nodes()[edge[0]], block.nodes()[edge[1]], node.t());
-        EXPECT_TRUE(between.coincident(block.nodes()[node.index()], 1e-12));
+        const char* name;
+        int meets;
+        double share, expected;
+    } cases[] = {{"start", 1, 0, 0},      {"end", 1, 1, 1},       {"before the start", 1, -0.001, 0},
+                 {"behind", 1, 1.001, 0}, {"nowhere", 0, 0.5, 0}, {"no number", 1, no_number, 0}};
+    for (const auto& c : cases)
+    {
+        LetterCutter cutter("npp");
+        cutter.meets = c.meets;
+        cutter.share = c.share;
+        giTriBlock block = triangle_of("npp");
+        gsTriEdgegrInterNodecoTable cut_edges;
+        grTriCut::cut(block, cutter, 1, &cut_edges);
+        EXPECT_EQ(block.triangle_count(), 3) << c.name;
+        const grInterNode& node = *cut_edges.find(gsTriEdge(0, 1));
+        EXPECT_EQ(node.t(), c.expected) << c.name;
+        EXPECT_EQ(block.nodes()[node.index()], block.nodes()[c.expected == 1 ? 1 : 0]) << c.name;
     }
+    // 1e6 long and 0.02 across the plane, which is an angle of about 1.1e-6 degrees.
+    giTriBlock block = meshes::block({{-0.01, 0, 0}, {0.01, 1e6, 0}, {1, 0, 1}}, {{0, 1, 2}});
+    grTriCut::cut(block, grTriCutterPlane(giPlane(giPoint3(0, 0, 0), giVector3(1, 0, 0)), tolerance), 1);
+    EXPECT_EQ(block.nodes()[4], giPoint3(-0.01, 0, 0));
 }
 
-TEST(grTriCut, edge_table_of_the_caller_names_nodes_as_they_were_before_the_removal)
+TEST(grTriCut, values_of_equal_ends_are_exact_and_curvatures_beside_missing_ones_miss)
 {
-    giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
-    gsTriEdgegrInterNodecoTable cut_edges;
-    grTriCut::cut(block, at_x(0.5), 0, &cut_edges);
-    ASSERT_EQ(cut_edges.count(), 2);
-    ASSERT_TRUE(cut_edges.find(gsTriEdge(0, 1)));
-    EXPECT_EQ(cut_edges.find(gsTriEdge(1, 0))->index(), 4);
-    EXPECT_DOUBLE_EQ(cut_edges.find(gsTriEdge(0, 1))->t(), 0.75); // from node 0
-    EXPECT_EQ(cut_edges.find(gsTriEdge(0, 2))->index(), 3);
-    EXPECT_EQ((*cut_edges.find_key(gsTriEdge(0, 2)))[0], 2); // edge 1 of the triangle runs from vertex 2 to 0
-    EXPECT_EQ(block.node_count(), 4);
-}
-
-TEST(grTriCut, nodes_in_the_callers_edge_table_are_used_as_they_are)
-{
-    giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
-    block.nodes().set(3, giPoint3(0.25, 0, 0));
-    meshes::add_features(block);
-    gsTriEdgegrInterNodecoTable cut_edges;
-    cut_edges.set(gsTriEdge(0, 1), grInterNode(0.625, 3));
-    grTriCut::cut(block, at_x(0), 0, &cut_edges);
-    EXPECT_EQ(cut_edges.count(), 2);
-    EXPECT_EQ(block.triangles(), (std::vector<giTriangle>{{2, 0, 3}, {3, 0, 1}}));
-    EXPECT_EQ(block.nodes()[2], giPoint3(0.25, 0, 0));
-    EXPECT_EQ(block.nodes()[3], giPoint3(0, 1, 0));
-    // Half way from node 2 at (1, 2) to node 0 at (-1, 0), and 0.625 of the way from node 0 to node 1 at (1, 0).
-    EXPECT_TRUE((*block.texture_coordinates())[3].coincident(giPoint2(0, 0.2), 1e-12));
-    EXPECT_TRUE((*block.texture_coordinates())[2].coincident(giPoint2(0.025, 0), 1e-12));
-}
-
-TEST(grTriCut, invalid_nodes_in_the_callers_edge_table_are_made)
-{
-    const giTriBlock original = []
-    {
-        giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
-        meshes::add_features(block);
-        return block;
-    }();
-    giTriBlock expected = original, block = original;
-    grTriCut::cut(expected, at_x(0.5), 1);
-    gsTriEdgegrInterNodecoTable cut_edges;
-    cut_edges.set(gsTriEdge(1, 0), grInterNode()); // against the direction of the triangle
-    cut_edges.set(gsTriEdge(1, 2), grInterNode()); // not cut
-    grTriCut::cut(block, at_x(0.5), 1, &cut_edges);
-    EXPECT_EQ(block, expected);
-    EXPECT_EQ((*cut_edges.find_key(gsTriEdge(0, 1)))[0], 0);
-    EXPECT_DOUBLE_EQ(cut_edges.find(gsTriEdge(0, 1))->t(), 0.75);
-}
-
-TEST(grTriCut, values_of_new_nodes_lie_between_those_of_the_ends_and_equal_ends_are_exact)
-{
-    giTriBlock block = triangle({-1, 0, 0}, {1, 0, 0}, {1, 2, 0});
+    giTriBlock block = meshes::block({{-1, 0, 0}, {1, 0, 0}, {1, 2, 0}}, {{0, 1, 2}});
     const giVector3 odd(0.1, 0.2, 0.3);
+    constexpr double missing = std::numeric_limits<double>::max();
     block.create_normals() = {odd, odd, giVector3(0, 0, 1)};
     block.create_texture_coordinates() = {giPoint2(1. / 3, 1. / 7), giPoint2(1. / 3, 1. / 7 + 1e-6), giPoint2(1, 1)};
-    block.create_curvatures() = {{2, 4}, {4, 8}, {std::numeric_limits<double>::max(), 0}};
-    grTriCut::cut(block, at_x(0.5), 1);
-    // Node 3 lies on the edge from node 2 to node 0, node 4 on that from node 0 to node 1; t is 1/4 and 3/4.
+    block.create_curvatures() = {{2, 4}, {4, 8}, {missing, 0}};
+    grTriCut::cut(block, grTriCutterPlane(giPlane(giPoint3(0.5, 0, 0), giVector3(1, 0, 0)), tolerance), 1);
+    // Node 3 lies between nodes 2 and 0, node 4 at 3/4 of the way from node 0 to node 1.
     EXPECT_EQ((*block.normals())[4], odd);
     EXPECT_EQ((*block.texture_coordinates())[4], giPoint2(1. / 3, 1. / 7)); // that of node 0: nearer than 1e-5
-    EXPECT_TRUE(((*block.normals())[3] - giVector3(0.025, 0.05, 0.825)).length() < 1e-12);
     EXPECT_DOUBLE_EQ((*block.curvatures())[4][0], 3.5);
     EXPECT_DOUBLE_EQ((*block.curvatures())[4][1], 7);
-    EXPECT_EQ((*block.curvatures())[3][0], std::numeric_limits<double>::max());
-}
-
-TEST(grTriCut, edge_that_runs_along_the_plane_is_given_a_copy_of_its_first_node)
-{
-    // 1e6 long and 0.02 across the plane: an angle of about 1.1e-6 degrees.
-    giTriBlock block = triangle({-0.01, 0, 0}, {0.01, 1e6, 0}, {1, 0, 1});
-    gsTriEdgegrInterNodecoTable cut_edges;
-    grTriCut::cut(block, at_x(0), 1, &cut_edges);
-    const grInterNode* node = cut_edges.find(gsTriEdge(0, 1));
-    ASSERT_TRUE(node);
-    EXPECT_EQ(node->t(), 0);
-    EXPECT_EQ(block.nodes()[node->index()], giPoint3(-0.01, 0, 0));
-    EXPECT_EQ(block.triangle_count(), 3);
+    EXPECT_EQ((*block.curvatures())[3], (giTriBlock::curvature_pair{missing, 0}));
 }
 
 TEST(grTriCut, coordinates_that_are_no_finite_numbers_do_no_harm)
 {
-    const double odd[] = {std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
-                          -std::numeric_limits<double>::infinity(), std::numeric_limits<double>::max()};
-    for (const double value : odd)
-        for (int keep_negative = 0; keep_negative < 2; ++keep_negative)
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    for (const double value : {no_number, infinity, -infinity, std::numeric_limits<double>::max()})
+        for (const int keep_negative : {0, 1})
         {
             giTriBlock block = meshes::torus(12, 8, 5);
             for (int node = 0; node < block.node_count(); node += 7)
                 block.nodes().set(node, giPoint3(node % 2 ? value : 0, value, node % 3 ? 1 : value));
-            grTriCut::cut(block, at_x(0.3), keep_negative);
+            grTriCut::cut(block, grTriCutterPlane(giPlane(giPoint3(0.3, 0, 0), giVector3(1, 0, 0)), tolerance),
+                          keep_negative);
             EXPECT_GT(block.triangle_count(), 0);
             EXPECT_EQ(block.normals()->size(), at(block.node_count()));
             for (const giTriangle& t : block.triangles())
                 for (int k = 0; k < 3; ++k)
                     ASSERT_TRUE(t[k] >= 0 && t[k] < block.node_count());
         }
-}
-
-namespace
-{
-// Leaves every zone to the test; intersects half way.
-class FixedCutter : public grTriCutter
-{
-public:
-    explicit FixedCutter(std::vector<grZone> zones) : grTriCutter(0), the_zones(std::move(zones)) {}
-    grZone zone_node(const giPoint3& p) const override { return the_zones[static_cast<std::size_t>(p.x())]; }
-    void intersect_edge(const giPoint3& p, const giPoint3& q, double, const giAngle&, int& status, double& t,
-                        giPoint3& point) const override
-    {
-        status = 1;
-        t = the_t;
-        point = giPoint3::interpolate(p, q, t);
-    }
-    double the_t = 0.5;
-
-private:
-    std::vector<grZone> the_zones; // by the x of the node
-};
-}
-
-TEST(grTriCut, other_cutters_decide_where_edges_are_cut)
-{
-    FixedCutter cutter({grPOSITIVE_ZONE, grNEGATIVE_ZONE, grPOSITIVE_ZONE});
-    const giTriBlock original = triangle({0, 0, 0}, {1, 0, 0}, {2, 0, 1});
-    giTriBlock block = original;
-    grTriCut::cut(block, cutter, 0);
-    EXPECT_EQ(block.triangle_count(), 2);
-    EXPECT_EQ(block.node_count(), 4);
-    // Both bounds are included.
-    for (const double t : {0.0, 1.0})
-    {
-        cutter.the_t = t;
-        block = original;
-        gsTriEdgegrInterNodecoTable cut_edges;
-        grTriCut::cut(block, cutter, 1, &cut_edges);
-        EXPECT_EQ(cut_edges.find(gsTriEdge(0, 1))->t(), t);
-    }
-    cutter.the_t = 1.001;
-    block = original;
-    gsTriEdgegrInterNodecoTable cut_edges;
-    grTriCut::cut(block, cutter, 1, &cut_edges);
-    EXPECT_EQ(cut_edges.find(gsTriEdge(0, 1))->t(), 0);
-    EXPECT_EQ(block.triangle_count(), 3);
-}
-
-TEST(grTriCut, triangle_with_three_cut_edges_gives_no_pieces_and_goes)
-{
-    const FixedCutter cutter({grPOSITIVE_ZONE, grNEGATIVE_ZONE, grUNDETERMINED_ZONE});
-    giTriBlock block = triangle({0, 0, 0}, {1, 0, 0}, {2, 0, 1});
-    gsTriEdgegrInterNodecoTable cut_edges;
-    grTriCut::cut(block, cutter, 1, &cut_edges);
-    EXPECT_EQ(cut_edges.count(), 3);
-    EXPECT_EQ(block.triangle_count(), 0);
-    EXPECT_EQ(block.node_count(), 0);
 }

@@ -87,6 +87,8 @@ TEST(grTriCutWorkplane, uw_plane_keeps_the_side_of_the_y_axis)
 TEST(grTriCutWorkplane, single_triangles_are_found_and_cut)
 {
     giTriBlock block = meshes::grid(2, 1);
+    block.nodes().set(6, giPoint3(1.5, 0, 0));
+    block.triangles().emplace_back(6, 2, 4); // without area, and one vertex lies on the line
     std::vector<giPoint2> work;
     grTriCut::to_work(block.nodes(), giWorkplane3(), work);
     intgrZonecoTable zones;
@@ -94,13 +96,13 @@ TEST(grTriCutWorkplane, single_triangles_are_found_and_cut)
     grTriCut::zone_nodes(work, origin, along, 1e-6, zones);
     std::vector<int> potential;
     grTriCut::find_potential_cuts(block.triangles(), zones, potential);
-    ASSERT_EQ(potential, (std::vector<int>{2, 3}));
+    ASSERT_EQ(potential, (std::vector<int>{2, 3, 4}));
     gsTriEdgegrInterNodecoTable shared;
     std::vector<giTriangle> positive, negative;
     for (const int i : potential)
         grTriCut::cut_triangle(giTriangle(block.triangles()[static_cast<std::size_t>(i)]), origin, along, 1e-6, work,
                                block.nodes(), shared, positive, negative);
-    EXPECT_EQ(positive.size() + negative.size(), 6u);
+    EXPECT_EQ(positive.size() + negative.size(), 8u);
     EXPECT_EQ(shared.count(), 3);
     EXPECT_EQ(work.size(), static_cast<std::size_t>(block.node_count()));
     block.triangles() = positive; // left of the direction: x below 1.5

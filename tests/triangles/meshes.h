@@ -15,17 +15,37 @@ inline std::size_t at(int index)
     return static_cast<std::size_t>(index);
 }
 
-inline void add_features(giTriBlock& block)
+/// A block with normals and texture coordinates that vary from node to node.
+inline giTriBlock block(const std::vector<giPoint3>& nodes, const std::vector<giTriangle>& triangles)
 {
-    std::vector<giVector3>& normals = block.create_normals();
-    std::vector<giPoint2>& texture = block.create_texture_coordinates();
-    normals.resize(at(block.node_count()));
-    texture.resize(at(block.node_count()));
-    for (int i = 0; i < block.node_count(); ++i)
+    giTriBlock block;
+    block.nodes() = giBoxArrPoint3(std::vector<giPoint3>(nodes));
+    block.triangles() = triangles;
+    std::vector<giVector3> normals;
+    std::vector<giPoint2> texture;
+    for (const giPoint3& p : nodes)
     {
-        normals[at(i)] = block.nodes()[i].vector().unit();
-        texture[at(i)] = giPoint2(block.nodes()[i].x() * 0.1, block.nodes()[i].y() * 0.2);
+        normals.push_back(p.vector().unit());
+        texture.emplace_back(p.x() * 0.1, p.y() * 0.2);
     }
+    block.create_normals() = normals;
+    block.create_texture_coordinates() = texture;
+    return block;
+}
+
+/// Two triangles for each square of a net of nodes that lie column by column; with ends meeting where it is closed.
+inline std::vector<giTriangle> net(int columns, int rows, bool closed)
+{
+    const int high = closed ? rows : rows + 1, wide = closed ? columns : columns + 1;
+    const auto node = [=](int i, int j) { return i % wide * high + j % high; };
+    std::vector<giTriangle> triangles;
+    for (int i = 0; i < columns; ++i)
+        for (int j = 0; j < rows; ++j)
+        {
+            triangles.emplace_back(node(i, j), node(i + 1, j), node(i + 1, j + 1));
+            triangles.emplace_back(node(i, j), node(i + 1, j + 1), node(i, j + 1));
+        }
+    return triangles;
 }
 
 /// A closed torus with an uneven surface; nodes are shared and triangles face outwards.
@@ -33,56 +53,25 @@ inline giTriBlock torus(int around, int across, unsigned seed)
 {
     std::mt19937 random(seed);
     std::uniform_real_distribution<double> thickness(2, 3);
-    giTriBlock block;
+    std::vector<giPoint3> nodes;
     for (int i = 0; i < around; ++i)
         for (int j = 0; j < across; ++j)
         {
             const double u = 2 * std::numbers::pi * i / around, v = 2 * std::numbers::pi * j / across;
             const double r = thickness(random), far = 7 + r * std::cos(v);
-            block.nodes().append(giPoint3(far * std::cos(u), far * std::sin(u), r * std::sin(v)));
+            nodes.emplace_back(far * std::cos(u), far * std::sin(u), r * std::sin(v));
         }
-    const auto node = [&](int i, int j) { return i % around * across + j % across; };
-    for (int i = 0; i < around; ++i)
-        for (int j = 0; j < across; ++j)
-        {
-            block.triangles().emplace_back(node(i, j), node(i + 1, j), node(i + 1, j + 1));
-            block.triangles().emplace_back(node(i, j), node(i + 1, j + 1), node(i, j + 1));
-        }
-    add_features(block);
-    return block;
+    return block(nodes, net(around, across, true));
 }
 
-/// Triangles between nodes chosen at random: they cross each other, share nodes and edges, and some name a node twice.
-inline giTriBlock soup(int nodes, int triangles, unsigned seed)
-{
-    std::mt19937 random(seed);
-    std::uniform_real_distribution<double> coordinate(-10, 10);
-    std::uniform_int_distribution<int> node(0, nodes - 1);
-    giTriBlock block;
-    for (int i = 0; i < nodes; ++i)
-        block.nodes().append(giPoint3(coordinate(random), coordinate(random), coordinate(random)));
-    for (int i = 0; i < triangles; ++i)
-        block.triangles().emplace_back(node(random), node(random), node(random));
-    add_features(block);
-    return block;
-}
-
-/// A grid of unit squares in the plane z = 0 from (0, 0), two triangles each, facing up.
+/// A grid of unit squares in the plane z = 0 from (0, 0), facing up. Nodes lie column by column.
 inline giTriBlock grid(int columns, int rows)
 {
-    giTriBlock block;
-    for (int y = 0; y <= rows; ++y)
-        for (int x = 0; x <= columns; ++x)
-            block.nodes().append(giPoint3(x, y, 0));
-    for (int y = 0; y < rows; ++y)
-        for (int x = 0; x < columns; ++x)
-        {
-            const int node = y * (columns + 1) + x;
-            block.triangles().emplace_back(node, node + 1, node + columns + 2);
-            block.triangles().emplace_back(node, node + columns + 2, node + columns + 1);
-        }
-    add_features(block);
-    return block;
+    std::vector<giPoint3> nodes;
+    for (int x = 0; x <= columns; ++x)
+        for (int y = 0; y <= rows; ++y)
+            nodes.emplace_back(x, y, 0);
+    return block(nodes, net(columns, rows, false));
 }
 
 /// Twice the area as a vector along the normal.
@@ -100,13 +89,12 @@ inline double area(const giTriBlock& block)
     return sum;
 }
 
-/// The signed volume between the triangles and a point; that of the body for a closed mesh, whatever the point. The
-/// planes of a cut through the point add nothing, so a body cut there needs no caps.
-inline double volume(const giTriBlock& block, const giPoint3& apex)
+/// The signed volume of a closed mesh.
+inline double volume(const giTriBlock& block)
 {
     double sum = 0;
     for (const giTriangle& t : block.triangles())
-        sum += doubled_area(block, t).dot(block.nodes()[t[0]] - apex) / 6;
+        sum += doubled_area(block, t).dot(block.nodes()[t[0]].vector()) / 6;
     return sum;
 }
 }

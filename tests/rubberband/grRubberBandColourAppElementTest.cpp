@@ -1,47 +1,9 @@
-#include "grPrimColourType.h"
 #include "grRubberBandColourAppElement.h"
-#include "grRubberBandIt.h"
-#include "grRubberBandItemState.h"
-#include "grRubberBandItemType.h"
-#include "grRubberBandMode.h"
-#include "grRubberBandSelectDriver.h"
 #include "tsBands.h"
 
 #include <gtest/gtest.h>
 
 #include <sstream>
-
-namespace
-{
-// The names of the values 0 to n - 1 and of -1, joined.
-template <class Enum>
-std::string names(int n)
-{
-    std::ostringstream os;
-    for (int value = 0; value < n; ++value)
-        os << static_cast<Enum>(value) << '|';
-    os << static_cast<Enum>(-1);
-    return os.str();
-}
-}
-
-TEST(grRubberBandNames, four_of_the_six_end_the_line)
-{
-    EXPECT_EQ(names<grRubberBandIt>(2),
-              "grDRAW_RUBBER_BAND_ITEM\n|grUNDRAW_RUBBER_BAND_ITEM\n|Unknown value for grRubberBandIt\n");
-    EXPECT_EQ(names<grRubberBandSelectDriver>(2), "grRUBBER_BAND_SELECT_DRIVER\n|grRUBBER_BAND_DO_NOT_SELECT_DRIVER\n|"
-                                                  "Unknown value for grRubberSelectDriver\n");
-    EXPECT_EQ(names<grRubberBandItemState>(3),
-              "grDRAWN_RUBBER_BAND_ITEM\n|grUNDRAWN_RUBBER_BAND_ITEM\n|grTEMP_UNDRAWN_RUBBER_BAND_ITEM\n|"
-              "Unknown value for grRubberBandItemState\n");
-    EXPECT_EQ(names<grRubberBandItemType>(3),
-              "grRUBBER_BAND_CALLBACK_ITEM\n|grRUBBER_BAND_STRUCTURE_ITEM\n|grRUBBER_BAND_GRAPHICAL_ELEMENT_ITEM\n|"
-              "Unknown value for grRubberBandItemType\n");
-    EXPECT_EQ(names<grPrimColourType>(4), "grLINE_COLOUR|grTEXT_COLOUR|grMARKER_COLOUR|grALL_PRIM_COLOUR|"
-                                          "Unknown value for grPrimColourType");
-    EXPECT_EQ(names<grRubberBandMode>(3), "grRUBBER_BAND_VIA_XOR|grRUBBER_BAND_IN_OVERLAY_PLANES|"
-                                          "grRUBBER_BAND_IN_MAIN_PLANES|Unknown value for grRubberBandMode");
-}
 
 TEST(grRubberBandColourAppElement, uses_the_managers_colour_in_xor_mode_alone_and_when_so_constructed)
 {
