@@ -14,6 +14,7 @@
 
 #include <cmath>
 #include <iomanip>
+#include <iostream>
 #include <memory>
 #include <numbers>
 #include <ostream>
@@ -115,9 +116,8 @@ void write_json(std::ostream& out, const std::vector<Result>& results, double ne
 int vw_bench(const vwOptions& options, std::ostream& out, std::string& error)
 {
     vwModel model;
-    for (const std::string& file : options.files)
-        if (!model.add_file(file, error))
-            return 0;
+    if (!model.add_files(options.files, std::cerr, error))
+        return 0;
     const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
     if (!device)
     {

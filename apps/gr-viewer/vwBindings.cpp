@@ -1,6 +1,7 @@
 #include "vwBindings.h"
 
 #include "vwResources.h"
+#include "vwTools.h"
 
 #include "flMessages.h"
 
@@ -65,6 +66,7 @@ const struct
     {"view_index", "next", "go on to the next saved camera"},
     {"view_index", nullptr, "go back to the previous saved camera"},
     {"zoom_box", nullptr, "drag a box to fill the view with it"},
+    {"perspective", nullptr, "show the view in perspective, or no longer"},
     {"no_op", nullptr, "nothing"},
     {"spaceball", nullptr, "turn and move the view"},
     {"mouse_wheel_zoom", nullptr, "come closer, or go away"},
@@ -168,7 +170,8 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
 void vw_write_bindings(const gwResourceDB& db, std::ostream& os)
 {
     gwInput input;
-    const grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
+    vwTools own_tools(nullptr);
+    const grStdTwiddling twiddling(&input, &db, nullptr, &own_tools);
     std::vector<const grAction*> actions;
     for (const grAction* action : twiddling.twiddle_man()->actions())
         actions.push_back(action);

@@ -189,15 +189,18 @@ void vw_lay_text(const vwOptions& options, const dgRenderer& renderer, int slot,
 
 int vw_add_text(const vwOptions& options, vwScene& scene, vwModel& model, std::string& error)
 {
-    if (options.text.empty() && !options.stats)
+    if (options.text.empty() && !options.stats && !options.paper)
         return 1;
     const int slot = vw_install_font(options, scene.renderer(), error);
     if (slot >= 0)
+    {
         scene.stats_font(slot);
+        scene.title(model.names(), slot);
+    }
     if (options.text.empty())
     {
         if (slot < 0)
-            std::cerr << "gr-viewer: frame times are shown without numbers: " << error << '\n';
+            std::cerr << "gr-viewer: there are no numbers and titles: " << error << '\n';
         return 1;
     }
     if (slot < 0)

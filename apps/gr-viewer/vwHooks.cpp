@@ -6,6 +6,7 @@
 #include "grStringConverter.h"
 #include "grTimeoutRendererCache.h"
 #include "grTwiddleOverlayCallback.h"
+#include "grViewPaperParent.h"
 #include "grViewRefresherTimeout.h"
 
 #include "gwResourceDB.h"
@@ -47,6 +48,20 @@ vwHooks::vwHooks(const gwResourceDB& db, double framerate, vwRefresher refresher
     enable_timeout_twiddling(the_framerate);
     if (refresher != vwREFRESHER_TIMEOUT)
         disable_timeout_twiddling(); // the rate stays
+}
+
+dgView* vwHooks::identify_views(const gwKeyEvent& event, dgViewcoDList& views)
+{
+    dgView* target = grStdTwiddleHooks::identify_views(event, views);
+    for (int i = 0; i < views.count(); ++i)
+        if (grViewPaperParent::ut_dynamic_cast(grView::contains(views[i])))
+        {
+            dgView* sheet = views[i];
+            views.remove_at(i);
+            views.add_last(sheet);
+            break;
+        }
+    return target;
 }
 
 grViewRefresher* vwHooks::view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views)

@@ -11,6 +11,8 @@ public:
     /// without.
     vwHooks(const gwResourceDB& db, double framerate, vwRefresher refresher);
 
+    /// A sheet of paper comes last, which is drawn first: its views lie on it.
+    dgView* identify_views(const gwKeyEvent& event, dgViewcoDList& views) override;
     grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views) override;
 
     /// The rate that moving views shall hold, in frames per second.

@@ -11,6 +11,7 @@
 
 #include <iterator>
 #include <memory>
+#include <ostream>
 #include <string>
 
 namespace
@@ -25,6 +26,8 @@ constexpr double crease_degrees = 30;
 
 // Drawing is in single precision, and squares coordinates.
 constexpr double largest_coordinate = 1e15;
+// In sizes of the model.
+constexpr double largest_distance = 1e9;
 
 int read(const std::string& file, ms_blocks& blocks, std::string& error)
 {
@@ -51,6 +54,23 @@ std::string name_without_folder(const std::string& file)
 }
 
 vwModel::vwModel() : the_root(new dgClientStructure()) {}
+
+int vwModel::add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error)
+{
+    for (const std::string& file : files)
+        if (!add_file(file, error))
+            return 0;
+    if (torn())
+        notes << "gr-viewer: " << fl_printable(names()) << ": this lies more than " << largest_distance
+              << " times its size from the origin, where numbers are too coarse for its shape\n";
+    return 1;
+}
+
+int vwModel::torn() const
+{
+    const giBox3 box = the_root->bounding_box();
+    return !box.empty() && box.middle().vector().length() > largest_distance * box.diagonal().length();
+}
 
 int vwModel::add_file(const std::string& file, std::string& error)
 {

@@ -129,9 +129,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr) ||
         !read_session(options.play, session, error))
         return 0;
-    for (const std::string& file : options.files)
-        if (!model.add_file(file, error))
-            return 0;
+    if (!model.add_files(options.files, std::cerr, error))
+        return 0;
     if (!make_folder(options.out, error))
         return 0;
     if (options.width)
@@ -155,7 +154,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwSessionClock clock;
     vwScene scene(&window, window.overlay(), area, db, model.root(),
                   {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent});
+                   options.refresher, options.multi, options.independent, options.perspective, options.paper});
     if (!vw_add_text(options, scene, model, error))
         return 0;
     FolderPlayer player(clock, scene, area, window, options, report);

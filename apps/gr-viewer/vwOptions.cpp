@@ -117,7 +117,8 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     CLI::App app("Shows triangle meshes and turns them with the mouse.", "gr-viewer");
     app.footer(
         "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
-        "right zooms, the wheel zooms, R resets, I shows the isometric view, control Q closes the window.");
+        "right zooms, the wheel zooms, R resets, I shows the isometric view, V perspective, control Q closes the "
+        "window.");
     app.add_option("FILE", read.files, "Tarn files, or " + ms_readable_endings());
     app.add_option("--views", read.views, "Number of views, in a grid; the first one is the main view")
         ->check(CLI::Range(1, vw_max_views));
@@ -131,6 +132,11 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_flag("--list-bindings", read.list_bindings, "Print what keys and buttons do, and which bindings there are");
     CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");
     app.add_flag("--independent", read.independent, "Let the other views not turn with the first one")->excludes(multi);
+    app.add_flag("--perspective", read.perspective, "Show perspective views; V changes one");
+    app.add_flag("--paper", read.paper, "Show a sheet of paper with a frame, a title and three views")
+        ->excludes(multi)
+        ->excludes("--views")
+        ->excludes("--independent");
     app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
         ->check(number_in(0.1, 1000))
         ->type_name("F");

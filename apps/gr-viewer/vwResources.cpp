@@ -1,6 +1,7 @@
 #include "vwResources.h"
 
 #include "vwBindings.h"
+#include "vwTools.h"
 
 #include "flMessages.h"
 
@@ -77,7 +78,8 @@ private:
     bool are_actions(const gwResourceText::Setting& setting, std::string& error) const
     {
         const grStdToolFactory factory(nullptr, nullptr);
-        grTranslationsChecker checker({&factory});
+        const vwTools own_tools(nullptr);
+        grTranslationsChecker checker({&own_tools, &factory});
         if (checker.check(setting.value))
             return true;
         // The value is one line here: in the file it may be several.

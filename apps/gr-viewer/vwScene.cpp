@@ -1,7 +1,10 @@
 #include "vwScene.h"
 
 #include "vwHooks.h"
+#include "vwPerspectiveTool.h"
+#include "vwSheet.h"
 #include "vwStatsBars.h"
+#include "vwTools.h"
 
 #include "grCameraViewCache.h"
 #include "grStdToolFactory.h"
@@ -11,6 +14,8 @@
 #include "grTwiddleOverlayCallback.h"
 #include "grTwiddleTool.h"
 #include "grView.h"
+#include "grViewPaperChild.h"
+#include "grViewPaperParent.h"
 #include "gr_rubber_band.h"
 
 #include "apHighResTime.h"
@@ -48,7 +53,8 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     : the_area(area),
       the_canvas(main, settings.rubber_banding <= vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
       the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
-      the_start_time(apHighResTime::time()), the_cursor(settings.cursor)
+      the_tools(std::make_unique<vwTools>(the_hooks.get())), the_start_time(apHighResTime::time()),
+      the_cursor(settings.cursor)
 {
     // What is asked for wins over the resources, which the canvas has read.
     if (settings.rubber_banding != vwRUBBER_BAND_BY_RESOURCES)
@@ -57,17 +63,22 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     the_hooks->structure(&model);
-    for (int i = 0; i < settings.views; ++i)
+    if (settings.paper)
+        make_sheet(model);
+    for (int i = 0; i < settings.views && !settings.paper; ++i)
         make_view(model, i, !settings.independent && !settings.multi);
+    for (int i = settings.paper; i < n_views() && settings.perspective; ++i)
+        vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
     // One callback before and one after those of the tools: what lies between is the time of the event.
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::start_timing>(this));
-    the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), nullptr);
+    the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), the_tools.get());
     if (settings.multi)
     {
         grStdToolFactoryOptions tools;
         tools.use_multi_tools(1);
         the_twiddling->factory()->push_options(tools);
     }
+    area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::keep_sheet>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::follow_cursor>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::end_timing>(this));
     the_scene = this;
@@ -100,6 +111,33 @@ void vwScene::make_view(dgStructure& model, int number, int follows)
     the_canvas.add_view(std::move(view), std::move(companion));
 }
 
+// The sheet first, so that its views lie over it.
+void vwScene::make_sheet(dgStructure& model)
+{
+    the_sheet = std::make_unique<vwSheet>();
+    auto sheet = std::make_unique<dgView>(&renderer());
+    sheet->root(&the_sheet->root());
+    sheet->shading_context().background_colour = gsColour(0.35, 0.37, 0.40);
+    dgCamera& camera = sheet->camera();
+    camera.view_window(vwSheet::box());
+    camera.zoom(1.03);
+    camera.front_back_plane(1, -1);
+    auto companion = std::make_unique<grViewPaperParent>(sheet.get());
+    grViewPaperParent* parent = companion.get();
+    the_canvas.add_view(std::move(sheet), std::move(companion));
+    for (int i = 0; i < vwSheet::n_fields; ++i)
+    {
+        auto field = std::make_unique<dgView>(&renderer());
+        field->root(&model);
+        field->shading_context().background_colour = gsColour(0.97, 0.97, 0.95);
+        field->camera().rotate_view(gi_Z_AXIS, start_turns[i].z);
+        field->camera().rotate_view(gi_X_AXIS, start_turns[i].x);
+        field->view_bbox();
+        auto child = std::make_unique<grViewPaperChild>(field.get(), parent);
+        the_canvas.add_view(std::move(field), std::move(child));
+    }
+}
+
 // The way back to the start, for the tool that steps through the cameras.
 void vwScene::save_cameras()
 {
@@ -108,8 +146,41 @@ void vwScene::save_cameras()
             cache->push(view(i));
 }
 
+void vwScene::lay_out_sheet()
+{
+    const int width = std::max(the_area.width(), 1), height = std::max(the_area.height(), 1);
+    const dgCamera& sheet = view(0).camera();
+    view(0).camera().window_size(giVector2(width, height));
+    view(0).camera().view_port_dc(giBox2(0, 0, width - 1, height - 1));
+    the_sheet_window = sheet.view_window();
+    const auto pixel = [&](const giPoint2& p)
+    {
+        giPoint3 device;
+        sheet.transform(giPoint3(p.x(), p.y(), 0), device, dgSPACE_WORLD, dgSPACE_DEVICE);
+        return giPoint2(std::round(device.x()), std::round(device.y()));
+    };
+    for (int i = 0; i < vwSheet::n_fields; ++i)
+    {
+        const giPoint2 low = pixel(vwSheet::field(i).low()), high = pixel(vwSheet::field(i).high());
+        dgCamera& camera = view(i + 1).camera();
+        camera.window_size(giVector2(width, height));
+        camera.view_port_dc(giBox2(low.x(), low.y(), std::max(high.x(), low.x()), std::max(high.y(), low.y())));
+    }
+}
+
+// Called after the tools: where they have moved the sheet, its views go along.
+void vwScene::keep_sheet(void*, void*)
+{
+    if (!the_sheet || the_sheet_window == view(0).camera().view_window())
+        return;
+    lay_out_sheet();
+    the_canvas.redraw();
+}
+
 void vwScene::lay_out()
 {
+    if (the_sheet)
+        return lay_out_sheet();
     const int columns = static_cast<int>(std::ceil(std::sqrt(static_cast<double>(n_views()))));
     const int rows = (n_views() + columns - 1) / columns;
     const int width = std::max(the_area.width(), 1), height = std::max(the_area.height(), 1);
@@ -146,7 +217,7 @@ void vwScene::redraw()
 
 void vwScene::fit()
 {
-    for (int i = 0; i < n_views(); ++i)
+    for (int i = the_sheet ? 1 : 0; i < n_views(); ++i)
     {
         view(i).view_bbox();
         // Those that follow move along, and keep where they are put next.
@@ -162,10 +233,19 @@ void vwScene::stats_font(int slot)
         the_stats_bars->font(slot);
 }
 
+void vwScene::title(const std::string& text, int font_slot)
+{
+    if (!the_sheet)
+        return;
+    the_sheet->title(text, renderer(), font_slot);
+    redraw();
+}
+
 grIdleAction vwScene::idle()
 {
     start_timing();
     const grIdleAction action = the_twiddling->twiddle_man()->idle();
+    keep_sheet(nullptr, nullptr);
     end_timing();
     return action;
 }

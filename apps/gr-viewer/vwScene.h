@@ -2,6 +2,7 @@
 
 #include "coReceiver.h"
 #include "dgRenderer.h"
+#include "giBox2.h"
 #include "grCanvas.h"
 #include "grIdleAction.h"
 #include "vwFrameTimes.h"
@@ -9,6 +10,7 @@
 #include "vwRubberBanding.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
 class dgStructure;
@@ -18,7 +20,9 @@ class grStdTwiddling;
 class gwDrawingArea;
 class gwResourceDB;
 class vwHooks;
+class vwSheet;
 class vwStatsBars;
+class vwTools;
 
 /// How a scene is set up.
 struct vwSceneSettings
@@ -31,12 +35,14 @@ struct vwSceneSettings
     vwRefresher refresher = vwREFRESHER_FAST; ///< what redraws views that move
     int multi = 0;                            ///< every tool acts on all views alike
     int independent = 0;                      ///< views do not follow the first one; with multi they never do
+    int perspective = 0;
+    int paper = 0; ///< in place of the grid a sheet, the first view, with three views on it
 };
 
-/// A model in one or several views on a window, with the library's tools on the window's input: all of the viewer but
-/// the window itself. Unless they are independent, the views follow the camera of the first one when that turns, and
-/// can be turned by themselves as well. At most one scene exists at a time, because the overlay callback is
-/// process-wide.
+/// A model in one or several views, in a grid or on a sheet of paper, on a window, with the library's tools on the
+/// window's input: all of the viewer but the window itself. Unless they are independent, the views follow the camera of
+/// the first one when that turns, and can be turned by themselves as well. At most one scene exists at a time, because
+/// the overlay callback is process-wide.
 class vwScene : public coReceiver
 {
 public:
@@ -55,6 +61,8 @@ public:
     void redraw();
     /// Lets frame times, where they are shown, be written as numbers with the font of a slot of the renderer.
     void stats_font(int slot);
+    /// Writes a title on the sheet, where there is one, with the font of a slot of the renderer; once.
+    void title(const std::string& text, int font_slot);
     /// Makes all of the model seen in every view, however much of it came late, and draws them.
     void fit();
     /// One idle call of the twiddle manager: 0 when there is nothing more to do.
@@ -74,7 +82,10 @@ private:
     static void drawn(dgView& view);
     void make_view(dgStructure& model, int number, int follows);
     void save_cameras();
+    void make_sheet(dgStructure& model);
     void lay_out();
+    void lay_out_sheet();
+    void keep_sheet(void* sender, void* data);
     void follow_cursor(void* sender, void* data);
     void start_timing();
     void end_timing();
@@ -82,6 +93,9 @@ private:
     gwDrawingArea& the_area;
     grCanvas the_canvas;
     std::unique_ptr<vwHooks> the_hooks;
+    std::unique_ptr<vwTools> the_tools;
+    std::unique_ptr<vwSheet> the_sheet; // null: not asked for
+    giBox2 the_sheet_window;            // of the sheet's camera when its views were laid out
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<vwStatsBars> the_stats_bars; // null: not asked for
     vwFrameTimes the_frame_times;

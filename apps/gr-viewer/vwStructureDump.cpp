@@ -14,6 +14,7 @@
 #include "dgStructure.h"
 
 #include <algorithm>
+#include <iostream>
 #include <ostream>
 #include <unordered_map>
 #include <vector>
@@ -109,9 +110,8 @@ int vw_dump_structure(const vwOptions& options, std::ostream& os, std::string& e
     vwModel model;
     if (!vw_keeps_inputs(options, options.dump_xml, error))
         return 0;
-    for (const std::string& file : options.files)
-        if (!model.add_file(file, error))
-            return 0;
+    if (!model.add_files(options.files, std::cerr, error))
+        return 0;
     if (options.dump_structure)
         vw_write_structure_tree(os, model.root());
     return options.dump_xml.empty() || write_xml(options.dump_xml, model, error);

@@ -110,9 +110,8 @@ int vw_run_window(const vwOptions& options, std::string& error)
     vwModel model;
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr))
         return 0;
-    for (const std::string& file : options.files)
-        if (!model.add_file(file, error))
-            return 0;
+    if (!model.add_files(options.files, std::cerr, error))
+        return 0;
 
     vwSession head;
     if (options.width)
@@ -146,7 +145,7 @@ int vw_run_window(const vwOptions& options, std::string& error)
     Keys keys(*window, recording);
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
                   {head.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent});
+                   options.refresher, options.multi, options.independent, options.perspective, options.paper});
     if (!vw_add_text(options, scene, model, error))
         return 0;
     window->resize_callback(
