@@ -17,7 +17,10 @@ int run(const vwOptions& options, std::ostream& out, std::string& error)
 {
     if (options.print_resources)
     {
-        out << vw_default_resources();
+        std::string text = vw_default_resources();
+        if (!options.bindings.empty() && !vw_find_bindings(options.bindings, text, error))
+            return 0;
+        out << text;
         return 1;
     }
     if (options.list_bindings)

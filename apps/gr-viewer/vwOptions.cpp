@@ -170,7 +170,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_flag("--dump-structure", read.dump_structure, "Print the display structure as a tree, and show nothing");
     app.add_option("--dump-xml", read.dump_xml, "Write the display structure as XML, and show nothing")
         ->type_name("FILE");
-    app.add_flag("--print-resources", read.print_resources, "Print the built-in resources");
+    app.add_flag("--print-resources", read.print_resources, "Print the built-in resources, or those of --bindings");
     app.add_option("--text", read.text, "Show a text, alone or in front of the model; UTF-8")->type_name("TEXT");
     app.add_option("--font", read.font, "Font family of the text, as --list-fonts prints it")->type_name("FAMILY");
     app.add_flag("--list-fonts", read.list_fonts, "Print the font families that can be used");
