@@ -2,6 +2,7 @@
 
 #include "vwModel.h"
 #include "vwOptions.h"
+#include "vwStandardView.h"
 
 #include "grViewRendererFast.h"
 #include "gr_time_refresh.h"
@@ -12,11 +13,9 @@
 #include "dgRenderer.h"
 #include "dgView.h"
 
-#include <cmath>
 #include <iomanip>
 #include <iostream>
 #include <memory>
-#include <numbers>
 #include <ostream>
 #include <vector>
 
@@ -129,9 +128,7 @@ int vw_bench(const vwOptions& options, std::ostream& out, std::string& error)
     dgRenderer renderer(&window, nullptr);
     dgView view(&renderer);
     view.root(&model.root());
-    view.camera().rotate_view(gi_Z_AXIS, std::numbers::pi / 4);
-    view.camera().rotate_view(gi_X_AXIS, -std::atan(std::sqrt(2.0)));
-    view.view_bbox();
+    vw_standard_view(view, 0);
     grViewRendererFast::minimum_framerate(options.framerate > 0 ? options.framerate : standard_framerate);
 
     // The first drawing copies the geometry and compiles the programs.

@@ -3,6 +3,7 @@
 #include "vwHooks.h"
 #include "vwPerspectiveTool.h"
 #include "vwSheet.h"
+#include "vwStandardView.h"
 #include "vwStatsBars.h"
 #include "vwTools.h"
 
@@ -28,24 +29,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 
 namespace
 {
-constexpr int gap_pixels = 2;                          // between the views of a grid
-constexpr double isometric_tilt = -0.9553166181245092; // radians: minus the arc tangent of the square root of 2
+constexpr int gap_pixels = 2; // between the views of a grid
 
 // The overlay callback has no place for an object of its own.
 vwScene* the_scene = nullptr;
-
-// Turns of the first views about the z axis and then about the x axis of the view; further views start over.
-const struct
-{
-    double z, x;                                                    // radians
-} start_turns[] = {{std::numbers::pi / 4, isometric_tilt},          // isometric
-                   {0, 0},                                          // from above
-                   {0, -std::numbers::pi / 2},                      // from the front
-                   {-std::numbers::pi / 2, -std::numbers::pi / 2}}; // from the right
 }
 
 vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const gwResourceDB& db, dgStructure& model,
@@ -67,8 +57,6 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
         make_sheet(model);
     for (int i = 0; i < settings.views && !settings.paper; ++i)
         make_view(model, i, !settings.independent && !settings.multi);
-    for (int i = settings.paper; i < n_views() && settings.perspective; ++i)
-        vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
     // One callback before and one after those of the tools: what lies between is the time of the event.
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::start_timing>(this));
     the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), the_tools.get());
@@ -83,6 +71,11 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::end_timing>(this));
     the_scene = this;
     grTwiddleOverlayCallback::register_callback(drawn);
+    // How a view is fitted depends on its viewport.
+    lay_out();
+    fit_views();
+    for (int i = settings.paper; i < n_views() && settings.perspective; ++i)
+        vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
     resized();
     save_cameras();
 }
@@ -100,11 +93,7 @@ void vwScene::make_view(dgStructure& model, int number, int follows)
     auto view = std::make_unique<dgView>(&renderer());
     view->root(&model);
     view->shading_context().graduated_background = 1;
-    const auto& turns = start_turns[static_cast<std::size_t>(number) % std::size(start_turns)];
-    dgCamera& camera = view->camera();
-    camera.rotate_view(gi_Z_AXIS, turns.z);
-    camera.rotate_view(gi_X_AXIS, turns.x);
-    view->view_bbox();
+    vw_standard_view(*view, number);
     // A companion with a parent keeps the placement that the cameras have to each other now.
     grView* parent = follows && number > 0 ? the_canvas.companion(0) : nullptr;
     auto companion = std::make_unique<grView>(view.get(), parent);
@@ -130,9 +119,7 @@ void vwScene::make_sheet(dgStructure& model)
         auto field = std::make_unique<dgView>(&renderer());
         field->root(&model);
         field->shading_context().background_colour = gsColour(0.97, 0.97, 0.95);
-        field->camera().rotate_view(gi_Z_AXIS, start_turns[i].z);
-        field->camera().rotate_view(gi_X_AXIS, start_turns[i].x);
-        field->view_bbox();
+        vw_standard_view(*field, i);
         auto child = std::make_unique<grViewPaperChild>(field.get(), parent);
         the_canvas.add_view(std::move(field), std::move(child));
     }
@@ -217,14 +204,19 @@ void vwScene::redraw()
 
 void vwScene::fit()
 {
+    fit_views();
+    save_cameras();
+    redraw();
+}
+
+void vwScene::fit_views()
+{
     for (int i = the_sheet ? 1 : 0; i < n_views(); ++i)
     {
         view(i).view_bbox();
         // Those that follow move along, and keep where they are put next.
         view(i).camera().world2view_altered();
     }
-    save_cameras();
-    redraw();
 }
 
 void vwScene::stats_font(int slot)

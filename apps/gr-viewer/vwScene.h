@@ -83,6 +83,7 @@ private:
     void make_view(dgStructure& model, int number, int follows);
     void save_cameras();
     void make_sheet(dgStructure& model);
+    void fit_views();
     void lay_out();
     void lay_out_sheet();
     void keep_sheet(void* sender, void* data);

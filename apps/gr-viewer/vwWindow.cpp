@@ -26,6 +26,7 @@ namespace
 {
 constexpr double title_interval = 0.5; // seconds
 constexpr double spin_frame_seconds = 1 / 60.0;
+constexpr double slow_frame_seconds = 0.05;
 
 // The keys of the viewer itself: control Q closes the window, P notes a picture in the session that is recorded.
 class Keys : public coReceiver
@@ -79,13 +80,39 @@ private:
     double the_time = -title_interval;
 };
 
+// Draws a scene anew when its window has got another size: at once, or before the next events where drawing is slow and
+// sizes and even the end of the window may follow each other meanwhile.
+class Resizing
+{
+public:
+    explicit Resizing(vwScene& scene) : the_scene(scene) {}
+    void resized()
+    {
+        const std::vector<vwFrame>& frames = the_scene.frame_times().frames();
+        the_pending = !frames.empty() && frames.back().seconds > slow_frame_seconds;
+        if (!the_pending)
+            the_scene.resized();
+    }
+    void draw()
+    {
+        if (the_pending)
+            the_scene.resized();
+        the_pending = 0;
+    }
+
+private:
+    vwScene& the_scene;
+    int the_pending = 0;
+};
+
 // Draws while there is something to draw, and waits for events otherwise. A view that spins turns by one step at every
 // idle call, so that these calls are kept at the pace of a screen; idle calls that fill in a picture are not.
-void run(gwGLFWWindow& window, vwScene& scene, vwRecorder* recorder, Title& title)
+void run(gwGLFWWindow& window, vwScene& scene, vwRecorder* recorder, Title& title, Resizing& resizing)
 {
     double next_idle = 0;
     while (!window.should_close())
     {
+        resizing.draw();
         const double now = apHighResTime::time();
         grIdleAction action = grIDLE_AGAIN;
         if (now >= next_idle)
@@ -148,15 +175,16 @@ int vw_run_window(const vwOptions& options, std::string& error)
                    options.refresher, options.multi, options.independent, options.perspective, options.paper});
     if (!vw_add_text(options, scene, model, error))
         return 0;
+    Resizing resizing(scene);
     window->resize_callback(
         [&]
         {
             if (recording)
                 recording->resized(window->width(), window->height());
-            scene.resized();
+            resizing.resized();
         });
     Title title(*window, model.names(), options.stats);
-    run(*window, scene, recording, title);
+    run(*window, scene, recording, title, resizing);
     window->resize_callback(nullptr);
     return recording ? recording->finish(error) : 1;
 }

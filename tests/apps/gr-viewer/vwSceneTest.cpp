@@ -190,3 +190,11 @@ TEST(vwHooks, a_sheet_is_drawn_before_the_views_on_it)
     ASSERT_EQ(views.count(), 4);
     EXPECT_EQ(views[3], &four.scene->view(0)); // the last one is drawn first
 }
+
+TEST(vwScene, the_isometric_key_changes_nothing_at_first)
+{
+    Four four;
+    four.press(gwQWERTY_KEY, 'I', 0);
+    EXPECT_FALSE(four.turned(0));
+    EXPECT_EQ(four.scene->view(0).camera().view_window(), four.before[0].view_window());
+}
