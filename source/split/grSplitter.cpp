@@ -57,23 +57,19 @@ giBox3 point_zoom_box(const giTriBlock& block, const giBox3& box, double least_s
 }
 
 // A split under way. Its steps answer whether the caller lets it go on.
-struct Run
+class Run
 {
-    giTriBlockcoDList blocks; // in the frame of the direction
-    std::vector<std::unique_ptr<giTriBlock>> owned_blocks;
-    std::vector<giBox3> boxes;
-    giBox3 model_box;
-    std::vector<grSplitBlock> counts;
-    std::vector<int> open; // blocks that the overview has not decided
-    grIdImage id_image;
-    std::optional<grSplitZones> zones;
-    std::vector<std::vector<int>> zone_blocks;
-    grPixelCountcoDynArr upper, lower, alone; // of the image in work, 0 between
-    const grSplitterCallback& callback;
-    grDiagSplitter* diagnostics;
-
+public:
     Run(const grSplitterCallback& progress, grDiagSplitter* observer) : callback(progress), diagnostics(observer) {}
 
+    void copy(const giTriBlockcoDList& originals);
+    bool measure(dgWidgetWindow& window, int image_size);
+    bool classify(const grBlockIdx& self_hiders, std::vector<grBlockVisClass>& classes);
+
+    giTriBlockcoDList blocks; // in the frame of the direction
+    std::vector<giBox3> boxes;
+
+private:
     grSplitBlock& count(int block) { return counts[static_cast<std::size_t>(block)]; }
     const giBox3& box(int block) const { return boxes[static_cast<std::size_t>(block)]; }
     bool go_on(grSplitterProgressSection section, std::size_t done, std::size_t total) const
@@ -123,10 +119,95 @@ struct Run
         return {from_above, from_below, count_in("alone_", {block}, grID_IMAGE_UPPER)};
     }
 
+    void place_in_zones(int image_size);
     bool count_overview_pixels();
     bool count_point_zoom_pixels();
     bool count_block_zoom_pixels();
+
+    std::vector<std::unique_ptr<giTriBlock>> owned_blocks;
+    giBox3 model_box;
+    std::vector<grSplitBlock> counts;
+    std::vector<int> open; // blocks that the overview has not decided
+    grIdImage id_image;
+    std::optional<grSplitZones> zones;
+    std::vector<std::vector<int>> zone_blocks;
+    grPixelCountcoDynArr upper, lower, alone; // of the image in work, 0 between
+    const grSplitterCallback& callback;
+    grDiagSplitter* diagnostics;
 };
+
+// Copies are turned and moved, and not what the caller has.
+void Run::copy(const giTriBlockcoDList& originals)
+{
+    for (const giTriBlock* block : originals)
+    {
+        owned_blocks.push_back(std::make_unique<giTriBlock>(*block));
+        blocks.add_last(owned_blocks.back().get());
+    }
+}
+
+// Counts the pixels of all blocks, and of those that the overview leaves open also in zooms.
+bool Run::measure(dgWidgetWindow& window, int image_size)
+{
+    for (const giBox3& block_box : boxes)
+    {
+        model_box.merge(block_box);
+        counts.emplace_back(static_cast<int>(counts.size()));
+        counts.back().box(block_box);
+    }
+    if (model_box.empty())
+        return true;
+    place_in_zones(image_size);
+    for (grPixelCountcoDynArr* pixels : {&upper, &lower, &alone})
+        grSplitUtils::init(*pixels, blocks.count());
+    if (!id_image.initialize(&window, image_size, image_size, blocks, model_box) || !count_overview_pixels())
+        return false;
+    for (int block = 0; block < blocks.count(); ++block)
+        if (!box(block).empty() && count(block).point_zoom_test_pending())
+            open.push_back(block);
+    return count_point_zoom_pixels() && count_block_zoom_pixels();
+}
+
+void Run::place_in_zones(int image_size)
+{
+    const double pixels = static_cast<double>(image_size) * image_size;
+    zones.emplace(model_box, std::min(most_zones, zone_pixels_per_block * blocks.count() / pixels));
+    zone_blocks.resize(static_cast<std::size_t>(zones->num_zones()));
+    for (int block = 0; block < blocks.count(); ++block)
+    {
+        int low = 0, high = 0;
+        if (!zones->zone(box(block), low, high))
+            continue;
+        if (diagnostics)
+            diagnostics->block_zones(block, low, high);
+        for (grSplitZonesIterator it(*zones, low, high); it.valid(); it.next())
+        {
+            zone_blocks[static_cast<std::size_t>(it.zone())].push_back(block);
+            count(block).add_pending_zone(it.zone());
+        }
+    }
+}
+
+bool Run::classify(const grBlockIdx& self_hiders, std::vector<grBlockVisClass>& classes)
+{
+    for (int block = 0; block < blocks.count(); ++block)
+    {
+        if (!go_on(grSPLITTER_CLASSIFY, static_cast<std::size_t>(block), counts.size()))
+            return false;
+        grBlockVisClass vis = grVIS_BOTH;
+        grBlockDiagClass diag = grDIAG_NOT_CLASSIFIED;
+        count(block).classified(vis, diag);
+        if ((vis == grVIS_UPPER || vis == grVIS_LOWER) && self_hiders.contains(block))
+        {
+            vis = grVIS_BOTH;
+            diag = grDIAG_SELF_HIDER;
+        }
+        if (diagnostics)
+            diagnostics->classified(count(block), vis, diag);
+        classes.push_back(vis);
+    }
+    return true;
+}
 
 bool Run::count_overview_pixels()
 {
@@ -254,75 +335,20 @@ int grSplitter::split(dgWidgetWindow* window, const giTriBlockcoDList& blocks, c
     giXform3 to_frame;
     if (!window || !gr_view_frame(direction, world_box.empty() ? giPoint3() : world_box.middle(), to_frame))
         return 0;
-    for (const giTriBlock* block : blocks)
-    {
-        run.owned_blocks.push_back(std::make_unique<giTriBlock>(*block));
-        run.blocks.add_last(run.owned_blocks.back().get());
-    }
+    run.copy(blocks);
     transform_nodes(run.blocks, to_frame);
     transform_normals(run.blocks, to_frame);
     find_bounding_boxes(run.blocks, run.boxes);
-    for (const giBox3& box : run.boxes)
-        run.model_box.merge(box);
-    const int n_blocks = blocks.count();
-    for (int block = 0; block < n_blocks; ++block)
-    {
-        run.counts.emplace_back(block);
-        run.count(block).box(run.box(block));
-    }
-
-    if (!run.model_box.empty())
-    {
-        const int size = image_size > 0 ? image_size : default_image_size;
-        const double pixels = static_cast<double>(size) * size;
-        run.zones.emplace(run.model_box, std::min(most_zones, zone_pixels_per_block * n_blocks / pixels));
-        run.zone_blocks.resize(static_cast<std::size_t>(run.zones->num_zones()));
-        for (int block = 0; block < n_blocks; ++block)
-        {
-            int low = 0, high = 0;
-            if (!run.zones->zone(run.box(block), low, high))
-                continue;
-            if (diagnostics)
-                diagnostics->block_zones(block, low, high);
-            for (grSplitZonesIterator it(*run.zones, low, high); it.valid(); it.next())
-            {
-                run.zone_blocks[static_cast<std::size_t>(it.zone())].push_back(block);
-                run.count(block).add_pending_zone(it.zone());
-            }
-        }
-        for (grPixelCountcoDynArr* counts : {&run.upper, &run.lower, &run.alone})
-            grSplitUtils::init(*counts, n_blocks);
-        if (!run.id_image.initialize(window, size, size, run.blocks, run.model_box) || !run.count_overview_pixels())
-            return 0;
-        for (int block = 0; block < n_blocks; ++block)
-            if (!run.box(block).empty() && run.count(block).point_zoom_test_pending())
-                run.open.push_back(block);
-        if (!run.count_point_zoom_pixels() || !run.count_block_zoom_pixels())
-            return 0;
-    }
-
+    if (!run.measure(*window, image_size > 0 ? image_size : default_image_size))
+        return 0;
     grBlockIdx self_hiders;
     find_self_hiders(run.blocks, self_hiders);
     std::vector<grBlockVisClass> classes;
-    for (int block = 0; block < n_blocks; ++block)
-    {
-        if (!run.go_on(grSPLITTER_CLASSIFY, static_cast<std::size_t>(block), static_cast<std::size_t>(n_blocks)))
-            return 0;
-        grBlockVisClass vis = grVIS_BOTH;
-        grBlockDiagClass diag = grDIAG_NOT_CLASSIFIED;
-        run.count(block).classified(vis, diag);
-        if ((vis == grVIS_UPPER || vis == grVIS_LOWER) && self_hiders.contains(block))
-        {
-            vis = grVIS_BOTH;
-            diag = grDIAG_SELF_HIDER;
-        }
-        if (diagnostics)
-            diagnostics->classified(run.count(block), vis, diag);
-        classes.push_back(vis);
-    }
+    if (!run.classify(self_hiders, classes))
+        return 0;
     grBlockIdx* const sets[] = {&upper, &lower, &undecided, &both};
-    for (int block = 0; block < n_blocks; ++block)
-        sets[classes[static_cast<std::size_t>(block)]]->add(block);
+    for (std::size_t block = 0; block < classes.size(); ++block)
+        sets[classes[block]]->add(static_cast<int>(block));
     return 1;
 }
 

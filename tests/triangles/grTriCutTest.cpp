@@ -239,6 +239,7 @@ TEST(grTriCut, zones_decide_over_single_triangles)
         {"uuu", {0, 1, 2}, "", "", grSPANNING_ZONE, grUNDETERMINED_ZONE},
         {"pn", {0, 1, 0}, "0 1 0", "0 2 0, 0 1 2", grSPANNING_ZONE, grPOSITIVE_ZONE}, // one edge, there twice
         {"pn", {1, 0, 0}, "0 0 1", "0 0 2, 0 2 1", grSPANNING_ZONE, grNEGATIVE_ZONE},
+        {"pn", {0, 0, 1}, "0 0 1", "0 0 2, 0 2 1", grSPANNING_ZONE, grPOSITIVE_ZONE},
     };
     for (const auto& c : cases)
     {
