@@ -1,4 +1,7 @@
 # What every target of the project shares: the language, warnings, symbol visibility and the helpers that make targets.
+# As a guest in another build it decides nothing that the host may want to decide.
+
+include(GNUInstallDirs)
 
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
@@ -6,21 +9,33 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/${CMAKE_INSTALL_BINDIR})
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
 
-if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
-    set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+option(GR_OPENGL "Build the OpenGL back end" ${PROJECT_IS_TOP_LEVEL})
+option(GR_GLFW "Build the GLFW back end, which needs the OpenGL one" ${PROJECT_IS_TOP_LEVEL})
+option(GR_PROGRAMS "Build gr-viewer, gr-tarn, the examples and the benchmarks, which need both back ends" ${PROJECT_IS_TOP_LEVEL})
+option(GR_TESTS "Build the tests, which need the programs" ${PROJECT_IS_TOP_LEVEL})
+option(GR_INSTALL "Install the library, its headers and the programs" ${PROJECT_IS_TOP_LEVEL})
+option(GR_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+option(GR_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
+if(GR_GLFW AND NOT GR_OPENGL)
+    message(FATAL_ERROR "GR_GLFW needs GR_OPENGL")
+endif()
+if(GR_PROGRAMS AND NOT GR_GLFW OR GR_TESTS AND NOT GR_PROGRAMS)
+    message(FATAL_ERROR "GR_PROGRAMS needs GR_GLFW, and GR_TESTS needs GR_PROGRAMS")
 endif()
 
-option(GR_SANITIZE "Build with the address and undefined-behaviour sanitizers" OFF)
-option(GR_WARNINGS_AS_ERRORS "Treat compiler warnings as errors" ON)
-
-find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+if(PROJECT_IS_TOP_LEVEL)
+    set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+    if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+        set(CMAKE_BUILD_TYPE Release CACHE STRING "Build type" FORCE)
+    endif()
+    find_program(CCACHE_PROGRAM ccache)
+    if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+    endif()
 endif()
 
 add_library(gr_build INTERFACE)
@@ -41,16 +56,28 @@ else()
     endif()
 endif()
 
-# gr_platform_library(<target> ROOMS ... SOURCES ... USES ... PRIVATE_USES ...): one lower library, shared so that its
-# process-wide state exists once however many libraries use it. ROOMS are folders of a library that has several.
+# gr_platform_library(<target> LIBRARY ... ROOMS ... SOURCES ... PRIVATE_HEADERS ... USES ... PRIVATE_USES ...): one lower
+# library, linked into the shared library LIBRARY. It sees its own headers and those of the lower libraries that it USES. ROOMS
+# are folders of a library that has several. All headers are installed but the PRIVATE_HEADERS.
 function(gr_platform_library target)
-    cmake_parse_arguments(arg "" "" "ROOMS;SOURCES;USES;PRIVATE_USES" ${ARGN})
-    add_library(${target} SHARED ${arg_SOURCES})
-    target_compile_features(${target} PUBLIC cxx_std_20)
+    cmake_parse_arguments(arg "" "LIBRARY" "ROOMS;SOURCES;PRIVATE_HEADERS;USES;PRIVATE_USES" ${ARGN})
     list(TRANSFORM arg_ROOMS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE folders)
-    target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} ${folders})
-    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
-    set_property(GLOBAL APPEND PROPERTY GR_SHARED_LIBRARIES ${target})
+    list(PREPEND folders ${CMAKE_CURRENT_SOURCE_DIR})
+    list(TRANSFORM arg_USES APPEND _headers OUTPUT_VARIABLE used_headers)
+
+    add_library(${target}_headers INTERFACE)
+    target_include_directories(${target}_headers INTERFACE ${folders})
+    target_link_libraries(${target}_headers INTERFACE ${used_headers})
+
+    add_library(${target}_objects OBJECT ${arg_SOURCES})
+    target_compile_definitions(${target}_objects PRIVATE ${arg_LIBRARY}_EXPORTS)
+    target_link_libraries(${target}_objects PRIVATE ${target}_headers gr_build ${arg_PRIVATE_USES})
+
+    # What others in the tree link: these headers alone, however much more the shared library holds.
+    add_library(${target} INTERFACE)
+    target_link_libraries(${target} INTERFACE ${target}_headers $<LINK_ONLY:${arg_LIBRARY}>)
+
+    gr_collect(${arg_LIBRARY} OBJECTS ${target}_objects FOLDERS ${folders} PRIVATE_HEADERS ${arg_PRIVATE_HEADERS})
 endfunction()
 
 # gr_subsystem(<target> SOURCES ... USES ... PRIVATE_USES ...): one room of source/, linked into the gr library as objects. It
@@ -70,8 +97,49 @@ function(gr_subsystem target)
         endif()
     endforeach()
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
-    set_property(GLOBAL APPEND PROPERTY GR_SUBSYSTEMS ${target})
-    set_property(GLOBAL APPEND PROPERTY GR_ROOMS ${PROJECT_SOURCE_DIR}/include/${room})
+    gr_collect(gr OBJECTS ${target} FOLDERS ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/${room})
+endfunction()
+
+# gr_collect(<library> OBJECTS ... FOLDERS ... PRIVATE_HEADERS ...): adds to what gr_shared_library will put together.
+function(gr_collect library)
+    set(kinds OBJECTS FOLDERS PRIVATE_HEADERS)
+    cmake_parse_arguments(arg "" "" "${kinds}" ${ARGN})
+    foreach(kind ${kinds})
+        set_property(GLOBAL APPEND PROPERTY ${library}_${kind} ${arg_${kind}})
+    endforeach()
+endfunction()
+
+# gr_shared_library(<target> NAME ... USES ... REQUIRES ... DESCRIPTION ...): puts together a shared library of what was
+# collected for it, which others link as gr::NAME, and installs it with its headers.
+function(gr_shared_library target)
+    cmake_parse_arguments(arg "" "NAME" "USES" ${ARGN})
+    foreach(kind OBJECTS FOLDERS PRIVATE_HEADERS)
+        get_property(${kind} GLOBAL PROPERTY ${target}_${kind})
+        list(REMOVE_DUPLICATES ${kind})
+    endforeach()
+    add_library(${target} SHARED)
+    set_property(GLOBAL APPEND PROPERTY GR_SHARED_LIBRARIES ${target})
+    add_library(gr::${arg_NAME} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_NAME} INSTALL_RPATH $ORIGIN)
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_include_directories(${target} PUBLIC
+        "$<BUILD_INTERFACE:${FOLDERS}>" $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/gr>)
+    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${OBJECTS})
+
+    if(GR_INSTALL)
+        foreach(folder ${FOLDERS})
+            file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
+            foreach(header ${PRIVATE_HEADERS})
+                list(FILTER headers EXCLUDE REGEX "/${header}$")
+            endforeach()
+            install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gr COMPONENT development)
+        endforeach()
+        install(TARGETS ${target} EXPORT gr
+            RUNTIME COMPONENT library
+            LIBRARY COMPONENT library NAMELINK_COMPONENT development
+            ARCHIVE COMPONENT development)
+    endif()
 endfunction()
 
 # gr_program(<target> SOURCES ... USES ...): an executable of the project.
@@ -79,6 +147,15 @@ function(gr_program target)
     cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
     add_executable(${target} ${arg_SOURCES})
     target_link_libraries(${target} PRIVATE gr_build ${arg_USES})
+endfunction()
+
+# gr_install_program(<target>): a program for users.
+function(gr_install_program target)
+    file(RELATIVE_PATH libraries /${CMAKE_INSTALL_BINDIR} /${CMAKE_INSTALL_LIBDIR})
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
+    if(GR_INSTALL)
+        install(TARGETS ${target} COMPONENT tools)
+    endif()
 endfunction()
 
 # gr_test(<target> SOURCES ... USES ...): a GoogleTest program, run by ctest in a random order as one test.

@@ -10,6 +10,7 @@
 #include "grOutlineFontListElement.h"
 
 #include "apFile.h"
+#include "apProgram.h"
 #include "dgCamera.h"
 #include "dgRef.h"
 #include "dgRenderer.h"
@@ -34,12 +35,17 @@ namespace
 // Where Debian and the systems made from it keep Type 1 fonts, and their metrics.
 const char* const default_font_path = "/usr/share/fonts/X11/Type1;/usr/share/htmldoc/fonts";
 const char* const default_metrics_path = "/usr/share/fonts/type1/urw-base35;/usr/share/htmldoc/fonts";
-const char* const default_font_list = GR_SHARE "/fonts/urw-base35.fonts";
 
 const char* const preferred_families[] = {"DejaVu Sans", "Liberation Sans", "Arial", "Helvetica", "Nimbus Sans"};
 
 // Of the model's size.
 constexpr double largest_height = 0.12, gap = 0.05;
+
+// GR_SHARE leads from the programs' folder to share/gr, in the build as in an installed tree.
+std::string default_font_list()
+{
+    return (ap_program_folder() / GR_SHARE "/fonts/urw-base35.fonts").utf8();
+}
 
 struct Fonts
 {
@@ -54,7 +60,7 @@ int read_fonts(const vwOptions& options, Fonts& fonts, std::string& error)
     fonts.reader = std::make_unique<grOutlineFontFamilyReader>(or_default(options.font_path, default_font_path),
                                                                or_default(options.metrics_path, default_metrics_path));
     fonts.n_builtin = fonts.reader->num_families();
-    const std::string list = options.font_list.empty() ? default_font_list : options.font_list;
+    const std::string list = options.font_list.empty() ? default_font_list() : options.font_list;
     if (options.font_list.empty() && !ap_file_exists(list))
         return 1;
     std::ifstream readable;

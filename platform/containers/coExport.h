@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(co_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define CO_EXPORT AP_SYMBOL_EXPORT
 #else
 #define CO_EXPORT AP_SYMBOL_IMPORT

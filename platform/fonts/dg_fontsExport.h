@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(dg_fonts_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define DG_FONTS_EXPORT AP_SYMBOL_EXPORT
 #else
 #define DG_FONTS_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(gi_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define GI_EXPORT AP_SYMBOL_EXPORT
 #else
 #define GI_EXPORT AP_SYMBOL_IMPORT

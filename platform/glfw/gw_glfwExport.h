@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(gw_glfw_EXPORTS)
+#if defined(gr_glfw_EXPORTS)
 #define GW_GLFW_EXPORT AP_SYMBOL_EXPORT
 #else
 #define GW_GLFW_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(dg_opengl_EXPORTS)
+#if defined(gr_opengl_EXPORTS)
 #define DG_OPENGL_EXPORT AP_SYMBOL_EXPORT
 #else
 #define DG_OPENGL_EXPORT AP_SYMBOL_IMPORT

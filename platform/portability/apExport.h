@@ -9,7 +9,7 @@
 #define AP_SYMBOL_IMPORT __attribute__((visibility("default")))
 #endif
 
-#if defined(ap_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define AP_EXPORT AP_SYMBOL_EXPORT
 #else
 #define AP_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(gw_spaceball_EXPORTS)
+#if defined(gr_glfw_EXPORTS)
 #define GW_SPACEBALL_EXPORT AP_SYMBOL_EXPORT
 #else
 #define GW_SPACEBALL_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(dg_trace_EXPORTS)
+#if defined(gr_trace_EXPORTS)
 #define DG_TRACE_EXPORT AP_SYMBOL_EXPORT
 #else
 #define DG_TRACE_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(ut_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define UT_EXPORT AP_SYMBOL_EXPORT
 #else
 #define UT_EXPORT AP_SYMBOL_IMPORT

@@ -2,7 +2,7 @@
 
 #include "apExport.h"
 
-#if defined(gw_EXPORTS)
+#if defined(gr_display_EXPORTS)
 #define GW_EXPORT AP_SYMBOL_EXPORT
 #else
 #define GW_EXPORT AP_SYMBOL_IMPORT

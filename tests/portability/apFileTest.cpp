@@ -1,4 +1,5 @@
 #include "apFile.h"
+#include "apProgram.h"
 
 #include <gtest/gtest.h>
 
@@ -69,4 +70,9 @@ TEST(apPathName, joins_and_keeps_absolute_names)
     EXPECT_TRUE(absolute.is_absolute());
     EXPECT_EQ(folder / absolute, absolute);
     EXPECT_EQ(apPathName() / folder, folder);
+}
+
+TEST(apProgram, a_program_finds_what_lies_beside_it)
+{
+    EXPECT_TRUE(ap_file_exists(ap_program_folder() / "test_portability"));
 }
