@@ -111,12 +111,12 @@ private:
                               root->add(tsLine(segments)->element(0));
                           view.root(root.get());
                       });
-        // Segments drawn since the last time.
+        // Segments drawn since the last time, in place of the records of their drawing.
         the_stage.add("drawn",
                       [this](tsArguments&)
                       {
-                          the_stage.take();
                           dgTraceWindow& surface = the_stage.window().surface;
+                          surface.clear_log();
                           the_stage.note({double(surface.features_drawn())});
                           surface.reset_features_drawn();
                       });
@@ -262,7 +262,11 @@ private:
                               fast().refresh(nullptr, 0);
                       });
         the_stage.add("f_frame_with_icon",
-                      [this](tsArguments& in) { fast().refresh(tsLine(in.integer()).get(), in.integer_or(0)); });
+                      [this](tsArguments& in)
+                      {
+                          const dgRef<dgStructure> icon = tsLine(in.integer());
+                          fast().refresh(icon.get(), in.integer_or(0));
+                      });
         the_stage.add("f_final", [this](tsArguments&) { fast().refresh(nullptr, 1); });
         the_stage.add("f_slice", [this](tsArguments&) { the_stage.note({double(fast().draw_a_slice())}); });
         // Slices until nothing is left, 3000 at most; how many.

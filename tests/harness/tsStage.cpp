@@ -136,11 +136,11 @@ struct tsStage::Watch : coReceiver
     std::string name;
 };
 
-// Each stage lives a million seconds after the one before: what the process remembers of a time is long ago.
+// Each stage begins a while after the one before: what the process remembers of a time is long ago.
 tsStage::tsStage() : clock(0, 1000)
 {
     static double begin = 0;
-    clock.set_time(begin += 1e6);
+    clock.set_time(begin += 1024);
     the_stage = this;
     add("wait", [this](tsArguments& in) { clock.advance(in.number()); });
     add("set",

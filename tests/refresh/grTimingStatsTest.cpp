@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -51,18 +50,6 @@ TEST(grTimingStat, measures_on_the_fine_clock_and_dates_by_the_wall_clock)
     EXPECT_EQ(stat.tstart_string(), "2001-09-09T01:46:40Z");
     stat.set_times(3, -2);
     EXPECT_EQ(stat.invalid(), 1);
-}
-
-TEST(grTimingStat, prints_its_date_in_whole_seconds_and_the_rest)
-{
-    grTimingStat stat;
-    std::ostringstream text;
-    text << stat;
-    stat.set_times(0.5, 1000000000.25);
-    text << stat;
-    EXPECT_EQ(text.str(), "grTimingStat {\n  invalid\n}\n"
-                          "grTimingStat {\n  time_diff() 0.5\n  tstart() 1000000000 + 0.25\n"
-                          "  tstart_string() 2001-09-09T01:46:40Z\n}\n");
 }
 
 TEST(grTimingStats, walks_from_the_newest_to_the_oldest)
@@ -130,29 +117,6 @@ TEST(grTimingStats, skips_older_ones_and_walks_on)
     double average = 0;
     stats.last_stats(5, count, average);
     EXPECT_EQ(count, 2);
-}
-
-TEST(grTimingStats, prints_a_rate_only_when_there_is_one)
-{
-    apClockOverride clock(1, 1000000000);
-    grTimingStats stats;
-    stats.init(2);
-    std::ostringstream text;
-    text << stats;
-    const std::string invalid = "grTimingStat {\n  invalid\n}\n";
-    EXPECT_EQ(text.str(), "grTimingStats::print() {\n  nstats_found 0\n  time_diff_ave 0\n  oldest stat is " + invalid +
-                              "  newest stat is " + invalid + "}\n");
-    std::ostringstream debug;
-    stats.debug_print(1, &debug);
-    fill(stats, clock, {0.5});
-    const std::string half =
-        "grTimingStat {\n  time_diff() 0.5\n  tstart() 1000000000 + 0\n  tstart_string() 2001-09-09T01:46:40Z\n}\n";
-    EXPECT_EQ(debug.str(), "grTimingStats::end() {\n  current stat at 0 and is " + half + "}\n");
-    text.str("");
-    text << stats;
-    EXPECT_EQ(text.str(), "grTimingStats::print() {\n  nstats_found 1\n  time_diff_ave 0.5\n  ave frames per sec 2\n"
-                          "  oldest stat is " +
-                              half + "  newest stat is " + half + "}\n");
 }
 
 TEST(grTimingStats, keeps_its_stats_when_initialised_to_the_same_size)
