@@ -13,13 +13,6 @@
 
 namespace
 {
-const tsLog xor_drawing_with_stencil = {"xor erase_area 10 10 49 39 keep_colour keep_depth",
-                                        "xor gl_enable 0xb90",
-                                        "xor gl_stencil_func 0x205 1 0x1",
-                                        "xor gl_stencil_op 0x1e00 0x1e01 0x1e01",
-                                        "xor draw lines 3 of 1",
-                                        "xor gl_disable 0xb90"};
-
 // Calls make once for each of the two kinds of item that are drawn in a view, made of 3 segments.
 void for_view_items(tsBands& bands, const std::function<void(grRubberBandItem&)>& test)
 {
@@ -40,11 +33,6 @@ void draw(grRubberBandItem& item, grRubberBandIt it = grDRAW_RUBBER_BAND_ITEM)
 void undraw(grRubberBandItem& item)
 {
     draw(item, grUNDRAW_RUBBER_BAND_ITEM);
-}
-
-int via_redraw(dgRenderer*, void* answer)
-{
-    return *static_cast<int*>(answer);
 }
 
 // Writes what it is told of into the window's log.
@@ -91,45 +79,6 @@ private:
     }
     tsBands& the_bands;
 };
-}
-
-TEST(grRubberBandItem, xor_draws_once_with_a_cleared_stencil_and_the_same_again_to_undraw)
-{
-    tsBands bands;
-    for_view_items(bands,
-                   [&](grRubberBandItem& item)
-                   {
-                       EXPECT_EQ(item.state(), grUNDRAWN_RUBBER_BAND_ITEM);
-                       undraw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog());
-                       draw(item);
-                       EXPECT_EQ(bands.take_log(), xor_drawing_with_stencil) << item.type();
-                       EXPECT_EQ(item.state(), grDRAWN_RUBBER_BAND_ITEM);
-                       draw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog()) << "it is drawn already";
-                       EXPECT_EQ(bands.renderer.current_driver_index(), 0);
-                       undraw(item);
-                       EXPECT_EQ(bands.take_log(), xor_drawing_with_stencil) << item.type();
-                       EXPECT_EQ(item.state(), grUNDRAWN_RUBBER_BAND_ITEM);
-                       EXPECT_EQ(bands.renderer.current_driver_index(), 0);
-                   });
-}
-
-TEST(grRubberBandItem, stencil_is_left_alone_when_it_is_off_or_the_driver_has_none)
-{
-    tsBands bands;
-    for_view_items(bands,
-                   [&](grRubberBandItem& item)
-                   {
-                       grRubberBandManager::set_xor_mode_with_stencil_planes(0);
-                       draw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog{"xor draw lines 3 of 1"});
-                       grRubberBandManager::set_xor_mode_with_stencil_planes(1);
-                       bands.main.driver_type(dgDRIVER_TRACE);
-                       undraw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog{"xor draw lines 3 of 1"});
-                       bands.main.driver_type(dgDRIVER_OPENGL);
-                   });
 }
 
 TEST(grRubberBandItem, hooks_lie_around_the_brackets_of_the_view_and_the_state_changes_before_hlhsr_comes_back)
@@ -191,67 +140,6 @@ TEST(grRubberBandItem, callback_items_switch_the_hidden_surfaces_of_the_renderer
     item->set_turn_off_hlhsr(0);
     undraw(*item);
     EXPECT_EQ(mode, dgHLHSR_ZBUFFER);
-}
-
-TEST(grRubberBandItem, overlay_is_erased_to_undraw_and_the_others_drawn_again)
-{
-    tsBands bands(1);
-    tsCountedItem other(bands.renderer);
-    other.draw();
-    for_view_items(bands,
-                   [&](grRubberBandItem& item)
-                   {
-                       grRubberBandManager::add(&item);
-                       other.drawn = 0;
-                       draw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog{"overlay draw lines 3 of 1"});
-                       // Deliberate: an overlay's driver stays selected.
-                       EXPECT_EQ(bands.renderer.current_driver_index(), 1);
-                       undraw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog{"overlay clear 0 0 99 79 colour depth"});
-                       EXPECT_EQ(item.state(), grUNDRAWN_RUBBER_BAND_ITEM);
-                       EXPECT_EQ(other.drawn, 1);
-                       EXPECT_EQ(other.undrawn, 0);
-                       EXPECT_EQ(other.item->state(), grDRAWN_RUBBER_BAND_ITEM);
-                       grRubberBandManager::remove(&item);
-                   });
-}
-
-TEST(grRubberBandItem, main_planes_are_drawn_normally_and_without_a_canvas_only_the_others_are_drawn_again)
-{
-    tsBands bands;
-    int answer = 1;
-    grRubberBandManager::set_redraw_callback(via_redraw, &answer);
-    tsCountedItem other(bands.renderer);
-    other.draw();
-    EXPECT_EQ(other.driver, 0);
-    for_view_items(bands,
-                   [&](grRubberBandItem& item)
-                   {
-                       draw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog{"draw lines 3 of 1"});
-                       undraw(item);
-                       EXPECT_EQ(bands.take_log(), tsLog()) << "nothing can take it off the screen";
-                       EXPECT_EQ(item.state(), grUNDRAWN_RUBBER_BAND_ITEM);
-                       EXPECT_EQ(other.driver, 1);
-                       EXPECT_EQ(bands.renderer.current_driver_index(), 0);
-                   });
-}
-
-TEST(grRubberBandItem, a_nested_drawing_on_another_renderer_costs_the_outer_one_its_driver)
-{
-    tsBands bands;
-    static dgRef<grRubberBandCallback> inner;
-    dgRenderer other(&bands.overlay, nullptr);
-    inner = dgRef<grRubberBandCallback>(new grRubberBandCallback(&other, nullptr, nullptr));
-    const dgRef<grRubberBandCallback> outer(new grRubberBandCallback(
-        &bands.renderer, [](grRubberBandItem*, grRubberBandIt it) { draw(*inner, it); }, nullptr));
-    bands.renderer.select_driver(1);
-    draw(*outer);
-    EXPECT_EQ(other.current_driver_index(), 0);
-    EXPECT_EQ(bands.renderer.current_driver_index(), 0) << "driver 0 serves when the saved one is another renderer's";
-    inner.reset();
-    grRubberBandManager::to_be_deleted(&other);
 }
 
 TEST(grRubberBandItem, states_recorded_by_others)
