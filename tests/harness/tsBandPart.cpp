@@ -19,7 +19,7 @@ namespace
 class BandPart : public tsPart
 {
 public:
-    explicit BandPart(tsStage& stage) : the_stage(stage)
+    explicit BandPart(tsStage& stage) : tsPart(stage)
     {
         add_items();
         add_manager();
@@ -77,126 +77,109 @@ private:
     void add_items()
     {
         // NAME callback [WINDOW], NAME structure VIEW SEGMENTS, NAME element VIEW SEGMENTS; behind the list.
-        the_stage.add("item",
-                      [this](tsArguments& in)
-                      {
-                          const std::string name = in.word(), kind = in.word();
-                          Item& made = the_items[name];
-                          made.part = this;
-                          made.name = name;
-                          made.item = dgRef<grRubberBandItem>(make(kind, made, in));
-                          grRubberBandManager::add(made.item.get());
-                      });
-        the_stage.add("list", [this](tsArguments& in) { grRubberBandManager::add(item(in)); });
-        the_stage.add("unlist", [this](tsArguments& in) { grRubberBandManager::remove(item(in)); });
-        the_stage.add("release_item", [this](tsArguments& in) { the_items.erase(in.word()); });
-        the_stage.add("draw",
-                      [this](tsArguments& in) { grRubberBandManager::draw(item(in), grDRAW_RUBBER_BAND_ITEM); });
-        the_stage.add("undraw",
-                      [this](tsArguments& in) { grRubberBandManager::draw(item(in), grUNDRAW_RUBBER_BAND_ITEM); });
-        the_stage.add("state",
-                      [this](tsArguments& in)
-                      {
-                          const grRubberBandItem* asked = item(in);
-                          const char* const names[] = {"drawn", "undrawn", "taken off"};
-                          the_stage.note(std::string(names[asked->state()]) +
-                                         (asked->cancelled() ? ", cancelled" : "") +
-                                         (grRubberBandManager::item_in_list(asked) ? "" : ", not listed"));
-                      });
+        on("item") = [this](tsArguments& in)
+        {
+            const std::string name = in.word(), kind = in.word();
+            Item& made = the_items[name];
+            made.part = this;
+            made.name = name;
+            made.item = dgRef<grRubberBandItem>(make(kind, made, in));
+            grRubberBandManager::add(made.item.get());
+        };
+        on("list") = [this](tsArguments& in) { grRubberBandManager::add(item(in)); };
+        on("unlist") = [this](tsArguments& in) { grRubberBandManager::remove(item(in)); };
+        on("release_item") = [this](tsArguments& in) { the_items.erase(in.word()); };
+        on("draw") = [this](tsArguments& in) { grRubberBandManager::draw(item(in), grDRAW_RUBBER_BAND_ITEM); };
+        on("undraw") = [this](tsArguments& in) { grRubberBandManager::draw(item(in), grUNDRAW_RUBBER_BAND_ITEM); };
+        on("state") = [this](tsArguments& in)
+        {
+            const grRubberBandItem* asked = item(in);
+            const char* const names[] = {"drawn", "undrawn", "taken off"};
+            the_stage.note(std::string(names[asked->state()]) + (asked->cancelled() ? ", cancelled" : "") +
+                           (grRubberBandManager::item_in_list(asked) ? "" : ", not listed"));
+        };
     }
     void add_manager()
     {
         const auto on_renderer = [this](const std::string& name, void (*work)(dgRenderer*))
-        { the_stage.add(name, [this, work](tsArguments& in) { work(the_stage.window(in.integer_or(1)).renderer); }); };
+        { on(name) = [this, work](tsArguments& in) { work(the_stage.window(in.integer_or(1)).renderer); }; };
         on_renderer("temp_undraw", &grRubberBandManager::temp_undraw);
         on_renderer("update", &grRubberBandManager::update);
         on_renderer("erased", &grRubberBandManager::erased);
         on_renderer("cancel_renderer", &grRubberBandManager::to_be_deleted);
-        the_stage.add("cancel_view", [](tsArguments& in) { grRubberBandManager::to_be_deleted(&in.view()); });
-        the_stage.add("redraw",
-                      [this](tsArguments& in)
-                      {
-                          dgRenderer* renderer = the_stage.window(1).renderer;
-                          if (in.more())
-                              grRubberBandManager::redraw(renderer, item(in));
-                          else
-                              grRubberBandManager::redraw(renderer);
-                      });
-        the_stage.add("suspend", [](tsArguments& in) { grRubberBandManager::suspend_rubber_banding(in.integer()); });
-        the_stage.add("second_manager", [this](tsArguments& in)
-                      { the_second = in.integer() ? std::make_unique<grRubberBandManager>() : nullptr; });
-        the_stage.add("clear_list", [](tsArguments&) { grRubberBandManager::clear(); });
-        the_stage.add("list_is",
-                      [this](tsArguments&)
-                      {
-                          the_stage.note(std::string(grRubberBandManager::empty() ? "empty" : "filled") +
-                                         (grRubberBandManager::items_cancelled() ? ", cancelled" : ""));
-                      });
+        on("cancel_view") = [](tsArguments& in) { grRubberBandManager::to_be_deleted(&in.view()); };
+        on("redraw") = [this](tsArguments& in)
+        {
+            dgRenderer* renderer = the_stage.window(1).renderer;
+            if (in.more())
+                grRubberBandManager::redraw(renderer, item(in));
+            else
+                grRubberBandManager::redraw(renderer);
+        };
+        on("suspend") = [](tsArguments& in) { grRubberBandManager::suspend_rubber_banding(in.integer()); };
+        on("second_manager") = [this](tsArguments& in)
+        { the_second = in.integer() ? std::make_unique<grRubberBandManager>() : nullptr; };
+        on("clear_list") = [](tsArguments&) { grRubberBandManager::clear(); };
+        on("list_is") = [this](tsArguments&)
+        {
+            the_stage.note(std::string(grRubberBandManager::empty() ? "empty" : "filled") +
+                           (grRubberBandManager::items_cancelled() ? ", cancelled" : ""));
+        };
         // A function that decides and answers so, or none.
-        the_stage.add("decide",
-                      [this](tsArguments& in)
-                      {
-                          if (in.next_is("none"))
-                              return grRubberBandManager::set_redraw_callback(nullptr, nullptr);
-                          the_answer = in.integer();
-                          grRubberBandManager::set_redraw_callback(decide, this);
-                      });
-        the_stage.add("mode",
-                      [this](tsArguments& in)
-                      {
-                          const char* const names[] = {"xor", "overlay", "main"};
-                          the_stage.note(names[grRubberBandManager::mode(the_stage.window(in.integer_or(1)).renderer)]);
-                      });
-        the_stage.add("driver",
-                      [this](tsArguments& in) {
-                          the_stage.note({double(the_stage.window(in.integer_or(1)).renderer->current_driver_index())});
-                      });
-        the_stage.add("select_driver",
-                      [this](tsArguments& in)
-                      {
-                          const int driver = in.integer();
-                          the_stage.window(in.integer_or(1)).renderer->select_driver(driver);
-                      });
+        on("decide") = [this](tsArguments& in)
+        {
+            if (in.next_is("none"))
+                return grRubberBandManager::set_redraw_callback(nullptr, nullptr);
+            the_answer = in.integer();
+            grRubberBandManager::set_redraw_callback(decide, this);
+        };
+        on("mode") = [this](tsArguments& in)
+        {
+            const char* const names[] = {"xor", "overlay", "main"};
+            the_stage.note(names[grRubberBandManager::mode(the_stage.window(in.integer_or(1)).renderer)]);
+        };
+        on("driver") = [this](tsArguments& in)
+        { the_stage.note({double(the_stage.window(in.integer_or(1)).renderer->current_driver_index())}); };
+        on("select_driver") = [this](tsArguments& in)
+        {
+            const int driver = in.integer();
+            the_stage.window(in.integer_or(1)).renderer->select_driver(driver);
+        };
         // For an erase and render: the answer, and what is wanted before and after.
-        the_stage.add("sort_out",
-                      [this](tsArguments& in)
-                      {
-                          int before = -1, after = -1;
-                          const int answer = grRubberBandManager::sort_out_rubber_banding_on_erase_and_render(
-                              the_stage.window(in.integer_or(1)).renderer, before, after);
-                          the_stage.note({double(answer), double(before), double(after)});
-                      });
-        the_stage.add("in_xor",
-                      [this](tsArguments& in)
-                      {
-                          the_stage.note({double(grRubberBandManager::renderer_in_xor_mode(
-                                              the_stage.window(in.integer_or(1)).renderer)),
-                                          double(grRubberBandManager::last_renderer_was_in_xor_mode())});
-                      });
+        on("sort_out") = [this](tsArguments& in)
+        {
+            int before = -1, after = -1;
+            const int answer = grRubberBandManager::sort_out_rubber_banding_on_erase_and_render(
+                the_stage.window(in.integer_or(1)).renderer, before, after);
+            the_stage.note({double(answer), double(before), double(after)});
+        };
+        on("in_xor") = [this](tsArguments& in)
+        {
+            the_stage.note(
+                {double(grRubberBandManager::renderer_in_xor_mode(the_stage.window(in.integer_or(1)).renderer)),
+                 double(grRubberBandManager::last_renderer_was_in_xor_mode())});
+        };
         // A manager starts with its defaults, so these need not be put back.
-        the_stage.add("via_redraw", [](tsArguments& in) { grRubberBandManager::rubber_band_via_redraw(in.integer()); });
-        the_stage.add("via_redraw_flag", [this](tsArguments&)
-                      { the_stage.note({double(grRubberBandManager::rubber_band_via_redraw())}); });
-        the_stage.add("stencil",
-                      [](tsArguments& in) { grRubberBandManager::set_xor_mode_with_stencil_planes(in.integer()); });
-        the_stage.add("do_redraw", [](tsArguments& in) { grRubberBandManager::do_redraw(in.integer()); });
-        the_stage.add("band_framerate", [](tsArguments& in) { grRubberBandManager::minimum_framerate(in.number()); });
-        the_stage.add("opengl",
-                      [this](tsArguments& in)
-                      {
-                          tsStage::Window& window = the_stage.window(in.integer_or(1));
-                          window.surface.driver_type(dgDRIVER_OPENGL);
-                          if (window.overlay)
-                              window.overlay->driver_type(dgDRIVER_OPENGL);
-                      });
-        the_stage.add("band_lines",
-                      [this](tsArguments& in)
-                      {
-                          const int x0 = in.integer(), y0 = in.integer(), x1 = in.integer();
-                          gr_rubber_band_line(x0, y0, x1, in.integer());
-                          gr_draw_rubber_banding(the_stage.window(1).renderer);
-                      });
-        the_stage.add("band_lines_off", [](tsArguments&) { gr_undraw_rubber_banding(); });
+        on("via_redraw") = [](tsArguments& in) { grRubberBandManager::rubber_band_via_redraw(in.integer()); };
+        on("via_redraw_flag") = [this](tsArguments&)
+        { the_stage.note({double(grRubberBandManager::rubber_band_via_redraw())}); };
+        on("stencil") = [](tsArguments& in) { grRubberBandManager::set_xor_mode_with_stencil_planes(in.integer()); };
+        on("do_redraw") = [](tsArguments& in) { grRubberBandManager::do_redraw(in.integer()); };
+        on("band_framerate") = [](tsArguments& in) { grRubberBandManager::minimum_framerate(in.number()); };
+        on("opengl") = [this](tsArguments& in)
+        {
+            tsStage::Window& window = the_stage.window(in.integer_or(1));
+            window.surface.driver_type(dgDRIVER_OPENGL);
+            if (window.overlay)
+                window.overlay->driver_type(dgDRIVER_OPENGL);
+        };
+        on("band_lines") = [this](tsArguments& in)
+        {
+            const int x0 = in.integer(), y0 = in.integer(), x1 = in.integer();
+            gr_rubber_band_line(x0, y0, x1, in.integer());
+            gr_draw_rubber_banding(the_stage.window(1).renderer);
+        };
+        on("band_lines_off") = [](tsArguments&) { gr_undraw_rubber_banding(); };
     }
     grCanvas& canvas()
     {
@@ -207,54 +190,47 @@ private:
     void add_canvas()
     {
         // On the first window, in place of its renderer.
-        the_stage.add("canvas",
-                      [this](tsArguments&)
-                      {
-                          tsStage::Window& window = the_stage.window(1);
-                          window.own_renderer.reset();
-                          the_canvas =
-                              std::make_unique<grCanvas>(&window.surface, window.overlay.get(), &window.input, nullptr);
-                          window.renderer = the_canvas->renderer();
-                      });
-        the_stage.add("canvas_view",
-                      [this](tsArguments& in)
-                      {
-                          dgView& view = canvas().add_view();
-                          if (in.more())
-                          {
-                              const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-                              view.camera().view_port_dc(giBox2(x0, y0, x1, in.number()));
-                          }
-                          the_stage.adopt(view);
-                      });
-        the_stage.add("c_hidden",
-                      [this](tsArguments& in)
-                      {
-                          grView* view = grView::contains(&in.view());
-                          view->hidden(in.integer());
-                      });
-        the_stage.add("c_transparent",
-                      [](tsArguments& in) { grView::contains(&in.view())->background(grVIEW_BACKGROUND_TRANSPARENT); });
-        the_stage.add("remove_view", [this](tsArguments& in) { canvas().remove_view(&in.view()); });
-        the_stage.add("drop_canvas",
-                      [this](tsArguments&)
-                      {
-                          the_stage.window(1).renderer = nullptr;
-                          the_canvas.reset();
-                      });
-        the_stage.add("c_redraw", [this](tsArguments&) { canvas().redraw(); });
-        the_stage.add("c_resized", [this](tsArguments&) { canvas().resized(); });
+        on("canvas") = [this](tsArguments&)
+        {
+            tsStage::Window& window = the_stage.window(1);
+            window.own_renderer.reset();
+            the_canvas = std::make_unique<grCanvas>(&window.surface, window.overlay.get(), &window.input, nullptr);
+            window.renderer = the_canvas->renderer();
+        };
+        on("canvas_view") = [this](tsArguments& in)
+        {
+            dgView& view = canvas().add_view();
+            if (in.more())
+            {
+                const double x0 = in.number(), y0 = in.number(), x1 = in.number();
+                view.camera().view_port_dc(giBox2(x0, y0, x1, in.number()));
+            }
+            the_stage.adopt(view);
+        };
+        on("c_hidden") = [this](tsArguments& in)
+        {
+            grView* view = grView::contains(&in.view());
+            view->hidden(in.integer());
+        };
+        on("c_transparent") = [](tsArguments& in)
+        { grView::contains(&in.view())->background(grVIEW_BACKGROUND_TRANSPARENT); };
+        on("remove_view") = [this](tsArguments& in) { canvas().remove_view(&in.view()); };
+        on("drop_canvas") = [this](tsArguments&)
+        {
+            the_stage.window(1).renderer = nullptr;
+            the_canvas.reset();
+        };
+        on("c_redraw") = [this](tsArguments&) { canvas().redraw(); };
+        on("c_resized") = [this](tsArguments&) { canvas().resized(); };
         // A box, whether to erase, whether to render.
-        the_stage.add("c_draw",
-                      [this](tsArguments& in)
-                      {
-                          const double x0 = in.number(), y0 = in.number(), x1 = in.number(), y1 = in.number();
-                          const int erase = in.integer();
-                          canvas().erase_and_render_views(giBox2(x0, y0, x1, y1), erase, in.integer());
-                      });
+        on("c_draw") = [this](tsArguments& in)
+        {
+            const double x0 = in.number(), y0 = in.number(), x1 = in.number(), y1 = in.number();
+            const int erase = in.integer();
+            canvas().erase_and_render_views(giBox2(x0, y0, x1, y1), erase, in.integer());
+        };
     }
 
-    tsStage& the_stage;
     grRubberBandManager the_manager;
     std::unique_ptr<grRubberBandManager> the_second;
     std::map<std::string, Item> the_items;

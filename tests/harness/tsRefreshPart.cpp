@@ -66,7 +66,7 @@ private:
 class RefreshPart : public tsPart
 {
 public:
-    explicit RefreshPart(tsStage& stage) : the_stage(stage)
+    explicit RefreshPart(tsStage& stage) : tsPart(stage)
     {
         add_set_up();
         add_refreshers();
@@ -91,46 +91,42 @@ private:
                                    &grViewRefresherFast::cache_graphics);
         the_stage.add_setting<int>("disable_flattening", &grViewRendererFast::disable_flattening,
                                    &grViewRendererFast::disable_flattening);
-        the_stage.add("state_changed", [](tsArguments&) { grViewRefresherFast::graphics_state_changed(); });
+        on("state_changed") = [](tsArguments&) { grViewRefresherFast::graphics_state_changed(); };
         // Drawing a segment takes so many seconds, give or take a share.
-        the_stage.add("cost",
-                      [this](tsArguments& in)
-                      {
-                          dgTraceWindow& surface = the_stage.window().surface;
-                          surface.cost_per_feature(in.number());
-                          surface.cost_noise(in.number_or(0));
-                      });
+        on("cost") = [this](tsArguments& in)
+        {
+            dgTraceWindow& surface = the_stage.window().surface;
+            surface.cost_per_feature(in.number());
+            surface.cost_noise(in.number_or(0));
+        };
         // N lines of so many segments in place of a view's network.
-        the_stage.add("lines",
-                      [](tsArguments& in)
-                      {
-                          dgView& view = in.view();
-                          const dgRef<dgStructure> root(new dgClientStructure);
-                          const int n = in.integer(), segments = in.integer();
-                          for (int i = 0; i < n; ++i)
-                              root->add(tsLine(segments)->element(0));
-                          view.root(root.get());
-                      });
+        on("lines") = [](tsArguments& in)
+        {
+            dgView& view = in.view();
+            const dgRef<dgStructure> root(new dgClientStructure);
+            const int n = in.integer(), segments = in.integer();
+            for (int i = 0; i < n; ++i)
+                root->add(tsLine(segments)->element(0));
+            view.root(root.get());
+        };
         // Segments drawn since the last time, in place of the records of their drawing.
-        the_stage.add("drawn",
-                      [this](tsArguments&)
-                      {
-                          dgTraceWindow& surface = the_stage.window().surface;
-                          surface.clear_log();
-                          the_stage.note({double(surface.features_drawn())});
-                          surface.reset_features_drawn();
-                      });
-        the_stage.add("forbid_slices",
-                      [this](tsArguments& in) { the_stage.window().renderer->idle_slicing_forbidden(in.integer()); });
-        the_stage.add("block_slices", [this](tsArguments& in)
-                      { dgView::the_global_render_network_action = in.integer() ? &the_blocking : nullptr; });
-        the_stage.add("own_action", [this](tsArguments& in) { in.view().render_network_action(&the_passing); });
-        the_stage.add("resize",
-                      [this](tsArguments& in)
-                      {
-                          const int width = in.integer();
-                          the_stage.window().surface.resize(width, in.integer());
-                      });
+        on("drawn") = [this](tsArguments&)
+        {
+            dgTraceWindow& surface = the_stage.window().surface;
+            surface.clear_log();
+            the_stage.note({double(surface.features_drawn())});
+            surface.reset_features_drawn();
+        };
+        on("forbid_slices") = [this](tsArguments& in)
+        { the_stage.window().renderer->idle_slicing_forbidden(in.integer()); };
+        on("block_slices") = [this](tsArguments& in)
+        { dgView::the_global_render_network_action = in.integer() ? &the_blocking : nullptr; };
+        on("own_action") = [this](tsArguments& in) { in.view().render_network_action(&the_passing); };
+        on("resize") = [this](tsArguments& in)
+        {
+            const int width = in.integer();
+            the_stage.window().surface.resize(width, in.integer());
+        };
     }
     grViewRefresher& refresher()
     {
@@ -152,96 +148,87 @@ private:
     }
     void add_refreshers()
     {
-        the_stage.add("refresher",
-                      [this](tsArguments& in)
-                      {
-                          const std::string kind = in.word();
-                          dgViewcoDList views;
-                          while (in.more())
-                              views.add_last(&in.view());
-                          the_refreshers.emplace_back(make(kind, views));
-                      });
-        the_stage.add("drop_refresher", [this](tsArguments&) { the_refreshers.pop_back(); });
-        the_stage.add("r_start", [this](tsArguments&) { refresher().base_start_twiddle(); });
-        the_stage.add("frame",
-                      [this](tsArguments& in)
-                      {
-                          for (int i = in.integer_or(1); i > 0; --i)
-                              refresher().base_refresh();
-                      });
-        the_stage.add("better", [this](tsArguments&) { refresher().base_idle_refresh(); });
-        the_stage.add("r_idle", [this](tsArguments&)
-                      { the_stage.note(refresher().base_idle() == grIDLE_AGAIN ? "again" : "done"); });
+        on("refresher") = [this](tsArguments& in)
+        {
+            const std::string kind = in.word();
+            dgViewcoDList views;
+            while (in.more())
+                views.add_last(&in.view());
+            the_refreshers.emplace_back(make(kind, views));
+        };
+        on("drop_refresher") = [this](tsArguments&)
+        {
+            refresher();
+            the_refreshers.pop_back();
+        };
+        on("r_start") = [this](tsArguments&) { refresher().base_start_twiddle(); };
+        on("frame") = [this](tsArguments& in)
+        {
+            for (int i = in.integer_or(1); i > 0; --i)
+                refresher().base_refresh();
+        };
+        on("better") = [this](tsArguments&) { refresher().base_idle_refresh(); };
+        on("r_idle") = [this](tsArguments&)
+        { the_stage.note(refresher().base_idle() == grIDLE_AGAIN ? "again" : "done"); };
         // Idle calls until it has done, 1000 at most; how many.
-        the_stage.add("r_idle_on",
-                      [this](tsArguments&)
-                      {
-                          int calls = 1;
-                          while (refresher().base_idle() == grIDLE_AGAIN && calls < 1000)
-                              ++calls;
-                          the_stage.note({double(calls)});
-                      });
-        the_stage.add("r_end", [this](tsArguments&) { refresher().base_end_twiddle(); });
-        the_stage.add("force", [this](tsArguments&) { refresher().force_redraw_on_end_twiddle(); });
-        the_stage.add("better_text", [this](tsArguments&) { refresher().draw_quality_overrides().text.enabled = 1; });
-        the_stage.add("remove", [this](tsArguments& in) { refresher().remove(&in.view()); });
+        on("r_idle_on") = [this](tsArguments&)
+        {
+            int calls = 1;
+            while (refresher().base_idle() == grIDLE_AGAIN && calls < 1000)
+                ++calls;
+            the_stage.note({double(calls)});
+        };
+        on("r_end") = [this](tsArguments&) { refresher().base_end_twiddle(); };
+        on("force") = [this](tsArguments&) { refresher().force_redraw_on_end_twiddle(); };
+        on("better_text") = [this](tsArguments&) { refresher().draw_quality_overrides().text.enabled = 1; };
+        on("remove") = [this](tsArguments& in) { refresher().remove(&in.view()); };
         // A line of that many segments (none: the same again, 0: takes it off) as the icon of a view.
-        the_stage.add("icon",
-                      [this](tsArguments& in)
-                      {
-                          dgView& view = in.view();
-                          const int segments = in.integer_or(-1);
-                          if (segments > 0)
-                              the_icon = tsLine(segments);
-                          refresher().set_twiddle_icon(segments == 0 ? nullptr : the_icon.get(), &view);
-                      });
-        the_stage.add("icon_refs", [this](tsArguments&) { the_stage.note({double(the_icon->reference_count())}); });
-        the_stage.add("release_icon",
-                      [this](tsArguments&)
-                      {
-                          // The refresher's is the only one left.
-                          dgStructure* icon = the_icon.get();
-                          the_icon.reset();
-                          the_icon = dgRef<dgStructure>(icon);
-                          refresher().set_twiddle_icon(icon, *refresher().views().begin());
-                      });
-        the_stage.add("redraw_at_end",
-                      [this](tsArguments&) { dynamic_cast<BareRefresher&>(refresher()).redraw_at_end(); });
-        the_stage.add("r_views",
-                      [this](tsArguments&)
-                      {
-                          std::string names = "views";
-                          for (const dgView* view : refresher().views())
-                              names += " " + the_stage.name_of(view);
-                          the_stage.note(names);
-                      });
-        the_stage.add("in_refresh",
-                      [this](tsArguments&) { the_stage.note({double(grViewRefresherFast::in_refresh())}); });
-        the_stage.add("in_full",
-                      [this](tsArguments&) { the_stage.note({double(timeout_refresher().use_full_refresh())}); });
-        the_stage.add("allow_full", [this](tsArguments& in) { timeout_refresher().allow_full_refresh(in.integer()); });
-        the_stage.add("full_time",
-                      [this](tsArguments& in)
-                      {
-                          dgView& view = in.view();
-                          the_cache.add_timeout_renderer_and_time(&view, in.number());
-                      });
-        the_stage.add("cached", [this](tsArguments&) { the_stage.note({double(the_cache.size())}); });
-        the_stage.add("time_frames",
-                      [this](tsArguments& in)
-                      {
-                          the_cache.record_refresh_stats(in.integer());
-                          refresher().enable_twiddle_timings(&the_cache);
-                      });
-        the_stage.add(
-            "timed_frames",
-            [this](tsArguments& in)
-            {
-                int n = 0;
-                double average = 0;
-                the_cache.find_timeout_renderer(&in.view())->twiddle_refresh_stats()->last_stats(100, n, average);
-                the_stage.note({double(n), average});
-            });
+        on("icon") = [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            const int segments = in.integer_or(-1);
+            if (segments > 0)
+                the_icon = tsLine(segments);
+            refresher().set_twiddle_icon(segments == 0 ? nullptr : the_icon.get(), &view);
+        };
+        on("icon_refs") = [this](tsArguments&) { the_stage.note({double(the_icon->reference_count())}); };
+        on("release_icon") = [this](tsArguments&)
+        {
+            // The refresher's is the only one left.
+            dgStructure* icon = the_icon.get();
+            the_icon.reset();
+            the_icon = dgRef<dgStructure>(icon);
+            refresher().set_twiddle_icon(icon, *refresher().views().begin());
+        };
+        on("redraw_at_end") = [this](tsArguments&) { dynamic_cast<BareRefresher&>(refresher()).redraw_at_end(); };
+        on("r_views") = [this](tsArguments&)
+        {
+            std::string names = "views";
+            for (const dgView* view : refresher().views())
+                names += " " + the_stage.name_of(view);
+            the_stage.note(names);
+        };
+        on("in_refresh") = [this](tsArguments&) { the_stage.note({double(grViewRefresherFast::in_refresh())}); };
+        on("in_full") = [this](tsArguments&) { the_stage.note({double(timeout_refresher().use_full_refresh())}); };
+        on("allow_full") = [this](tsArguments& in) { timeout_refresher().allow_full_refresh(in.integer()); };
+        on("full_time") = [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            the_cache.add_timeout_renderer_and_time(&view, in.number());
+        };
+        on("cached") = [this](tsArguments&) { the_stage.note({double(the_cache.size())}); };
+        on("time_frames") = [this](tsArguments& in)
+        {
+            the_cache.record_refresh_stats(in.integer());
+            refresher().enable_twiddle_timings(&the_cache);
+        };
+        on("timed_frames") = [this](tsArguments& in)
+        {
+            int n = 0;
+            double average = 0;
+            the_cache.find_timeout_renderer(&in.view())->twiddle_refresh_stats()->last_stats(100, n, average);
+            the_stage.note({double(n), average});
+        };
     }
     grViewRefresherTimeout& timeout_refresher() { return dynamic_cast<grViewRefresherTimeout&>(refresher()); }
     grViewRendererFast& fast()
@@ -253,43 +240,37 @@ private:
     // One fast view renderer at a time.
     void add_renderers()
     {
-        the_stage.add("fast_renderer",
-                      [this](tsArguments& in) { the_fast = std::make_unique<grViewRendererFast>(&in.view()); });
-        the_stage.add("f_frame",
-                      [this](tsArguments& in)
-                      {
-                          for (int i = in.integer_or(1); i > 0; --i)
-                              fast().refresh(nullptr, 0);
-                      });
-        the_stage.add("f_frame_with_icon",
-                      [this](tsArguments& in)
-                      {
-                          const dgRef<dgStructure> icon = tsLine(in.integer());
-                          fast().refresh(icon.get(), in.integer_or(0));
-                      });
-        the_stage.add("f_final", [this](tsArguments&) { fast().refresh(nullptr, 1); });
-        the_stage.add("f_slice", [this](tsArguments&) { the_stage.note({double(fast().draw_a_slice())}); });
+        on("fast_renderer") = [this](tsArguments& in) { the_fast = std::make_unique<grViewRendererFast>(&in.view()); };
+        on("f_frame") = [this](tsArguments& in)
+        {
+            for (int i = in.integer_or(1); i > 0; --i)
+                fast().refresh(nullptr, 0);
+        };
+        on("f_frame_with_icon") = [this](tsArguments& in)
+        {
+            const dgRef<dgStructure> icon = tsLine(in.integer());
+            fast().refresh(icon.get(), in.integer_or(0));
+        };
+        on("f_final") = [this](tsArguments&) { fast().refresh(nullptr, 1); };
+        on("f_slice") = [this](tsArguments&) { the_stage.note({double(fast().draw_a_slice())}); };
         // Slices until nothing is left, 3000 at most; how many.
-        the_stage.add("f_slices",
-                      [this](tsArguments&)
-                      {
-                          int slices = 0;
-                          while (slices < 3000 && fast().draw_a_slice())
-                              ++slices;
-                          the_stage.note({double(slices)});
-                      });
-        the_stage.add("f_force", [this](tsArguments& in) { fast().force_full_refresh(in.integer()); });
-        the_stage.add("f_time", [this](tsArguments&) { the_stage.note({fast().refresh_time()}); });
+        on("f_slices") = [this](tsArguments&)
+        {
+            int slices = 0;
+            while (slices < 3000 && fast().draw_a_slice())
+                ++slices;
+            the_stage.note({double(slices)});
+        };
+        on("f_force") = [this](tsArguments& in) { fast().force_full_refresh(in.integer()); };
+        on("f_time") = [this](tsArguments&) { the_stage.note({fast().refresh_time()}); };
         // The method of drawing, the share, all primitives and those of a slice.
-        the_stage.add("f_share",
-                      [this](tsArguments&)
-                      {
-                          the_stage.note({double(fast().draw_method()), fast().draw_ratio(),
-                                          double(fast().total_prims()), double(fast().slice_prims())});
-                      });
+        on("f_share") = [this](tsArguments&)
+        {
+            the_stage.note({double(fast().draw_method()), fast().draw_ratio(), double(fast().total_prims()),
+                            double(fast().slice_prims())});
+        };
     }
 
-    tsStage& the_stage;
     grTimeoutRendererCache the_cache{16};
     std::vector<std::unique_ptr<grViewRefresher>> the_refreshers;
     dgRef<dgStructure> the_icon;

@@ -70,6 +70,11 @@ dgStructure& root_of(dgView& view)
 }
 }
 
+std::function<void(tsArguments&)>& tsPart::on(const std::string& name)
+{
+    return the_stage.on(name);
+}
+
 std::string tsArguments::word()
 {
     if (!more())
@@ -142,30 +147,27 @@ tsStage::tsStage() : clock(0, 1000)
     static double begin = 0;
     clock.set_time(begin += 1024);
     the_stage = this;
-    add("wait", [this](tsArguments& in) { clock.advance(in.number()); });
-    add("set",
-        [this](tsArguments& in)
-        {
-            const std::string name = in.word();
-            if (!the_settings.contains(name))
-                throw std::runtime_error("no setting " + name);
-            the_settings.at(name)(in);
-        });
-    add("tell",
-        [this](tsArguments& in)
-        {
-            for (const std::string& name : ts_parts(in.rest(), ","))
-                the_told.insert(name);
-        });
-    add("when",
-        [this](tsArguments& in)
-        {
-            const std::string text = in.rest();
-            const auto at = text.find(" do ");
-            if (at == std::string::npos)
-                throw std::runtime_error("when CALL do COMMAND & COMMAND");
-            the_whens.push_back({text.substr(0, at), text.substr(at + 4)});
-        });
+    on("wait") = [this](tsArguments& in) { clock.advance(in.number()); };
+    on("set") = [this](tsArguments& in)
+    {
+        const std::string name = in.word();
+        if (!the_settings.contains(name))
+            throw std::runtime_error("no setting " + name);
+        the_settings.at(name)(in);
+    };
+    on("tell") = [this](tsArguments& in)
+    {
+        for (const std::string& name : ts_parts(in.rest(), ","))
+            the_told.insert(name);
+    };
+    on("when") = [this](tsArguments& in)
+    {
+        const std::string text = in.rest();
+        const auto at = text.find(" do ");
+        if (at == std::string::npos)
+            throw std::runtime_error("when CALL do COMMAND & COMMAND");
+        the_whens.push_back({text.substr(0, at), text.substr(at + 4)});
+    };
     add_view_commands();
     add_companion_commands();
     add_list_commands();
@@ -267,10 +269,19 @@ void tsStage::called(const std::string& name, int quiet)
         commands = when->commands;
         the_whens.erase(when);
     }
-    if (call == the_interrupted_call)
-        commands = the_interruption;
     for (const std::string& command : ts_parts(commands, "&"))
         run_one(command);
+    if (call != the_interrupted_call)
+        return;
+    the_interrupted_call = -1;
+    try
+    {
+        run_one(the_interruption);
+    }
+    catch (const std::runtime_error&)
+    {
+        // There is nothing to do it to; an exception must not cross the library.
+    }
 }
 
 void tsStage::interrupt(int call, const std::string& commands)
@@ -297,9 +308,6 @@ std::string tsStage::complaint()
         if (buffer != "front")
             return "the " + buffer + " buffer is left selected";
     }
-    for (const auto& part : the_parts)
-        if (const std::string text = part->complaint(); !text.empty())
-            return text;
     return {};
 }
 
@@ -346,267 +354,244 @@ grView* tsStage::companion(const std::string& name) const
     return found == the_companions.end() ? nullptr : found->second.get();
 }
 
+grView* tsStage::live_companion(const std::string& name) const
+{
+    grView* view = companion(name);
+    if (!view)
+        throw std::runtime_error("no companion " + name);
+    return view;
+}
+
 void tsStage::add_view_commands()
 {
-    add("window",
-        [this](tsArguments& in)
-        {
-            const int width = in.integer_or(100), height = in.integer_or(100);
-            the_windows.push_back(std::make_unique<Window>(width, height, in.next_is("overlay")));
-            if (in.next_is("single"))
-                the_windows.back()->surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
-        });
-    add("single",
-        [this](tsArguments& in) { window(in.integer_or(1)).surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0); });
-    add("capability",
-        [this](tsArguments& in)
-        {
-            const auto capability = static_cast<dgDriverCapability>(in.integer());
-            const int on = in.integer();
-            window(in.integer_or(1)).surface.capability(capability, on);
-        });
+    on("window") = [this](tsArguments& in)
+    {
+        const int width = in.integer_or(100), height = in.integer_or(100);
+        the_windows.push_back(std::make_unique<Window>(width, height, in.next_is("overlay")));
+        if (in.next_is("single"))
+            the_windows.back()->surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
+    };
+    on("single") = [this](tsArguments& in)
+    { window(in.integer_or(1)).surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0); };
+    on("capability") = [this](tsArguments& in)
+    {
+        const auto capability = static_cast<dgDriverCapability>(in.integer());
+        const int on = in.integer();
+        window(in.integer_or(1)).surface.capability(capability, on);
+    };
     // Views are named a, b, c ... and have roots of 1, 2, 3 ... segments.
-    add("view",
-        [this](tsArguments& in)
+    on("view") = [this](tsArguments& in)
+    {
+        Window& on = window(in.integer_or(1));
+        auto view = std::make_unique<dgView>(on.renderer);
+        giBox2 port = on.renderer->window_box();
+        if (in.more())
         {
-            Window& on = window(in.integer_or(1));
-            auto view = std::make_unique<dgView>(on.renderer);
-            giBox2 port = on.renderer->window_box();
-            if (in.more())
-            {
-                const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-                port = giBox2(x0, y0, x1, in.number());
-            }
-            view->camera().view_port_dc(port);
-            the_views[adopt(*view)].own = std::move(view);
-        });
-    add("close",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            const std::unique_ptr<dgView> dying = std::move(the_views.at(name_of(&view)).own);
-            if (!dying)
-                throw std::runtime_error("the view has another owner");
-        });
-    add("close_window",
-        [this](tsArguments& in)
-        {
-            Window& closed = window(in.integer_or(1));
-            for (auto& [name, view] : the_views)
-                if (view.own && view.own->renderer() == closed.renderer)
-                    const std::unique_ptr<dgView> dying = std::move(view.own);
-            closed.renderer = nullptr;
-            closed.own_renderer.reset();
-        });
-    add("unplug", [](tsArguments& in) { in.view().renderer(nullptr); });
-    add("plug",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            view.renderer(window(in.integer()).renderer);
-        });
-    add("look",
-        [](tsArguments& in)
-        {
-            dgCamera& camera = in.view().camera();
             const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-            camera.view_window(giBox2(x0, y0, x1, in.number()));
-        });
-    add("turn",
-        [](tsArguments& in)
-        {
-            dgCamera& camera = in.view().camera();
-            const double angle = in.number();
-            const giPoint3 axis = in.point();
-            camera.orientation(camera.orientation() *
-                               giXform3::rotation(giAngle(angle), giVector3(axis.x(), axis.y(), axis.z())));
-        });
-    add("shift",
-        [](tsArguments& in)
-        {
-            dgCamera& camera = in.view().camera();
-            const giPoint3 by = in.point();
-            camera.orientation(camera.orientation() * giXform3::translation(giVector3(by.x(), by.y(), by.z())));
-        });
-    add("changed", [](tsArguments& in) { in.view().camera().world2view_altered(); });
-    add("set_planes",
-        [](tsArguments& in)
-        {
-            dgView& view = in.view();
-            const double front = in.number();
-            view.camera().front_back_plane(front, in.number());
-            view.user_clip_planes(in.integer_or(0));
-        });
-    add("perspective",
-        [](tsArguments& in)
-        {
-            dgCamera& camera = in.view().camera();
-            camera.projection(dgPROJECTION_PERSPECTIVE);
-            if (in.more())
-                camera.projection_reference_point(in.point());
-        });
-    add("pan_forbidden", [](tsArguments& in) { in.view().pan_forbidden(1); });
-    add("watch", [this](tsArguments& in) { the_watches.push_back(std::make_unique<Watch>(*this, in.view())); });
-    add("overlay",
-        [](tsArguments& in) { grTwiddleOverlayCallback::register_callback(in.integer() ? overlay : nullptr); });
+            port = giBox2(x0, y0, x1, in.number());
+        }
+        view->camera().view_port_dc(port);
+        the_views[adopt(*view)].own = std::move(view);
+    };
+    on("close") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        const std::unique_ptr<dgView> dying = std::move(the_views.at(name_of(&view)).own);
+        if (!dying)
+            throw std::runtime_error("the view has another owner");
+    };
+    on("close_window") = [this](tsArguments& in)
+    {
+        Window& closed = window(in.integer_or(1));
+        for (auto& [name, view] : the_views)
+            if (view.own && view.own->renderer() == closed.renderer)
+                const std::unique_ptr<dgView> dying = std::move(view.own);
+        closed.renderer = nullptr;
+        closed.own_renderer.reset();
+    };
+    on("unplug") = [](tsArguments& in) { in.view().renderer(nullptr); };
+    on("plug") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        view.renderer(window(in.integer()).renderer);
+    };
+    on("look") = [](tsArguments& in)
+    {
+        dgCamera& camera = in.view().camera();
+        const double x0 = in.number(), y0 = in.number(), x1 = in.number();
+        camera.view_window(giBox2(x0, y0, x1, in.number()));
+    };
+    on("turn") = [](tsArguments& in)
+    {
+        dgCamera& camera = in.view().camera();
+        const double angle = in.number();
+        const giPoint3 axis = in.point();
+        camera.orientation(camera.orientation() *
+                           giXform3::rotation(giAngle(angle), giVector3(axis.x(), axis.y(), axis.z())));
+    };
+    on("shift") = [](tsArguments& in)
+    {
+        dgCamera& camera = in.view().camera();
+        const giPoint3 by = in.point();
+        camera.orientation(camera.orientation() * giXform3::translation(giVector3(by.x(), by.y(), by.z())));
+    };
+    on("changed") = [](tsArguments& in) { in.view().camera().world2view_altered(); };
+    on("set_planes") = [](tsArguments& in)
+    {
+        dgView& view = in.view();
+        const double front = in.number();
+        view.camera().front_back_plane(front, in.number());
+        view.user_clip_planes(in.integer_or(0));
+    };
+    on("perspective") = [](tsArguments& in)
+    {
+        dgCamera& camera = in.view().camera();
+        camera.projection(dgPROJECTION_PERSPECTIVE);
+        if (in.more())
+            camera.projection_reference_point(in.point());
+    };
+    on("pan_forbidden") = [](tsArguments& in) { in.view().pan_forbidden(1); };
+    on("watch") = [this](tsArguments& in) { the_watches.push_back(std::make_unique<Watch>(*this, in.view())); };
+    on("overlay") = [](tsArguments& in)
+    { grTwiddleOverlayCallback::register_callback(in.integer() ? overlay : nullptr); };
     // Networks.
-    add("spy",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            root_of(view).add(new Spy(*this, name_of(&view)));
-        });
-    add("root",
-        [](tsArguments& in)
-        {
-            dgView& view = in.view();
-            if (in.next_is("none"))
-                view.root(nullptr);
-            else if (in.next_is("of"))
-                view.root(in.view().root());
-            else
-                view.root(tsLine(in.integer()).get());
-        });
-    add("grow",
-        [](tsArguments& in)
-        {
-            dgStructure& root = root_of(in.view());
-            const int segments = in.integer();
-            for (int i = in.integer_or(1); i > 0; --i)
-                root.add(tsLine(segments)->element(0));
-        });
-    add("cut",
-        [](tsArguments& in)
-        {
-            dgStructure& root = root_of(in.view());
-            const int first = in.integer();
-            root.delete_range(first, std::min(in.integer_or(first), root.nelements() - 1));
-        });
-    add("clear", [](tsArguments& in) { root_of(in.view()).clear(); });
+    on("spy") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        root_of(view).add(new Spy(*this, name_of(&view)));
+    };
+    on("root") = [](tsArguments& in)
+    {
+        dgView& view = in.view();
+        if (in.next_is("none"))
+            view.root(nullptr);
+        else if (in.next_is("of"))
+            view.root(in.view().root());
+        else
+            view.root(tsLine(in.integer()).get());
+    };
+    on("grow") = [](tsArguments& in)
+    {
+        dgStructure& root = root_of(in.view());
+        const int segments = in.integer();
+        for (int i = in.integer_or(1); i > 0; --i)
+            root.add(tsLine(segments)->element(0));
+    };
+    on("cut") = [](tsArguments& in)
+    {
+        dgStructure& root = root_of(in.view());
+        const int first = in.integer();
+        root.delete_range(first, std::min(in.integer_or(first), root.nelements() - 1));
+    };
+    on("clear") = [](tsArguments& in) { root_of(in.view()).clear(); };
     // What a camera shows.
-    add("size",
-        [this](tsArguments& in)
-        {
-            const giBox2& window = in.view().camera().view_window();
-            note({window.width(), window.height()});
-        });
-    add("middle",
-        [this](tsArguments& in)
-        {
-            const giPoint2 middle = in.view().camera().view_window().middle();
-            note({middle.x(), middle.y()});
-        });
-    add("planes",
-        [this](tsArguments& in)
-        {
-            const dgView& view = in.view();
-            note({view.camera().front_plane(), view.camera().back_plane(), double(view.user_clip_planes())});
-        });
+    on("size") = [this](tsArguments& in)
+    {
+        const giBox2& window = in.view().camera().view_window();
+        note({window.width(), window.height()});
+    };
+    on("middle") = [this](tsArguments& in)
+    {
+        const giPoint2 middle = in.view().camera().view_window().middle();
+        note({middle.x(), middle.y()});
+    };
+    on("planes") = [this](tsArguments& in)
+    {
+        const dgView& view = in.view();
+        note({view.camera().front_plane(), view.camera().back_plane(), double(view.user_clip_planes())});
+    };
     // Where a world point is in view space, and on the screen.
-    add("sees",
-        [this](tsArguments& in)
-        {
-            const giXform3& orientation = in.view().camera().orientation();
-            const giPoint3 point = in.point() * orientation;
-            note({point.x(), point.y(), point.z()});
-        });
-    add("shows",
-        [this](tsArguments& in)
-        {
-            const dgCamera& camera = in.view().camera();
-            giPoint3 shown;
-            camera.transform(in.point(), shown, dgSPACE_WORLD, dgSPACE_DEVICE);
-            note({shown.x(), shown.y()});
-        });
+    on("sees") = [this](tsArguments& in)
+    {
+        const giXform3& orientation = in.view().camera().orientation();
+        const giPoint3 point = in.point() * orientation;
+        note({point.x(), point.y(), point.z()});
+    };
+    on("shows") = [this](tsArguments& in)
+    {
+        const dgCamera& camera = in.view().camera();
+        giPoint3 shown;
+        camera.transform(in.point(), shown, dgSPACE_WORLD, dgSPACE_DEVICE);
+        note({shown.x(), shown.y()});
+    };
     // Angle and axis, in view space.
-    add("turned",
-        [this](tsArguments& in)
-        {
-            const giXform3& x = in.view().camera().orientation();
-            const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
-            const double angle = std::atan2(twice_sine.length(), x(0, 0) + x(1, 1) + x(2, 2) - 1);
-            if (angle < 1e-9)
-                return note({0});
-            const giVector3 axis = twice_sine.unit();
-            note({angle, axis.x(), axis.y(), axis.z()});
-        });
+    on("turned") = [this](tsArguments& in)
+    {
+        const giXform3& x = in.view().camera().orientation();
+        const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
+        const double angle = std::atan2(twice_sine.length(), x(0, 0) + x(1, 1) + x(2, 2) - 1);
+        if (angle < 1e-9)
+            return note({0});
+        const giVector3 axis = twice_sine.unit();
+        note({angle, axis.x(), axis.y(), axis.z()});
+    };
     // The images of the axes.
-    add("axes",
-        [this](tsArguments& in)
-        {
-            const giXform3& x = in.view().camera().orientation();
-            for (int i = 0; i < 3; ++i)
-                note({x(i, 0), x(i, 1), x(i, 2)});
-        });
+    on("axes") = [this](tsArguments& in)
+    {
+        const giXform3& x = in.view().camera().orientation();
+        for (int i = 0; i < 3; ++i)
+            note({x(i, 0), x(i, 1), x(i, 2)});
+    };
     // Whether the planes are those that the camera itself fits to the network in a mode.
-    add("fits_planes",
-        [this](tsArguments& in)
-        {
-            const dgView& view = in.view();
-            dgCamera fitted(view.camera());
-            fitted.clip_bounding_box(view.root()->bounding_box(), static_cast<dgBoundingViewType>(in.integer()));
-            note({double(fitted.front_plane() == view.camera().front_plane() &&
-                         fitted.back_plane() == view.camera().back_plane())});
-        });
-    add("refs", [this](tsArguments& in) { note({double(in.view().reference_count())}); });
-    add("elements", [this](tsArguments& in) { note({double(root_of(in.view()).nelements())}); });
+    on("fits_planes") = [this](tsArguments& in)
+    {
+        const dgView& view = in.view();
+        dgCamera fitted(view.camera());
+        fitted.clip_bounding_box(view.root()->bounding_box(), static_cast<dgBoundingViewType>(in.integer()));
+        note({double(fitted.front_plane() == view.camera().front_plane() &&
+                     fitted.back_plane() == view.camera().back_plane())});
+    };
+    on("refs") = [this](tsArguments& in) { note({double(in.view().reference_count())}); };
+    on("elements") = [this](tsArguments& in) { note({double(root_of(in.view()).nelements())}); };
 }
 
 void tsStage::add_companion_commands()
 {
     // Each makes the companion of a view: its own, one locked to another's, a sheet, one on a sheet.
-    add("companion",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            grView* parent = in.next_is("of") ? companion(in.word()) : nullptr;
-            the_companions[name_of(&view)] = std::make_unique<grView>(&view, parent);
-        });
-    add("sheet",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            the_companions[name_of(&view)] = std::make_unique<grViewPaperParent>(&view);
-        });
-    add("paper",
-        [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            the_companions[name_of(&view)] =
-                std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(in.word())));
-        });
+    on("companion") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        grView* parent = in.next_is("of") ? companion(in.word()) : nullptr;
+        the_companions[name_of(&view)] = std::make_unique<grView>(&view, parent);
+    };
+    on("sheet") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        the_companions[name_of(&view)] = std::make_unique<grViewPaperParent>(&view);
+    };
+    on("paper") = [this](tsArguments& in)
+    {
+        dgView& view = in.view();
+        the_companions[name_of(&view)] =
+            std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(in.word())));
+    };
     const auto with_companion = [this](const std::string& name, void (*work)(grView&, tsArguments&))
     {
-        add(name,
-            [this, work](tsArguments& in)
+        on(name) = [this, work](tsArguments& in)
             {
-                grView* view = companion(in.word());
-                if (!view)
-                    throw std::runtime_error("no such companion");
-                work(*view, in);
-            });
+            work(*live_companion(in.word()), in);
+            };
     };
-    add("drop", [this](tsArguments& in) { the_companions.erase(in.word()); });
+    on("drop") = [this](tsArguments& in) { the_companions.erase(in.word()); };
     with_companion("orphan", [](grView& view, tsArguments&) { view.orphan(); });
     with_companion("lock", [](grView& view, tsArguments& in) { view.lock_child(in.integer()); });
     with_companion("hidden", [](grView& view, tsArguments& in) { view.hidden(in.integer()); });
     with_companion("transparent", [](grView& view, tsArguments&) { view.background(grVIEW_BACKGROUND_TRANSPARENT); });
     with_companion("unlock_tools", [](grView& view, tsArguments&) { view.clear_twiddle_locks(); });
-    add("family",
-        [this](tsArguments& in)
-        {
-            const grView* view = companion(in.word());
-            std::string text = view->view() ? "of " + name_of(const_cast<grView*>(view)->view()) : "detached";
-            text += view->parent() ? ", parent " + name_of(view->parent()->view()) : "";
-            for (int i = 0; i < view->nchild_views(); ++i)
-                text += ", child " + name_of(view->child(i)->view());
-            if (const auto* child = grViewPaperChild::ut_dynamic_cast(view); child && child->paper_parent())
-                text += ", on " + name_of(child->paper_parent()->view());
-            if (const auto* sheet = grViewPaperParent::ut_dynamic_cast(view))
-                for (int i = 0; i < sheet->npaper_child_views(); ++i)
-                    text += ", paper " + name_of(sheet->paper_child(i)->view());
-            note(text + (view->called_from_parent() ? ", pushing" : ""));
-        });
+    on("family") = [this](tsArguments& in)
+    {
+        const grView* view = live_companion(in.word());
+        std::string text = view->view() ? "of " + name_of(const_cast<grView*>(view)->view()) : "detached";
+        text += view->parent() ? ", parent " + name_of(view->parent()->view()) : "";
+        for (int i = 0; i < view->nchild_views(); ++i)
+            text += ", child " + name_of(view->child(i)->view());
+        if (const auto* child = grViewPaperChild::ut_dynamic_cast(view); child && child->paper_parent())
+            text += ", on " + name_of(child->paper_parent()->view());
+        if (const auto* sheet = grViewPaperParent::ut_dynamic_cast(view))
+            for (int i = 0; i < sheet->npaper_child_views(); ++i)
+                text += ", paper " + name_of(sheet->paper_child(i)->view());
+        note(text + (view->called_from_parent() ? ", pushing" : ""));
+    };
 }
 
 void tsStage::add_list_commands()
@@ -618,18 +603,17 @@ void tsStage::add_list_commands()
     // The views of the other words, dead ones too, as a list before and after.
     const auto with_list = [this](const std::string& name, std::function<void(dgViewcoDList&, tsArguments&)> work)
     {
-        add(name,
-            [this, work](tsArguments& in)
+        on(name) = [this, work](tsArguments& in)
             {
-                dgViewcoDList views;
-                while (in.more() && !in.next_is("+"))
-                    views.add_last(the_views.at(in.word()).view);
-                work(views, in);
-                std::string names;
-                for (const dgView* view : views)
-                    names += (names.empty() ? "" : " ") + name_of(view);
-                note(names.empty() ? "none" : names);
-            });
+            dgViewcoDList views;
+            while (in.more() && !in.next_is("+"))
+                views.add_last(the_views.at(in.word()).view);
+            work(views, in);
+            std::string names;
+            for (const dgView* view : views)
+                names += (names.empty() ? "" : " ") + name_of(view);
+            note(names.empty() ? "none" : names);
+            };
     };
     with_list("by_renderer",
               [](dgViewcoDList& views, tsArguments&) { grViewListUtils::sort_views_by_renderer(views); });
@@ -646,19 +630,18 @@ void tsStage::add_list_commands()
     with_list("double_buffered", [this](dgViewcoDList& views, tsArguments&)
               { note({double(grViewListUtils::double_buffered_renderer(views))}); });
     // Views, and after "+" views that get an extra line of 10 segments (or none for "-").
-    add("refresh",
-        [this](tsArguments& in)
+    on("refresh") = [this](tsArguments& in)
+    {
+        dgViewcoDList views, extra_views;
+        dgStructurecoDList extras;
+        const dgRef<dgStructure> icon = tsLine(10);
+        while (in.more() && !in.next_is("+"))
+            views.add_last(&in.view());
+        while (in.more())
         {
-            dgViewcoDList views, extra_views;
-            dgStructurecoDList extras;
-            const dgRef<dgStructure> icon = tsLine(10);
-            while (in.more() && !in.next_is("+"))
-                views.add_last(&in.view());
-            while (in.more())
-            {
-                extras.add_last(in.next_is("-") ? nullptr : icon.get());
-                extra_views.add_last(&in.view());
-            }
-            grViewListUtils::refresh_views(views, extra_views, extras);
-        });
+            extras.add_last(in.next_is("-") ? nullptr : icon.get());
+            extra_views.add_last(&in.view());
+        }
+        grViewListUtils::refresh_views(views, extra_views, extras);
+    };
 }

@@ -51,9 +51,12 @@ private:
 class tsPart
 {
 public:
+    explicit tsPart(tsStage& stage) : the_stage(stage) {}
     virtual ~tsPart() = default;
-    /// What must hold between any two commands, or what is broken.
-    virtual std::string complaint() { return {}; }
+
+protected:
+    std::function<void(tsArguments&)>& on(const std::string& name);
+    tsStage& the_stage;
 };
 
 /// Where scripts are played: windows of the trace driver with a renderer each, views on them, and in its parts tools,
@@ -79,8 +82,8 @@ public:
     /// A call of the library into the application: recorded, unless it is a quiet one that no script asked for; then
     /// what a script or interrupt wants done inside is done.
     void called(const std::string& name, int quiet = 0);
-    /// Carries out commands inside call number i, counted from 0, or inside none for -1.
-    void interrupt(int call, const std::string& commands);
+    /// Carries out a command inside call number i, counted from 0. Where there is nothing to do it to, nothing is done.
+    void interrupt(int call, const std::string& command);
     int n_calls() const { return the_n_calls; }
     std::string name_of_call(int i) const { return the_calls[static_cast<std::size_t>(i)]; }
 
@@ -88,7 +91,8 @@ public:
     std::string complaint();
 
     using Command = std::function<void(tsArguments&)>;
-    void add(const std::string& name, Command command) { the_commands[name] = std::move(command); }
+    /// The command of a name, to be assigned.
+    Command& on(const std::string& name) { return the_commands[name]; }
     /// A setting of the process, put back when the stage goes.
     template <class Value>
     void add_setting(const std::string& name, Value (*get)(), void (*set)(Value))
@@ -131,6 +135,7 @@ public:
 private:
     void run_one(const std::string& command);
     void drain();
+    grView* live_companion(const std::string& name) const;
     void add_view_commands();
     void add_companion_commands();
     void add_list_commands();

@@ -227,7 +227,7 @@ private:
 class ToolPart : public tsPart
 {
 public:
-    explicit ToolPart(tsStage& stage) : the_stage(stage), the_hooks(std::make_unique<TellingHooks>(stage))
+    explicit ToolPart(tsStage& stage) : tsPart(stage), the_hooks(std::make_unique<TellingHooks>(stage))
     {
         add_set_up();
         add_hooks();
@@ -273,82 +273,89 @@ private:
     {
         the_stage.at_end([] { grMouseWheelZoomTool::reread_resources(nullptr); });
         // Mouse button 1 to a tool with its arguments, which last until the next command of this name.
-        the_stage.add("bind", [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); });
-        the_stage.add("translations", [this](tsArguments& in) { bind(in.rest()); });
+        on("bind") = [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); };
+        on("translations") = [this](tsArguments& in) { bind(in.rest()); };
         // TYPE KEY MODIFIERS ARGUMENTS: what starts a telling tool, behind all others; one that is not bound starts
         // nothing.
-        the_stage.add("action", [this](tsArguments& in) { add_action(in, 1); });
-        the_stage.add("unbound_action", [this](tsArguments& in) { add_action(in, 0); });
-        the_stage.add("multi", [this](tsArguments& in) { the_multi = in.integer(); });
-        the_stage.add("resource",
-                      [this](tsArguments& in)
-                      {
-                          const std::string key = in.word();
-                          the_db.set_resource(utString(key), utString(in.rest()));
-                      });
-        the_stage.add("reread_wheel", [this](tsArguments&) { grMouseWheelZoomTool::reread_resources(&the_db); });
-        the_stage.add("claim", [this](tsArguments& in) { the_answers.claims = in.integer(); });
-        the_stage.add("again", [this](tsArguments& in) { the_answers.again = in.integer(); });
-        the_stage.add("cameras", [this](tsArguments&) { grStdViewTwiddleTool::initialise_cache(&the_db); });
-        the_stage.add("save",
-                      [](tsArguments& in)
-                      {
-                          dgView& view = in.view();
-                          grStdViewTwiddleTool::camera_cache(&view)->push(view);
-                      });
-        the_stage.add("stop", [this](tsArguments&) { man().stop_twiddling(); });
-        the_stage.add("delete_tool", [this](tsArguments&) { man().delete_current_tool(); });
-        the_stage.add("unbind", [this](tsArguments&) { man().remove_actions(); });
-        the_stage.add("drop_twiddling", [this](tsArguments&) { the_twiddling.reset(); });
+        on("action") = [this](tsArguments& in) { add_action(in, 1); };
+        on("unbound_action") = [this](tsArguments& in) { add_action(in, 0); };
+        on("multi") = [this](tsArguments& in) { the_multi = in.integer(); };
+        on("resource") = [this](tsArguments& in)
+        {
+            const std::string key = in.word();
+            the_db.set_resource(utString(key), utString(in.rest()));
+        };
+        on("reread_wheel") = [this](tsArguments&) { grMouseWheelZoomTool::reread_resources(&the_db); };
+        on("claim") = [this](tsArguments& in) { the_answers.claims = in.integer(); };
+        on("again") = [this](tsArguments& in) { the_answers.again = in.integer(); };
+        on("cameras") = [this](tsArguments&) { grStdViewTwiddleTool::initialise_cache(&the_db); };
+        on("save") = [](tsArguments& in)
+        {
+            dgView& view = in.view();
+            grStdViewTwiddleTool::camera_cache(&view)->push(view);
+        };
+        on("stop") = [this](tsArguments&) { man().stop_twiddling(); };
+        on("delete_tool") = [this](tsArguments&) { man().delete_current_tool(); };
+        on("unbind") = [this](tsArguments&) { man().remove_actions(); };
+        on("drop_twiddling") = [this](tsArguments&) { the_twiddling.reset(); };
     }
     void add_hooks()
     {
         TellingHooks& hooks = *the_hooks;
-        the_stage.add("group", [&](tsArguments& in) { hooks.the_group = ts_words(in.rest()); });
-        the_stage.add("centre", [&](tsArguments& in) { hooks.the_centre = std::make_unique<giPoint3>(in.point()); });
-        the_stage.add("workplane",
-                      [&](tsArguments& in)
-                      {
-                          const giPoint3 origin = in.point();
-                          hooks.the_workplane = std::make_unique<grWorkPlane>(origin, giVector3(0, 0, 1));
-                          hooks.the_workplane->on(in.integer_or(1));
-                      });
-        the_stage.add("centre_type", [&](tsArguments& in)
-                      { hooks.set_trackball_centre_type(static_cast<grTrackballCentreType>(in.integer())); });
-        the_stage.add("spinning", [&](tsArguments& in) { hooks.allow_spinning(in.integer()); });
-        the_stage.add("icons", [&](tsArguments& in) { hooks.draw_trackball_icon(in.integer()); });
-        the_stage.add("clipping",
-                      [&](tsArguments& in) { hooks.clipping_mode(static_cast<dgBoundingViewType>(in.integer())); });
-        the_stage.add("all_views", [&](tsArguments& in) { hooks.add_all_views_if_double_buffered(in.integer()); });
-        the_stage.add("own_refreshers", [&](tsArguments& in) { hooks.the_own_refreshers = in.integer_or(1); });
-        the_stage.add("tell_views", [&](tsArguments&) { hooks.the_views_are_told = 1; });
-        the_stage.add("fast", [&](tsArguments& in) { hooks.use_refresher_fast(in.integer()); });
-        the_stage.add("timeout",
-                      [&](tsArguments& in)
-                      {
-                          if (const double rate = in.number(); rate > 0)
-                              hooks.enable_timeout_twiddling(rate);
-                          else
-                              hooks.disable_timeout_twiddling();
-                      });
+        on("group") = [&](tsArguments& in) { hooks.the_group = ts_words(in.rest()); };
+        on("centre") = [&](tsArguments& in) { hooks.the_centre = std::make_unique<giPoint3>(in.point()); };
+        on("workplane") = [&](tsArguments& in)
+        {
+            const giPoint3 origin = in.point();
+            hooks.the_workplane = std::make_unique<grWorkPlane>(origin, giVector3(0, 0, 1));
+            hooks.the_workplane->on(in.integer_or(1));
+        };
+        on("centre_type") = [&](tsArguments& in)
+        { hooks.set_trackball_centre_type(static_cast<grTrackballCentreType>(in.integer())); };
+        on("spinning") = [&](tsArguments& in) { hooks.allow_spinning(in.integer()); };
+        on("icons") = [&](tsArguments& in) { hooks.draw_trackball_icon(in.integer()); };
+        on("clipping") = [&](tsArguments& in) { hooks.clipping_mode(static_cast<dgBoundingViewType>(in.integer())); };
+        on("all_views") = [&](tsArguments& in) { hooks.add_all_views_if_double_buffered(in.integer()); };
+        on("own_refreshers") = [&](tsArguments& in) { hooks.the_own_refreshers = in.integer_or(1); };
+        on("tell_views") = [&](tsArguments&) { hooks.the_views_are_told = 1; };
+        on("fast") = [&](tsArguments& in) { hooks.use_refresher_fast(in.integer()); };
+        // As a full, fast or time-out refresher draws.
+        on("refresh_by") = [&](tsArguments& in)
+        {
+            const std::string kind = in.word();
+            hooks.use_refresher_fast(kind == "fast");
+            if (kind == "timeout")
+                hooks.enable_timeout_twiddling(10);
+        };
+        on("timeout") = [&](tsArguments& in)
+        {
+            if (const double rate = in.number(); rate > 0)
+                hooks.enable_timeout_twiddling(rate);
+            else
+                hooks.disable_timeout_twiddling();
+        };
         // In place of a view's root: a line from (0, 0, 0) to (1, 0, 0) called under a transform, twice as large,
         // turned to lie along y, and beginning at (1, 0, 0). The hooks name it.
-        the_stage.add("part",
-                      [this](tsArguments& in)
-                      {
-                          the_placement = giXform3::scaling(2) *
-                                          giXform3::rotation(giAngle(2 * std::atan(1.0)), gi_Z_AXIS) *
-                                          giXform3::translation(giVector3(1, 0, 0));
-                          the_hooks->the_structure = tsLine(1);
-                          const dgRef<dgStructure> root(new dgClientStructure);
-                          root->add(new dgTransform(the_placement));
-                          root->add(new dgStructureCall(the_hooks->the_structure.get()));
-                          in.view().root(root.get());
-                      });
-        the_stage.add("forget_part", [this](tsArguments&) { the_hooks->the_structure.reset(); });
-        the_stage.add("clear_part", [this](tsArguments&) { the_hooks->the_structure->clear(); });
+        on("part") = [this](tsArguments& in)
+        {
+            the_placement = giXform3::scaling(2) * giXform3::rotation(giAngle(2 * std::atan(1.0)), gi_Z_AXIS) *
+                            giXform3::translation(giVector3(1, 0, 0));
+            the_hooks->the_structure = tsLine(1);
+            const dgRef<dgStructure> root(new dgClientStructure);
+            root->add(new dgTransform(the_placement));
+            root->add(new dgStructureCall(the_hooks->the_structure.get()));
+            in.view().root(root.get());
+        };
+        on("forget_part") = [this](tsArguments&) { the_hooks->the_structure.reset(); };
+        on("clear_part") = [this](tsArguments&) { part().clear(); };
     }
     gwWindow* input_window() { return &the_stage.window(the_pointer_window).input; }
+    dgStructure& part()
+    {
+        if (!the_hooks->the_structure)
+            throw std::runtime_error("no part");
+        return *the_hooks->the_structure;
+    }
     static gwKeyType key_type(const std::string& name)
     {
         const std::map<std::string, gwKeyType> types{{"qwerty_key", gwQWERTY_KEY},
@@ -383,146 +390,128 @@ private:
     }
     void add_events()
     {
-        the_stage.add("pointer", [this](tsArguments& in) { the_pointer_window = in.integer(); });
-        the_stage.add("press", [this](tsArguments& in) { post_key(in, gwPRESSED); });
-        the_stage.add("release", [this](tsArguments& in) { post_key(in, gwRELEASED); });
-        the_stage.add("transition_2", [this](tsArguments& in) { post_key(in, 2); });
-        the_stage.add("move",
-                      [this](tsArguments& in)
-                      {
-                          const int x = in.integer();
-                          move(x, in.integer());
-                      });
+        on("pointer") = [this](tsArguments& in) { the_pointer_window = in.integer(); };
+        on("press") = [this](tsArguments& in) { post_key(in, gwPRESSED); };
+        on("release") = [this](tsArguments& in) { post_key(in, gwRELEASED); };
+        on("transition_2") = [this](tsArguments& in) { post_key(in, 2); };
+        on("move") = [this](tsArguments& in)
+        {
+            const int x = in.integer();
+            move(x, in.integer());
+        };
         // To X Y in steps, each after some seconds, from where the pointer is.
-        the_stage.add("drag",
-                      [this](tsArguments& in)
-                      {
-                          const int x0 = the_x, y0 = the_y, dx = in.integer() - x0, dy = in.integer() - y0;
-                          const int steps = in.integer_or(4);
-                          const double seconds = in.number_or(0);
-                          for (int i = 1; i <= steps; ++i)
-                          {
-                              the_stage.clock.advance(seconds);
-                              move(x0 + dx * i / steps, y0 + dy * i / steps);
-                          }
-                      });
-        the_stage.add("wheel",
-                      [this](tsArguments& in)
-                      {
-                          the_x = in.integer();
-                          the_y = in.integer();
-                          const double steps = in.number();
-                          the_input.post(gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), gwPRESSED,
-                                                    gwMOUSE_WHEEL, 1, steps));
-                      });
-        the_stage.add("spaceball",
-                      [this](tsArguments& in)
-                      {
-                          const giPoint3 turn = in.point(), push = in.point();
-                          the_input.post(gwSpaceballEvent(
-                              input_window(), the_x, the_y, 0, giVector3(turn.x(), turn.y(), turn.z()),
-                              giVector3(push.x(), push.y(), push.z()), in.number_or(gwSpaceballEvent::usual_seconds)));
-                      });
+        on("drag") = [this](tsArguments& in)
+        {
+            const int x0 = the_x, y0 = the_y, dx = in.integer() - x0, dy = in.integer() - y0;
+            const int steps = in.integer_or(4);
+            const double seconds = in.number_or(0);
+            for (int i = 1; i <= steps; ++i)
+            {
+                the_stage.clock.advance(seconds);
+                move(x0 + dx * i / steps, y0 + dy * i / steps);
+            }
+        };
+        on("wheel") = [this](tsArguments& in)
+        {
+            the_x = in.integer();
+            the_y = in.integer();
+            const double steps = in.number();
+            the_input.post(
+                gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), gwPRESSED, gwMOUSE_WHEEL, 1, steps));
+        };
+        on("spaceball") = [this](tsArguments& in)
+        {
+            const giPoint3 turn = in.point(), push = in.point();
+            the_input.post(gwSpaceballEvent(input_window(), the_x, the_y, 0, giVector3(turn.x(), turn.y(), turn.z()),
+                                            giVector3(push.x(), push.y(), push.z()),
+                                            in.number_or(gwSpaceballEvent::usual_seconds)));
+        };
         // COUNT calls, SECONDS from one to the next; the last answer is recorded.
-        the_stage.add("idle",
-                      [this](tsArguments& in)
-                      {
-                          const int count = in.integer_or(1);
-                          const double seconds = in.number_or(0);
-                          grIdleAction answer = grIDLE_DONE;
-                          for (int i = 0; i < count; ++i)
-                          {
-                              the_stage.clock.advance(seconds);
-                              answer = the_twiddling ? man().idle() : grIDLE_DONE;
-                          }
-                          the_stage.note(answer == grIDLE_AGAIN ? "again" : "done");
-                      });
+        on("idle") = [this](tsArguments& in)
+        {
+            const int count = in.integer_or(1);
+            const double seconds = in.number_or(0);
+            grIdleAction answer = grIDLE_DONE;
+            for (int i = 0; i < count; ++i)
+            {
+                the_stage.clock.advance(seconds);
+                answer = the_twiddling ? man().idle() : grIDLE_DONE;
+            }
+            the_stage.note(answer == grIDLE_AGAIN ? "again" : "done");
+        };
     }
     void add_queries()
     {
-        the_stage.add("tool",
-                      [this](tsArguments&)
-                      {
-                          const grTwiddleTool* tool = man().current_tool();
-                          the_stage.note(
-                              tool ? std::string(tool->ut_dynamic_type().name()) + " " +
-                                         (man().current_tool_state() == grTWID_TWIDDLING ? "active" : "ended") +
-                                         (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
-                                   : "none");
-                      });
-        the_stage.add("last_twiddle",
-                      [this](tsArguments&)
-                      {
-                          utString name;
-                          double time;
-                          grTwiddleTool::get_last_twiddle_details(name, time);
-                          the_stage.note(name.str());
-                          the_stage.note({the_stage.clock.time() - time});
-                      });
-        the_stage.add("target",
-                      [this](tsArguments&)
-                      {
-                          const auto* tool = grStdViewTwiddleTool::ut_dynamic_cast(man().current_tool());
-                          the_stage.note(!tool             ? "no tool"
-                                         : !tool->detail() ? "no detail"
-                                                           : the_stage.name_of(tool->detail()->target_view()));
-                      });
-        the_stage.add("icon_box",
-                      [this](tsArguments&)
-                      {
-                          const giBox3& box = the_hooks->the_icon_box;
-                          if (box.empty())
-                              return the_stage.note("none");
-                          the_stage.note({box.low().x(), box.low().y(), box.low().z()});
-                          the_stage.note({box.high().x(), box.high().y(), box.high().z()});
-                      });
+        on("tool") = [this](tsArguments&)
+        {
+            const grTwiddleTool* tool = man().current_tool();
+            the_stage.note(tool ? std::string(tool->ut_dynamic_type().name()) + " " +
+                                      (man().current_tool_state() == grTWID_TWIDDLING ? "active" : "ended") +
+                                      (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
+                                : "none");
+        };
+        on("last_twiddle") = [this](tsArguments&)
+        {
+            utString name;
+            double time;
+            grTwiddleTool::get_last_twiddle_details(name, time);
+            the_stage.note(name.str());
+            the_stage.note({the_stage.clock.time() - time});
+        };
+        on("target") = [this](tsArguments&)
+        {
+            const auto* tool = grStdViewTwiddleTool::ut_dynamic_cast(man().current_tool());
+            the_stage.note(!tool             ? "no tool"
+                           : !tool->detail() ? "no detail"
+                                             : the_stage.name_of(tool->detail()->target_view()));
+        };
+        on("icon_box") = [this](tsArguments&)
+        {
+            const giBox3& box = the_hooks->the_icon_box;
+            if (box.empty())
+                return the_stage.note("none");
+            the_stage.note({box.low().x(), box.low().y(), box.low().z()});
+            the_stage.note({box.high().x(), box.high().y(), box.high().z()});
+        };
         // Number of saved cameras, the position among them, and whether the one there is that of the view.
-        the_stage.add("saved",
-                      [this](tsArguments& in)
-                      {
-                          dgView& view = in.view();
-                          const grCameraViewCache& cache = *grStdViewTwiddleTool::camera_cache(&view);
-                          the_stage.note({double(cache.count()), double(cache.position()),
-                                          double(cache.current() && cache.current()->is_position_of(view))});
-                      });
+        on("saved") = [this](tsArguments& in)
+        {
+            dgView& view = in.view();
+            const grCameraViewCache& cache = *grStdViewTwiddleTool::camera_cache(&view);
+            the_stage.note({double(cache.count()), double(cache.position()),
+                            double(cache.current() && cache.current()->is_position_of(view))});
+        };
         // What the spaceball's last event turned a view by about x and y, and moved it by along x, as shares of what
         // full deflection does: 0.05 radians, 2 % of the window's height.
-        the_stage.add("spaceball_share",
-                      [this](tsArguments& in)
-                      {
-                          const dgCamera& camera = in.view().camera();
-                          const giXform3& x = camera.orientation();
-                          const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
-                          const giVector3 turn =
-                              twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
-                          the_stage.note({turn.x() / 0.05, turn.y() / 0.05,
-                                          (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()});
-                      });
-        the_stage.add("depth_cueing",
-                      [this](tsArguments& in) { the_stage.note({double(in.view().renderer()->depth_cueing())}); });
+        on("spaceball_share") = [this](tsArguments& in)
+        {
+            const dgCamera& camera = in.view().camera();
+            const giXform3& x = camera.orientation();
+            const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
+            const giVector3 turn = twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
+            the_stage.note(
+                {turn.x() / 0.05, turn.y() / 0.05, (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()});
+        };
+        on("depth_cueing") = [this](tsArguments& in)
+        { the_stage.note({double(in.view().renderer()->depth_cueing())}); };
         // Where a point of the part is in the world now.
-        the_stage.add("part_at",
-                      [this](tsArguments& in)
-                      {
-                          const dgTransform* own = ut_cast<dgTransform>(the_hooks->the_structure->element(0));
-                          const giPoint3 p = in.point() * (own ? own->transform() * the_placement : the_placement);
-                          the_stage.note({p.x(), p.y(), p.z()});
-                      });
-        the_stage.add("part_elements",
-                      [this](tsArguments&) { the_stage.note({double(the_hooks->the_structure->nelements())}); });
-        the_stage.add("actions",
-                      [this](tsArguments&)
-                      {
-                          for (const grAction* action : man().actions())
-                              the_stage.note(
-                                  std::to_string(action->trigger().key_type()) + " " +
-                                  std::to_string(action->trigger().key_number()) + " " +
-                                  std::to_string(action->trigger().modifiers()) + " : " + action->action_name().str() +
-                                  (action->binding()->factory() == &the_factory ? " of the application" : ""));
-                      });
+        on("part_at") = [this](tsArguments& in)
+        {
+            const dgTransform* own = ut_cast<dgTransform>(the_hooks->the_structure->element(0));
+            const giPoint3 p = in.point() * (own ? own->transform() * the_placement : the_placement);
+            the_stage.note({p.x(), p.y(), p.z()});
+        };
+        on("part_elements") = [this](tsArguments&) { the_stage.note({double(the_hooks->the_structure->nelements())}); };
+        on("actions") = [this](tsArguments&)
+        {
+            for (const grAction* action : man().actions())
+                the_stage.note(std::to_string(action->trigger().key_type()) + " " +
+                               std::to_string(action->trigger().key_number()) + " " +
+                               std::to_string(action->trigger().modifiers()) + " : " + action->action_name().str() +
+                               (action->binding()->factory() == &the_factory ? " of the application" : ""));
+        };
     }
 
-    tsStage& the_stage;
     gwResourceDB the_db;
     gwInput the_input;
     std::unique_ptr<TellingHooks> the_hooks;
