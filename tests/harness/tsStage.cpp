@@ -566,12 +566,7 @@ void tsStage::add_companion_commands()
             std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(in.word())));
     };
     const auto with_companion = [this](const std::string& name, void (*work)(grView&, tsArguments&))
-    {
-        on(name) = [this, work](tsArguments& in)
-            {
-            work(*live_companion(in.word()), in);
-            };
-    };
+    { on(name) = [this, work](tsArguments& in) { work(*live_companion(in.word()), in); }; };
     on("drop") = [this](tsArguments& in) { the_companions.erase(in.word()); };
     with_companion("orphan", [](grView& view, tsArguments&) { view.orphan(); });
     with_companion("lock", [](grView& view, tsArguments& in) { view.lock_child(in.integer()); });
@@ -604,7 +599,7 @@ void tsStage::add_list_commands()
     const auto with_list = [this](const std::string& name, std::function<void(dgViewcoDList&, tsArguments&)> work)
     {
         on(name) = [this, work](tsArguments& in)
-            {
+        {
             dgViewcoDList views;
             while (in.more() && !in.next_is("+"))
                 views.add_last(the_views.at(in.word()).view);
@@ -613,7 +608,7 @@ void tsStage::add_list_commands()
             for (const dgView* view : views)
                 names += (names.empty() ? "" : " ") + name_of(view);
             note(names.empty() ? "none" : names);
-            };
+        };
     };
     with_list("by_renderer",
               [](dgViewcoDList& views, tsArguments&) { grViewListUtils::sort_views_by_renderer(views); });
