@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -14,43 +14,112 @@ enum
     DELETED = 2
 };
 
-// Writes its name at each call, then does what the test wants done from inside the callback.
+class Player;
+
+// Writes its name at each call, then plays what is to happen inside the next one.
 class Listener : public coReceiver
 {
 public:
-    Listener(std::string name, std::string& log) : the_name(std::move(name)), the_log(log) {}
-
+    Listener(char name, Player& player) : the_name(name), the_player(player) {}
     coCallFunc call() { return coCallFunc::member<&Listener::called>(this); }
-    std::function<void()> action;
+    std::string inside;
 
 private:
-    void called()
-    {
-        the_log += the_name;
-        // The action may destroy this listener, its closure included.
-        const std::function<void()> todo = action;
-        if (todo)
-            todo();
-    }
-    std::string the_name;
-    std::string& the_log;
+    void called();
+    char the_name;
+    Player& the_player;
 };
 
-class coCallListTest : public testing::Test
+// Plays a script on one call list and the listeners a, b and c:
+//     a  a'  9a  listen for the first reason, for the second one, nine times    /a  stop for the first reason
+//     a{...}     what a does inside its next call                               =a  drop one callback by its value
+//     !  !'      fire one of the reasons                                        -a  drop all callbacks    ~a  destroy
+//     x          destroy the list
+class Player
 {
-protected:
-    void listen(Listener& listener, int reason = MOVED) { list->add(reason, listener.call()); }
-    std::string fired(int reason = MOVED)
+public:
+    Player()
     {
-        log.clear();
-        list->fire(reason);
-        return log;
+        for (const char name : {'a', 'b', 'c'})
+            listeners[name] = std::make_unique<Listener>(name, *this);
+    }
+    void play(std::string_view script)
+    {
+        int times = 1;
+        while (!script.empty())
+        {
+            const char c = take(script);
+            if (c >= '1' && c <= '9')
+                times = c - '0';
+            else if (c == '!')
+                list->fire(reason(script));
+            else if (c == 'x')
+                list.reset();
+            else if (c == '/')
+                list->remove(MOVED, at(script));
+            else if (c == '=')
+                list->remove(MOVED, at(script)->call());
+            else if (c == '-')
+                at(script)->clear_callbacks();
+            else if (c == '~')
+                listeners[take(script)].reset();
+            else if (c != ' ' && script.starts_with('{'))
+            {
+                listeners[c]->inside = script.substr(1, script.find('}') - 1);
+                script.remove_prefix(script.find('}') + 1);
+            }
+            else if (c != ' ')
+            {
+                const int why = reason(script);
+                for (; times > 0; --times)
+                    list->add(why, listeners[c]->call());
+                times = 1;
+            }
+        }
     }
 
     std::string log;
-    int sender = 0;
-    std::unique_ptr<coCallList> list = std::make_unique<coCallList>(&sender);
-    Listener a{"a", log}, b{"b", log}, c{"c", log};
+    std::unique_ptr<coCallList> list = std::make_unique<coCallList>(nullptr);
+    std::map<char, std::unique_ptr<Listener>> listeners;
+
+private:
+    static char take(std::string_view& script)
+    {
+        const char c = script.front();
+        script.remove_prefix(1);
+        return c;
+    }
+    static int reason(std::string_view& script) { return script.starts_with('\'') ? take(script), DELETED : MOVED; }
+    Listener* at(std::string_view& script) { return listeners[take(script)].get(); }
+};
+
+void Listener::called()
+{
+    // What is played may destroy this listener.
+    Player& player = the_player;
+    player.log += the_name;
+    player.play(std::exchange(inside, ""));
+}
+
+const struct
+{
+    const char* name;
+    const char* script;
+    const char* log;
+    int left; // callbacks
+} scripts[] = {
+    {"calls are in order of registration, by reason", "c a' a a ! !'", "caaa", 4},
+    {"receivers stop for one reason", "a a' b a /a ! !'", "ba", 2},
+    {"one of two equal callbacks is dropped", "a b a =a !", "ba", 2},
+    {"receivers drop all callbacks", "a a' b -a ! !'", "b", 1},
+    {"receivers destroyed before are not called", "a b ! ~a !", "abb", 1},
+    {"a list destroyed first is forgotten", "a a' x", "", 0},
+    {"a callback drops itself and later ones", "a b c a{-a-b} ! !", "acc", 1},
+    {"receivers are destroyed by a callback", "a b c a{~b~a} ! !", "acc", 1},
+    {"what is added inside waits for the next firing", "a c a{b9c9c9c} ! !", "acacbccccccccccccccccccccccccccc", 30},
+    {"what is dropped and added again inside waits too", "a b a{/bb} ! !", "aab", 2},
+    {"firing again from inside sees what was removed", "a b c b{!/a!} !", "ababcbcc", 2},
+    {"a list destroyed inside nested firings ends them", "a b b' c' a{!'} b{x} !", "ab", 0},
 };
 
 class ArgumentListener : public coReceiver
@@ -66,175 +135,39 @@ public:
 };
 }
 
-TEST_F(coCallListTest, calls_in_order_of_registration_by_reason)
+TEST(coCallList, plays_scripts)
 {
-    listen(c);
-    listen(a, DELETED);
-    listen(a);
-    listen(a);
-    EXPECT_EQ(fired(), "caa");
-    EXPECT_EQ(fired(DELETED), "a");
-    EXPECT_EQ(fired(99), "");
+    for (const auto& c : scripts)
+    {
+        Player player;
+        player.play(c.script);
+        EXPECT_EQ(player.log, c.log) << c.name;
+        EXPECT_EQ(player.list ? player.list->count() : 0, c.left) << c.name;
+        // Nobody remembers a list that has none of its callbacks.
+        player.list.reset();
+        for (const auto& [name, listener] : player.listeners)
+            EXPECT_EQ(listener ? listener->n_call_lists() : 0, 0) << c.name << ' ' << name;
+    }
 }
 
-TEST_F(coCallListTest, hands_over_sender_and_data)
+TEST(coCallList, hands_over_sender_and_data_to_receivers_that_own_their_callbacks)
 {
+    int sender = 0, data = 42, calls = 0;
+    coCallList list(&sender);
     ArgumentListener listener;
-    list->add(MOVED, coCallFunc::member<&ArgumentListener::take>(&listener));
-    int data = 42;
-    list->fire(MOVED, &data);
+    list.add(MOVED, coCallFunc::member<&ArgumentListener::take>(&listener));
+    {
+        ArgumentListener copy(listener);
+        copy = listener;
+        EXPECT_EQ(copy.n_call_lists(), 0) << "a copy owns none";
+    }
+    EXPECT_EQ(list.count(), 1);
+    list.fire(MOVED, &data);
     EXPECT_EQ(listener.sender, &sender);
     EXPECT_EQ(listener.value, 42);
-
-    int calls = 0;
-    list->add(DELETED, nullptr, [](coReceiver*, void*, void* count) { ++*static_cast<int*>(count); });
-    list->fire(DELETED, &calls);
+    list.add(DELETED, nullptr, [](coReceiver*, void*, void* count) { ++*static_cast<int*>(count); });
+    list.fire(DELETED, &calls);
     EXPECT_EQ(calls, 1) << "a plain function needs no receiver";
-}
-
-TEST_F(coCallListTest, removes_by_receiver_by_reason_and_by_value)
-{
-    listen(a);
-    listen(a, DELETED);
-    listen(b);
-    list->remove(MOVED, &a);
-    EXPECT_EQ(fired() + fired(DELETED), "ba");
-    EXPECT_EQ(a.n_call_lists(), 1);
-    listen(a);
-    listen(a);
-    list->remove(MOVED, a.call());
-    EXPECT_EQ(fired(), "ba") << "one of the two equal ones stays";
-    list->remove(&a);
-    EXPECT_EQ(fired() + fired(DELETED), "b");
-    EXPECT_EQ(a.n_call_lists(), 0);
-}
-
-TEST_F(coCallListTest, receiver_destroyed_outside_a_firing_is_not_called)
-{
-    coCallList other(nullptr);
-    {
-        Listener brief("x", log);
-        listen(brief);
-        listen(b);
-        other.add(MOVED, brief.call());
-        EXPECT_EQ(fired(), "xb");
-    }
-    EXPECT_EQ(fired(), "b");
-    EXPECT_EQ(list->count() + other.count(), 1);
-}
-
-TEST_F(coCallListTest, list_destroyed_first_is_forgotten_by_its_receivers)
-{
-    listen(a);
-    listen(a, DELETED);
-    list.reset();
-    EXPECT_EQ(a.n_call_lists(), 0);
-}
-
-TEST_F(coCallListTest, callback_may_drop_itself_and_later_ones_while_firing)
-{
-    listen(a);
-    listen(b);
-    listen(c);
-    a.action = [&]
-    {
-        a.clear_callbacks();
-        b.clear_callbacks();
-    };
-    EXPECT_EQ(fired(), "ac");
-    EXPECT_EQ(list->count(), 1);
-    EXPECT_EQ(a.n_call_lists(), 0);
-}
-
-TEST_F(coCallListTest, receivers_may_be_destroyed_while_firing)
-{
-    auto first = std::make_unique<Listener>("1", log);
-    auto second = std::make_unique<Listener>("2", log);
-    listen(*first);
-    listen(*second);
-    listen(c);
-    first->action = [&]
-    {
-        second.reset();
-        first.reset();
-    };
-    EXPECT_EQ(fired(), "1c");
-    EXPECT_EQ(fired(), "c");
-}
-
-TEST_F(coCallListTest, callback_added_while_firing_waits_for_the_next_firing)
-{
-    listen(a);
-    a.action = [&]
-    {
-        a.action = nullptr;
-        // Enough to move the entries in memory.
-        for (int i = 0; i < 100; ++i)
-            listen(i ? c : b);
-    };
-    listen(c);
-    EXPECT_EQ(fired(), "ac");
-    EXPECT_EQ(fired(), "acb" + std::string(99, 'c'));
-}
-
-TEST_F(coCallListTest, dropped_and_added_again_while_firing_waits_too)
-{
-    listen(a);
-    listen(b);
-    a.action = [&]
-    {
-        a.action = nullptr;
-        list->remove(&b);
-        listen(b);
-    };
-    EXPECT_EQ(fired(), "a");
-    EXPECT_EQ(fired(), "ab");
-    EXPECT_EQ(b.n_call_lists(), 1);
-}
-
-TEST_F(coCallListTest, firing_again_from_inside_sees_what_was_removed)
-{
-    listen(a);
-    listen(b);
-    listen(c);
-    b.action = [&]
-    {
-        b.action = nullptr;
-        list->fire(MOVED);
-        list->remove(&a);
-        list->fire(MOVED);
-    };
-    // Outer a, b; inner a b c; inner without a: b c; outer goes on with c.
-    EXPECT_EQ(fired(), "ab"
-                       "abc"
-                       "bc"
-                       "c");
-    EXPECT_EQ(list->count(), 2);
-}
-
-TEST_F(coCallListTest, list_destroyed_from_inside_nested_firings_ends_them)
-{
-    listen(a);
-    listen(b);
-    listen(b, DELETED);
-    listen(c, DELETED);
-    a.action = [&] { list->fire(DELETED); };
-    b.action = [&] { list.reset(); };
-    log.clear();
-    list->fire(MOVED);
-    EXPECT_EQ(log, "ab");
-    EXPECT_EQ(a.n_call_lists() + b.n_call_lists() + c.n_call_lists(), 0);
-}
-
-TEST_F(coCallListTest, copied_receiver_owns_no_callbacks)
-{
-    ArgumentListener original;
-    list->add(MOVED, coCallFunc::member<&ArgumentListener::take>(&original));
-    {
-        ArgumentListener copy(original);
-        EXPECT_EQ(copy.n_call_lists(), 0);
-        copy = original;
-        EXPECT_EQ(copy.n_call_lists(), 0);
-    }
-    EXPECT_EQ(list->count(), 1);
+    list.remove(MOVED, &listener);
+    EXPECT_EQ(listener.n_call_lists(), 0) << "a list without callbacks is forgotten";
 }

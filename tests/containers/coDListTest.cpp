@@ -2,104 +2,104 @@
 
 #include <gtest/gtest.h>
 
+#include <list>
+#include <random>
+
 namespace
 {
-using Numbers = coDList<int>;
-}
-
-TEST(coDList, inserts_behind_the_cursor_and_moves_onto_it)
+// The same by a list of nodes: the cursor is a node, or the end where it stands before the first.
+struct Model
 {
-    Numbers list;
-    list.insert_after_cursor(2);
-    list.insert_after_cursor(4);
-    list.index(0);
-    list.insert_after_cursor(3);
-    list.add_first(1);
-    list.add_last(5);
-    EXPECT_EQ(list, Numbers({1, 2, 3, 4, 5}));
-    EXPECT_EQ(list.current(), 3) << "adding first must leave the cursor on its element";
-    list.cursor(-1);
-    list.insert_after_cursor(0);
-    EXPECT_EQ(list.first(), 0);
-    EXPECT_EQ(list.cursor(), 0);
-}
+    std::list<int> items;
+    std::list<int>::iterator cursor = items.end();
 
-TEST(coDList, cursor_stays_on_its_element_through_removals)
-{
-    Numbers list{1, 2, 3, 2, 5};
-    list.index(3);
-    EXPECT_TRUE(list.remove(2));
-    EXPECT_EQ(list, Numbers({1, 3, 2, 5})) << "only the first equal one goes";
-    EXPECT_EQ(list.current(), 2);
-    EXPECT_EQ(list.cursor(), 2);
-    EXPECT_TRUE(list.remove(5));
-    EXPECT_FALSE(list.remove(5));
-    EXPECT_EQ(list.current(), 2);
-
-    list.remove_at_cursor();
-    EXPECT_EQ(list.current(), 3) << "falls back to the element before";
-    list.remove_at_cursor();
-    list.remove_at_cursor();
-    EXPECT_EQ(list.cursor(), -1);
-    list.remove_at_cursor();
-    EXPECT_TRUE(list.empty());
-}
-
-TEST(coDList, truncates_swaps_finds_and_copies)
-{
-    Numbers list{10, 11, 12, 13};
-    list.swap(0, 3);
-    EXPECT_EQ(list, Numbers({13, 11, 12, 10}));
-    EXPECT_EQ(list.find(12), 2);
-    EXPECT_EQ(list.find(99), -1);
-
-    const Numbers copy(list);
-    list.index(3);
-    list.truncate(2);
-    EXPECT_EQ(list, Numbers({13, 11}));
-    EXPECT_EQ(list.cursor(), 1);
-    list.truncate(5);
-    EXPECT_EQ(list.count(), 2) << "truncating never grows";
-    EXPECT_EQ(copy.count(), 4);
-}
-
-TEST(coDList, walk_survives_removal_through_it)
-{
-    Numbers list{1, 2, 4, 6, 7, 8};
-    int sum = 0;
-    for (auto it = list.it(); it; ++it)
+    auto at(int i) { return std::next(items.begin(), i); }
+    void erase(std::list<int>::iterator node)
     {
-        sum += it();
-        if (it() % 2 == 0)
-            it.remove();
+        if (node == cursor)
+            cursor = node == items.begin() ? items.end() : std::prev(node);
+        items.erase(node);
     }
-    EXPECT_EQ(sum, 28) << "every element is met once";
-    EXPECT_EQ(list, Numbers({1, 7}));
+    int position() { return cursor == items.end() ? -1 : static_cast<int>(std::distance(items.begin(), cursor)); }
+};
 }
 
-TEST(coDList, walk_goes_backwards_and_removes_there)
+TEST(coDList, does_what_a_list_of_nodes_does)
 {
-    Numbers list{1, 2, 3, 4};
-    Numbers met;
-    for (auto it = list.last_it(); it; --it)
-    {
-        met.add_last(it());
-        if (it() >= 3)
-            it.remove();
-    }
-    EXPECT_EQ(met, Numbers({4, 3, 2, 1}));
-    EXPECT_EQ(list, Numbers({1, 2}));
-    list.clear();
+    std::mt19937 random(11);
+    const auto below = [&](int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); };
+    coDList<int> list;
+    Model model;
     EXPECT_FALSE(list.it());
     EXPECT_FALSE(list.last_it());
-}
-
-TEST(coDList, walk_ends_when_others_empty_the_list)
-{
-    Numbers list{1, 2, 3};
+    for (int step = 0; step < 5000; ++step)
+    {
+        const int operation = below(12), value = below(9), count = static_cast<int>(model.items.size());
+        const int i = count ? below(count) : 0, j = count ? below(count) : 0;
+        const auto first_equal = std::find(model.items.begin(), model.items.end(), value);
+        if (operation == 0 && count)
+            list.index(i), model.cursor = model.at(i);
+        else if (operation == 1)
+            list.cursor(-1), model.cursor = model.items.end();
+        else if (operation < 5)
+        {
+            list.insert_after_cursor(value);
+            model.cursor = model.items.insert(
+                model.cursor == model.items.end() ? model.items.begin() : std::next(model.cursor), value);
+        }
+        else if (operation == 5)
+            list.add_first(value), model.items.push_front(value);
+        else if (operation == 6)
+            list.add_last(value), model.items.push_back(value);
+        else if (operation == 7)
+        {
+            EXPECT_EQ(list.find(value), first_equal == model.items.end()
+                                            ? -1
+                                            : static_cast<int>(std::distance(model.items.begin(), first_equal)));
+            EXPECT_EQ(list.remove(value), first_equal != model.items.end());
+            if (first_equal != model.items.end())
+                model.erase(first_equal);
+        }
+        else if (operation == 8)
+        {
+            list.remove_at_cursor();
+            if (model.cursor != model.items.end())
+                model.erase(model.cursor);
+        }
+        else if (operation == 9 && count)
+            list.swap(i, j), std::iter_swap(model.at(i), model.at(j));
+        else if (operation == 10 && step % 5 == 0)
+        {
+            const int n = count ? i : 3; // more than there are: nothing
+            if (model.position() >= n)
+                model.cursor = n ? model.at(n - 1) : model.items.end();
+            list.truncate(n);
+            while (static_cast<int>(model.items.size()) > n)
+                model.items.pop_back();
+        }
+        else if (operation == 11)
+        {
+            // Every element is met once, in the direction of the walk, while some are taken out.
+            const int backwards = value % 2;
+            auto it = backwards ? list.last_it() : list.it();
+            for (int left = count, at = backwards ? count - 1 : 0; left > 0; --left, backwards ? --it : ++it)
+            {
+                ASSERT_TRUE(it);
+                ASSERT_EQ(it(), *model.at(at));
+                const bool out = it() % 4 == 1;
+                if (out)
+                    it.remove(), model.erase(model.at(at));
+                at += backwards ? -1 : !out;
+            }
+            EXPECT_FALSE(it);
+        }
+        ASSERT_EQ(std::list<int>(list.begin(), list.end()), model.items) << "after operation " << operation;
+        ASSERT_EQ(list.cursor(), model.position()) << "after operation " << operation;
+        ASSERT_EQ(list.cursor() < 0 || list.current() == *model.cursor, true);
+    }
+    const coDList<int> copy(list);
     auto it = list.it();
-    ++it;
     list.clear();
-    EXPECT_FALSE(it);
-    EXPECT_FALSE(++it);
+    EXPECT_FALSE(it) << "a walk ends when others empty the list";
+    EXPECT_EQ(copy.count(), static_cast<int>(model.items.size()));
 }

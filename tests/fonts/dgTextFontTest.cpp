@@ -28,17 +28,6 @@ std::string replaced(std::string text, const std::string& from, const std::strin
     EXPECT_NE(at, std::string::npos) << from;
     return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
-
-giBox2 ink(const dgTextFont& font, char32_t character)
-{
-    dgGlyphOutline outline;
-    font.outline(font.glyph(character), outline);
-    giBox2 box;
-    for (const auto& contour : outline.contours)
-        for (const giPoint2& point : contour)
-            box.merge(point);
-    return box;
-}
 }
 
 TEST(dgTextFont, advances_and_kerning_are_those_of_the_metrics_file)
@@ -68,7 +57,7 @@ TEST(dgTextFont, outlines_are_in_ems_from_the_baseline)
     double box[4] = {};
     for (double& value : box)
         line >> value;
-    const giBox2 h = ink(*font, U'H');
+    const giBox2 h = tsInk(*font, U'H');
     EXPECT_NEAR(h.low().x(), box[0] / 1000, 1e-3);
     EXPECT_NEAR(h.low().y(), box[1] / 1000, 1e-3);
     EXPECT_NEAR(h.high().x(), box[2] / 1000, 1e-3);

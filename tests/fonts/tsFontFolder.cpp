@@ -1,5 +1,8 @@
 #include "tsFontFolder.h"
 
+#include "dgGlyphOutline.h"
+#include "dgTextFont.h"
+
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -100,22 +103,21 @@ void tsFontFolder::make_folder(const std::string& name)
     fs::create_directory(the_path / name);
 }
 
-std::vector<std::string> tsFamilies(const grOutlineFontFamilyReader& reader)
-{
-    std::vector<std::string> families;
-    for (int i = 0; i < reader.num_families(); ++i)
-    {
-        ltFontType type{};
-        const utString name = reader.family_name(i, type);
-        families.push_back(std::to_string(type) + " " + name.str());
-    }
-    return families;
-}
-
 const grOutlineFontListElement* tsFind(const grOutlineFontFamilyReader& reader, ltFontType type, const char* family)
 {
     for (int i = 0; i < reader.num_families(); ++i)
         if (reader.family(i).font_type() == type && reader.family(i).family_name() == family)
             return &reader.family(i);
     return nullptr;
+}
+
+giBox2 tsInk(const dgTextFont& font, char32_t character)
+{
+    dgGlyphOutline outline;
+    font.outline(font.glyph(character), outline);
+    giBox2 box;
+    for (const auto& contour : outline.contours)
+        for (const giPoint2& point : contour)
+            box.merge(point);
+    return box;
 }

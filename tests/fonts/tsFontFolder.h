@@ -3,11 +3,14 @@
 #include "grOutlineFontFamilyReader.h"
 
 #include "apSystemFonts.h"
+#include "giBox2.h"
 #include "grOutlineFontListElement.h"
 
 #include <filesystem>
 #include <string>
 #include <vector>
+
+class dgTextFont;
 
 /// Font files of the packages htmldoc-common, fonts-urw-base35 and fonts-dejavu-core.
 std::string tsHtmldocFont(const std::string& name);
@@ -52,8 +55,8 @@ private:
     apSystemFontsOverride the_override;
 };
 
-/// Types and names of all families, in order: "2 Courier".
-std::vector<std::string> tsFamilies(const grOutlineFontFamilyReader& reader);
-
 /// The first family of a type and name, or null.
 const grOutlineFontListElement* tsFind(const grOutlineFontFamilyReader& reader, ltFontType type, const char* family);
+
+/// The box of a character's outline, in ems.
+giBox2 tsInk(const dgTextFont& font, char32_t character);

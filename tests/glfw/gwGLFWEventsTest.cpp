@@ -9,156 +9,115 @@
 
 #include <sstream>
 #include <string>
-#include <utility>
-#include <vector>
 
 namespace
 {
-// Keeps what was posted as text: "press 2:1 at 10,20 mods 0 delta 0".
+// Keeps what is posted: "press 2:1 at 10,20 mods 0 delta 0; ".
 class Recorder : public coReceiver
 {
 public:
-    explicit Recorder(gwInput& input)
-    {
-        input.call_list().add(gwCR_event, this,
-                              [](coReceiver* receiver, void*, void* data)
-                              { static_cast<Recorder*>(receiver)->add(gwInput::event(data)); });
-    }
-    std::vector<std::string> take() { return std::exchange(the_events, {}); }
+    explicit Recorder(gwInput& input) { input.call_list().add(gwCR_event, coCallFunc::member<&Recorder::add>(this)); }
+    std::ostringstream posted;
 
 private:
-    void add(const gwEvent& event)
+    void add(void*, void* data)
     {
-        std::ostringstream text;
+        const gwEvent& event = gwInput::event(data);
         if (const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&event))
-            text << (key->transition() == 1 ? "press " : "release ") << int{key->key_type()} << ':' << key->key_number()
-                 << " at " << key->x() << ',' << key->y() << " mods " << key->modifiers() << " delta " << key->delta();
+            posted << (key->transition() == 1 ? "press " : "release ") << int{key->key_type()} << ':'
+                   << key->key_number() << " at " << key->x() << ',' << key->y() << " mods " << key->modifiers()
+                   << " delta " << key->delta() << "; ";
         else if (const gwMouseEvent* mouse = gwMouseEvent::ut_dynamic_cast(&event))
-            text << "move to " << mouse->x() << ',' << mouse->y() << " mods " << mouse->modifiers();
-        the_events.push_back(text.str());
+            posted << "move to " << mouse->x() << ',' << mouse->y() << " mods " << mouse->modifiers() << "; ";
     }
-    std::vector<std::string> the_events;
 };
 
-struct Fixture
+// Plays commands on a window of 200 x 100 pixels: cursor X Y, flush, scale X Y, button 1 (press) or 0 NUMBER MODS,
+// key 1 or 0 or 2 (repeat) NUMBER MODS, wheel D, fine 0/1, blur. Buttons and keys have GLFW's numbers.
+std::string played(const char* script)
 {
-    gwHeadlessWindow window{200, 100};
-    Recorder recorder{window.input()};
-    gwGLFWEvents events{window};
-};
-
-using Texts = std::vector<std::string>;
+    gwHeadlessWindow window(200, 100);
+    Recorder recorder(window.input());
+    gwGLFWEvents events(window);
+    std::istringstream words(script);
+    for (std::string command; words >> command;)
+    {
+        const auto number = [&]
+        {
+            double value = 0;
+            words >> value;
+            return value;
+        };
+        const auto whole = [&] { return static_cast<int>(number()); };
+        const double first = command == "flush" || command == "blur" ? 0 : number();
+        if (command == "flush")
+            events.flush();
+        else if (command == "blur")
+            events.focus_lost();
+        else if (command == "cursor")
+            events.cursor(first, number());
+        else if (command == "scale")
+            events.scale(first, number());
+        else if (command == "wheel")
+            events.wheel(first);
+        else if (command == "fine")
+            events.fine_wheel(first != 0);
+        else
+        {
+            const int what = whole(), mods = whole();
+            if (command == "button")
+                events.button(what, static_cast<int>(first), mods);
+            else if (command == "key")
+                events.key(what, nullptr, static_cast<int>(first), mods);
+        }
+    }
+    return recorder.posted.str() + "mods " + std::to_string(events.modifiers());
 }
 
-TEST(gwGLFWEvents, positions_are_device_pixels_from_the_lower_left_corner)
-{
-    Fixture f;
-    f.events.cursor(0, 0);
-    f.events.flush();
-    f.events.cursor(199.9, 99.9);
-    f.events.flush();
-    EXPECT_EQ(f.recorder.take(), (Texts{"move to 0,99 mods 0", "move to 199,0 mods 0"}));
+static_assert(GLFW_MOD_SHIFT == 1 && GLFW_MOD_CONTROL == 2 && GLFW_KEY_LEFT_SHIFT == 340 && GLFW_KEY_F2 == 291 &&
+              GLFW_KEY_LEFT_CONTROL == 341);
 
-    // 100 x 50 screen coordinates on 200 x 100 pixels.
-    f.events.scale(2, 2);
-    f.events.cursor(10.5, 20);
-    f.events.flush();
-    EXPECT_EQ(f.recorder.take(), Texts{"move to 21,59 mods 0"});
-}
-
-TEST(gwGLFWEvents, positions_go_on_outside_the_window)
+const struct
 {
-    Fixture f;
-    f.events.cursor(-0.5, 100);
-    f.events.flush();
-    EXPECT_EQ(f.recorder.take(), Texts{"move to -1,-1 mods 0"});
-}
-
-TEST(gwGLFWEvents, motion_is_posted_once_with_its_last_position)
-{
-    Fixture f;
-    f.events.cursor(1, 1);
-    f.events.cursor(2, 2);
-    f.events.cursor(3, 3);
-    EXPECT_TRUE(f.recorder.take().empty());
-    f.events.flush();
-    f.events.flush();
-    f.events.cursor(3.4, 3.2); // the same pixel
-    f.events.flush();
-    EXPECT_EQ(f.recorder.take(), Texts{"move to 3,96 mods 0"});
-}
-
-TEST(gwGLFWEvents, buttons_act_where_the_pointer_was_last_reported)
-{
-    Fixture f;
-    f.events.cursor(10, 10);
-    f.events.button(GLFW_MOUSE_BUTTON_RIGHT, GLFW_PRESS, GLFW_MOD_SHIFT);
-    f.events.cursor(20, 10);
-    f.events.button(GLFW_MOUSE_BUTTON_RIGHT, GLFW_RELEASE, 0);
-    EXPECT_EQ(f.recorder.take(), (Texts{"move to 10,89 mods 0", "press 2:3 at 10,89 mods 2 delta 0",
-                                        "move to 20,89 mods 2", "release 2:3 at 20,89 mods 0 delta 0"}));
-}
-
-TEST(gwGLFWEvents, a_key_event_carries_the_modifiers_held_besides_the_key)
-{
-    Fixture f;
+    const char* name;
+    const char* script;
+    const char* posted;
+} scripts[] = {
+    {"positions count from the lower left corner", "cursor 0 0 flush cursor 199.9 99.9 flush",
+     "move to 0,99 mods 0; move to 199,0 mods 0; mods 0"},
+    {"100 x 50 screen coordinates on 200 x 100 pixels", "scale 2 2 cursor 10.5 20 flush",
+     "move to 21,59 mods 0; mods 0"},
+    {"half a pixel to a coordinate", "scale 0.5 0.5 cursor 10 20 flush", "move to 5,89 mods 0; mods 0"},
+    {"a window without size keeps its scale", "scale 2 2 scale 0 2 cursor 10 20 flush", "move to 20,59 mods 0; mods 0"},
+    {"positions go on outside the window", "cursor -0.5 100 flush", "move to -1,-1 mods 0; mods 0"},
+    {"motion is posted once, with its last position", "cursor 1 1 cursor 3 3 flush flush cursor 3.4 3.2 flush",
+     "move to 3,96 mods 0; mods 0"},
+    {"motion waits for what comes next", "cursor 1 1", "mods 0"},
+    {"buttons act where the pointer was last", "cursor 10 10 button 1 1 1 cursor 20 10 button 0 1 0",
+     "move to 10,89 mods 0; press 2:3 at 10,89 mods 2 delta 0; move to 20,89 mods 2; "
+     "release 2:3 at 20,89 mods 0 delta 0; mods 0"},
     // Before the press a platform may report the bit already, or not yet.
-    f.events.key(GLFW_KEY_LEFT_SHIFT, nullptr, GLFW_PRESS, GLFW_MOD_SHIFT);
-    EXPECT_EQ(f.recorder.take(), Texts{"press 3:13 at 0,0 mods 0 delta 0"});
-    EXPECT_EQ(f.events.modifiers(), 2);
-    f.events.key(GLFW_KEY_R, "r", GLFW_PRESS, GLFW_MOD_SHIFT);
-    f.events.key(GLFW_KEY_R, "r", GLFW_REPEAT, GLFW_MOD_SHIFT);
-    f.events.key(GLFW_KEY_R, "r", GLFW_RELEASE, GLFW_MOD_SHIFT);
-    EXPECT_EQ(f.recorder.take(), (Texts{"press 0:82 at 0,0 mods 2 delta 0", "release 0:82 at 0,0 mods 2 delta 0"}));
-    f.events.key(GLFW_KEY_LEFT_SHIFT, nullptr, GLFW_RELEASE, GLFW_MOD_SHIFT);
-    EXPECT_EQ(f.events.modifiers(), 0);
+    {"a modifier key does not modify itself", "key 1 340 1 key 1 82 1 key 2 82 1 key 0 82 1",
+     "press 3:13 at 0,0 mods 0 delta 0; press 0:82 at 0,0 mods 2 delta 0; release 0:82 at 0,0 mods 2 delta 0; mods 2"},
+    {"its release ends it", "key 1 340 0 key 0 340 1",
+     "press 3:13 at 0,0 mods 0 delta 0; release 3:13 at 0,0 mods 0 delta 0; mods 0"},
+    {"held function keys modify what follows", "key 1 291 0 button 1 0 2 key 0 291 2",
+     "press 1:2 at 0,0 mods 0 delta 0; press 2:1 at 0,0 mods 17 delta 0; release 1:2 at 0,0 mods 1 delta 0; mods 1"},
+    {"nothing is held without the focus", "key 1 291 0 blur", "press 1:2 at 0,0 mods 0 delta 0; mods 0"},
+    {"each wheel step is one press", "key 1 341 0 wheel 2 wheel -1",
+     "press 3:14 at 0,0 mods 0 delta 0; press 5:1 at 0,0 mods 1 delta 1; press 5:1 at 0,0 mods 1 delta 1; "
+     "press 5:1 at 0,0 mods 1 delta -1; mods 1"},
+    {"a fine wheel is posted as it turns", "fine 1 wheel 0.125 wheel -2",
+     "press 5:1 at 0,0 mods 0 delta 0.125; press 5:1 at 0,0 mods 0 delta -2; mods 0"},
+    {"parts of a step do not count", "wheel 0.3 wheel 0.3 wheel 0.3", "mods 0"},
+    {"but add up", "wheel 0.3 wheel 0.3 wheel 0.4", "press 5:1 at 0,0 mods 0 delta 1; mods 0"},
+    {"turning back drops what was left over", "wheel 0.5 wheel -0.9 flush wheel -0.1",
+     "press 5:1 at 0,0 mods 0 delta -1; mods 0"},
+};
 }
 
-TEST(gwGLFWEvents, held_function_keys_are_modifiers_of_what_follows)
+TEST(gwGLFWEvents, posts_what_a_script_says)
 {
-    Fixture f;
-    f.events.key(GLFW_KEY_F2, nullptr, GLFW_PRESS, 0);
-    f.events.button(GLFW_MOUSE_BUTTON_LEFT, GLFW_PRESS, GLFW_MOD_CONTROL);
-    f.events.key(GLFW_KEY_F2, nullptr, GLFW_RELEASE, GLFW_MOD_CONTROL);
-    EXPECT_EQ(f.recorder.take(), (Texts{"press 1:2 at 0,0 mods 0 delta 0", "press 2:1 at 0,0 mods 17 delta 0",
-                                        "release 1:2 at 0,0 mods 1 delta 0"}));
-    f.events.key(GLFW_KEY_F2, nullptr, GLFW_PRESS, 0);
-    f.events.focus_lost();
-    EXPECT_EQ(f.events.modifiers(), 0);
-}
-
-TEST(gwGLFWEvents, each_wheel_step_is_one_press)
-{
-    Fixture f;
-    f.events.key(GLFW_KEY_LEFT_CONTROL, nullptr, GLFW_PRESS, 0);
-    f.recorder.take();
-    f.events.wheel(2);
-    f.events.wheel(-1);
-    const std::string in = "press 5:1 at 0,0 mods 1 delta 1", out = "press 5:1 at 0,0 mods 1 delta -1";
-    EXPECT_EQ(f.recorder.take(), (Texts{in, in, out}));
-}
-
-TEST(gwGLFWEvents, a_fine_wheel_is_posted_as_it_turns)
-{
-    Fixture f;
-    f.events.fine_wheel(1);
-    f.events.wheel(0.125);
-    f.events.wheel(-2);
-    EXPECT_EQ(f.recorder.take(), (Texts{"press 5:1 at 0,0 mods 0 delta 0.125", "press 5:1 at 0,0 mods 0 delta -2"}));
-}
-
-TEST(gwGLFWEvents, parts_of_a_wheel_step_add_up)
-{
-    Fixture f;
-    for (int i = 0; i < 9; ++i)
-        f.events.wheel(0.1);
-    EXPECT_TRUE(f.recorder.take().empty());
-    f.events.wheel(0.1);
-    EXPECT_EQ(f.recorder.take(), Texts{"press 5:1 at 0,0 mods 0 delta 1"});
-    // Turning back drops what was left over.
-    f.events.wheel(0.5);
-    f.events.wheel(-0.9);
-    EXPECT_TRUE(f.recorder.take().empty());
-    f.events.wheel(-0.1);
-    EXPECT_EQ(f.recorder.take(), Texts{"press 5:1 at 0,0 mods 0 delta -1"});
+    for (const auto& c : scripts)
+        EXPECT_EQ(played(c.script), c.posted) << c.name;
 }
