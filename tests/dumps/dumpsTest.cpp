@@ -7,7 +7,13 @@
 #include "dgStructureCall.h"
 #include "dgTransform.h"
 #include "dgTriangleBlock.h"
+#include "giAngle.h"
+#include "giBox2.h"
+#include "giPlane.h"
 #include "giTriBlock.h"
+#include "giWorkplane3.h"
+#include "giXform3.h"
+#include "grAction.h"
 #include "grAddToStructure.h"
 #include "grBlockDiagClass.h"
 #include "grBlockVisClass.h"
@@ -20,6 +26,8 @@
 #include "grInterNode.h"
 #include "grIsometricTool.h"
 #include "grNodeLink.h"
+#include "grOutlineFontFamilyReader.h"
+#include "grOutlineFontListElement.h"
 #include "grPrimColourType.h"
 #include "grRubberBandCallback.h"
 #include "grRubberBandColourAppElement.h"
@@ -220,6 +228,36 @@ void print_tool_names(std::ostream& os)
     print_names<gwResourceStatus>(os, 3);
 }
 
+void print_texts(std::ostream& os)
+{
+    print_names<grOutlineFontFileStatus>(os, 2);
+    print_names<grOutlineFontInstallStatus>(os, 5);
+    print_names<grOutlineFontStyle>(os, 4);
+    grAction action(grActionTrigger(gwMOUSE_BUTTON, 1, gwMODIFIER_SHIFT, "x,y"), "zoom");
+    os << action;
+    action.bind(grToolDetail(nullptr, 3));
+    os << action;
+    grOutlineFontListElement family(ltTRUETYPE_FONT, 204, "Sans", {"a", "b", "", "d"}, {"e", "", "g", "h"});
+    family.family_installed(8);
+    os << family;
+}
+
+void print_geometry(std::ostream& os)
+{
+    giTriBlock block;
+    os << block << '\n';
+    block.nodes().set(2, giPoint3(1, 2, 3));
+    block.triangles().push_back(giTriangle(0, 1, 2));
+    block.create_normals();
+    block.create_curvatures();
+    block.create_texture_coordinates();
+    os << block << ' ' << block.triangles()[0] << ' ' << giAngle(0.5) << ' ' << giBox2() << giBox2(1, 2, 3, 4) << ' '
+       << giVector2(1, 2) << '\n'
+       << giPlane(giPoint3(0, 0, 2), giVector3(0, 0, 1)) << ' '
+       << giWorkplane3(giPoint3(1, 1, 1), giVector3(1, 0, 0), giVector3(0, 1, 0)) << '\n'
+       << giXform3::translation(giVector3(1, 2, 3));
+}
+
 // With addresses numbered in the order of their appearance.
 std::string without_addresses(const std::string& text)
 {
@@ -244,6 +282,8 @@ TEST(dumps, are_as_in_the_file)
     print_structures(os);
     print_meshes(os);
     print_tool_names(os);
+    print_texts(os);
+    print_geometry(os);
     std::ifstream file(TS_DUMPS);
     std::istringstream printed(without_addresses(os.str()));
     std::string expected, found;

@@ -4,84 +4,84 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <random>
+#include <vector>
 
-TEST(giBox3, an_empty_box_holds_the_largest_double_and_takes_no_part)
+namespace
 {
-    const giBox3 unit(giPoint3(0, 0, 0), giPoint3(1, 1, 1));
-    giBox3 box;
-    EXPECT_TRUE(box.empty());
-    EXPECT_EQ(box.low().x(), std::numeric_limits<double>::max());
-    EXPECT_FALSE(box.contains(giPoint3(0, 0, 0), 1e300));
-    EXPECT_FALSE(box.overlap(unit));
-    EXPECT_FALSE(unit.overlap(box));
-    box.grow(10);
-    EXPECT_TRUE(box.empty());
-    box.merge(giBox3());
-    EXPECT_TRUE(box.empty());
-    box.merge(unit);
-    EXPECT_EQ(box, unit);
-    box.merge(giBox3());
-    EXPECT_EQ(box, unit);
+giPoint2 point(int x, int y, int, giBox2*)
+{
+    return giPoint2(x, y);
+}
+giPoint3 point(int x, int y, int z, giBox3*)
+{
+    return giPoint3(x, y, z);
 }
 
-TEST(giBox3, merging_encloses_points_in_any_order)
+// Boxes with whole corners from 1 to 4 are the sets of the points of a grid from 0 to 5 that they contain.
+template <class Box>
+void expect_boxes_to_be_sets_of_points()
 {
-    giBox3 box;
-    box.merge(giPoint3(1, 5, -2));
-    EXPECT_FALSE(box.empty());
-    EXPECT_EQ(box.low(), box.high());
-    box.merge(giPoint3(-1, 7, 0));
-    EXPECT_EQ(box, giBox3(giPoint3(-1, 5, -2), giPoint3(1, 7, 0)));
-    EXPECT_EQ(box.middle(), giPoint3(0, 6, -1));
-    EXPECT_EQ(box.diagonal(), giVector3(2, 2, 2));
-    box.grow(1);
-    EXPECT_EQ(box, giBox3(giPoint3(-2, 4, -3), giPoint3(2, 8, 1)));
-}
-
-TEST(giBox3, corners_are_numbered_by_bits)
-{
-    const giBox3 box(giPoint3(1, 2, 3), giPoint3(10, 20, 30));
-    EXPECT_EQ(box.corner(0), giPoint3(1, 2, 3));
-    EXPECT_EQ(box.corner(1), giPoint3(10, 2, 3));
-    EXPECT_EQ(box.corner(6), giPoint3(1, 20, 30));
-}
-
-TEST(giBox3, touching_boxes_overlap)
-{
-    const giBox3 box(giPoint3(0, 0, 0), giPoint3(1, 1, 1));
-    EXPECT_TRUE(box.overlap(giBox3(giPoint3(1, 1, 1), giPoint3(2, 2, 2))));
-    EXPECT_TRUE(box.overlap(giBox3(giPoint3(-9, 0.4, 0.4), giPoint3(9, 0.6, 0.6))));
-    EXPECT_FALSE(box.overlap(giBox3(giPoint3(0, 0, 1.001), giPoint3(1, 1, 2))));
-}
-
-TEST(giBox2, contains_its_edges_and_the_tolerance_around_them)
-{
-    const giBox2 box(-10, 0, 10, 5);
-    const struct
+    std::mt19937 random(11);
+    const auto any = [&] { return 1 + static_cast<int>(random() % 4); };
+    const auto any_point = [&] { return point(any(), any(), any(), static_cast<Box*>(nullptr)); };
+    const auto any_box = [&]
     {
-        const char* name;
-        giPoint2 p;
-        double tolerance;
-        int expected;
-    } cases[] = {
-        {"inside", {0, 1}, 0, 1},
-        {"low corner", {-10, 0}, 0, 1},
-        {"high corner", {10, 5}, 0, 1},
-        {"just outside", {10.00001, 5}, 0, 0},
-        {"outside within the tolerance", {10.000009, 5.000009}, 1e-5, 1},
-        {"below beyond the tolerance", {0, -0.00002}, 1e-5, 0},
+        Box box;
+        for (auto points = random() % 3; points > 0; --points)
+            box.merge(any_point());
+        return box;
     };
-    for (const auto& c : cases)
-        EXPECT_EQ(box.contains(c.p, c.tolerance), c.expected) << c.name;
+    std::vector<decltype(any_point())> grid;
+    for (int i = 0; i < 216; ++i)
+        grid.push_back(point(i % 6, i / 6 % 6, i / 36, static_cast<Box*>(nullptr)));
+    for (int i = 0; i < 500; ++i)
+    {
+        const Box a = any_box(), b = any_box();
+        Box both = a, wide = a;
+        both.merge(b);
+        wide.grow(1);
+        int shared = 0, in_a = 0, in_b = 0;
+        for (const auto& p : grid)
+        {
+            shared += a.contains(p) && b.contains(p);
+            in_a += a.contains(p);
+            in_b += b.contains(p);
+            EXPECT_TRUE(both.contains(p) || (!a.contains(p) && !b.contains(p)));
+            EXPECT_EQ(wide.contains(p), a.contains(p, 1)) << a << p;
+            if constexpr (std::is_same_v<Box, giBox2>)
+            {
+                EXPECT_EQ(a.intersection(b).contains(p), a.contains(p) && b.contains(p)) << a << b << p;
+            }
+        }
+        EXPECT_EQ(a.overlap(b), shared > 0) << a << b;
+        EXPECT_EQ(a.empty(), in_a == 0) << a;
+        EXPECT_TRUE(in_b || both == a);
+        EXPECT_TRUE(in_a || (both == b && wide.empty())) << "an empty box takes no part";
+    }
+}
+}
+
+TEST(giBox, boxes_are_sets_of_points)
+{
+    expect_boxes_to_be_sets_of_points<giBox2>();
+    expect_boxes_to_be_sets_of_points<giBox3>();
+}
+
+TEST(giBox, boxes_have_extents_a_middle_and_edges_with_a_tolerance)
+{
+    EXPECT_EQ(giBox3().low().x(), std::numeric_limits<double>::max()) << "by which others tell an empty box";
+    EXPECT_FALSE(giBox3().contains(giPoint3(0, 0, 0), 1e300));
+    const giBox2 box(-10, 0, 10, 5);
+    EXPECT_TRUE(box.contains(giPoint2(10.000009, 5.000009), 1e-5));
+    EXPECT_FALSE(box.contains(giPoint2(0, -0.00002), 1e-5));
+    EXPECT_FALSE(box.contains(giPoint2(10.00001, 5)));
     EXPECT_EQ(box.width(), 20);
     EXPECT_EQ(box.height(), 5);
     EXPECT_EQ(box.middle(), giPoint2(0, 2.5));
-}
-
-TEST(giBox2, intersection_of_boxes_apart_is_empty)
-{
-    const giBox2 box(0, 0, 4, 4);
-    EXPECT_EQ(box.intersection(giBox2(2, 1, 9, 3)), giBox2(2, 1, 4, 3));
-    EXPECT_TRUE(box.intersection(giBox2(5, 0, 9, 4)).empty());
-    EXPECT_TRUE(box.intersection(giBox2()).empty());
+    const giBox3 block(giPoint3(1, 2, 3), giPoint3(11, 22, 33));
+    EXPECT_EQ(block.middle(), giPoint3(6, 12, 18));
+    EXPECT_EQ(block.diagonal(), giVector3(10, 20, 30));
+    for (int corner = 0; corner < 8; ++corner)
+        EXPECT_EQ(block.corner(corner), giPoint3(corner & 1 ? 11 : 1, corner & 2 ? 22 : 2, corner & 4 ? 33 : 3));
 }
