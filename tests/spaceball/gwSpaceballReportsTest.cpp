@@ -1,74 +1,69 @@
 #include "gwSpaceballReports.h"
 
-#include "coReceiver.h"
 #include "gwHeadlessWindow.h"
-#include "gwInput.h"
-#include "gwKeyEvent.h"
-#include "gwSpaceballEvent.h"
-#include "tsSpaceballLog.h"
+#include "tsEventLog.h"
 
 #include <gtest/gtest.h>
 
 namespace
 {
-struct Scene
+// Plays reports to a window that has the focus: pointer X Y MODS, motion X Y Z RX RY RZ MILLISECONDS, button N 0 or 1,
+// focus 0 or 1, flush.
+std::string played(const char* script)
 {
-    gwHeadlessWindow window{400, 300};
-    tsSpaceballLog log{window.input()};
-    gwSpaceballReports reports{window};
-    Scene() { reports.focus(1); }
+    gwHeadlessWindow window(400, 300);
+    tsEventLog log(window.input());
+    gwSpaceballReports reports(window);
+    reports.focus(1);
+    std::istringstream words(script);
+    for (std::string command; words >> command;)
+    {
+        int n[7] = {};
+        for (int& number : n)
+            if (!(words >> number))
+            {
+                words.clear();
+                break;
+            }
+        if (command == "pointer")
+            reports.pointer(n[0], n[1], n[2]);
+        else if (command == "motion")
+            reports.motion({n[0], n[1], n[2]}, {n[3], n[4], n[5]}, n[6]);
+        else if (command == "button")
+            reports.button(n[0], n[1]);
+        else if (command == "focus")
+            reports.focus(n[0]);
+        else
+            reports.flush();
+    }
+    return log.taken();
+}
+
+const struct
+{
+    const char* name;
+    const char* script;
+    const char* posted;
+} scripts[] = {
+    // The mean over the time: a quarter of it to the right, three quarters upwards.
+    {"one event for all reports of a frame",
+     "pointer 70 80 2 motion 350 0 0 0 0 0 10 motion 0 350 0 0 0 0 30 flush flush motion 0 0 0 0 0 0 16",
+     "press 4:321 at 70,80 mods 2; ball 0.25 0.75 0 turn 0 0 0 for 0.04 at 70,80; release 4:321 at 70,80 mods 2; "},
+    // Away from the user is -z; a left-handed turn is the other way about x and y.
+    {"axes are those of the screen and deflections end at 1", "motion 0 0 175 700 -70 35 20 flush",
+     "press 4:321 at 0,0 mods 0; ball 0 0 -0.5 turn -1 0.2 0.1 for 0.02 at 0,0; "},
+    {"a pause is no motion", "motion 35 0 0 0 0 0 5000 flush",
+     "press 4:321 at 0,0 mods 0; ball 0.1 0 0 turn 0 0 0 for 0.1 at 0,0; "},
+    {"the focused window alone is told", "motion 350 0 0 0 0 0 20 focus 0 motion 350 0 0 0 0 0 20 button 0 1 flush",
+     "press 4:321 at 0,0 mods 0; ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; release 4:321 at 0,0 mods 0; "},
+    {"buttons come behind the motion before them", "motion 350 0 0 0 0 0 20 button 1 1 button 4 0",
+     "press 4:321 at 0,0 mods 0; ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; press 4:31 at 0,0 mods 0; "
+     "release 4:5 at 0,0 mods 0; "},
 };
 }
 
-TEST(gwSpaceballReports, one_event_for_all_reports_of_a_frame)
+TEST(gwSpaceballReports, posts_what_a_script_says)
 {
-    Scene scene;
-    scene.reports.pointer(70, 80, gwMODIFIER_SHIFT);
-    scene.reports.motion({350, 0, 0}, {0, 0, 0}, 10);
-    scene.reports.motion({0, 350, 0}, {0, 0, 0}, 30);
-    EXPECT_EQ(scene.log.taken(), (std::vector<std::string>{"press 321 at 70 80 with 2"}));
-    scene.reports.flush();
-    // The mean over the time: a quarter of it to the right, three quarters upwards.
-    EXPECT_EQ(scene.log.taken(), (std::vector<std::string>{"move 0.25 0.75 0 turn 0 0 0 for 0.04 at 70 80"}));
-    scene.reports.flush();
-    EXPECT_TRUE(scene.log.taken().empty());
-    scene.reports.motion({0, 0, 0}, {0, 0, 0}, 16);
-    EXPECT_EQ(scene.log.taken(), (std::vector<std::string>{"release 321 at 70 80 with 2"}));
-}
-
-TEST(gwSpaceballReports, axes_are_those_of_the_screen_and_deflections_end_at_1)
-{
-    Scene scene;
-    scene.reports.motion({0, 0, 175}, {700, -70, 35}, 20);
-    scene.reports.flush();
-    // Away from the user is -z; a left-handed turn is the other way about x and y.
-    EXPECT_EQ(scene.log.taken().at(1), "move 0 0 -0.5 turn -1 0.2 0.1 for 0.02 at 0 0");
-    scene.reports.motion({35, 0, 0}, {0, 0, 0}, 5000);
-    scene.reports.flush();
-    EXPECT_EQ(scene.log.taken().at(0), "move 0.1 0 0 turn 0 0 0 for 0.1 at 0 0") << "a pause is no motion";
-}
-
-TEST(gwSpaceballReports, the_focused_window_alone_is_told)
-{
-    Scene scene;
-    scene.reports.motion({350, 0, 0}, {0, 0, 0}, 20);
-    scene.reports.focus(0);
-    EXPECT_EQ(scene.log.taken(),
-              (std::vector<std::string>{"press 321 at 0 0 with 0", "move 1 0 0 turn 0 0 0 for 0.02 at 0 0",
-                                        "release 321 at 0 0 with 0"}));
-    scene.reports.motion({350, 0, 0}, {0, 0, 0}, 20);
-    scene.reports.button(0, 1);
-    scene.reports.flush();
-    EXPECT_TRUE(scene.log.taken().empty());
-}
-
-TEST(gwSpaceballReports, buttons_come_behind_the_motion_before_them)
-{
-    Scene scene;
-    scene.reports.motion({350, 0, 0}, {0, 0, 0}, 20);
-    scene.reports.button(1, 1);
-    scene.reports.button(4, 0);
-    EXPECT_EQ(scene.log.taken(),
-              (std::vector<std::string>{"press 321 at 0 0 with 0", "move 1 0 0 turn 0 0 0 for 0.02 at 0 0",
-                                        "press 31 at 0 0 with 0", "release 5 at 0 0 with 0"}));
+    for (const auto& c : scripts)
+        EXPECT_EQ(played(c.script), c.posted) << c.name;
 }
