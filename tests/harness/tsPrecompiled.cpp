@@ -1,0 +1,1 @@
+// Nothing: a library with a precompiled header needs a source.
