@@ -15,10 +15,25 @@ double share(int deflection)
     return std::clamp(deflection / gwSpaceballReports::full_deflection, -1.0, 1.0);
 }
 
+int key_of_button(int number)
+{
+    if (number == 1)
+        return gwSPACEBALL_RESET;
+    int key = number + 1;
+    for (const int taken : {gwSPACEBALL_RESET, gwSPACEBALL_MOVED})
+        key += key >= taken;
+    return key;
+}
+
 int at_rest(const int (&axes)[3])
 {
     return axes[0] == 0 && axes[1] == 0 && axes[2] == 0;
 }
+}
+
+gwSpaceballReports::gwSpaceballReports(gwDrawingArea& area) : the_area(area)
+{
+    area.input().call_list().add(gwCR_event, coCallFunc::member<&gwSpaceballReports::area_event>(this));
 }
 
 void gwSpaceballReports::focus(int on)
@@ -47,6 +62,12 @@ void gwSpaceballReports::motion(const int (&translation)[3], const int (&rotatio
     if (!the_moving)
     {
         the_moving = 1;
+        the_interrupted = 1;
+    }
+    if (the_interrupted)
+    {
+        the_interrupted = 0;
+        flush();
         post_key(gwSPACEBALL_MOVED, gwPRESSED);
     }
     const double seconds =
@@ -62,7 +83,7 @@ void gwSpaceballReports::button(int number, int pressed)
     if (!the_focus)
         return;
     flush();
-    post_key(number == 1 ? static_cast<int>(gwSPACEBALL_RESET) : number + 1, pressed ? gwPRESSED : gwRELEASED);
+    post_key(key_of_button(number), pressed ? gwPRESSED : gwRELEASED);
 }
 
 void gwSpaceballReports::flush()
@@ -81,8 +102,22 @@ void gwSpaceballReports::release()
     flush();
     if (!the_moving)
         return;
-    the_moving = 0;
+    the_moving = the_interrupted = 0;
     post_key(gwSPACEBALL_MOVED, gwRELEASED);
+}
+
+void gwSpaceballReports::area_event(void*, void* data)
+{
+    if (const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&gwInput::event(data)))
+        key_event(*key);
+}
+
+void gwSpaceballReports::key_event(const gwKeyEvent& event)
+{
+    // While something moves, the wheel does nothing.
+    const bool own = event.key_type() == gwSPACEBALL_BUTTON && event.key_number() == gwSPACEBALL_MOVED;
+    if (the_moving && !own && event.key_type() != gwMOUSE_WHEEL)
+        the_interrupted = event.transition() != gwPRESSED;
 }
 
 void gwSpaceballReports::post_key(int number, int transition)

@@ -1,14 +1,19 @@
 #include "gwSpaceballReports.h"
 
 #include "gwHeadlessWindow.h"
+#include "gwKeyEvent.h"
 #include "tsEventLog.h"
 
 #include <gtest/gtest.h>
 
+#include <set>
+#include <sstream>
+#include <string>
+
 namespace
 {
 // Plays reports to a window that has the focus: pointer X Y MODS, motion X Y Z RX RY RZ MILLISECONDS, button N 0 or 1,
-// focus 0 or 1, flush.
+// focus 0 or 1, flush; key TYPE 0 or 1 is another key of the window.
 std::string played(const char* script)
 {
     gwHeadlessWindow window(400, 300);
@@ -31,6 +36,8 @@ std::string played(const char* script)
             reports.motion({n[0], n[1], n[2]}, {n[3], n[4], n[5]}, n[6]);
         else if (command == "button")
             reports.button(n[0], n[1]);
+        else if (command == "key")
+            window.input().post(gwKeyEvent(&window, 0, 0, 0, n[1], static_cast<gwKeyType>(n[0]), 1));
         else if (command == "focus")
             reports.focus(n[0]);
         else
@@ -59,6 +66,16 @@ const struct
     {"buttons come behind the motion before them", "motion 350 0 0 0 0 0 20 button 1 1 button 4 0",
      "press 4:321 at 0,0 mods 0; ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; press 4:31 at 0,0 mods 0; "
      "release 4:5 at 0,0 mods 0; "},
+    {"after a click the device goes on",
+     "motion 350 0 0 0 0 0 20 key 2 1 motion 350 0 0 0 0 0 20 key 2 0 motion 350 0 0 0 0 0 20 flush "
+     "motion 350 0 0 0 0 0 20 flush",
+     "press 4:321 at 0,0 mods 0; press 2:1 at 0,0 mods 0; release 2:1 at 0,0 mods 0; "
+     "ball 1 0 0 turn 0 0 0 for 0.04 at 0,0; press 4:321 at 0,0 mods 0; ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; "
+     "ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; "},
+    {"a key that is let go while it is at rest does nothing",
+     "motion 350 0 0 0 0 0 20 key 0 1 motion 0 0 0 0 0 0 20 key 0 0 motion 350 0 0 0 0 0 20",
+     "press 4:321 at 0,0 mods 0; press 0:1 at 0,0 mods 0; ball 1 0 0 turn 0 0 0 for 0.02 at 0,0; "
+     "release 4:321 at 0,0 mods 0; release 0:1 at 0,0 mods 0; press 4:321 at 0,0 mods 0; "},
 };
 }
 
@@ -66,4 +83,11 @@ TEST(gwSpaceballReports, posts_what_a_script_says)
 {
     for (const auto& c : scripts)
         EXPECT_EQ(played(c.script), c.posted) << c.name;
+}
+
+TEST(gwSpaceballReports, every_button_has_a_number_of_its_own)
+{
+    std::set<std::string> posted{"press 4:321 at 0,0 mods 0; "};
+    for (int button = 0; button < 400; ++button)
+        EXPECT_TRUE(posted.insert(played(("button " + std::to_string(button) + " 1").c_str())).second) << button;
 }
