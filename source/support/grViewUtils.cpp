@@ -62,6 +62,7 @@ int grViewUtils::zoom_to_box(dgView* view, const giBox2& device_box)
     const giPoint2 middle = window.middle();
     camera.view_window(
         giBox2(middle.x() - half_width, middle.y() - half_height, middle.x() + half_width, middle.y() + half_height));
+    camera.zoom(1); // has limits
     return 1;
 }
 

@@ -274,3 +274,47 @@ TEST(grZoomTool, reads_once_whether_to_reverse_the_drag)
         EXPECT_NEAR(stage.find_view("a")->camera().view_window().width(), 4010, 1e-9) << value;
     }
 }
+
+// From a window beside the origin; with control a step is 0.18, so that twenty of them show a share of 1.3e-15.
+TEST(grMouseWheelZoomTool, comes_back_from_any_depth_and_never_loses_the_view)
+{
+    tsStage stage;
+    stage.run("window 401 201; view; look a 0 0 4.01 2.01; resource mouse_wheel_zoom_reversible yes; bind no_op");
+    const giBox2& window = stage.find_view("a")->camera().view_window();
+    const auto turn = [&](int steps, int travel)
+    {
+        for (int i = 0; i < steps; ++i)
+            stage.run("wheel 100 50 " + std::to_string(travel) + " 1");
+    };
+    const auto expect_start = [&](const char* when)
+    {
+        for (const double difference : {window.low().x(), window.low().y(), window.high().x() - 4.01,
+                                        window.high().y() - 2.01, window.width() / window.height() - 4.01 / 2.01})
+            EXPECT_NEAR(difference, 0, 1e-9) << when;
+    };
+    turn(20, 1);
+    turn(20, -1);
+    expect_start("from near");
+    turn(17, -1);
+    turn(17, 1);
+    expect_start("from afar");
+    turn(200, 1);
+    EXPECT_TRUE(window.width() > 0 && window.height() > 0);
+    turn(400, -1);
+    EXPECT_TRUE(std::isfinite(window.width()) && std::isfinite(window.height()));
+    turn(20, 1);
+    EXPECT_LT(window.width(), 1e20) << "and comes in again";
+}
+
+TEST(grZoomTool, drags_without_end_leave_a_window)
+{
+    for (const char* const drag : {"press 1 200 100; move 200 0; release", "press 1 200 100; move 200 200; release"})
+    {
+        tsStage stage;
+        stage.run("window 401 201; view; look a 0 0 4.01 2.01; bind zoom");
+        for (int i = 0; i < 110; ++i)
+            stage.run(drag);
+        const giBox2& window = stage.find_view("a")->camera().view_window();
+        EXPECT_TRUE(window.width() > 0 && std::isfinite(window.width()) && std::isfinite(window.middle().x())) << drag;
+    }
+}

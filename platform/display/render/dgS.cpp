@@ -67,7 +67,7 @@ dgView* dgS::find_view(const dgRenderer* renderer, const giPoint2& point_device)
 dgView* dgS_find_view(const gwWindow* window, const giPoint2& point_device)
 {
     return topmost_view(point_device, [=](const dgView& view)
-                        { return view.renderer() && view.renderer()->input_window() == window; });
+                        { return window && view.renderer() && view.renderer()->input_window() == window; });
 }
 
 void dgS::add_close_function(void (*function)())

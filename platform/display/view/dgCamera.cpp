@@ -11,6 +11,11 @@ namespace
 {
 constexpr double fit_margin = 1.05;
 
+// Limits of zooming, of the smaller and the larger side of the window.
+constexpr double smallest_window = 1e-30;
+constexpr double smallest_window_share = 1e-15; // of the distance of its middle
+constexpr double largest_window = 1e30;
+
 double half_diagonal(const giBox3& box)
 {
     return 0.5 * box.diagonal().length();
@@ -25,7 +30,7 @@ double positive(double size)
 }
 
 dgCamera::dgCamera()
-    : the_view_window(-1, -1, 1, 1), the_view_port(0, 0, 511, 511), the_window_size(512, 512),
+    : the_view_window(-1, -1, 1, 1), the_window_extent(2, 2), the_view_port(0, 0, 511, 511), the_window_size(512, 512),
       the_reference_point(0, 0, 5)
 {}
 
@@ -38,6 +43,8 @@ dgCamera& dgCamera::operator=(const dgCamera& other)
 {
     the_world_to_view = other.the_world_to_view;
     the_view_window = other.the_view_window;
+    the_window_middle = other.the_window_middle;
+    the_window_extent = other.the_window_extent;
     the_view_port = other.the_view_port;
     the_window_size = other.the_window_size;
     the_projection = other.the_projection;
@@ -86,15 +93,14 @@ void dgCamera::reset_orientation()
 
 void dgCamera::rotate_view(gi_Axis axis, double radians)
 {
-    const giPoint2 middle = the_view_window.middle();
-    const giPoint3 centre_view(middle.x(), middle.y(), 0);
+    const giPoint3 centre_view(the_window_middle.x(), the_window_middle.y(), 0);
     the_world_to_view = the_world_to_view * giXform3::rotation(giAngle(radians), axis, centre_view);
     world2view_altered();
 }
 
 double dgCamera::scale() const
 {
-    return 1 / positive(the_view_window.height());
+    return 1 / positive(the_window_extent.y());
 }
 
 void dgCamera::scale(double scale)
@@ -104,11 +110,30 @@ void dgCamera::scale(double scale)
 
 void dgCamera::zoom(double factor)
 {
-    const giPoint2 middle = the_view_window.middle();
-    const double half_width = 0.5 * the_view_window.width() * factor;
-    const double half_height = 0.5 * the_view_window.height() * factor;
+    const double smaller = std::min(the_window_extent.x(), the_window_extent.y());
+    const double larger = std::max(the_window_extent.x(), the_window_extent.y());
+    if (!(factor > 0) || !(smaller > 0))
+        return;
+    const double distance = std::max(std::abs(the_window_middle.x()), std::abs(the_window_middle.y()));
+    const double closest = std::max(smallest_window, smallest_window_share * distance) / smaller;
+    factor = std::max(std::min(factor, largest_window / larger), closest);
+    set_window(the_window_middle, the_window_extent * factor);
+}
+
+void dgCamera::view_window(const giBox2& window)
+{
+    the_view_window = window;
+    the_window_middle = window.middle();
+    the_window_extent = giVector2(window.width(), window.height());
+}
+
+void dgCamera::set_window(const giPoint2& middle, const giVector2& size)
+{
+    const giVector2 half = size * 0.5;
     the_view_window =
-        giBox2(middle.x() - half_width, middle.y() - half_height, middle.x() + half_width, middle.y() + half_height);
+        giBox2(middle.x() - half.x(), middle.y() - half.y(), middle.x() + half.x(), middle.y() + half.y());
+    the_window_middle = middle;
+    the_window_extent = size;
 }
 
 void dgCamera::pan_view(const giVector2& share)
@@ -116,15 +141,12 @@ void dgCamera::pan_view(const giVector2& share)
     const double units_per_pixel = 1 / pixels_per_unit();
     const double dx = share.x() * view_port_width() * units_per_pixel;
     const double dy = share.y() * view_port_height() * units_per_pixel;
-    const giPoint2& low = the_view_window.low();
-    const giPoint2& high = the_view_window.high();
-    the_view_window = giBox2(low.x() - dx, low.y() - dy, high.x() - dx, high.y() - dy);
+    set_window(giPoint2(the_window_middle.x() - dx, the_window_middle.y() - dy), the_window_extent);
 }
 
 giPoint3 dgCamera::view_centre() const
 {
-    const giPoint2 middle = the_view_window.middle();
-    return giPoint3(middle.x(), middle.y(), 0) * the_world_to_view.inverse();
+    return giPoint3(the_window_middle.x(), the_window_middle.y(), 0) * the_world_to_view.inverse();
 }
 
 double dgCamera::view_port_width() const
@@ -139,8 +161,8 @@ double dgCamera::view_port_height() const
 
 double dgCamera::pixels_per_unit() const
 {
-    return std::min(view_port_width() / positive(the_view_window.width()),
-                    view_port_height() / positive(the_view_window.height()));
+    return std::min(view_port_width() / positive(the_window_extent.x()),
+                    view_port_height() / positive(the_window_extent.y()));
 }
 
 void dgCamera::transform(const giPoint3& point, giPoint3& result, dgCameraSpace from, dgCameraSpace to) const
@@ -151,7 +173,7 @@ void dgCamera::transform(const giPoint3& point, giPoint3& result, dgCameraSpace 
         result = p;
         return;
     }
-    const giPoint2 window_middle = the_view_window.middle();
+    const giPoint2& window_middle = the_window_middle;
     const giPoint2 port_middle = the_view_port.middle();
     const double scale = pixels_per_unit();
     const giPoint3& eye = the_reference_point;
@@ -208,7 +230,7 @@ void dgCamera::view_bounding_box(const giBox3& box, dgBoundingViewType type)
     const double aspect = view_port_width() / view_port_height();
     half_height = positive(std::max(half_height, half_width / aspect)) * fit_margin;
     half_width = half_height * aspect;
-    the_view_window = giBox2(-half_width, -half_height, half_width, half_height);
+    view_window(giBox2(-half_width, -half_height, half_width, half_height));
     clip_bounding_box(box, dgBOUNDING_VIEW_SPHERE);
 }
 
@@ -236,7 +258,7 @@ void dgCamera::front_back_plane(double front, double back)
 
 giXform3 dgCamera::projection_transform() const
 {
-    const giPoint2 middle = the_view_window.middle();
+    const giPoint2& middle = the_window_middle;
     const double scale = pixels_per_unit();
     const double sx = 2 * scale / view_port_width();
     const double sy = 2 * scale / view_port_height();

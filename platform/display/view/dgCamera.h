@@ -60,9 +60,11 @@ public:
     void scale(double scale);
 
     const giBox2& view_window() const { return the_view_window; }
-    void view_window(const giBox2& window) { the_view_window = window; }
+    void view_window(const giBox2& window);
 
-    /// Multiplies the size of the window by factor about its middle; below 1 comes closer.
+    /// Multiplies the size of the window by factor about its middle; below 1 comes closer. It stays between 1e-15 of
+    /// the middle's distance from the origin of view space, where its corners would become one (or 1e-30), and 1e30. A
+    /// factor that is not above 0 changes nothing.
     void zoom(double factor);
 
     /// Moves the picture by a share of the viewport: (1, 0) is its whole width to the right.
@@ -115,10 +117,14 @@ private:
     friend class dgView;
     double view_port_width() const;
     double view_port_height() const;
+    void set_window(const giPoint2& middle, const giVector2& size);
 
     dgView* the_view = nullptr; // the view that owns the camera, if any
     giXform3 the_world_to_view;
     giBox2 the_view_window;
+    // The same window: where it is far smaller than far from the origin, its corners no longer tell its size.
+    giPoint2 the_window_middle;
+    giVector2 the_window_extent;
     giBox2 the_view_port;
     giVector2 the_window_size;
     dgProjection the_projection = dgPROJECTION_PARALLEL;
