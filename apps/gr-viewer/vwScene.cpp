@@ -15,6 +15,7 @@
 #include "grTwiddleOverlayCallback.h"
 #include "grTwiddleTool.h"
 #include "grView.h"
+#include "grViewOperations.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
 #include "gr_rubber_band.h"
@@ -66,7 +67,6 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
         tools.use_multi_tools(1);
         the_twiddling->factory()->push_options(tools);
     }
-    area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::keep_sheet>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::follow_cursor>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::end_timing>(this));
     the_scene = this;
@@ -139,7 +139,6 @@ void vwScene::lay_out_sheet()
     const dgCamera& sheet = view(0).camera();
     view(0).camera().window_size(giVector2(width, height));
     view(0).camera().view_port_dc(giBox2(0, 0, width - 1, height - 1));
-    the_sheet_window = sheet.view_window();
     const auto pixel = [&](const giPoint2& p)
     {
         giPoint3 device;
@@ -153,15 +152,6 @@ void vwScene::lay_out_sheet()
         camera.window_size(giVector2(width, height));
         camera.view_port_dc(giBox2(low.x(), low.y(), std::max(high.x(), low.x()), std::max(high.y(), low.y())));
     }
-}
-
-// Called after the tools: where they have moved the sheet, its views go along.
-void vwScene::keep_sheet(void*, void*)
-{
-    if (!the_sheet || the_sheet_window == view(0).camera().view_window())
-        return;
-    lay_out_sheet();
-    the_canvas.redraw();
 }
 
 void vwScene::lay_out()
@@ -212,11 +202,8 @@ void vwScene::fit()
 void vwScene::fit_views()
 {
     for (int i = the_sheet ? 1 : 0; i < n_views(); ++i)
-    {
-        view(i).view_bbox();
         // Those that follow move along, and keep where they are put next.
-        view(i).camera().world2view_altered();
-    }
+        grViewOperations::fit(view(i));
 }
 
 void vwScene::stats_font(int slot)
@@ -237,7 +224,6 @@ grIdleAction vwScene::idle()
 {
     start_timing();
     const grIdleAction action = the_twiddling->twiddle_man()->idle();
-    keep_sheet(nullptr, nullptr);
     end_timing();
     return action;
 }

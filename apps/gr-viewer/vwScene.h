@@ -2,7 +2,6 @@
 
 #include "coReceiver.h"
 #include "dgRenderer.h"
-#include "giBox2.h"
 #include "grCanvas.h"
 #include "grIdleAction.h"
 #include "vwFrameTimes.h"
@@ -86,7 +85,6 @@ private:
     void fit_views();
     void lay_out();
     void lay_out_sheet();
-    void keep_sheet(void* sender, void* data);
     void follow_cursor(void* sender, void* data);
     void start_timing();
     void end_timing();
@@ -96,7 +94,6 @@ private:
     std::unique_ptr<vwHooks> the_hooks;
     std::unique_ptr<vwTools> the_tools;
     std::unique_ptr<vwSheet> the_sheet; // null: not asked for
-    giBox2 the_sheet_window;            // of the sheet's camera when its views were laid out
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<vwStatsBars> the_stats_bars; // null: not asked for
     vwFrameTimes the_frame_times;

@@ -82,7 +82,7 @@ public:
     /// Sets the camera's scale here and in all children, locked or not, without camera callbacks.
     void same_scale(double scale);
     /// Fits the cameras here and in all children, locked or not, to a box in world space; the result is the smallest
-    /// scale among them. No camera callbacks are fired.
+    /// scale among them. No camera callbacks are fired; locked children keep the placement that they then have.
     double view_bounding_box(const giBox3& box, dgBoundingViewType type);
 
     /// Whether exactly this tool class is locked.
@@ -112,7 +112,8 @@ public:
     /// i counts from 0 and is in range.
     static const grViewTwiddleLock& view_twiddle_lock(int i);
 
-    /// Called back by the display view: its camera has changed, it is about to be destroyed.
+    /// Called back by the display view: its camera has changed, it is about to be destroyed. Camera callbacks may
+    /// destroy any view, also this one, which then moves no further children.
     void world2view_altered();
     void view_to_be_deleted();
 
@@ -142,6 +143,7 @@ private:
     grViewcoDListPtr the_children;
     grViewLinkType the_link_type = grVIEW_LINK_ONE_WAY;
     int the_called_from_parent = 0;
+    bool* the_deleted = nullptr; // told of the end of this view while it moves its children
     int the_locked_child = 0;
     giXform3 the_child_offset;
     grViewBackground the_background = grVIEW_BACKGROUND_OPAQUE;

@@ -1,7 +1,10 @@
 #pragma once
 
+#include "giBox2.h"
+#include "giPoint3.h"
 #include "grViewPaper.h"
 
+class dgCamera;
 class grViewPaperParent;
 
 /// A view placed on a sheet of paper.
@@ -23,6 +26,10 @@ private:
     friend class grView;
     friend class grViewPaperParent;
     void leave_paper_parent();
+    void follow_paper(const dgCamera& paper_before, const dgCamera& paper_now);
 
     grViewPaperParent* the_paper_parent;
+    // The edges of the viewport in the paper's world space: viewports are whole pixels, and would drift without.
+    giPoint3 the_low_on_paper, the_high_on_paper;
+    giBox2 the_carried_port; // the viewport that was last made of them
 };

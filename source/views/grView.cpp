@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <limits>
 #include <ostream>
+#include <utility>
 
 UT_DEFINE_TYPE(grView, coReceiver, dgBase);
 
@@ -47,6 +48,8 @@ void grView::initialise()
 
 grView::~grView()
 {
+    if (the_deleted)
+        *the_deleted = true;
     if (the_parent)
         the_parent->remove_child_view(this);
     remove_view(this);
@@ -112,6 +115,8 @@ double grView::view_bounding_box(const giBox3& box, dgBoundingViewType type)
     {
         the_view->camera().view_bounding_box(box, type);
         smallest = the_view->camera().scale();
+        // A parent is fitted before its children.
+        update_offset();
     }
     for (grView* child : the_children)
         smallest = std::min(smallest, child->view_bounding_box(box, type));
@@ -124,16 +129,24 @@ void grView::world2view_altered()
     if (the_parent && !the_parent->the_called_from_parent)
         update_offset();
 
-    const int called_before = the_called_from_parent;
-    the_called_from_parent = 1;
+    bool deleted = false;
+    bool* const told_before = std::exchange(the_deleted, &deleted);
+    const int called_before = std::exchange(the_called_from_parent, 1);
     // Callbacks on the children's cameras may destroy children: the step is left out when the list has moved up.
     for (int i = 0; i < the_children.count();)
     {
         grView* child = the_children[i];
         child->parent_updated(*this);
+        if (deleted)
+        {
+            if (told_before)
+                *told_before = true;
+            return;
+        }
         i += i < the_children.count() && the_children[i] == child;
     }
     the_called_from_parent = called_before;
+    the_deleted = told_before;
 }
 
 void grView::view_to_be_deleted()

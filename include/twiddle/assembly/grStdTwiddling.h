@@ -22,6 +22,7 @@ public:
     /// a "framerate" above 0 in db lets them time twiddles out. apps_factory is asked for tools before the standard
     /// factory. db, apps_factory and hooks may be null; the actions are read from "translations".
     grStdTwiddling(gwInput* input, const gwResourceDB* db, grStdTwiddleHooks* hooks, grToolFactory* apps_factory);
+    /// Not to be called from inside a tool or its hooks.
     ~grStdTwiddling();
 
     /// Replaces all actions by those of another resource; there are none when db has no such key or is null.

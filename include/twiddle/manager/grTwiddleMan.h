@@ -19,13 +19,14 @@ class gwInput;
 /// A press that pulls the trigger of an action makes its tool and starts it; the tool then gets every mouse, spaceball
 /// and idle event, and its end with the next release of any key, or the next press. It stays current, and goes on
 /// getting events, until the next press destroys it. There is never more than one tool. A tool that zooms with the
-/// wheel begins, ends and goes within the one event.
+/// wheel begins, ends and goes within the one event. Factories and tools may let further events in; presses then start
+/// nothing.
 class GR_EXPORT grTwiddleMan : public coReceiver
 {
 public:
     /// Listens to the events of input, which may be null: events then come through process_event alone.
     explicit grTwiddleMan(gwInput* input);
-    /// Ends and destroys the current tool and deletes the actions.
+    /// Ends and destroys the current tool and deletes the actions. Not to be called from inside a tool or its hooks.
     ~grTwiddleMan() override;
 
     void process_event(const gwEvent& event);

@@ -10,7 +10,7 @@ class grRubberBandRectangle;
 
 /// Drags out a rectangle over a view and hands its corners to the hooks' aperture_defined at the release. With the
 /// argument "centre" the press point is the middle of the rectangle, else a corner. A twiddle that ends without a
-/// release in a window hands nothing on.
+/// release in a window, or whose view has gone, hands nothing on.
 class GR_EXPORT grApertureTool : public grStdViewTwiddleTool
 {
 public:

@@ -24,6 +24,8 @@ public:
     void apply(dgView& view, double share) const;
 
 private:
+    void move(dgView& view, double share) const;
+
     grSavedCameraPosition the_from;
     grSavedCameraPosition the_to;
     giVector3 the_axis; // unit vector in view space

@@ -12,7 +12,8 @@ struct grFrontBackPlanes
 };
 
 /// Moves the clipping planes of a view by vertical drag, which shows the inside of a part. Half the height of the
-/// renderer moves them by the distance they had at the press; up moves them away from the eye.
+/// renderer moves them by the distance they had at the press; up moves them away from the eye. Planes that have met are
+/// parted again by the distance of planes fitted to the contents, and never pass each other.
 ///
 /// The arguments choose the plane: "front" (the default), "back" or "both". From the first mouse event on, the view
 /// leaves its planes as the user set them.

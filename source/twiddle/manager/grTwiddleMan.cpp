@@ -172,19 +172,20 @@ void grTwiddleMan::finish_one_shot_tool(const gwEvent& event)
 
 void grTwiddleMan::start_tool(const gwKeyEvent& event)
 {
-    // A press that came from inside a call into the tool leaves the tool in place: there is never a second one.
-    if (the_current_tool)
+    // A press that came from inside a call leaves the tool in place, which may be under way from its factory: there is
+    // never a second one.
+    if (the_current_tool || the_in_call)
         return;
     // The first action that matches decides: when it is not bound, nothing starts.
     const grAction* action = which_action(event);
     if (!action || !action->binding())
         return;
-    const grToolDetail& tool = *action->binding();
-    the_current_tool.reset(tool.factory()->create_tool(tool.tool(), action->trigger().args()));
-    if (!the_current_tool)
-        return;
     const InCall in_call(the_in_call);
-    the_current_tool->base_start_twiddle(event);
+    // The factory may change the actions.
+    const utString args = action->trigger().args();
+    the_current_tool.reset(action->binding()->factory()->create_tool(action->binding()->tool(), args));
+    if (the_current_tool)
+        the_current_tool->base_start_twiddle(event);
 }
 
 bool grTwiddleMan::tool_claims(const gwKeyEvent& event)

@@ -13,7 +13,8 @@ struct LastTwiddle
 
 LastTwiddle& last_twiddle()
 {
-    static LastTwiddle details;
+    // Never destroyed: a twiddle may end when static objects of an application are destroyed.
+    static LastTwiddle& details = *new LastTwiddle;
     return details;
 }
 }

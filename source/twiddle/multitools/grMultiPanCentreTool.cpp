@@ -1,6 +1,7 @@
 #include "grMultiPanCentreTool.h"
 
 #include "giVector2.h"
+#include "grViewOperations.h"
 #include "grViewUtils.h"
 #include "gwKeyEvent.h"
 
@@ -12,6 +13,6 @@ void grMultiPanCentreTool::do_action(const gwKeyEvent& event)
     if (!target_view())
         return;
     const giVector2 step = grViewUtils::step_to_centre(target_view(), event);
-    each_other([&](dgView* view) { grViewUtils::pan(view, step); });
+    each_other([&](dgView* view) { grViewOperations::pan(*view, step); });
     grPanCentreTool::do_action(event);
 }

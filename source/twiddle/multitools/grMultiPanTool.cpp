@@ -1,6 +1,7 @@
 #include "grMultiPanTool.h"
 
 #include "giVector2.h"
+#include "grViewOperations.h"
 #include "grViewUtils.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -19,7 +20,7 @@ void grMultiPanTool::mouse_event(const gwMouseEvent& event)
     if (state() == grTWID_TWIDDLING && target_view())
     {
         const giVector2 step = giPoint2(event.x(), event.y()) - last_point();
-        each_other([&](dgView* view) { grViewUtils::pan(view, step); });
+        each_other([&](dgView* view) { grViewOperations::pan(*view, step); });
     }
     grPanTool::mouse_event(event);
 }
@@ -27,6 +28,6 @@ void grMultiPanTool::mouse_event(const gwMouseEvent& event)
 void grMultiPanTool::pan_centre_action(const gwKeyEvent& event) const
 {
     const giVector2 step = grViewUtils::step_to_centre(target_view(), event);
-    each_other([&](dgView* view) { grViewUtils::pan(view, step); });
+    each_other([&](dgView* view) { grViewOperations::pan(*view, step); });
     grPanTool::pan_centre_action(event);
 }

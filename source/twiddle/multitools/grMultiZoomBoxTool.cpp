@@ -2,6 +2,7 @@
 
 #include "dgView.h"
 #include "giVector2.h"
+#include "grViewOperations.h"
 #include "grViewUtils.h"
 
 namespace
@@ -34,8 +35,8 @@ int grMultiZoomBoxTool::zoom_action(const giBox2& device_box) const
         [&](dgView* view)
         {
             const giBox2& port = view->camera().view_port_dc();
-            grViewUtils::zoom_to_box(view, giBox2(same_place(device_box.low(), dragged_in, port),
-                                                  same_place(device_box.high(), dragged_in, port)));
+            grViewOperations::zoom_to_box(*view, giBox2(same_place(device_box.low(), dragged_in, port),
+                                                        same_place(device_box.high(), dragged_in, port)));
         });
     return grZoomBoxTool::zoom_action(device_box);
 }

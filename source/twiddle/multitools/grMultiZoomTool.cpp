@@ -1,6 +1,7 @@
 #include "grMultiZoomTool.h"
 
 #include "dgView.h"
+#include "grViewOperations.h"
 #include "grViewUtils.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -33,6 +34,6 @@ void grMultiZoomTool::zoom_action(const gwMouseEvent& event) const
 void grMultiZoomTool::pan_centre_action(const gwKeyEvent& event) const
 {
     const giVector2 step = grViewUtils::step_to_centre(target_view(), event);
-    each_other([&](dgView* view) { grViewUtils::pan(view, step); });
+    each_other([&](dgView* view) { grViewOperations::pan(*view, step); });
     grZoomTool::pan_centre_action(event);
 }

@@ -8,16 +8,19 @@
 #include "utTypeID.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
-std::unique_ptr<grCameraViewCacheMan> the_instance;
+// No owner by type: it would be destroyed at the end of the process, before static objects of an application whose
+// tools still save cameras.
+grCameraViewCacheMan* the_instance = nullptr;
 int the_close_function_added = 0;
 
 void close_camera_caches()
 {
     the_close_function_added = 0;
-    the_instance.reset();
+    grCameraViewCacheMan::delete_instance();
 }
 
 template <class Caches>
@@ -55,13 +58,13 @@ int grCameraViewCacheMan::has_cache(const dgView* view) const
 
 grCameraViewCacheMan* grCameraViewCacheMan::instance()
 {
-    return the_instance.get();
+    return the_instance;
 }
 
 void grCameraViewCacheMan::initialise(const gwResourceDB* db)
 {
     if (!the_instance)
-        the_instance = std::make_unique<grCameraViewCacheMan>(db);
+        the_instance = new grCameraViewCacheMan(db);
     if (!the_close_function_added)
         dgS::add_close_function(close_camera_caches);
     the_close_function_added = 1;
@@ -69,7 +72,7 @@ void grCameraViewCacheMan::initialise(const gwResourceDB* db)
 
 void grCameraViewCacheMan::delete_instance()
 {
-    the_instance.reset();
+    delete std::exchange(the_instance, nullptr);
 }
 
 void grCameraViewCacheMan::view_to_be_deleted(void* sender, void*)

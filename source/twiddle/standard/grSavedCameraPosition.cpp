@@ -1,6 +1,7 @@
 #include "grSavedCameraPosition.h"
 
 #include "dgView.h"
+#include "grPaperMove.h"
 
 grSavedCameraPosition::grSavedCameraPosition(const dgView& view)
     : the_camera(view.camera()), the_user_clip_planes(view.user_clip_planes())
@@ -27,6 +28,7 @@ void grSavedCameraPosition::restore(dgView& view) const
 
 void grSavedCameraPosition::restore_camera(dgView& view) const
 {
+    const grPaperMove paper(view);
     dgCamera& camera = view.camera();
     camera.orientation(the_camera.orientation());
     camera.view_window(the_camera.view_window());

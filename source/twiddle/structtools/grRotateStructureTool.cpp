@@ -4,6 +4,7 @@
 #include "giVector2.h"
 #include "giXform3.h"
 #include "grAxisTurn.h"
+#include "grSeenAt.h"
 #include "grTrackball.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -34,8 +35,7 @@ giXform3 grRotateStructureTool::turn_in_view(const giPoint2& point, const giPoin
         const giAngle angle(2 * std::numbers::pi * pixels.length() / std::max(view.renderer_height(), 1));
         return giXform3::rotation(angle, pixels, pivot_view);
     }
-    giPoint3 middle;
-    view.camera().transform(pivot_view, middle, dgSPACE_VIEW, dgSPACE_DEVICE);
+    const giPoint2 middle = gr_seen_at(view.camera(), pivot_view);
     const double side = std::max(std::min(view.renderer_width(), view.renderer_height()), 1);
     const auto on_ball = [&](const giPoint2& p)
     { return giPoint2((p.x() - middle.x()) / side, (p.y() - middle.y()) / side); };

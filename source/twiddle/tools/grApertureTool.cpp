@@ -34,17 +34,13 @@ void grApertureTool::mouse_event(const gwMouseEvent& event)
     if (state() != grTWID_TWIDDLING || !target_view())
         return;
     // The scene is not refreshed: that it need not be drawn is what rubber banding is for.
-    the_rectangle->draw(target_view()->renderer(), first_corner(event), giPoint2(event.x(), event.y()));
+    the_rectangle->draw(*target_view(), first_corner(event), giPoint2(event.x(), event.y()));
     twiddle_mouse(event);
 }
 
 void grApertureTool::end_twiddle(const gwKeyEvent& event)
 {
-    // Where the view was closed, its renderer may have gone as well.
-    if (target_view())
-        the_rectangle->undraw();
-    else
-        the_rectangle->forget();
+    the_rectangle->finish(target_view());
     if (!detail())
         return;
     // Corners mean nothing without their view.

@@ -2,6 +2,7 @@
 
 #include "dgView.h"
 #include "giXform3.h"
+#include "grPaperMove.h"
 
 #include <algorithm>
 #include <cmath>
@@ -87,6 +88,13 @@ void grCameraInterpolation::apply(dgView& view, double share) const
         the_to.restore(view);
         return;
     }
+    move(view, share);
+    view.camera().world2view_altered();
+}
+
+void grCameraInterpolation::move(dgView& view, double share) const
+{
+    const grPaperMove paper(view);
     const dgCamera& from = the_from.camera();
     const dgCamera& to = the_to.camera();
     dgCamera& camera = view.camera();
@@ -103,5 +111,4 @@ void grCameraInterpolation::apply(dgView& view, double share) const
     const giPoint2 middle = camera.view_window().middle();
     const giPoint3 shown = giPoint3::interpolate(the_from_middle, the_to_middle, share) * turn;
     camera.orientation(turn * giXform3::translation(giPoint3(middle.x(), middle.y(), 0) - shown));
-    camera.world2view_altered();
 }

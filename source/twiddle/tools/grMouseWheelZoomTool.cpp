@@ -6,6 +6,7 @@
 #include "giPoint2.h"
 #include "giVector2.h"
 #include "grPanCentreTool.h"
+#include "grPaperMove.h"
 #include "grToolResources.h"
 #include "grViewRefresher.h"
 #include "grZoomTool.h"
@@ -150,6 +151,7 @@ int grMouseWheelZoomTool::zoom_and_pan(dgView* zoomed, dgView* measured, const g
 
     const bool about_pointer =
         !zoomed->pan_forbidden() && !the_settings.about_middle && !(travel < 0 && the_settings.out_about_middle);
+    const grPaperMove paper(*zoomed);
     dgCamera& camera = zoomed->camera();
     giVector2 shift;
     if (about_pointer)

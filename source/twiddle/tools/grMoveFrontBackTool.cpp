@@ -24,6 +24,18 @@ int plane_mode_of(const utString& args)
         return BOTH_PLANES;
     return FRONT_PLANE;
 }
+
+// By how much the whole drag moves planes.
+double moving_distance(const dgView& view, const grFrontBackPlanes& start)
+{
+    if (start.front > start.back)
+        return start.front - start.back;
+    dgCamera fitted = view.camera();
+    if (view.root())
+        fitted.clip_bounding_box(view.root()->bounding_box(), view.clipping_mode());
+    const double distance = fitted.front_plane() - fitted.back_plane();
+    return distance > 0 ? distance : view.camera().view_window().height();
+}
 }
 
 UT_DEFINE_TYPE(grMoveFrontBackTool, grStdViewTwiddleTool);
@@ -64,12 +76,12 @@ void grMoveFrontBackTool::move_planes(dgView* view, const grFrontBackPlanes& sta
                                       int plane_mode)
 {
     const double t = std::clamp(2 * drag.y() / std::max(view->renderer_height(), 1), -1.0, 1.0);
-    const double distance = (start.front - start.back) * t;
+    const double distance = moving_distance(*view, start) * t;
     dgCamera& camera = view->camera();
     switch (plane_mode)
     {
-    case FRONT_PLANE: camera.front_plane(start.front + distance); break;
-    case BACK_PLANE: camera.back_plane(start.back + distance); break;
+    case FRONT_PLANE: camera.front_plane(std::max(start.front + distance, start.back)); break;
+    case BACK_PLANE: camera.back_plane(std::min(start.back + distance, start.front)); break;
     default: camera.front_back_plane(start.front + distance, start.back + distance); break;
     }
     view->user_clip_planes(1);

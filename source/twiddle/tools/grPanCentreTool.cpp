@@ -1,7 +1,7 @@
 #include "grPanCentreTool.h"
 
-#include "dgView.h"
-#include "grViewUtils.h"
+#include "giPoint2.h"
+#include "grViewOperations.h"
 #include "gwKeyEvent.h"
 #include "utTypeID.h"
 
@@ -23,6 +23,6 @@ void grPanCentreTool::start_twiddle(const gwKeyEvent& event)
 
 void grPanCentreTool::do_action(const gwKeyEvent& event)
 {
-    grViewUtils::pan_centre(target_view(), event);
+    grViewOperations::pan_to_centre(*target_view(), giPoint2(event.x(), event.y()));
     save_camera();
 }

@@ -2,7 +2,7 @@
 
 #include "dgView.h"
 #include "giVector2.h"
-#include "grViewUtils.h"
+#include "grViewOperations.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
@@ -28,7 +28,7 @@ void grPanTool::mouse_event(const gwMouseEvent& event)
         return;
     the_moved = 1;
     const giPoint2 point(event.x(), event.y());
-    grViewUtils::pan(target_view(), point - the_last_point);
+    grViewOperations::pan(*target_view(), point - the_last_point);
     the_last_point = point;
     twiddle_mouse(event);
     refresh_views();
@@ -36,7 +36,7 @@ void grPanTool::mouse_event(const gwMouseEvent& event)
 
 void grPanTool::pan_centre_action(const gwKeyEvent& event) const
 {
-    grViewUtils::pan_centre(target_view(), event);
+    grViewOperations::pan_to_centre(*target_view(), giPoint2(event.x(), event.y()));
 }
 
 void grPanTool::end_twiddle(const gwKeyEvent& event)

@@ -1,9 +1,7 @@
 #include "grResetFrontBackTool.h"
 
-#include "dgStructure.h"
-#include "dgView.h"
 #include "grStdTwiddleHooks.h"
-#include "utTypeID.h"
+#include "grViewOperations.h"
 
 UT_DEFINE_TYPE(grResetFrontBackTool, grOneShotViewTool);
 
@@ -20,9 +18,5 @@ void grResetFrontBackTool::do_action(const gwKeyEvent&)
 
 void grResetFrontBackTool::reset_planes(dgView* view, dgBoundingViewType mode)
 {
-    if (view->root())
-        view->camera().clip_bounding_box(view->root()->bounding_box(), mode);
-    // Every drawing fits the planes of such a view again.
-    view->clipping_mode(mode);
-    view->user_clip_planes(0);
+    grViewOperations::reset_clipping_planes(*view, mode);
 }

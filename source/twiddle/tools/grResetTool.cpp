@@ -1,7 +1,6 @@
 #include "grResetTool.h"
 
-#include "dgView.h"
-#include "utTypeID.h"
+#include "grViewOperations.h"
 
 UT_DEFINE_TYPE(grResetTool, grOneShotViewTool);
 
@@ -18,9 +17,5 @@ void grResetTool::do_action(const gwKeyEvent&)
 
 void grResetTool::reset_view(dgView* view)
 {
-    dgCamera& camera = view->camera();
-    camera.reset_orientation();
-    view->view_bbox();
-    // Fitting moves the centre as well; views locked to this one follow what it ends at.
-    camera.world2view_altered();
+    grViewOperations::reset(*view);
 }

@@ -1,13 +1,13 @@
 #include "grRotateViewTool.h"
 
 #include "dgView.h"
-#include "giXform3.h"
 #include "grAxisTurn.h"
 #include "grRotationCentre.h"
 #include "grStdTwiddleHooks.h"
 #include "grSurfacePoint.h"
 #include "grToolResources.h"
 #include "grTwiddleTimer.h"
+#include "grViewOperations.h"
 #include "grWorkPlane.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -56,10 +56,7 @@ void grRotateViewTool::apply_rotation(dgView* view, const giPoint3& centre, cons
 {
     const giVector3 pixels = gr_turning_pixels(delta, axis_mode);
     const giAngle angle(2 * std::numbers::pi * pixels.length() / std::max(view->renderer_height(), 1));
-    dgCamera& camera = view->camera();
-    const giPoint3 centre_view = camera.orientation().transform(centre);
-    camera.orientation(camera.orientation() * giXform3::rotation(angle, pixels, centre_view));
-    camera.world2view_altered();
+    grViewOperations::turn(*view, centre, pixels, angle);
 }
 
 void grRotateViewTool::end_twiddle(const gwKeyEvent& event)

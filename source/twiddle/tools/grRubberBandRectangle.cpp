@@ -1,5 +1,6 @@
 #include "grRubberBandRectangle.h"
 
+#include "dgView.h"
 #include "giPoint2.h"
 #include "giPoint3.h"
 #include "grRubberBandCallback.h"
@@ -12,11 +13,15 @@ grRubberBandRectangle::~grRubberBandRectangle()
     forget();
 }
 
-void grRubberBandRectangle::draw(dgRenderer* renderer, const giPoint2& corner, const giPoint2& opposite)
+void grRubberBandRectangle::draw(const dgView& view, const giPoint2& corner, const giPoint2& opposite)
 {
+    if (the_item && the_item->renderer() != view.renderer())
+        forget();
+    if (!view.renderer())
+        return;
     if (!the_item)
     {
-        the_item = dgRef<grRubberBandCallback>(new grRubberBandCallback(renderer, draw_lines, this));
+        the_item = dgRef<grRubberBandCallback>(new grRubberBandCallback(view.renderer(), draw_lines, this));
         grRubberBandManager::add(the_item.get());
     }
     grRubberBandManager::draw(the_item.get(), grUNDRAW_RUBBER_BAND_ITEM);
@@ -32,9 +37,9 @@ void grRubberBandRectangle::draw(dgRenderer* renderer, const giPoint2& corner, c
     grRubberBandManager::draw(the_item.get(), grDRAW_RUBBER_BAND_ITEM);
 }
 
-void grRubberBandRectangle::undraw()
+void grRubberBandRectangle::finish(const dgView* view)
 {
-    if (the_item)
+    if (the_item && view && view->renderer() == the_item->renderer())
         grRubberBandManager::draw(the_item.get(), grUNDRAW_RUBBER_BAND_ITEM);
     forget();
 }

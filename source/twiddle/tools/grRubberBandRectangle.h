@@ -5,7 +5,7 @@
 #include "dgMultiline.h"
 #include "dgRef.h"
 
-class dgRenderer;
+class dgView;
 class giPoint2;
 class grRubberBandCallback;
 class grRubberBandItem;
@@ -20,13 +20,15 @@ public:
     grRubberBandRectangle(const grRubberBandRectangle&) = delete;
     grRubberBandRectangle& operator=(const grRubberBandRectangle&) = delete;
 
-    /// Draws it between two corners in device pixels, cut off to whole ones, in place of what was drawn before.
-    void draw(dgRenderer* renderer, const giPoint2& corner, const giPoint2& opposite);
-    void undraw();
-    /// Drops it, undrawn or not, without a call to its renderer, which may have gone.
-    void forget();
+    /// Draws it by the view's renderer between two corners in device pixels, cut off to whole ones, in place of what
+    /// was drawn before; a view without a renderer shows nothing.
+    void draw(const dgView& view, const giPoint2& corner, const giPoint2& opposite);
+    /// Takes it off the picture of the view, if that is still there and still has the renderer that drew it; else the
+    /// renderer may have gone and is not called.
+    void finish(const dgView* view);
 
 private:
+    void forget();
     static void draw_lines(grRubberBandItem* item, grRubberBandIt it);
 
     grRubberBandManager the_manager; // so that there is one for the time of the drag

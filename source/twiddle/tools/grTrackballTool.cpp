@@ -5,11 +5,13 @@
 #include "dgView.h"
 #include "giXform3.h"
 #include "grRotationCentre.h"
+#include "grSeenAt.h"
 #include "grStdTwiddleHooks.h"
 #include "grSurfacePoint.h"
 #include "grToolResources.h"
 #include "grTrackball.h"
 #include "grTwiddleTimer.h"
+#include "grViewOperations.h"
 #include "grViewRefresher.h"
 #include "gr_draw_sphere.h"
 #include "gwKeyEvent.h"
@@ -82,8 +84,8 @@ giPoint3 grTrackballTool::trackball_centre(dgView* view, const gwKeyEvent& event
 
 void grTrackballTool::find_centre_offset(const giPoint3& centre)
 {
-    giPoint3 centre_device;
-    target_view()->camera().transform(centre, centre_device, dgSPACE_WORLD, dgSPACE_DEVICE);
+    const dgCamera& camera = target_view()->camera();
+    const giPoint2 centre_device = gr_seen_at(camera, camera.orientation().transform(centre));
     the_centre_offset = giPoint2(0.5 - centre_device.x() / the_width, 0.5 - centre_device.y() / the_height);
 }
 
@@ -159,10 +161,7 @@ int grTrackballTool::rotate_view(const giPoint2& point, dgView* view, const giPo
 
 void grTrackballTool::rotate_view(dgView* view, const giPoint3& centre, const giVector3& axis, giAngle angle)
 {
-    dgCamera& camera = view->camera();
-    const giPoint3 centre_view = camera.orientation().transform(centre);
-    camera.orientation(camera.orientation() * giXform3::rotation(angle, axis, centre_view));
-    camera.world2view_altered();
+    grViewOperations::turn(*view, centre, axis, angle);
 }
 
 void grTrackballTool::end_twiddle(const gwKeyEvent& event)

@@ -2,7 +2,7 @@
 
 #include "dgView.h"
 #include "grRubberBandRectangle.h"
-#include "grViewUtils.h"
+#include "grViewOperations.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
@@ -28,22 +28,18 @@ void grZoomBoxTool::mouse_event(const gwMouseEvent& event)
     if (state() != grTWID_TWIDDLING || !target_view())
         return;
     // The scene is not refreshed: that it need not be drawn is what rubber banding is for.
-    the_rectangle->draw(target_view()->renderer(), the_start_point, giPoint2(event.x(), event.y()));
+    the_rectangle->draw(*target_view(), the_start_point, giPoint2(event.x(), event.y()));
     twiddle_mouse(event);
 }
 
 int grZoomBoxTool::zoom_action(const giBox2& device_box) const
 {
-    return grViewUtils::zoom_to_box(target_view(), device_box);
+    return grViewOperations::zoom_to_box(*target_view(), device_box);
 }
 
 void grZoomBoxTool::end_twiddle(const gwKeyEvent& event)
 {
-    // Where the view was closed, its renderer may have gone as well.
-    if (target_view())
-        the_rectangle->undraw();
-    else
-        the_rectangle->forget();
+    the_rectangle->finish(target_view());
     if (target_view() && event.window() && zoom_action(giBox2(the_start_point, giPoint2(event.x(), event.y()))))
         refresh_views();
     end_view_twiddle(event);

@@ -1,8 +1,9 @@
 #include "grZoomTool.h"
 
 #include "dgView.h"
+#include "grPaperMove.h"
 #include "grToolResources.h"
-#include "grViewUtils.h"
+#include "grViewOperations.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
@@ -55,13 +56,14 @@ void grZoomTool::zoom_view(dgView* view, const giBox2& start_window, const giVec
     double t = std::clamp(2 * drag.y() / std::max(view->renderer_height(), 1), -1.0, 1.0);
     if (the_invert_zoom)
         t = -t;
+    const grPaperMove paper(*view);
     view->camera().view_window(start_window);
     view->camera().zoom(std::pow(10.0, 3 * t));
 }
 
 void grZoomTool::pan_centre_action(const gwKeyEvent& event) const
 {
-    grViewUtils::pan_centre(target_view(), event);
+    grViewOperations::pan_to_centre(*target_view(), giPoint2(event.x(), event.y()));
 }
 
 void grZoomTool::end_twiddle(const gwKeyEvent& event)
