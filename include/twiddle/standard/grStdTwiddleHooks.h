@@ -24,6 +24,9 @@ class gwResourceDB;
 
 /// The application's control over the standard tools: it says what an event is about, how it is redrawn and with which
 /// settings, and is told of every phase of a twiddle. Applications derive from it; the defaults serve without.
+///
+/// Whatever is called here may destroy views, the target too, and take renderers from views. It must not destroy a
+/// renderer that a view still has, nor the manager or the assembly that runs the tool.
 class GR_EXPORT grStdTwiddleHooks
 {
 public:
@@ -43,7 +46,7 @@ public:
     virtual int locked_view(const dgView* view, const grStdTwiddleTool* tool);
     /// What redraws the views during the twiddle; the caller owns it. With time-out twiddling on, tools that may be
     /// drawn within the time of a frame get the time-out refresher; otherwise the fast refresher is taken when it is in
-    /// use, and else the full one.
+    /// use, and else the full one, which is also that of the wheel: its step is one picture.
     virtual grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views);
     /// The plane that tools may act about, which must outlive the twiddle; null by default.
     virtual grWorkPlane* identify_workplane();

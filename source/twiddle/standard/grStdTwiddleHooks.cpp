@@ -16,6 +16,7 @@
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
 #include "grViewTwiddleDetail.h"
+#include "grWheelToolRegistry.h"
 #include "gwKeyEvent.h"
 #include "gwResourceDB.h"
 
@@ -104,7 +105,9 @@ grViewRefresher* grStdTwiddleHooks::view_refresher(const grStdTwiddleTool* tool,
         timeout->allow_full_refresh(the_allow_full_refresh);
         return timeout;
     }
-    if (!the_use_refresher_fast)
+    // A step of the wheel is one picture: what the fast refresher prepares for further ones would only cost, and at the
+    // end it draws the picture again.
+    if (!the_use_refresher_fast || (tool && tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type())))
         return new grViewRefresherFull(views);
     auto* fast = new grViewRefresherFast(views);
     if (the_timeout_renderer_cache->refresh_stats() > 0)
