@@ -125,6 +125,11 @@ int vw_bench(const vwOptions& options, std::ostream& out, std::string& error)
     }
     dgGLWindow window(device, options.width ? options.width : standard_width,
                       options.height ? options.height : standard_height);
+    if (options.width && window.width() != options.width)
+    {
+        error = "a window of this size is more than OpenGL or its memory allows";
+        return 0;
+    }
     dgRenderer renderer(&window, nullptr);
     dgView view(&renderer);
     view.root(&model.root());

@@ -28,6 +28,20 @@
 
 namespace
 {
+std::string size_text(int width, int height)
+{
+    return std::to_string(width) + " x " + std::to_string(height) + " pixels";
+}
+
+// A window is smaller than it was asked to be where its surfaces cannot be made.
+int has_size(const dgGLWindow& window, int width, int height, std::string& error)
+{
+    if (window.width() == width && window.height() == height)
+        return 1;
+    error = "a window of " + size_text(width, height) + " is more than OpenGL or its memory allows";
+    return 0;
+}
+
 // Plays on framebuffers and writes the pictures to a folder.
 class FolderPlayer : public vwPlayer
 {
@@ -40,10 +54,11 @@ public:
     const std::string& error() const { return the_error; }
 
 protected:
-    void resize(int width, int height) override
+    int resize(int width, int height) override
     {
         the_area.resize(width, height);
         the_window.resize(width, height);
+        return has_size(the_window, width, height, the_error);
     }
     void read_picture(dgImage& image) override { the_window.read_front(image); }
     int keep_picture(vwPicture& picture) override
@@ -90,11 +105,6 @@ int make_folder(const std::string& folder, std::string& error)
         return 1;
     error = fl_name(folder) + ": the folder cannot be made: " + failure.message();
     return 0;
-}
-
-std::string size_text(int width, int height)
-{
-    return std::to_string(width) + " x " + std::to_string(height) + " pixels";
 }
 
 void add_facts(vwReport& report, const vwOptions& options, const vwSession& session, const vwModel& model,
@@ -150,6 +160,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwReport report;
     add_facts(report, options, session, model, *device);
     dgGLWindow window(device, session.width, session.height);
+    if (!has_size(window, session.width, session.height, error))
+        return 0;
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
     vwScene scene(&window, window.overlay(), area, db, model.root(),

@@ -39,7 +39,8 @@ int vwPlayer::play(const vwStep& step)
         go_to(step.end_time());
         return 1;
     case vwSTEP_RESIZE:
-        resize(step.width, step.height);
+        if (!resize(step.width, step.height))
+            return 0;
         the_scene.resized();
         return 1;
     case vwSTEP_PICTURE: return take_picture(step);

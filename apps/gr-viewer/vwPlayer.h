@@ -34,12 +34,12 @@ public:
     {}
     virtual ~vwPlayer();
 
-    /// Answers 1, or 0 when a picture could not be kept.
+    /// Answers 1, or 0 when a picture could not be kept, or a size not be had.
     int play(const vwSession& session);
 
 protected:
-    /// Gives the area and the surfaces that are drawn on another size.
-    virtual void resize(int width, int height) = 0;
+    /// Gives the area and the surfaces that are drawn on another size; 0 ends the playing.
+    virtual int resize(int width, int height) = 0;
     /// Reads what is to be seen.
     virtual void read_picture(dgImage& image) = 0;
     /// Called with every picture; 0 ends the playing.

@@ -24,7 +24,7 @@
 
 namespace
 {
-constexpr int last_size = 100, cursor_x = 70, cursor_y = 20;
+constexpr int last_size = 100, largest_size = 1000, cursor_x = 70, cursor_y = 20;
 
 // All that draws: a slow turn that stays where it is let go, a wheel step, a turn that spins on, a box to zoom to, a
 // resize and a reset; the pointer comes to rest at the cursor.
@@ -88,10 +88,11 @@ public:
     std::vector<vwPicture> pictures;
 
 protected:
-    void resize(int width, int height) override
+    int resize(int width, int height) override
     {
         the_area.resize(width, height);
         the_window.resize(width, height);
+        return width <= largest_size;
     }
     void read_picture(dgImage& image) override { read(the_window, image); }
     int keep_picture(vwPicture& picture) override
@@ -229,4 +230,22 @@ TEST(vwPlayer, the_cross_hair_is_all_that_it_leaves_on_the_picture)
         EXPECT_EQ(changed_elsewhere, 0) << "technique " << rubber_banding;
         EXPECT_GE(changed_on_it, 2 * last_size - 2) << "technique " << rubber_banding;
     }
+}
+
+TEST(vwPlayer, a_size_that_cannot_be_had_ends_the_playing)
+{
+    dgTraceWindow window(1, 1);
+    gwHeadlessWindow area(1, 1);
+    gwResourceDB db;
+    vwSessionClock clock;
+    const dgRef<dgClientStructure> model = sample();
+    vwScene scene(&window, &window, area, db, *model, {});
+    TestPlayer<dgTraceWindow> player(clock, scene, area, window);
+    vwSession session;
+    session.steps.resize(2);
+    session.steps[0].kind = vwSTEP_RESIZE;
+    session.steps[0].width = session.steps[0].height = largest_size + 1;
+    session.steps[1].kind = vwSTEP_PICTURE;
+    EXPECT_EQ(player.play(session), 0);
+    EXPECT_TRUE(player.pictures.empty());
 }
