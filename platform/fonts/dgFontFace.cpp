@@ -58,7 +58,7 @@ public:
         : the_scale(scale), the_slant(slant), the_outline(outline)
     {}
 
-    int run(FT_Outline& outline)
+    bool run(FT_Outline& outline)
     {
         FT_Outline_Funcs functions{};
         functions.move_to = [](const FT_Vector* to, void* self) { return of(self).move_to(*to); };
@@ -67,7 +67,7 @@ public:
         { return of(self).conic_to(*control, *to); };
         functions.cubic_to = [](const FT_Vector* first, const FT_Vector* second, const FT_Vector* to, void* self)
         { return of(self).cubic_to(*first, *second, *to); };
-        const int ok = FT_Outline_Decompose(&outline, &functions, this) == 0;
+        const bool ok = FT_Outline_Decompose(&outline, &functions, this) == 0;
         for (std::vector<giPoint2>& contour : the_outline.contours)
             if (contour.size() > 1 && contour.front() == contour.back())
                 contour.pop_back();
@@ -148,7 +148,7 @@ struct dgFontFace::Face
     double scale = 0.001;             // ems for a unit of the font
     FT_CharMap unicode = nullptr;
     FT_CharMap symbols = nullptr; // the font's own codes
-    int symbols_raised = 0;       // that start at symbol_codes
+    bool symbols_raised = false;  // that start at symbol_codes
     std::unordered_map<unsigned, double> widths;
 
     Face() = default;
@@ -190,7 +190,7 @@ std::unique_ptr<dgFontFace> dgFontFace::open(std::vector<unsigned char> bytes, i
     if (FT_Select_Charmap(face->face, FT_ENCODING_MS_SYMBOL) == 0)
     {
         face->symbols = face->face->charmap;
-        face->symbols_raised = 1;
+        face->symbols_raised = true;
     }
     else if (FT_Select_Charmap(face->face, FT_ENCODING_ADOBE_CUSTOM) == 0)
     {

@@ -1,21 +1,16 @@
 #include "apEnvironment.h"
 
-#include <cstdlib>
+#include "apEnvironmentOverride.h"
 
-namespace
-{
-apEnvironmentOverride* the_youngest_override = nullptr;
-}
+#include <cstdlib>
 
 int apEnvironment::lookup(const char* name, std::string& value)
 {
-    for (const apEnvironmentOverride* each = the_youngest_override; each; each = each->the_previous)
+    if (const apEnvironmentOverride* replaced = apEnvironmentOverride::find(name))
     {
-        if (each->the_name != name)
-            continue;
-        if (!each->the_value)
+        if (!replaced->value())
             return 0;
-        value = *each->the_value;
+        value = *replaced->value();
         return 1;
     }
     const char* found = std::getenv(name);
@@ -29,17 +24,4 @@ int apEnvironment::contains(const char* name)
 {
     std::string value;
     return lookup(name, value);
-}
-
-apEnvironmentOverride::apEnvironmentOverride(const char* name, const char* value)
-    : the_name(name), the_previous(the_youngest_override)
-{
-    if (value)
-        the_value = value;
-    the_youngest_override = this;
-}
-
-apEnvironmentOverride::~apEnvironmentOverride()
-{
-    the_youngest_override = the_previous;
 }

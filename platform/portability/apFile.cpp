@@ -1,6 +1,7 @@
 #include "apFile.h"
 
-#include <filesystem>
+#include "apNativePath.h"
+
 #include <fstream>
 
 namespace
@@ -10,36 +11,19 @@ constexpr std::string_view list_separators = ";";
 #else
 constexpr std::string_view list_separators = ";:";
 #endif
-
-std::filesystem::path native(const apPathName& path)
-{
-    const std::string& text = path.utf8();
-    return std::filesystem::path(std::u8string(text.begin(), text.end()));
-}
-}
-
-int apPathName::is_absolute() const
-{
-    return native(*this).is_absolute();
-}
-
-apPathName apPathName::operator/(const apPathName& name) const
-{
-    const std::u8string joined = (native(*this) / native(name)).u8string();
-    return apPathName(std::string(joined.begin(), joined.end()));
 }
 
 int ap_file_exists(const apPathName& path)
 {
     std::error_code error;
-    return path.valid() && std::filesystem::is_regular_file(native(path), error);
+    return path.valid() && std::filesystem::is_regular_file(ap_native_path(path), error);
 }
 
 int ap_open_for_reading(const apPathName& path, std::ifstream& stream)
 {
     if (!ap_file_exists(path))
         return 0;
-    std::ifstream file(native(path), std::ios::binary);
+    std::ifstream file(ap_native_path(path), std::ios::binary);
     if (!file)
         return 0;
     stream = std::move(file);

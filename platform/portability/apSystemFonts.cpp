@@ -1,6 +1,7 @@
 #include "apSystemFonts.h"
 
 #include "apSystemFontHost.h"
+#include "apSystemFontsOverride.h"
 
 #include <algorithm>
 #include <memory>
@@ -9,8 +10,6 @@
 
 namespace
 {
-apSystemFontsOverride* the_override = nullptr;
-
 class TableListing : public apSystemFontHost::Listing
 {
 public:
@@ -33,7 +32,7 @@ char lower(char c)
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-int same_name(const std::string& a, const std::string& b)
+bool same_name(const std::string& a, const std::string& b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
 }
@@ -46,7 +45,8 @@ struct apSystemFonts::List
 
 apSystemFonts::apSystemFonts() : the_list(std::make_unique<List>())
 {
-    the_list->listing.reset(the_override ? new TableListing(the_override->faces()) : apSystemFontHost::open());
+    const apSystemFontsOverride* table = apSystemFontsOverride::current();
+    the_list->listing.reset(table ? new TableListing(table->faces()) : apSystemFontHost::open());
 }
 
 apSystemFonts::~apSystemFonts() = default;
@@ -71,27 +71,14 @@ int apSystemFonts::find_face(const std::string& full_name, apFaceData& data)
 {
     if (full_name.empty())
         return 0;
-    if (!the_override)
+    const apSystemFontsOverride* table = apSystemFontsOverride::current();
+    if (!table)
         return apSystemFontHost::find_face(full_name, data);
-    for (const apSystemFace& face : the_override->faces())
+    for (const apSystemFace& face : table->faces())
         if (same_name(face.full_name, full_name))
         {
             data = apFaceData{face.file, face.face_index, {}};
             return 1;
         }
     return 0;
-}
-
-apSystemFontsOverride::apSystemFontsOverride(std::vector<apSystemFace> faces)
-    : the_faces(std::move(faces)), the_previous(std::exchange(the_override, this))
-{}
-
-apSystemFontsOverride::~apSystemFontsOverride()
-{
-    the_override = the_previous;
-}
-
-const apSystemFontsOverride* apSystemFontsOverride::current()
-{
-    return the_override;
 }

@@ -1,41 +1,13 @@
 #pragma once
 
 #include "apExport.h"
+#include "apFaceData.h"
 #include "apPathName.h"
+#include "apSystemFace.h"
 
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
-
-/// Bits of a face's font type.
-enum apFontTypeBits
-{
-    apFONT_TYPE_RASTER = 1,
-    apFONT_TYPE_DEVICE = 2,
-    apFONT_TYPE_TRUETYPE = 4
-};
-
-/// One face as the operating system lists it. Names are in the platform's narrow encoding.
-struct apSystemFace
-{
-    std::string family;    ///< name of the family of at most four styles that the face belongs to: "DejaVu Sans"
-    std::string full_name; ///< name of the face itself: "DejaVu Sans Bold Oblique"
-    int weight = 400;      ///< 100 to 900
-    int italic = 0;
-    int character_set = 0; ///< number of a Windows character set: 0 Western, 2 symbols, 204 Cyrillic, ...
-    int font_type = apFONT_TYPE_TRUETYPE;
-    std::string file; ///< UTF-8; empty where the system names no file
-    int face_index = 0;
-};
-
-/// Where the outlines of a face are: a file, or its bytes.
-struct apFaceData
-{
-    std::string file; ///< UTF-8; empty when the bytes are given
-    int face_index = 0;
-    std::vector<unsigned char> bytes;
-};
 
 /// The fonts that the operating system offers to this process, as they are when the object is made.
 ///
@@ -67,24 +39,4 @@ public:
 private:
     struct List;
     std::unique_ptr<List> the_list;
-};
-
-/// Replaces the list of the operating system's faces by a fixed table for the life of the object; private fonts are not
-/// in it. Overrides nest and must be destroyed in the reverse order of their construction.
-class AP_EXPORT apSystemFontsOverride
-{
-public:
-    explicit apSystemFontsOverride(std::vector<apSystemFace> faces);
-    ~apSystemFontsOverride();
-    apSystemFontsOverride(const apSystemFontsOverride&) = delete;
-    apSystemFontsOverride& operator=(const apSystemFontsOverride&) = delete;
-
-    const std::vector<apSystemFace>& faces() const { return the_faces; }
-
-    /// The override in force, or null.
-    static const apSystemFontsOverride* current();
-
-private:
-    std::vector<apSystemFace> the_faces;
-    apSystemFontsOverride* the_previous;
 };

@@ -219,24 +219,24 @@ public:
         return find_known(full_name);
     }
 
-    int add(const std::string& file)
+    bool add(const std::string& file)
     {
         const Config empty(FcConfigCreate());
         if (!empty || !add_file(empty.get(), file))
-            return 0;
+            return false;
         the_private_files.push_back(file);
         the_faces.clear();
-        return 1;
+        return true;
     }
 
-    int remove(const std::string& file)
+    bool remove(const std::string& file)
     {
         const auto found = std::find(the_private_files.begin(), the_private_files.end(), file);
         if (found == the_private_files.end())
-            return 0;
+            return false;
         the_private_files.erase(found);
         the_faces.clear();
-        return 1;
+        return true;
     }
 
 private:

@@ -24,7 +24,7 @@ constexpr int bold_above = 500; // a weight of 500 is not bold
 // Western, symbols, Japanese, Korean, simplified and traditional Chinese, Cyrillic.
 constexpr int offered_character_sets[] = {0, 2, 128, 129, 134, 136, 204};
 
-int is_offered(const apSystemFace& face)
+bool is_offered(const apSystemFace& face)
 {
     return (face.font_type & apFONT_TYPE_TRUETYPE) &&
            std::find(std::begin(offered_character_sets), std::end(offered_character_sets), face.character_set) !=

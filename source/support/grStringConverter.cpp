@@ -66,21 +66,21 @@ const Word<gwDriverType> driver_type_words[] = {{"GL", gwGL_DRIVER},         {"X
                                                 {"PEX", gwPEX_DRIVER},       {"X_ON_UNIX", gwX_ON_UNIX_DRIVER}};
 
 template <class Value, std::size_t n_words>
-int look_up(const Word<Value> (&words)[n_words], const utString& text, Value& result)
+bool look_up(const Word<Value> (&words)[n_words], const utString& text, Value& result)
 {
     for (const Word<Value>& word : words)
         if (text.equal_case_blind(word.text))
         {
             result = word.value;
-            return 1;
+            return true;
         }
-    return 0;
+    return false;
 }
 
 // Scans numbers from the start of a text. Where the separator is a blank, any blanks may stand between two numbers, or
 // none where the next one's sign or point ends the one before; any other separator must directly follow a number.
 template <class Number, std::size_t n_numbers>
-int scan(std::string_view text, char separator, Number (&numbers)[n_numbers])
+bool scan(std::string_view text, char separator, Number (&numbers)[n_numbers])
 {
     const char* position = text.data();
     const char* const end = position + text.size();
@@ -89,18 +89,18 @@ int scan(std::string_view text, char separator, Number (&numbers)[n_numbers])
         if (i > 0 && separator != ' ')
         {
             if (position == end || *position != separator)
-                return 0;
+                return false;
             ++position;
         }
         position = ap_scan_number(position, end, numbers[i]);
         if (!position)
-            return 0;
+            return false;
     }
-    return 1;
+    return true;
 }
 
 template <class Number>
-int to_number(const utString& text, Number& result)
+bool to_number(const utString& text, Number& result)
 {
     return ap_scan_number(text.view().data(), text.view().data() + text.view().size(), result) != nullptr;
 }
@@ -128,20 +128,20 @@ private:
 
 // One value or more.
 template <class Value>
-int to_list(const utString& text, int (*convert)(const utString&, Value&), coSList<Value>& result)
+bool to_list(const utString& text, int (*convert)(const utString&, Value&), coSList<Value>& result)
 {
     coSList<Value> values;
     for (ListReader list(text.view()); list.next();)
     {
         Value value{};
         if (!convert(utString(list.word()), value))
-            return 0;
+            return false;
         values.append(value);
     }
     if (values.empty())
-        return 0;
+        return false;
     result = values;
-    return 1;
+    return true;
 }
 
 // A number of a card in hexadecimal digits behind a separator, unless that is zero; position moves on.
@@ -154,14 +154,14 @@ bool read_card_number(const char*& position, const char* end, char separator, un
     return read.ec == std::errc();
 }
 
-int three_numbers(const utString& text, double (&numbers)[3])
+bool three_numbers(const utString& text, double (&numbers)[3])
 {
     return scan(text.view(), ',', numbers) || scan(text.view(), ' ', numbers);
 }
 
 constexpr std::string_view eight_bit_prefix = "8bit ";
 
-int is_eight_bit_colour(const utString& text)
+bool is_eight_bit_colour(const utString& text)
 {
     return text.equal_case_blind(utString(eight_bit_prefix), static_cast<int>(eight_bit_prefix.size()));
 }

@@ -2,7 +2,7 @@
 #include "grOutlineFontFamilyReader.h"
 #include "grOutlineFontListElement.h"
 
-#include "apSystemFonts.h"
+#include "apSystemFontsOverride.h"
 
 #include <algorithm>
 #include <cstdint>

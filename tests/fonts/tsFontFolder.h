@@ -2,7 +2,7 @@
 
 #include "grOutlineFontFamilyReader.h"
 
-#include "apSystemFonts.h"
+#include "apSystemFontsOverride.h"
 #include "giBox2.h"
 #include "grOutlineFontListElement.h"
 

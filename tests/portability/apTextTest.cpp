@@ -1,4 +1,5 @@
 #include "apEnvironment.h"
+#include "apEnvironmentOverride.h"
 #include "apNumber.h"
 #include "apString.h"
 

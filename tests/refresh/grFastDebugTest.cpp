@@ -1,4 +1,4 @@
-#include "apEnvironment.h"
+#include "apEnvironmentOverride.h"
 #include "grViewRendererFast.h"
 #include "tsHeavyView.h"
 

@@ -1,41 +1,15 @@
-#include "apClockOverride.h"
-#include "apHighResTime.h"
 #include "apWallClock.h"
+
+#include "apClockOverride.h"
 
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 
-namespace
-{
-using monotonic = std::chrono::steady_clock;
-
-apClockOverride* the_current_override = nullptr;
-
-monotonic::time_point clock_start()
-{
-    static const monotonic::time_point start = monotonic::now();
-    return start;
-}
-}
-
-void apHighResTime::initialise()
-{
-    clock_start();
-}
-
-double apHighResTime::time()
-{
-    if (the_current_override)
-        return the_current_override->time();
-    const monotonic::time_point start = clock_start();
-    return std::chrono::duration<double>(monotonic::now() - start).count();
-}
-
 double timedp()
 {
-    if (the_current_override)
-        return the_current_override->wall_time();
+    if (const apClockOverride* clock = apClockOverride::current())
+        return clock->wall_time();
     return std::chrono::duration<double>(std::chrono::system_clock::now().time_since_epoch()).count();
 }
 
@@ -58,26 +32,4 @@ std::string ap_date_text(double seconds_since_1970)
                   static_cast<int>(clock.hours().count()), static_cast<int>(clock.minutes().count()),
                   static_cast<int>(clock.seconds().count()));
     return text;
-}
-
-apClockOverride::apClockOverride(double time, double wall_time)
-    : the_time(time), the_wall_time(wall_time), the_previous(the_current_override)
-{
-    the_current_override = this;
-}
-
-apClockOverride::~apClockOverride()
-{
-    the_current_override = the_previous;
-}
-
-void apClockOverride::advance(double seconds)
-{
-    the_time += seconds;
-    the_wall_time += seconds;
-}
-
-apClockOverride* apClockOverride::current()
-{
-    return the_current_override;
 }

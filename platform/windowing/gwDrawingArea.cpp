@@ -1,0 +1,7 @@
+#include "gwDrawingArea.h"
+
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(gwDrawingArea, gwWindow);
+
+gwDrawingArea::~gwDrawingArea() = default;

@@ -1,0 +1,5 @@
+#include "gwMouseEvent.h"
+
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(gwMouseEvent, gwPositionalEvent);

@@ -1,0 +1,5 @@
+#include "gwPositionalEvent.h"
+
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(gwPositionalEvent, gwEvent);

@@ -1,0 +1,5 @@
+#include "gwSpaceballEvent.h"
+
+#include "utTypeID.h"
+
+UT_DEFINE_TYPE(gwSpaceballEvent, gwPositionalEvent);
