@@ -77,7 +77,7 @@ protected:
 private:
     friend class grRubberBandManager;
     void execute_without_hlhsr(grRubberBandIt it, int xor_mode);
-    void undraw_by_redraw(int overlay);
+    void undraw_by_redraw(bool overlay);
 
     dgRenderer* the_renderer;
     grRubberBandItemState the_state = grUNDRAWN_RUBBER_BAND_ITEM;
@@ -90,7 +90,7 @@ protected:
     dgHLHSRMode the_saved_hlhsr_mode = dgHLHSR_OFF; ///< the mode before it was switched off
 
 private:
-    int the_renderer_is_gone = 0;
+    bool the_renderer_is_gone = false;
 };
 
 GR_EXPORT std::ostream& operator<<(std::ostream& os, const grRubberBandItem& item);

@@ -24,7 +24,7 @@ std::vector<grCanvas*>& all_canvases()
     return *canvases;
 }
 
-int covers(const giBox2& box, const giBox2& other)
+bool covers(const giBox2& box, const giBox2& other)
 {
     return box.contains(other.low()) && box.contains(other.high());
 }
@@ -237,7 +237,7 @@ void grCanvas::read_resources(const gwResourceDB& db)
 
     const char* const retry_key = "slow_retry_time_rubberbanding";
     pass_on(db, retry_key, grStringConverter::to_double, set_slow_retry_time);
-    // Deliberate: the minimum frame rate comes from the same key.
+    // Deliberate: the minimum frame rate comes from the same key; resource files in use count on it.
     pass_on(db, retry_key, grStringConverter::to_double, set_minimum_framerate);
 
     gsColour colour;
@@ -247,7 +247,7 @@ void grCanvas::read_resources(const gwResourceDB& db)
     pass_on<int>(db, "set_default_colour_in_xor_mode", to_bool, grRubberBandManager::set_default_colour_in_xor_mode);
     pass_on<int>(db, "calculate_colour_in_xor_mode", to_bool, grRubberBandManager::calculate_colour_in_xor_mode);
     pass_on<int>(db, "xor_mode_with_stencil_planes", to_bool, grRubberBandManager::set_xor_mode_with_stencil_planes);
-    // Deliberate: the value has no effect.
+    // Deliberate: the value has no effect; files in use set it either way, and an overlay that is there is used.
     pass_on<int>(db, "overlay_rubberbanding", to_bool, [](int) {});
 }
 

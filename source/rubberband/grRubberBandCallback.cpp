@@ -18,7 +18,8 @@ void grRubberBandCallback::draw(grRubberBandIt it, grRubberBandSelectDriver sele
     draw_by_protocol(it, select);
 }
 
-// Deliberate: no hooks and so no stencil; a pixel that two lines share shows as if neither were there.
+// Deliberate: no hooks and so no stencil, because a callback brackets its drawing itself; a pixel that two of its lines
+// share shows as if neither were there.
 void grRubberBandCallback::execute(grRubberBandIt it, int)
 {
     if (the_callback)

@@ -29,7 +29,7 @@ grRubberBandColourAppElement::grRubberBandColourAppElement(const gsColour& colou
     : m_colour(colour), m_prim_type(type), m_use_manager_colour_in_xor(0)
 {}
 
-// Deliberate: the value does not matter, choosing this constructor does.
+// Deliberate: the value does not matter, choosing this constructor does; callers pass either.
 grRubberBandColourAppElement::grRubberBandColourAppElement(grUseManagerColourInXorMode, const gsColour& colour,
                                                            grPrimColourType type)
     : m_colour(colour), m_prim_type(type), m_use_manager_colour_in_xor(1)
@@ -62,7 +62,7 @@ grRubberBandColourAppElement* grRubberBandColourAppElement::copy() const
 void grRubberBandColourAppElement::draw(dgRenderer* renderer) const
 {
     const gsColour colour = calculate_rubber_band_colour(renderer);
-    const int all = m_prim_type == grALL_PRIM_COLOUR;
+    const bool all = m_prim_type == grALL_PRIM_COLOUR;
     if (all || m_prim_type == grLINE_COLOUR)
         apply<dgLineColour>(m_line_colour, colour, renderer);
     if (all || m_prim_type == grTEXT_COLOUR)

@@ -22,7 +22,7 @@ constexpr unsigned not_equal = 0x0205;
 constexpr unsigned keep = 0x1E00;
 constexpr unsigned replace = 0x1E01;
 
-int uses_stencil(int xor_mode, const dgRenderer* renderer)
+bool uses_stencil(int xor_mode, const dgRenderer* renderer)
 {
     return xor_mode && grRubberBandManager::xor_mode_with_stencil_planes() &&
            renderer->driver()->type() == dgDRIVER_OPENGL;
@@ -109,7 +109,7 @@ void grRubberBandItem::draw_by_protocol(grRubberBandIt it, grRubberBandSelectDri
         return;
     // What is drawn may release the item. One that nobody references cannot be released.
     const dgRef<grRubberBandItem> held(reference_count() > 0 ? this : nullptr);
-    const int select_driver = select == grRUBBER_BAND_SELECT_DRIVER;
+    const bool select_driver = select == grRUBBER_BAND_SELECT_DRIVER;
     const auto modes = grRubberBandManager::start_draw(the_renderer, select_driver);
     if (it == grDRAW_RUBBER_BAND_ITEM)
     {
@@ -137,7 +137,7 @@ void grRubberBandItem::execute_without_hlhsr(grRubberBandIt it, int xor_mode)
     turn_on_hlhsr();
 }
 
-void grRubberBandItem::undraw_by_redraw(int overlay)
+void grRubberBandItem::undraw_by_redraw(bool overlay)
 {
     if (overlay)
     {

@@ -4,10 +4,12 @@
 #include "grRubberBandItem.h"
 #include "grRubberBandState.h"
 #include "grRubberBandViewItem.h"
+#include "grRubberBandWalk.h"
 
 #include "apHighResTime.h"
 #include "dgRenderer.h"
 #include "dgS.h"
+#include "dgSelectedDriver.h"
 #include "dgView.h"
 #include "gsRGB.h"
 
@@ -116,7 +118,7 @@ void grRubberBandManager::redraw(dgRenderer* renderer)
 
 void grRubberBandManager::redraw(dgRenderer* renderer, const grRubberBandItem* except)
 {
-    const grRubberBandDriver driver(renderer);
+    const dgSelectedDriver driver(*renderer, 1);
     for_items(renderer,
               [&](grRubberBandItem* item)
               {
@@ -151,7 +153,8 @@ void grRubberBandManager::temp_undraw(dgRenderer* renderer)
             temp_undraw_by_xor(renderer);
             return;
         }
-        // Deliberate: the driver is given back after XOR alone; an overlay's stays selected.
+        // Deliberate: the driver is given back after XOR alone. An overlay's stays selected, as after each drawing of
+        // an item, so that callbacks that draw more on the overlay find it.
         if (!renderer_rubber_banding_in_main_planes(renderer))
             renderer->erase(1);
     }
@@ -160,9 +163,9 @@ void grRubberBandManager::temp_undraw(dgRenderer* renderer)
 
 void grRubberBandManager::temp_undraw_by_xor(dgRenderer* renderer)
 {
-    int renderer_is_gone = 0;
+    bool renderer_is_gone = false;
     {
-        const grRubberBandDriver driver(renderer);
+        const dgSelectedDriver driver(*renderer, 1);
         for_items(renderer,
                   [](grRubberBandItem* item)
                   {
@@ -177,14 +180,14 @@ void grRubberBandManager::temp_undraw_by_xor(dgRenderer* renderer)
         renderer_is_gone = driver.renderer_is_gone();
     }
     if (!renderer_is_gone)
-        end_draw(renderer, 1, 1);
+        end_draw(renderer, true, true);
 }
 
 void grRubberBandManager::update(dgRenderer* renderer)
 {
-    std::optional<grRubberBandDriver> driver;
+    std::optional<dgSelectedDriver> driver;
     if (!redraws_main_planes(renderer))
-        driver.emplace(renderer);
+        driver.emplace(*renderer, 1);
     draw_temp_undrawn(renderer);
 }
 
@@ -196,7 +199,7 @@ void grRubberBandManager::to_be_deleted(dgRenderer* renderer)
     {
         if (item->renderer() != renderer)
             continue;
-        item->the_renderer_is_gone = 1;
+        item->the_renderer_is_gone = true;
         item->cancel();
     }
     // Another renderer may come to have its address.
@@ -209,7 +212,6 @@ void grRubberBandManager::to_be_deleted(dgRenderer* renderer)
     }
     state().slow_set().remove(renderer);
     state().refresh_recorder().clear_times(renderer);
-    grRubberBandDriver::to_be_deleted(renderer);
 }
 
 void grRubberBandManager::to_be_deleted(dgView* view)
@@ -230,27 +232,25 @@ grRubberBandMode grRubberBandManager::mode(dgRenderer* renderer)
 int grRubberBandManager::rubber_band_via_redraw(dgRenderer* renderer)
 {
     const grRubberBandSettings& settings = state().settings;
-    // Deliberate: a callback decides even when the flag has been turned off since.
+    // Deliberate: a callback decides even when the flag has been turned off since; it was set to know better.
     if (settings.redraw_callback)
         return settings.redraw_callback(renderer, settings.redraw_callback_data);
-    return settings.via_redraw ? rubber_band_via_redraw_internal(renderer) : 0;
+    return settings.via_redraw ? redraws_fast_enough(renderer) : 0;
 }
 
 // Whether drawing the scene again is fast enough. The answer changes only while one single item is being drawn, so that
 // items on the screen are taken off by the technique that put them there.
-int grRubberBandManager::rubber_band_via_redraw_internal(dgRenderer* renderer)
+bool grRubberBandManager::redraws_fast_enough(dgRenderer* renderer)
 {
     const grRubberBandSettings& settings = state().settings;
-    if (!settings.via_redraw)
-        return 0;
     if (!renderer_rubber_banding_in_main_planes(renderer))
-        return settings.via_redraw;
-    const int was_fast = !state().slow_set().contains(renderer);
+        return true;
+    const bool was_fast = !state().slow_set().contains(renderer);
     if (!state().draw_in_progress || !state().items || state().items->count() != 1)
         return was_fast;
 
     grRefreshRecorder& recorder = state().refresh_recorder();
-    int is_fast = 1;
+    bool is_fast = true;
     if (was_fast)
     {
         double average = 0;
@@ -290,7 +290,7 @@ int grRubberBandManager::renderer_rubber_banding_in_main_planes(dgRenderer* rend
     return renderer->window(1) == renderer->window(0);
 }
 
-int grRubberBandManager::redraws_main_planes(dgRenderer* renderer)
+bool grRubberBandManager::redraws_main_planes(dgRenderer* renderer)
 {
     // The decision is asked in any case: it may change what is known of the renderer.
     const int via_redraw = rubber_band_via_redraw(renderer);
@@ -302,10 +302,10 @@ int grRubberBandManager::sort_out_rubber_banding_on_erase_and_render(dgRenderer*
     first = second = 0;
     if (!state().settings.do_redraw || empty())
         return 0;
-    // Deliberate: the flag counts here, not the decision for the renderer.
+    // Deliberate: the flag counts, not the decision for the renderer, which asking might change before a redraw.
     if (renderer_rubber_banding_in_main_planes(renderer) && state().settings.via_redraw)
         return 1;
-    // Deliberate: the last renderer counts, whichever it was.
+    // Deliberate: the last renderer counts, whichever it was; callers use one technique for all.
     if (!state().last_renderer || !state().last_in_xor_mode)
     {
         second = 1;
@@ -339,7 +339,7 @@ gsColour grRubberBandManager::calculate_xor_colour(dgRenderer* renderer, const g
                     (under.blue ^ over.blue) / 255.0);
 }
 
-grRubberBandManager::DrawModes grRubberBandManager::start_draw(dgRenderer* renderer, int select_driver)
+grRubberBandManager::DrawModes grRubberBandManager::start_draw(dgRenderer* renderer, bool select_driver)
 {
     DrawModes modes;
     if (redraws_main_planes(renderer))
@@ -358,8 +358,8 @@ grRubberBandManager::DrawModes grRubberBandManager::start_draw(dgRenderer* rende
     return modes;
 }
 
-// Deliberate: only XOR gives the driver back, and another renderer's saved one stays saved.
-void grRubberBandManager::end_draw(dgRenderer* renderer, int xor_mode, int select_driver)
+// Deliberate: only XOR gives the driver back, see temp_undraw, and another renderer's saved one stays saved for it.
+void grRubberBandManager::end_draw(dgRenderer* renderer, bool xor_mode, bool select_driver)
 {
     if (!xor_mode || !select_driver)
         return;
@@ -379,7 +379,7 @@ void grRubberBandManager::redraw_all_that_are_drawn(dgRenderer* renderer, int ov
     grCanvas* const canvas = overlay ? nullptr : gr_find_canvas(renderer);
     if (!canvas)
     {
-        const grRubberBandDriver driver(renderer);
+        const dgSelectedDriver driver(*renderer, 1);
         for_items(renderer,
                   [](grRubberBandItem* item)
                   {
@@ -395,7 +395,7 @@ void grRubberBandManager::redraw_all_that_are_drawn(dgRenderer* renderer, int ov
     gr_erase_and_render_views(*canvas, renderer->window_box(), 1, 1);
     // Main planes are drawn with the driver that is selected already.
     const int rubber_band_driver = redraws_main_planes(renderer) ? renderer->current_driver_index() : 1;
-    const grRubberBandDriver driver(renderer, rubber_band_driver);
+    const dgSelectedDriver driver(*renderer, rubber_band_driver);
     draw_temp_undrawn(renderer);
     if (driver.renderer_is_gone())
         return;

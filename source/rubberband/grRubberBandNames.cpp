@@ -24,7 +24,7 @@ std::ostream& operator<<(std::ostream& os, grRubberBandSelectDriver value)
     case grRUBBER_BAND_SELECT_DRIVER: return os << "grRUBBER_BAND_SELECT_DRIVER\n";
     case grRUBBER_BAND_DO_NOT_SELECT_DRIVER: return os << "grRUBBER_BAND_DO_NOT_SELECT_DRIVER\n";
     }
-    // Deliberate: the type is named without "Band" here.
+    // Deliberate: named without "Band", as programs that read dumps know it.
     return os << "Unknown value for grRubberSelectDriver\n";
 }
 

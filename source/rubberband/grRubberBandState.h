@@ -3,68 +3,13 @@
 #include "coDList.h"
 #include "coSet.h"
 #include "grRefreshRecorder.h"
-#include "gsColour.h"
+#include "grRubberBandSettings.h"
 
 #include <memory>
 
 class dgRenderer;
 class grRubberBandItem;
-
-/// What the manager can be told, with its defaults.
-struct grRubberBandSettings
-{
-    int do_redraw = 1;
-    int via_redraw = 0;
-    int (*redraw_callback)(dgRenderer*, void*) = nullptr;
-    void* redraw_callback_data = nullptr;
-    double slow_retry_time = 30; // seconds
-    double minimum_framerate = 20;
-    gsColour colour{1, 1, 1};
-    int set_default_colour_in_xor_mode = 0;
-    int calculate_colour_in_xor_mode = 0;
-    int xor_mode_with_stencil_planes = 1;
-    int line_width = 1; // pixels
-    int suspended = 0;
-};
-
-/// A walk along the items that neither meets one twice nor passes one over when items leave the list meanwhile.
-class grRubberBandWalk
-{
-public:
-    grRubberBandWalk();
-    ~grRubberBandWalk();
-    grRubberBandWalk(const grRubberBandWalk&) = delete;
-    grRubberBandWalk& operator=(const grRubberBandWalk&) = delete;
-
-    /// The next item, or null at the end.
-    grRubberBandItem* next();
-
-    /// Tells all walks that the item at a position has left.
-    static void item_left(int position);
-
-private:
-    int the_position = 0;
-    grRubberBandWalk* the_outer;
-};
-
-/// Selects a driver of a renderer for its own life, and afterwards the one before, unless the renderer has gone.
-class grRubberBandDriver
-{
-public:
-    explicit grRubberBandDriver(dgRenderer* renderer, int index = 1);
-    ~grRubberBandDriver();
-    grRubberBandDriver(const grRubberBandDriver&) = delete;
-    grRubberBandDriver& operator=(const grRubberBandDriver&) = delete;
-
-    int renderer_is_gone() const { return !the_renderer; }
-
-    static void to_be_deleted(dgRenderer* renderer);
-
-private:
-    dgRenderer* the_renderer;
-    int the_before;
-    grRubberBandDriver* the_outer;
-};
+class grRubberBandWalk;
 
 /// All state of rubber banding in this process.
 struct grRubberBandState
@@ -81,7 +26,6 @@ struct grRubberBandState
     std::unique_ptr<grRefreshRecorder> recorder;
     int removals = 0; // counts the items that have left the list
     grRubberBandWalk* walks = nullptr;
-    grRubberBandDriver* drivers = nullptr;
 
     void remember(dgRenderer* renderer, int in_xor_mode)
     {

@@ -26,7 +26,7 @@ void grRubberBandViewItem::turn_off_hlhsr()
 
 void grRubberBandViewItem::turn_on_hlhsr()
 {
-    // Deliberate: the flag stays set; turning off clears it.
+    // Deliberate: the flag stays set, so that a second call restores the mode again; turning off clears it.
     if (the_have_turned_off_hlhsr)
         the_view->shading_context().set_hlhsr_mode(the_saved_hlhsr_mode);
 }

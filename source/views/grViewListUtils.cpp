@@ -2,7 +2,7 @@
 
 #include "dgRenderer.h"
 #include "dgView.h"
-#include "grRubberBandManager.h"
+#include "grRubberBandsOff.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grView.h"
 #include "grViewPaperChild.h"
@@ -187,15 +187,9 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, dgStructure* ext
 
 void grViewListUtils::refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList& renderers)
 {
-    const bool rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
-    if (rubber_bands)
-        for (int i = 0; i < renderers.count(); ++i)
-            grRubberBandManager::temp_undraw(renderers[i]);
+    grRubberBandsOff rubber_bands(renderers);
+    rubber_bands.take_off_all();
     refresh_views(views, nullptr, nullptr);
-    // By index: the overlay callback may have taken a renderer out of the list of a refresher.
-    if (rubber_bands)
-        for (int i = 0; i < renderers.count(); ++i)
-            grRubberBandManager::update(renderers[i]);
 }
 
 dgDoubleBufferSwap grViewListUtils::erase_on_swap_buffers()

@@ -8,6 +8,7 @@
 #include "dgGraphicalPrimitive.h"
 #include "dgNumberAttribute.h"
 #include "dgS.h"
+#include "dgSelectedDriver.h"
 #include "dgStructure.h"
 #include "dgTextAlignment.h"
 #include "dgTextDirection.h"
@@ -46,6 +47,8 @@ dgRenderer::dgRenderer(dgWindow* main, dgWindow* overlay, const gwWindow* input_
 dgRenderer::~dgRenderer()
 {
     render_action(nullptr);
+    for (dgSelectedDriver* selected = the_selected_drivers; selected; selected = selected->the_outer)
+        selected->the_renderer = nullptr;
 }
 
 giBox2 dgRenderer::window_box() const

@@ -20,6 +20,7 @@ class dgDriver;
 class dgGraphicalAttribute;
 class dgGraphicalElement;
 class dgGraphicalPrimitive;
+class dgSelectedDriver;
 class dgStructure;
 class dgTextFont;
 class dgWindow;
@@ -167,12 +168,14 @@ private:
         std::size_t undo_mark;
         giXform3 transform;
     };
+    friend class dgSelectedDriver;
     void draw_steps(const dgStructure& structure, int through_action);
 
     dgWindow* the_windows[2];
     const gwWindow* the_input_window;
     mutable std::unique_ptr<dgDriver> the_drivers[2];
     int the_current_driver = 0;
+    dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_mode = 0;
     int the_depth_cueing = 0;
     int the_accumulate = 0;

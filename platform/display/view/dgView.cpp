@@ -4,6 +4,7 @@
 #include "dgGraphicalElement.h"
 #include "dgRenderer.h"
 #include "dgS.h"
+#include "dgSelectedDriver.h"
 #include "dgWindow.h"
 #include "gsHeap.h"
 
@@ -16,23 +17,6 @@ dgRenderNetworkAction* dgView::the_global_render_network_action = nullptr;
 
 namespace
 {
-// Selects the driver of the main window, and at the end of its life the one before.
-class MainDriver
-{
-public:
-    explicit MainDriver(dgRenderer& renderer) : the_renderer(renderer), the_driver(renderer.current_driver_index())
-    {
-        the_renderer.select_driver(0);
-    }
-    ~MainDriver() { the_renderer.select_driver(the_driver); }
-    MainDriver(const MainDriver&) = delete;
-    MainDriver& operator=(const MainDriver&) = delete;
-
-private:
-    dgRenderer& the_renderer;
-    int the_driver;
-};
-
 void set_channels(float (&channels)[3], const gsColour& colour)
 {
     channels[0] = static_cast<float>(colour.red());
@@ -85,7 +69,7 @@ void dgView::erase(dgEraseZbuffer zbuffer)
 {
     if (!the_renderer)
         return;
-    const MainDriver main_driver(*the_renderer);
+    const dgSelectedDriver main_driver(*the_renderer, 0);
     dgBackground background;
     set_channels(background.top,
                  the_shading.graduated_background ? the_shading.top_colour : the_shading.background_colour);
@@ -113,7 +97,7 @@ void dgView::draw_network(dgStructure& structure, int past_action)
 {
     if (!the_renderer)
         return;
-    const MainDriver main_driver(*the_renderer);
+    const dgSelectedDriver main_driver(*the_renderer, 0);
     const dgRef<dgStructure> held(&structure); // an application's element may drop the structure while it is drawn
     fit_planes();
     begin();
