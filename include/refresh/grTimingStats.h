@@ -8,10 +8,18 @@
 
 class grTimingStat;
 
-/// The most recent timed intervals, as many as init says.
+/// A ring of the most recent timed intervals:
 ///
-/// Queries walk from the newest interval to older ones. They are meant between intervals: one that is running counts as
-/// the oldest and lasts -1 seconds.
+///     grTimingStats stats;
+///     stats.init(100);
+///     stats.start();
+///     draw();
+///     stats.end();
+///     stats.last_stats(2.0, count, average); // over the last two seconds
+///
+/// An interval that was measured elsewhere is entered by current_stat()->set_times(...) and forwards(). Queries walk
+/// from the newest interval to older ones. They are meant between intervals: one that is running counts as the oldest
+/// and lasts -1 seconds.
 class GR_EXPORT grTimingStats
 {
 public:
@@ -24,10 +32,14 @@ public:
     virtual void init(int n);
     /// A new stat for the ring, which owns it. To be overridden for stats that hold more.
     virtual grTimingStat* new_stat();
+    /// Starts an interval at the place of the next one, over the oldest of a full ring. One that was started and not
+    /// ended stays there until then as running, and is overwritten.
     virtual void start();
+    /// Ends the interval that was started and moves on to the next place; nothing happens when none was started.
     virtual void end();
-    /// The place of the next interval, null before init.
+    /// The stat at the place of the next interval, null before init. Owned by the ring.
     virtual grTimingStat* current_stat();
+    /// Moves on to the next place, after the last one to the first; an interval that was started is not ended by it.
     virtual void forwards();
     virtual ~grTimingStats();
 

@@ -11,14 +11,15 @@
 
 #include <vector>
 
+class grRubberBandsOff;
 class grTimeoutRendererCache;
 
 /// The way in which a set of views is redrawn for the length of one twiddle.
 ///
 /// Whoever twiddles makes a refresher and calls base_start_twiddle, base_refresh for every frame, base_idle between
 /// frames as long as it answers grIDLE_AGAIN, base_idle_refresh for a better picture, and base_end_twiddle. Idle
-/// refreshes may go on after the end. A view that is destroyed meanwhile is dropped. All of them take rubber bands off
-/// before they draw and put them back.
+/// refreshes may go on after the end. A view that is destroyed meanwhile is dropped. Rubber bands are off while
+/// something is drawn.
 class GR_EXPORT grViewRefresher : public coReceiver
 {
 public:
@@ -64,8 +65,12 @@ protected:
     virtual void start_twiddle() {}
     virtual void refresh() = 0;
     virtual void idle_refresh() { refresh(); }
+    /// Called over and over while nothing happens. It calls take_rubber_bands_off before it draws, and only then.
     virtual grIdleAction idle() { return grIDLE_DONE; }
     virtual void end_twiddle() = 0;
+
+    /// Takes the rubber bands of a renderer off for the rest of a call of idle().
+    void take_rubber_bands_off(dgRenderer* renderer);
 
     /// Called after a view has left views(); it may be half destroyed.
     virtual void view_removed(dgView* view);
@@ -75,9 +80,12 @@ protected:
 
     /// Redraws all views without icons. Where buffers are swapped, the other views of the same renderers are redrawn
     /// too, because a swap shows them all.
-    void refresh_at_end_of_twiddle() const;
+    void refresh_at_end_of_twiddle();
+    /// Whether it redraws such other views.
+    bool draws_others_at_end() const { return the_missing_views && the_double_buffered; }
 
-    /// The renderers that the views now have, in order of first appearance. Taken anew before each refresh and the end.
+    /// The renderers that the views now have, in order of first appearance. Taken anew before each refresh and all
+    /// drawing at the end.
     const dgRenderercoDList& renderers() const { return the_renderers; }
     /// Whether any of them is double buffered in any of its modes.
     int double_buffered() const { return the_double_buffered; }
@@ -106,4 +114,5 @@ private:
     dgStructurecoDList the_twiddle_icons; // parallel to the_views; those that are not null are referenced
     grTimeoutRendererCache* the_timing_cache = nullptr;
     int the_forced_redraw = 0;
+    grRubberBandsOff* the_idle_rubber_bands = nullptr; // while idle() runs
 };

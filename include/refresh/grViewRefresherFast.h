@@ -42,11 +42,10 @@ protected:
     void view_removed(dgView* view) override;
 
 private:
-    using FastRenderers = std::vector<grViewRendererFast*>;
     void make_renderers();
     void refresh_renderer(grViewRendererFast& fast);
 
-    FastRenderers the_fast_renderers;                          // grouped by renderer; empty before the first refresh
-    std::vector<std::unique_ptr<grViewRendererFast>> the_gone; // of views that were removed
+    // Grouped by renderer; empty before the first refresh. The cache may share them.
+    std::vector<std::shared_ptr<grViewRendererFast>> the_fast_renderers;
     int the_idle_blocked = 0;
 };

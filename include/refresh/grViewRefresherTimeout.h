@@ -3,24 +3,25 @@
 #include "grViewRefresher.h"
 
 #include <memory>
+#include <vector>
 
 class grTimeoutRenderer;
 class grTimeoutRendererCache;
 class grViewRefresherFull;
 
 /// Draws each view within a share of the time of a frame through the time-out renderers of a cache, and everything once
-/// that is known to take less than the time of a frame.
+/// that is known to take less than the time of a frame. Whenever it draws everything it records how long that took.
 class GR_EXPORT grViewRefresherTimeout : public grViewRefresher
 {
 public:
-    /// The cache is not owned and must outlive the refresher. frame_rate is in frames per second; a, b and c are handed
-    /// to grTimeoutRenderer::get_ready.
-    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate, int a, int b,
-                           int c);
+    /// The cache is not owned and must outlive the refresher. frame_rate is in frames per second;
+    /// grTimeoutRenderer::get_ready explains the weights.
+    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate,
+                           int point_weight, int line_weight, int triangle_weight);
     /// The same, with the refresher that draws everything, on the same views, which is taken over; null makes one when
     /// it is needed.
-    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate, int a, int b,
-                           int c, grViewRefresherFull* full_refresher);
+    grViewRefresherTimeout(const dgViewcoDList& views, grTimeoutRendererCache* cache, double frame_rate,
+                           int point_weight, int line_weight, int triangle_weight, grViewRefresherFull* full_refresher);
     ~grViewRefresherTimeout() override;
 
     void refresh() override;
@@ -41,10 +42,14 @@ protected:
     void view_removed(dgView* view) override;
 
 private:
-    void initialise(double frame_rate, int a, int b, int c);
+    void initialise(double frame_rate, int point_weight, int line_weight, int triangle_weight);
     void find_full_refresh_time();
+    template <class Draw>
+    void draw_in_full(Draw draw);
     void draw_within_time();
+    void draw_within_time(dgView& view);
     grTimeoutRenderer* timeout_renderer(dgView* view) const;
+    std::vector<grTimeoutRenderer*> drawing_renderers() const;
     grViewRefresherFull& full_refresher();
 
     dgViewcoDList the_sorted_views; // grouped by renderer, for one swap each

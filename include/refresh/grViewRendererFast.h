@@ -36,6 +36,8 @@ public:
     /// after the second. A final frame draws everything and no icon.
     void refresh(dgStructure* icon, int final);
 
+    /// Whether draw_a_slice would draw.
+    int slice_needed() const;
     /// Draws the next part of what the last frame left out into the selected buffer, which shows that frame; 0 when
     /// nothing was left. A picture of another size, or of a network that was edited since, is started anew.
     int draw_a_slice();
@@ -116,7 +118,7 @@ public:
 private:
     class ViewWatch;
     void forget_view();
-    int debug() const;
+    bool debug() const;
     void draw_frame(dgStructure* icon);
     void draw_final_frame();
     void flatten();
@@ -124,7 +126,7 @@ private:
     void find_bbox(dgStructure* icon);
     dgStructure* drawn_structure() const;
     void note_picture();
-    int picture_is_stale() const;
+    bool picture_is_stale() const;
     void forget_flat();
     template <class Draw>
     void timed(Draw draw);

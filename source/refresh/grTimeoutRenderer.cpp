@@ -3,23 +3,29 @@
 #include "apHighResTime.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgRenderer.h"
+#include "dgSelectedDriver.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
+#include "grDrawQuotas.h"
 #include "grNetworkWalk.h"
 #include "grTimingStat.h"
 #include "grTimingStats.h"
+#include "grUncovered.h"
 #include "grView.h"
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 namespace
 {
-constexpr int lines = 1, triangles = 2, points = 19; // categories
-constexpr double same_budget = 1e-5;                 // seconds
-constexpr double shortest_time = 0.01;               // seconds; below, clocks and small scenes give no useful speed
+constexpr double same_budget = 1e-5;   // seconds
+constexpr double shortest_time = 0.01; // seconds; below, clocks and small scenes give no useful speed
 
-// What an element counts as. The counts of points and lines follow from what they hold; only 0 becomes 1.
+// Polylines and point sets in other forms of storage: by indices alone, or from one index up to another.
+constexpr int indexed_polyline = 106, indexed_points = 107, polyline_range = 108, point_range = 109;
+
 int primitive_count(const dgGraphicalPrimitive& primitive)
 {
     int count = 1;
@@ -27,11 +33,11 @@ int primitive_count(const dgGraphicalPrimitive& primitive)
     {
     case dgTYPE_TRIANGLE_BLOCK: count = static_cast<const dgTriangleBlock&>(primitive).triangle_count(); break;
     case dgTYPE_POLYLINE:
-    case 106: count = primitive.geometry().npoints - 1; break;
+    case indexed_polyline: count = primitive.geometry().npoints - 1; break;
     case dgTYPE_POINT_SET:
-    case 107: count = primitive.geometry().npoints; break;
-    case 108: count = std::max(0, primitive.end_index() - primitive.start_index()) - 1; break;
-    case 109: count = std::max(0, primitive.end_index() - primitive.start_index()); break;
+    case indexed_points: count = primitive.geometry().npoints; break;
+    case polyline_range: count = std::max(0, primitive.end_index() - primitive.start_index()) - 1; break;
+    case point_range: count = std::max(0, primitive.end_index() - primitive.start_index()); break;
     default: break;
     }
     return count == 0 ? 1 : count;
@@ -40,11 +46,6 @@ int primitive_count(const dgGraphicalPrimitive& primitive)
 const dgGraphicalPrimitive* as_primitive(const dgGraphicalElement& element)
 {
     return element.kind() == dgELEMENT_PRIMITIVE ? static_cast<const dgGraphicalPrimitive*>(&element) : nullptr;
-}
-
-int truncated(double value)
-{
-    return static_cast<int>(std::clamp(value, -2147483647.0, 2147483647.0));
 }
 
 std::unique_ptr<grTimingStats> new_ring(int n)
@@ -63,6 +64,25 @@ void record(grTimingStats* ring, double seconds)
     ring->current_stat()->set_times(seconds, grTimingStat::tnow());
     ring->forwards();
 }
+
+// Draws a view with its main driver for the life of the object, its planes fitted to the network.
+class Drawing
+{
+public:
+    explicit Drawing(dgView& view) : the_main_driver(*view.renderer(), 0), the_view(view)
+    {
+        if (!view.user_clip_planes())
+            view.camera().clip_bounding_box(view.root()->bounding_box(), view.clipping_mode());
+        view.begin();
+    }
+    ~Drawing() { the_view.end(); }
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+private:
+    dgSelectedDriver the_main_driver;
+    dgView& the_view;
+};
 }
 
 // Tells when drawing has taken longer than a time. The clock is read after each element; as drawing goes on behind it,
@@ -74,24 +94,24 @@ public:
         : the_renderer(renderer), the_budget(budget), the_start(apHighResTime::time())
     {}
 
-    int over(int primitives)
+    bool over(int primitives)
     {
         the_drawn += std::max(primitives, 1);
         const double now = seconds();
         if (now > the_budget)
-            return 1;
+            return true;
         if (the_drawn < the_next_finish)
-            return 0;
+            return false;
         the_renderer.finish();
         const double finished = seconds();
         if (finished > the_budget)
-            return 1;
+            return true;
         double step = static_cast<double>(2 * (the_next_finish - the_last_finish));
         if (finished > 0)
             step = std::min(step, std::max(1.0, static_cast<double>(the_drawn) * the_budget / finished / 30));
         the_last_finish = the_drawn;
         the_next_finish = the_drawn + static_cast<long long>(step);
-        return 0;
+        return false;
     }
 
     double seconds() const { return apHighResTime::time_diff(the_start, apHighResTime::time()); }
@@ -116,14 +136,14 @@ grTimeoutRenderer::grTimeoutRenderer(dgView* view, int nstats)
 
 grTimeoutRenderer::~grTimeoutRenderer() = default;
 
-void grTimeoutRenderer::get_ready(double budget, int a, int b, int c)
+void grTimeoutRenderer::get_ready(double budget, int point_weight, int line_weight, int triangle_weight)
 {
     if (std::abs(budget - the_budget) > same_budget)
         the_recalc_ratios = 1;
     the_budget = budget;
-    the_weight_a = a;
-    the_weight_b = b;
-    the_weight_c = c;
+    the_point_weight = point_weight;
+    the_line_weight = line_weight;
+    the_triangle_weight = triangle_weight;
     if (the_counted_root && edited())
         forget_measurements();
     count_structure();
@@ -132,7 +152,8 @@ void grTimeoutRenderer::get_ready(double budget, int a, int b, int c)
 void grTimeoutRenderer::count_structure()
 {
     the_infos.clear();
-    std::fill_n(the_count, n_categories, 0);
+    for (grElementCategory& category : the_categories)
+        category.count = 0;
     the_total = 0;
     const dgStructure* root = the_view->root();
     the_counted_root = root;
@@ -146,24 +167,24 @@ void grTimeoutRenderer::count_structure()
                         {
                             const grElementInfo info{primitive_count(*primitive), primitive->category(), 0};
                             the_infos.append(info);
-                            the_count[info.category] += info.count;
+                            of(info.category).count += info.count;
                             the_total += info.count;
                         }
-                        return 1;
+                        return true;
                     });
     fill_run_lengths();
 }
 
-int grTimeoutRenderer::edited() const
+bool grTimeoutRenderer::edited() const
 {
     const dgStructure* root = the_view->root();
     return root != the_counted_root || (root && root->network_stamp() != the_counted_stamp);
 }
 
-// What was drawn of another network says nothing. Speeds and a time that was recorded stay.
+// What was drawn of another network says nothing. Speeds stay.
 void grTimeoutRenderer::forget_measurements()
 {
-    the_rates_measured = 0;
+    reset();
     the_drawn_elements = the_drawn_before = 0;
 }
 
@@ -171,7 +192,7 @@ void grTimeoutRenderer::fill_run_lengths()
 {
     for (int i = the_infos.count() - 1; i >= 0; --i)
     {
-        const int continued = i + 1 < the_infos.count() && the_infos[i + 1].category == the_infos[i].category;
+        const bool continued = i + 1 < the_infos.count() && the_infos[i + 1].category == the_infos[i].category;
         the_infos[i].run_length = continued ? the_infos[i + 1].run_length + 1 : 0;
     }
 }
@@ -179,78 +200,21 @@ void grTimeoutRenderer::fill_run_lengths()
 void grTimeoutRenderer::calc_draw_ratios()
 {
     the_recalc_ratios = 0;
-    const double share = the_full_time > 0 ? std::min(1.0, the_budget / the_full_time) : 1.0;
-    for (int k = 0; k < n_categories; ++k)
-    {
-        the_quota[k] = the_count[k] ? truncated(the_count[k] * share) : 0;
-        the_ratio[k] = the_count[k] ? share : 0;
-    }
-    the_all_drawn = share == 1.0;
-    if (the_all_drawn || (the_weight_a == 1 && the_weight_b == 1 && the_weight_c == 1))
-        return;
-    weight_quotas();
-}
-
-void grTimeoutRenderer::weight_quotas()
-{
-    struct Heavy
-    {
-        int category;
-        int weight;
-        long long quota; // a category of few primitives may have a rate that makes it enormous
-    };
-    // In the order in which they hand over what they cannot use.
-    Heavy heavies[] = {{points, the_weight_a, 0}, {lines, the_weight_b, 0}, {triangles, the_weight_c, 0}};
-    int weights = 0;
-    double uniform_time = 0;
-    for (const Heavy& heavy : heavies)
-    {
-        if (!the_count[heavy.category])
-            continue;
-        weights += heavy.weight;
-        uniform_time += the_quota[heavy.category] / the_rate[heavy.category];
-    }
-    if (weights == 0)
-        return;
-    const double time = std::min(the_budget, uniform_time);
-    for (Heavy& heavy : heavies)
-        if (the_count[heavy.category])
-            heavy.quota = truncated(static_cast<double>(heavy.weight) / weights * time * the_rate[heavy.category]);
-
-    for (const Heavy& giver : heavies)
-    {
-        const long long spare = giver.quota - the_count[giver.category];
-        if (spare <= 0 || !the_count[giver.category])
-            continue;
-        const double seconds = static_cast<double>(spare) / the_rate[giver.category];
-        int takers = 0;
-        for (const Heavy& heavy : heavies)
-            takers += &heavy != &giver && the_count[heavy.category];
-        for (Heavy& heavy : heavies)
-            if (&heavy != &giver && the_count[heavy.category])
-                heavy.quota += truncated((takers == 2 ? 0.5 : 1.0) * seconds * the_rate[heavy.category]);
-    }
-
-    for (const Heavy& heavy : heavies)
-    {
-        const int count = the_count[heavy.category];
-        const int quota = static_cast<int>(std::min<long long>(heavy.quota, count));
-        the_quota[heavy.category] = quota;
-        the_ratio[heavy.category] = quota ? static_cast<double>(quota) / count : 0;
-    }
+    const grDrawWeights weights{the_point_weight, the_line_weight, the_triangle_weight};
+    the_all_drawn = gr_set_draw_quotas(the_categories, weights, the_budget, the_full_time);
 }
 
 void grTimeoutRenderer::calc_averages(double seconds)
 {
     the_rates_measured = 1;
     the_recalc_ratios = 1;
-    const int others = the_total - the_count[triangles];
-    const double overall = others && the_count[triangles]
-                               ? others / std::max(shortest_time, seconds - the_time[triangles])
-                               : the_total / seconds;
-    for (double& rate : the_rate)
-        if (rate == 0.0)
-            rate = overall;
+    const grElementCategory& triangles = of(grTRIANGLE_CATEGORY);
+    const int others = the_total - triangles.count;
+    const double overall =
+        others && triangles.count ? others / std::max(shortest_time, seconds - triangles.time) : the_total / seconds;
+    for (grElementCategory& category : the_categories)
+        if (category.rate == 0.0)
+            category.rate = overall;
 }
 
 void grTimeoutRenderer::erase()
@@ -260,23 +224,15 @@ void grTimeoutRenderer::erase()
         the_view->erase(dgERASE_ZBUFFER_YES);
 }
 
-int grTimeoutRenderer::visible() const
+bool grTimeoutRenderer::visible() const
 {
     const grView* companion = grView::contains(the_view);
     return the_view->root() && !(companion && companion->hidden());
 }
 
-void grTimeoutRenderer::begin()
+int grTimeoutRenderer::draws_anything() const
 {
-    the_view->renderer()->select_driver(0);
-    if (!the_view->user_clip_planes())
-        the_view->camera().clip_bounding_box(the_view->root()->bounding_box(), the_view->clipping_mode());
-    the_view->begin();
-}
-
-void grTimeoutRenderer::end()
-{
-    the_view->end();
+    return visible() && the_infos.count() > 0;
 }
 
 void grTimeoutRenderer::refresh_draw()
@@ -292,18 +248,18 @@ void grTimeoutRenderer::refresh_draw()
     }
     if (the_rates_measured && the_drawn_elements == the_drawn_before)
     {
-        pre_calc_refresh(0);
+        draw_thinned_frame();
         return;
     }
     the_rates_measured = 0;
     the_drawn_before = the_drawn_elements;
     the_drawn_elements = 0;
-    the_walk_finished = 0;
+    the_box_is_shown = false;
     Stopwatch stopwatch(*renderer, the_budget);
     erase();
     if (visible())
     {
-        begin();
+        const Drawing drawing(*the_view);
         const int drawn = refresh_draw_elements(*renderer, stopwatch);
         if (drawn > 0)
         {
@@ -314,14 +270,13 @@ void grTimeoutRenderer::refresh_draw()
             calc_averages(estimate);
         }
         else
-            renderer->draw_bounding_box(*the_view->root());
-        end();
+            draw_box();
     }
     the_idle_position = the_drawn_elements;
 }
 
 // Walks the network and applies its attributes; draw gets each element that was counted, with what it counts as, and
-// answers 0 to stop.
+// answers false to stop.
 template <class Draw>
 void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
 {
@@ -330,9 +285,9 @@ void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
                     [&](const dgGraphicalElement& element)
                     {
                         if (as_primitive(element))
-                            return position < the_infos.count() ? draw(element, the_infos[position++]) : 0;
+                            return position < the_infos.count() && draw(element, the_infos[position++]);
                         renderer.execute(element);
-                        return 1;
+                        return true;
                     });
 }
 
@@ -346,95 +301,112 @@ int grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& st
                         if (!as_primitive(element))
                         {
                             renderer.execute(element);
-                            return stopwatch.over(0) ? 0 : 1;
+                            return !stopwatch.over(0);
                         }
                         if (the_drawn_elements == the_infos.count())
-                            return 0;
+                            return false;
                         renderer.execute(element);
                         const int count = the_infos[the_drawn_elements++].count;
                         drawn += count;
-                        return stopwatch.over(count) ? 0 : 1;
+                        return !stopwatch.over(count);
                     });
     return drawn;
 }
 
-void grTimeoutRenderer::pre_calc_refresh(int idle)
+// Stands for a network of which nothing was drawn, until something is.
+void grTimeoutRenderer::draw_box()
+{
+    the_view->renderer()->draw_bounding_box(*the_view->root());
+    the_box_is_shown = true;
+}
+
+void grTimeoutRenderer::draw_thinned_frame()
 {
     if (the_recalc_ratios)
         calc_draw_ratios();
-    std::fill_n(the_seen, n_categories, 0);
-    std::fill_n(the_drawn, n_categories, 0);
-    if (!idle)
-        erase();
+    for (grElementCategory& category : the_categories)
+        category.seen = category.drawn = 0;
+    erase();
+    the_box_is_shown = false;
     the_idle_position = the_all_drawn ? the_infos.count() : 0;
-    the_walk_finished = 0;
     if (!visible())
         return;
-    begin();
-    dgRenderer& renderer = *the_view->renderer();
-    if (!pre_draw_elements(renderer))
-        renderer.draw_bounding_box(*the_view->root());
-    end();
+    const Drawing drawing(*the_view);
+    if (!draw_quotas(*the_view->renderer()))
+        draw_box();
 }
 
 // Answers the number of elements drawn.
-int grTimeoutRenderer::pre_draw_elements(dgRenderer& renderer)
+int grTimeoutRenderer::draw_quotas(dgRenderer& renderer)
 {
     int drawn = 0;
     walk_elements(renderer,
                   [&](const dgGraphicalElement& element, const grElementInfo& info)
                   {
-                      const int k = info.category;
-                      the_seen[k] += info.count;
-                      if (the_drawn[k] + info.count > the_quota[k] ||
-                          the_ratio[k] < static_cast<double>(the_drawn[k]) / the_seen[k])
-                          return 1;
+                      grElementCategory& of_category = of(info.category);
+                      of_category.seen += info.count;
+                      if (of_category.drawn + info.count > of_category.quota ||
+                          of_category.ratio < static_cast<double>(of_category.drawn) / of_category.seen)
+                          return true;
                       renderer.execute(element);
-                      the_drawn[k] += info.count;
+                      of_category.drawn += info.count;
                       ++drawn;
-                      return 1;
+                      return true;
                   });
     return drawn;
 }
 
+int grTimeoutRenderer::idle_draw_needed() const
+{
+    return the_view->renderer() && visible() && (edited() || the_idle_position < the_infos.count()) &&
+           !gr_uncovered_boxes(*the_view).empty();
+}
+
 grIdleAction grTimeoutRenderer::idle_draw()
 {
-    dgRenderer* renderer = the_view->renderer();
-    if (!renderer || !visible())
+    if (!idle_draw_needed())
         return grIDLE_DONE;
+    bool anew = the_box_is_shown;
     if (edited())
     {
         // What is seen is of a network that is no more.
         forget_measurements();
         count_structure();
         the_idle_position = 0;
-        renderer->select_buffer(dgFRONT_BUFFER);
-        erase();
+        anew = true;
     }
-    if (the_idle_position >= the_infos.count())
-        return grIDLE_DONE;
-    renderer->select_buffer(dgFRONT_BUFFER);
-    Stopwatch stopwatch(*renderer, the_budget);
-    begin();
-    the_idle_position = idle_draw_elements(*renderer, stopwatch);
-    end();
+    the_box_is_shown = false;
+    dgRenderer& renderer = *the_view->renderer();
+    renderer.select_buffer(dgFRONT_BUFFER);
+    const std::vector<giBox2> boxes = gr_uncovered_boxes(*the_view);
+    int end = the_infos.count(); // the first box tells how far the time reaches
+    Stopwatch stopwatch(renderer, the_budget / static_cast<double>(boxes.size()));
+    Stopwatch* time_left = &stopwatch;
+    gr_draw_in_boxes(*the_view, boxes,
+                     [&]
+                     {
+                         if (anew)
+                             erase();
+                         const Drawing drawing(*the_view);
+                         end = idle_draw_elements(renderer, std::exchange(time_left, nullptr), end);
+                     });
+    the_idle_position = end;
     // So that what was ordered does not pile up before the next frame.
-    renderer->finish();
-    the_walk_finished = the_idle_position >= the_infos.count();
-    return the_walk_finished ? grIDLE_DONE : grIDLE_AGAIN;
+    renderer.finish();
+    return the_idle_position >= the_infos.count() ? grIDLE_DONE : grIDLE_AGAIN;
 }
 
-// Answers how many elements are drawn now.
-int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
+// Draws on up to an element, or until the time is over if there is one; answers how many elements are drawn now.
+int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, int end)
 {
     int met = 0;
     walk_elements(renderer,
                   [&](const dgGraphicalElement& element, const grElementInfo& info)
                   {
                       if (++met <= the_idle_position)
-                          return 1;
+                          return true;
                       renderer.execute(element);
-                      return stopwatch.over(info.count) ? 0 : 1;
+                      return met < end && !(stopwatch && stopwatch->over(info.count));
                   });
     return std::max(met, the_idle_position);
 }
@@ -445,22 +417,26 @@ void grTimeoutRenderer::end_twiddle_draw()
     if (!renderer)
         return;
     renderer->select_buffer(dgBACK_BUFFER);
-    std::fill_n(the_time, n_categories, 0.0);
-    std::fill_n(the_prims, n_categories, 0);
+    for (grElementCategory& category : the_categories)
+    {
+        category.time = 0;
+        category.prims = 0;
+    }
     erase();
+    the_box_is_shown = false;
     if (!visible())
         return;
     if (edited())
         count_structure();
-    begin();
-    end_draw_elements(*renderer);
-    end();
-    for (int k = 0; k < n_categories; ++k)
-        if (the_prims[k] > 0 && the_time[k] > 0)
-            the_rate[k] = the_prims[k] / the_time[k];
+    {
+        const Drawing drawing(*the_view);
+        end_draw_elements(*renderer);
+    }
+    for (grElementCategory& category : the_categories)
+        if (category.prims > 0 && category.time > 0)
+            category.rate = category.prims / category.time;
     the_recalc_ratios = 1;
     the_idle_position = the_infos.count();
-    the_walk_finished = 1;
 }
 
 void grTimeoutRenderer::end_draw_elements(dgRenderer& renderer)
@@ -473,16 +449,16 @@ void grTimeoutRenderer::end_draw_elements(dgRenderer& renderer)
                     {
                         renderer.execute(element);
                         if (!as_primitive(element) || position >= the_infos.count())
-                            return 1;
+                            return true;
                         const grElementInfo& info = the_infos[position++];
-                        the_prims[info.category] += info.count;
+                        of(info.category).prims += info.count;
                         if (info.run_length > 0)
-                            return 1;
+                            return true;
                         renderer.finish();
                         const double now = apHighResTime::time();
-                        the_time[info.category] += apHighResTime::time_diff(start, now);
+                        of(info.category).time += apHighResTime::time_diff(start, now);
                         start = now;
-                        return 1;
+                        return true;
                     });
 }
 

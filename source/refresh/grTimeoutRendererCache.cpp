@@ -11,17 +11,6 @@ namespace
 constexpr int kept_generations = 10;
 }
 
-grCacheElement::grCacheElement(dgView* view, int nstats, int generation)
-    : the_renderer(std::make_unique<grTimeoutRenderer>(view, nstats)), the_last_used(generation)
-{}
-
-grCacheElement::~grCacheElement() = default;
-
-dgView* grCacheElement::view() const
-{
-    return the_renderer->view();
-}
-
 grTimeoutRendererCache::grTimeoutRendererCache(int capacity) : the_capacity(capacity) {}
 
 grTimeoutRendererCache::~grTimeoutRendererCache() = default;

@@ -145,21 +145,3 @@ std::ostream& operator<<(std::ostream& os, const grTimingStats& stats)
     stats.print(os);
     return os;
 }
-
-int grTimingStatsIterator::operator++()
-{
-    if (the_stats.size() < 1)
-        return 0;
-    the_index = the_stats.previous(the_index < 0 ? the_stats.current() : the_index);
-    if (the_stop < 0)
-        the_stop = the_index;
-    else if (the_index == the_stop)
-        return 0;
-    const grTimingStat* stat = the_stats.stat(the_index);
-    return stat && !stat->invalid();
-}
-
-const grTimingStat* grTimingStatsIterator::operator()() const
-{
-    return the_stats.stat(the_index);
-}

@@ -3,44 +3,13 @@
 #include "dgRenderer.h"
 #include "dgStructure.h"
 #include "dgView.h"
-#include "grRubberBandManager.h"
+#include "grRubberBandsOff.h"
 #include "utTypeID.h"
 
 #include <algorithm>
 #include <utility>
 
 UT_DEFINE_TYPE(grViewRefresher, coReceiver);
-
-namespace
-{
-// Takes the rubber bands off that would lie under what is drawn, and puts them back at the end of its life. Renderers
-// may leave the list meanwhile.
-class RubberBandsOff
-{
-public:
-    explicit RubberBandsOff(const dgRenderercoDList& renderers)
-        : the_renderers(renderers), the_acts(grRubberBandManager::do_redraw() && !grRubberBandManager::empty())
-    {
-        for (int i = 0; the_acts && i < the_renderers.count(); ++i)
-            grRubberBandManager::temp_undraw(the_renderers[i]);
-    }
-    ~RubberBandsOff()
-    {
-        for (int i = 0; the_acts && i < the_renderers.count(); ++i)
-        {
-            // Not every refresher leaves the buffer selected that is seen.
-            the_renderers[i]->select_buffer(dgFRONT_BUFFER);
-            grRubberBandManager::update(the_renderers[i]);
-        }
-    }
-    RubberBandsOff(const RubberBandsOff&) = delete;
-    RubberBandsOff& operator=(const RubberBandsOff&) = delete;
-
-private:
-    const dgRenderercoDList& the_renderers;
-    int the_acts;
-};
-}
 
 grViewRefresher::grViewRefresher(const dgViewcoDList& views)
     : the_views(views), the_missing_views(grViewListUtils::missing_renderer_views(views))
@@ -74,26 +43,40 @@ void grViewRefresher::base_start_twiddle()
 void grViewRefresher::base_refresh()
 {
     collect_renderers();
-    const RubberBandsOff rubber_bands_off(the_renderers);
+    grRubberBandsOff rubber_bands(the_renderers);
+    rubber_bands.take_off_all();
     set_draw_quality();
     refresh();
     reset_draw_quality();
+    rubber_bands.select_front_buffers();
 }
 
 void grViewRefresher::base_idle_refresh()
 {
     collect_renderers();
-    const RubberBandsOff rubber_bands_off(the_renderers);
+    grRubberBandsOff rubber_bands(the_renderers);
+    rubber_bands.take_off_all();
     set_draw_quality();
     idle_refresh();
     reset_draw_quality();
+    rubber_bands.select_front_buffers();
 }
 
 grIdleAction grViewRefresher::base_idle()
 {
     collect_renderers();
-    const RubberBandsOff rubber_bands_off(the_renderers);
-    return idle();
+    grRubberBandsOff rubber_bands(the_renderers);
+    the_idle_rubber_bands = &rubber_bands;
+    const grIdleAction action = idle();
+    the_idle_rubber_bands = nullptr;
+    rubber_bands.select_front_buffers();
+    return action;
+}
+
+void grViewRefresher::take_rubber_bands_off(dgRenderer* renderer)
+{
+    if (the_idle_rubber_bands)
+        the_idle_rubber_bands->take_off(renderer);
 }
 
 void grViewRefresher::base_end_twiddle()
@@ -143,9 +126,11 @@ int grViewRefresher::check_views() const
     return std::all_of(the_views.begin(), the_views.end(), [](const dgView* view) { return view->renderer(); });
 }
 
-void grViewRefresher::refresh_at_end_of_twiddle() const
+void grViewRefresher::refresh_at_end_of_twiddle()
 {
-    if (!the_missing_views || !the_double_buffered)
+    // Another refresher may use this one for its drawing alone.
+    collect_renderers();
+    if (!draws_others_at_end())
     {
         grViewListUtils::refresh_views_and_rubber_banding(the_views, the_renderers);
         return;

@@ -3,7 +3,7 @@
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
 #include "dgView.h"
-#include "grRubberBandManager.h"
+#include "grRubberBandsOff.h"
 #include "grTimeoutRenderer.h"
 #include "grTimeoutRendererCache.h"
 #include "grViewRendererFast.h"
@@ -16,22 +16,27 @@ UT_DEFINE_TYPE(grViewRefresherFast, grViewRefresher);
 
 namespace
 {
+using FastRenderers = std::vector<std::shared_ptr<grViewRendererFast>>;
+
 int the_cache_graphics = 0;
-
-// Renderers kept from the last twiddle; owned, except while a refresher uses them.
-std::vector<grViewRendererFast*> the_cache;
-
-int the_cache_in_use = 0;  // the live refresher took its renderers from the cache
 int the_cache_dropped = 0; // since the live refresher made its renderers
 int the_final_frame = 0;
 int the_in_refresh = 0;
 
-dgRenderer* renderer_of(const grViewRendererFast* fast)
+// Renderers kept from the last twiddle, which the live refresher may share. Never destroyed: their views may be static
+// objects.
+FastRenderers& cache()
 {
-    return fast->view() ? fast->view()->renderer() : nullptr;
+    static auto* const renderers = new FastRenderers;
+    return *renderers;
 }
 
-int idle_slices_blocked(const dgView& view)
+dgRenderer* renderer_of(const grViewRendererFast& fast)
+{
+    return fast.view() ? fast.view()->renderer() : nullptr;
+}
+
+bool idle_slices_blocked(const dgView& view)
 {
     const dgRenderNetworkAction* action = view.render_network_action();
     if (!action)
@@ -42,13 +47,13 @@ int idle_slices_blocked(const dgView& view)
 
 grViewRefresherFast::grViewRefresherFast(const dgViewcoDList& views) : grViewRefresher(views)
 {
-    if (!the_cache_graphics || the_cache.empty())
+    if (!the_cache_graphics || cache().empty())
         return;
-    // Deliberate: compared in the order given, although the renderers are grouped, so that views of several renderers
-    // that alternate in the list never find theirs again.
-    int same = static_cast<int>(the_cache.size()) == views.count();
+    // Deliberate: compared in the order given, although the renderers are grouped. Views of several renderers that
+    // alternate in the list never find theirs again, which costs a copy and is never wrong.
+    bool same = static_cast<int>(cache().size()) == views.count();
     for (int i = 0; same && i < views.count(); ++i)
-        same = the_cache[static_cast<std::size_t>(i)]->view() == views[i];
+        same = cache()[static_cast<std::size_t>(i)]->view() == views[i];
     if (!same)
         graphics_state_changed();
 }
@@ -60,19 +65,18 @@ grViewRefresherFast::~grViewRefresherFast()
 
 void grViewRefresherFast::make_renderers()
 {
-    if (!the_cache.empty())
+    if (!cache().empty())
     {
-        the_fast_renderers = the_cache;
-        the_cache_in_use = 1;
+        the_fast_renderers = cache();
         // A view may have gone since the list was compared.
-        std::erase_if(the_fast_renderers, [](const grViewRendererFast* fast) { return !fast->view(); });
+        std::erase_if(the_fast_renderers, [](const auto& fast) { return !fast->view(); });
     }
     else
     {
         dgViewcoDList sorted = views();
         grViewListUtils::sort_views_by_renderer(sorted);
         for (dgView* view : sorted)
-            the_fast_renderers.push_back(new grViewRendererFast(view));
+            the_fast_renderers.push_back(std::make_shared<grViewRendererFast>(view));
     }
     the_cache_dropped = 0;
 }
@@ -80,21 +84,20 @@ void grViewRefresherFast::make_renderers()
 void grViewRefresherFast::refresh()
 {
     the_in_refresh = 1;
-    the_gone.clear();
     if (the_fast_renderers.empty())
         make_renderers();
-    // Those whose views the overlay callback destroys leave the list, but live on in the_gone.
-    const std::vector<grViewRendererFast*> drawn = the_fast_renderers;
+    // Those whose views the overlay callback destroys leave the refresher, but not this list.
+    const FastRenderers drawn = the_fast_renderers;
     for (auto fast = drawn.rbegin(); fast != drawn.rend(); ++fast)
     {
-        dgRenderer* renderer = renderer_of(*fast);
+        dgRenderer* renderer = renderer_of(**fast);
         if (!renderer)
             continue;
         renderer->select_buffer(dgBACK_BUFFER);
         refresh_renderer(**fast);
         const auto next =
-            std::find_if(fast + 1, drawn.rend(), [](const grViewRendererFast* other) { return other->view(); });
-        const int last_of_renderer = next == drawn.rend() || renderer_of(*next) != renderer;
+            std::find_if(fast + 1, drawn.rend(), [](const auto& other) { return other->view() != nullptr; });
+        const bool last_of_renderer = next == drawn.rend() || renderer_of(**next) != renderer;
         if (last_of_renderer)
             renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
     }
@@ -126,11 +129,14 @@ grIdleAction grViewRefresherFast::idle()
     if (!first || first->idle_slicing_forbidden())
         return grIDLE_DONE;
     int drawn = 0;
-    for (grViewRendererFast* fast : the_fast_renderers)
+    for (const auto& fast : the_fast_renderers)
     {
-        if (!fast->view()->renderer())
+        dgRenderer* renderer = renderer_of(*fast);
+        if (!renderer)
             continue;
-        fast->view()->renderer()->select_buffer(dgFRONT_BUFFER);
+        if (fast->slice_needed())
+            take_rubber_bands_off(renderer);
+        renderer->select_buffer(dgFRONT_BUFFER);
         drawn |= fast->draw_a_slice();
     }
     return drawn ? grIDLE_AGAIN : grIDLE_DONE;
@@ -140,10 +146,10 @@ void grViewRefresherFast::idle_refresh()
 {
     if (the_fast_renderers.empty())
         return;
-    for (grViewRendererFast* fast : the_fast_renderers)
+    for (const auto& fast : the_fast_renderers)
         fast->force_full_refresh(1);
     refresh();
-    for (grViewRendererFast* fast : the_fast_renderers)
+    for (const auto& fast : the_fast_renderers)
         fast->force_full_refresh(0);
 }
 
@@ -155,49 +161,33 @@ void grViewRefresherFast::end_twiddle()
         the_in_refresh = 0;
         return;
     }
-    const int rubber_bands = grRubberBandManager::do_redraw() && !grRubberBandManager::empty();
-    if (rubber_bands)
-        for (int i = 0; i < renderers().count(); ++i)
-            grRubberBandManager::temp_undraw(renderers()[i]);
+    grRubberBandsOff rubber_bands(renderers());
+    rubber_bands.take_off_all();
     the_final_frame = 1;
     refresh();
     the_final_frame = 0;
     // By index: the overlay callback may have taken a renderer out of the list.
     for (int i = 0; i < renderers().count(); ++i)
         renderers()[i]->select_buffer(dgFRONT_BUFFER);
-    if (rubber_bands)
-        for (int i = 0; i < renderers().count(); ++i)
-            grRubberBandManager::update(renderers()[i]);
     the_in_refresh = 0;
 }
 
 void grViewRefresherFast::finish_with_renderers()
 {
-    if (!the_fast_renderers.empty() && the_cache.empty())
+    if (!the_fast_renderers.empty() && cache().empty())
     {
-        if (the_cache_dropped || !the_cache_graphics)
-        {
-            for (const grViewRendererFast* fast : the_fast_renderers)
-                delete fast;
-            the_cache_dropped = 0;
-        }
+        if (the_cache_graphics && !the_cache_dropped)
+            cache() = the_fast_renderers;
         else
-            the_cache = the_fast_renderers;
+            the_cache_dropped = 0;
     }
     the_fast_renderers.clear();
-    the_cache_in_use = 0;
 }
 
 void grViewRefresherFast::view_removed(dgView* view)
 {
-    // Deleted later: the renderer may just be drawing, when the overlay callback destroys its view.
-    const auto gone = [view](const grViewRendererFast* fast) { return !fast->view() || fast->view() == view; };
-    for (grViewRendererFast* fast : the_fast_renderers)
-        if (gone(fast))
-            the_gone.emplace_back(fast);
-    std::erase_if(the_fast_renderers, gone);
-    if (the_cache_in_use)
-        std::erase_if(the_cache, gone);
+    for (FastRenderers* renderers : {&the_fast_renderers, &cache()})
+        std::erase_if(*renderers, [view](const auto& fast) { return !fast->view() || fast->view() == view; });
 }
 
 int grViewRefresherFast::cache_graphics()
@@ -214,11 +204,7 @@ void grViewRefresherFast::cache_graphics(int on)
 
 void grViewRefresherFast::graphics_state_changed()
 {
-    // Those in use belong to the live refresher, which deletes them at its end.
-    if (!the_cache_in_use)
-        for (const grViewRendererFast* fast : the_cache)
-            delete fast;
-    the_cache.clear();
+    cache().clear();
     the_cache_dropped = 1;
 }
 

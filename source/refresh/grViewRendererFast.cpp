@@ -8,6 +8,7 @@
 #include "dgView.h"
 #include "grFlatDump.h"
 #include "grTwiddleOverlayCallback.h"
+#include "grUncovered.h"
 #include "grView.h"
 #include "gsStructureCalibration.h"
 #include "gsStructureFlattener.h"
@@ -17,6 +18,7 @@
 #include <algorithm>
 #include <cmath>
 #include <iostream>
+#include <vector>
 
 double grViewRendererFast::the_minimum_framerate = 1.0;
 
@@ -34,8 +36,8 @@ int the_dump_flattened = 0;
 
 std::string& dump_prefix_text()
 {
-    static std::string prefix = gr_default_flat_dump_prefix();
-    return prefix;
+    static auto* const prefix = new std::string(gr_default_flat_dump_prefix());
+    return *prefix;
 }
 
 // Installs an action for the life of the object.
@@ -92,7 +94,7 @@ private:
     int the_user_planes;
 };
 
-int transparent(const dgView& view)
+bool transparent(const dgView& view)
 {
     const grView* companion = grView::contains(&view);
     return companion && companion->background() == grVIEW_BACKGROUND_TRANSPARENT;
@@ -136,10 +138,10 @@ void grViewRendererFast::forget_view()
     }
 }
 
-int grViewRendererFast::debug() const
+bool grViewRendererFast::debug() const
 {
     // Read once, for the first renderer of the process.
-    static const int on = apEnvironment::contains("GR_TWIDDLE_DEBUG");
+    static const bool on = apEnvironment::contains("GR_TWIDDLE_DEBUG");
     return on;
 }
 
@@ -259,8 +261,8 @@ void grViewRendererFast::calibrate()
         the_view->render_network(drawn_structure());
     }
     the_refresh_time = calibration.elapsed_time();
-    // Deliberate: a time equal to the budget is too long already, and without a limit, when the budget is -1, a share
-    // of all is drawn rather than everything.
+    // Deliberate: a time equal to the budget leaves none for the swap and is too long already. Without a limit, when
+    // the budget is -1, a share of all is drawn rather than everything, so that draw_ratio and total_prims are known.
     if (!(budget > the_refresh_time))
     {
         the_draw_method = grFAST_DRAW_SHARE;
@@ -309,34 +311,48 @@ void grViewRendererFast::note_picture()
     the_picture_height = the_view->renderer_height();
 }
 
-int grViewRendererFast::picture_is_stale() const
+bool grViewRendererFast::picture_is_stale() const
 {
     return the_picture_stamp != the_view->root()->network_stamp() || the_picture_width != the_view->renderer_width() ||
            the_picture_height != the_view->renderer_height();
 }
 
-int grViewRendererFast::draw_a_slice()
+int grViewRendererFast::slice_needed() const
 {
     if (the_draw_method != grFAST_DRAW_SHARE || the_slice_prims < 1)
         return 0;
     if (!the_view || !the_view->renderer() || !the_view->root() || the_root.get() != the_view->root())
         return 0;
-    if (picture_is_stale())
+    return (!the_slicer || the_slicer->another_slice_needed() || picture_is_stale()) &&
+           !gr_uncovered_boxes(*the_view).empty();
+}
+
+int grViewRendererFast::draw_a_slice()
+{
+    if (!slice_needed())
+        return 0;
+    const bool stale = picture_is_stale();
+    if (stale)
     {
         // What is seen is of another size or of a network that is no more.
         the_slicer.reset();
-        if (!transparent(*the_view))
-            the_view->erase(dgERASE_ZBUFFER_YES);
         note_picture();
     }
+    const std::vector<giBox2> boxes = gr_uncovered_boxes(*the_view);
+    // Each box draws the slice again, all of them together in the time of one.
     if (!the_slicer)
-        the_slicer = std::make_unique<gsStructureSlicer>(the_slice_prims);
-    if (!the_slicer->another_slice_needed())
-        return 0;
+        the_slicer = std::make_unique<gsStructureSlicer>(std::max(the_slice_prims / static_cast<int>(boxes.size()), 1));
     the_slicer->next_slice();
     const BoxPlanes box_planes(*the_view, the_bbox);
     const InstalledAction installed(*the_view->renderer(), the_slicer.get());
-    the_view->render_network(drawn_structure());
+    dgStructure* const structure = drawn_structure();
+    gr_draw_in_boxes(*the_view, boxes,
+                     [&]
+                     {
+                         if (stale && !transparent(*the_view))
+                             the_view->erase(dgERASE_ZBUFFER_YES);
+                         the_view->render_network(structure);
+                     });
     // So that slices do not pile up before the next frame.
     the_view->renderer()->finish();
     return 1;

@@ -1,0 +1,47 @@
+#include "grDrawQuotas.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <random>
+
+// A frame of the quotas takes the time that there is and no more, whatever the scene.
+TEST(gr_set_draw_quotas, hold_the_budget_and_use_it_up_where_a_heavy_category_has_more)
+{
+    std::mt19937 random(7);
+    const auto number = [&](int high) { return static_cast<int>(random() % static_cast<unsigned>(high)); };
+    for (int round = 0; round < 2000; ++round)
+    {
+        grElementCategories categories;
+        double full_time = 0;
+        for (const int k : {0, grLINE_CATEGORY, grTRIANGLE_CATEGORY, grPOINT_CATEGORY})
+        {
+            categories[static_cast<std::size_t>(k)].count = number(4) ? number(1000000) : 0;
+            categories[static_cast<std::size_t>(k)].rate = 1 + number(1000000);
+            full_time += categories[static_cast<std::size_t>(k)].count / categories[static_cast<std::size_t>(k)].rate;
+        }
+        const grDrawWeights weights{number(4), number(4), 1 + number(4)};
+        const double budget = full_time * number(130) / 100.0;
+        const double share = full_time > 0 ? std::min(1.0, budget / full_time) : 1.0;
+        EXPECT_EQ(gr_set_draw_quotas(categories, weights, budget, full_time), share == 1.0);
+        double seconds = 0, uniform_seconds = 0, whole_units = 0;
+        bool more = false;
+        for (const int k : {grLINE_CATEGORY, grTRIANGLE_CATEGORY, grPOINT_CATEGORY})
+        {
+            const grElementCategory& category = categories[static_cast<std::size_t>(k)];
+            EXPECT_LE(category.quota, category.count);
+            EXPECT_NEAR(category.ratio * category.count, category.quota, 1);
+            seconds += category.quota / category.rate;
+            uniform_seconds += std::trunc(category.count * share) / category.rate;
+            whole_units += 4 / category.rate; // each of four products is cut off
+            more |= category.quota < category.count;
+        }
+        const int triangles_alone = !(categories[grLINE_CATEGORY].count || categories[grPOINT_CATEGORY].count);
+        EXPECT_LE(seconds, uniform_seconds * (1 + 1e-12)) << round;
+        if (more && triangles_alone)
+        {
+            EXPECT_GE(seconds, uniform_seconds - whole_units) << round;
+        }
+        EXPECT_EQ(categories[0].quota, static_cast<int>(categories[0].count * share)) << "no weight of its own";
+    }
+}
