@@ -51,7 +51,7 @@ public:
     /// Bracket a redraw of the scene: temp_undraw takes the renderer's items off, update puts them back.
     static void temp_undraw(dgRenderer* renderer);
     static void update(dgRenderer* renderer);
-    /// Cancel the items of a renderer or of a view that is about to be destroyed.
+    /// Cancel the items of a renderer or of a view that is about to be destroyed. Those of a view leave the overlay.
     static void to_be_deleted(dgRenderer* renderer);
     static void to_be_deleted(dgView* view);
 

@@ -4,7 +4,8 @@
 
 class dgView;
 
-/// The application's function that draws over a view each time the library has drawn its network.
+/// The application's function that draws over a view each time the library has drawn its network. The driver of the
+/// main window is selected while it runs.
 class GR_EXPORT grTwiddleOverlayCallback
 {
 public:

@@ -3,6 +3,7 @@
 #include "grCanvasRegistry.h"
 #include "grStringConverter.h"
 #include "grTwiddleOverlayCallback.h"
+#include "grUncovered.h"
 #include "grView.h"
 #include "grViewListUtils.h"
 
@@ -165,6 +166,8 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
             the_renderer->erase(0);
         draw_views(window_box, 1, render);
         the_renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
+        // The buffer that was seen still has them; refreshers draw views over it, but nothing between them.
+        erase_between_views(window_box);
         the_renderer->select_buffer(dgFRONT_BUFFER);
         // An item that counts as erased is not undrawn: it would stay on an overlay that was left as it is.
         if (!grRubberBandManager::empty() &&
@@ -176,9 +179,24 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
     // Outside the box the picture stays, and there items must be taken off in their own way.
     grRubberBandManager::temp_undraw(the_renderer.get());
     the_renderer->select_buffer(dgFRONT_BUFFER);
+    if (erase)
+        erase_between_views(device_box);
     the_renderer->clip(device_box);
     draw_views(device_box, erase, render);
     the_renderer->clip(giBox2());
+}
+
+// Clears, in the selected buffer, what no view lies on.
+void grCanvas::erase_between_views(const giBox2& device_box) const
+{
+    for (const giBox2& box : gr_uncovered_boxes(*the_renderer))
+    {
+        if (!box.overlap(device_box))
+            continue;
+        the_renderer->clip(box.intersection(device_box));
+        the_renderer->erase(0);
+        the_renderer->clip(giBox2());
+    }
 }
 
 void grCanvas::draw_views(const giBox2& device_box, int erase, int render) const

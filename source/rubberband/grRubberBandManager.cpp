@@ -216,10 +216,23 @@ void grRubberBandManager::to_be_deleted(dgRenderer* renderer)
 
 void grRubberBandManager::to_be_deleted(dgView* view)
 {
+    dgRenderer* overlay = nullptr; // on which items of the view lie
     grRubberBandWalk walk;
     while (grRubberBandItem* item = walk.next())
-        if (const auto* of_view = grRubberBandViewItem::ut_dynamic_cast(item); of_view && of_view->view() == view)
-            item->cancel();
+    {
+        const auto* of_view = grRubberBandViewItem::ut_dynamic_cast(item);
+        if (!of_view || of_view->view() != view)
+            continue;
+        if (!item->cancelled() && item->state() == grDRAWN_RUBBER_BAND_ITEM &&
+            !renderer_rubber_banding_in_main_planes(item->renderer()))
+            overlay = item->renderer();
+        item->cancel();
+    }
+    // What lies in main planes goes with the picture of the view; nothing else clears the overlay.
+    if (!overlay)
+        return;
+    overlay->erase(1);
+    redraw_all_that_are_drawn(overlay, 1);
 }
 
 grRubberBandMode grRubberBandManager::mode(dgRenderer* renderer)

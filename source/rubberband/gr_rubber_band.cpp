@@ -73,6 +73,23 @@ void add_cross_hair()
     gr_rubber_band_line(x, 0, x, cross_hair_extent);
 }
 
+// Lines over a window lie at no depth, and are not to fade with it.
+class NoDepthCueing
+{
+public:
+    explicit NoDepthCueing(dgRenderer& renderer) : the_renderer(renderer), the_before(renderer.depth_cueing())
+    {
+        renderer.depth_cueing(0);
+    }
+    ~NoDepthCueing() { the_renderer.depth_cueing(the_before); }
+    NoDepthCueing(const NoDepthCueing&) = delete;
+    NoDepthCueing& operator=(const NoDepthCueing&) = delete;
+
+private:
+    dgRenderer& the_renderer;
+    int the_before;
+};
+
 // Takes off what is drawn and draws the echo at the cursor.
 void draw_echo(dgRenderer* renderer)
 {
@@ -176,6 +193,7 @@ void gr_draw_device_lines(dgRenderer* renderer, const dgMultiline& lines)
     tools.camera.projection_reference_point(
         giPoint3(middle.x(), middle.y(), tools.camera.projection_reference_point().z()));
 
+    const NoDepthCueing no_depth_cueing(*renderer);
     renderer->set_camera(&tools.camera);
     renderer->begin();
     renderer->push_structure(); // colour and width hold for these lines alone

@@ -14,12 +14,13 @@ namespace
 constexpr double first_share = 1 / 1024.0;
 constexpr double largest_growth = 8;
 
-// How much of the time left a piece may take. Waiting for a piece costs time that a frame drawn at once does not take,
-// so that pieces are few: long at first, and shorter as the time runs out. The shortest ones are a share of the frame.
+// How much of the time left a piece may take. The first is one primitive, for scenes of a few that are slow. Waiting
+// for a piece costs time that a frame drawn at once does not take, so that pieces are few: long at first, and shorter
+// as the time runs out. The shortest ones are a share of the frame.
 constexpr double piece_of_time_left = 0.75;
 constexpr double last_piece = 0.05;
 constexpr double smallest_piece = 1 / 1000.0;
-constexpr long long first_piece = 32;
+constexpr long long first_piece = 1;
 constexpr int piece_growth = 64;
 }
 

@@ -6,7 +6,9 @@
 #include <vector>
 
 /// Draws a share of a network, spread evenly over all of its primitives and over the inside of large ones. The share is
-/// the same primitives on every drawing. Primitives are counted as triangles, line segments and points.
+/// the same primitives on every drawing. Something is drawn of every run, however small the share, unless it is one of
+/// hundreds of small ones that are left out; so a part that is alone never disappears. Primitives are counted as
+/// triangles, line segments and points.
 class DG_EXPORT gsStructureSkipper : public gsRenderAction
 {
 public:
@@ -20,9 +22,14 @@ public:
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
 
 private:
+    void draw_part(dgRenderer& renderer, const dgPrimitiveRun& run);
+    void draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count);
+
     int the_wanted;
     double the_ratio;
     double the_carry = 0;       // what rounding has left over from the runs before
     double the_small_carry = 0; // the same for runs that are drawn whole or not at all
+    int the_parts = 0;          // such runs of which a part was drawn
+    double the_spare = 0;       // what parts may draw beyond the share
     std::vector<dgFeatureSpan> the_spans;
 };
