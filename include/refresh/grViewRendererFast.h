@@ -37,7 +37,7 @@ public:
     void refresh(dgStructure* icon, int final);
 
     /// Whether draw_a_slice would draw.
-    int slice_needed() const;
+    int slice_needed();
     /// Draws the next part of what the last frame left out into the selected buffer, which shows that frame; 0 when
     /// nothing was left. A picture of another size, or of a network that was edited since, is started anew.
     int draw_a_slice();
@@ -126,7 +126,8 @@ private:
     void find_bbox(dgStructure* icon);
     dgStructure* drawn_structure() const;
     void note_picture();
-    bool picture_is_stale() const;
+    bool picture_is_stale();
+    bool draws_slices() const;
     void forget_flat();
     template <class Draw>
     void timed(Draw draw);
@@ -150,6 +151,8 @@ private:
     std::unique_ptr<ViewWatch> the_watch;
     std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn
     dgRef<dgStructure> the_root;                         // that the_flat was made from
+
+    unsigned long long the_frame_stamp = 0; // of the network when the last frame or slice was begun
 
     // What the last frame showed.
     unsigned long long the_picture_stamp = 0;

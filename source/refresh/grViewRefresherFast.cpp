@@ -134,10 +134,12 @@ grIdleAction grViewRefresherFast::idle()
         dgRenderer* renderer = renderer_of(*fast);
         if (!renderer)
             continue;
-        if (fast->slice_needed())
+        const int needed = fast->slice_needed();
+        if (needed)
             take_rubber_bands_off(renderer);
         renderer->select_buffer(dgFRONT_BUFFER);
-        drawn |= fast->draw_a_slice();
+        if (needed)
+            drawn |= fast->draw_a_slice();
     }
     return drawn ? grIDLE_AGAIN : grIDLE_DONE;
 }

@@ -166,6 +166,7 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
         return;
     }
     the_slicer.reset();
+    the_frame_stamp = the_view->root()->network_stamp();
     if (the_flat && the_root.get() != the_view->root())
     {
         // Another network: nothing that was measured holds.
@@ -190,7 +191,7 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
         return; // the callback has destroyed it
     if (the_flat && the_print_callback)
         the_print_callback(the_view, the_flat.get());
-    if (final && the_flattener && the_non_flattened_final && !the_flattener->flat_root_matches())
+    if (final && the_flattener && the_non_flattened_final && !the_flattener->flat_root_matches(the_frame_stamp))
         forget_flat();
 }
 
@@ -221,7 +222,7 @@ void grViewRendererFast::draw_final_frame()
     if (the_clip_planes_resetCB && !the_bbox.empty())
         the_clip_planes_resetCB(the_view, the_bbox);
     // Asked again: the network may have been edited since it was flattened.
-    if (the_flattener && the_flattener->final_refresh_non_flattened())
+    if (the_flattener && the_flattener->final_refresh_non_flattened(the_frame_stamp))
         the_non_flattened_final = 1;
     // The flat copy shares the network's primitives, so that there is no lesser quality to bring back from.
     dgStructure* structure = the_non_flattened_final ? the_view->root() : the_flat.get();
@@ -247,7 +248,7 @@ void grViewRendererFast::flatten()
     }
     if (debug())
         std::cout << "Flatten time: " << the_refresh_time << std::endl;
-    the_non_flattened_final = the_flattener->final_refresh_non_flattened();
+    the_non_flattened_final = the_flattener->final_refresh_non_flattened(the_frame_stamp);
     if (the_dump_flattened)
         gr_dump_flat_structure(*the_flat, dump_prefix_text());
 }
@@ -294,7 +295,7 @@ void grViewRendererFast::find_bbox(dgStructure* icon)
 // The flat copy, as long as it shows what the network is.
 dgStructure* grViewRendererFast::drawn_structure() const
 {
-    return the_flattener && !the_flattener->flat_root_matches() ? the_view->root() : the_flat.get();
+    return the_flattener && !the_flattener->flat_root_matches(the_frame_stamp) ? the_view->root() : the_flat.get();
 }
 
 void grViewRendererFast::forget_flat()
@@ -306,30 +307,34 @@ void grViewRendererFast::forget_flat()
 
 void grViewRendererFast::note_picture()
 {
-    the_picture_stamp = the_view->root()->network_stamp();
+    the_picture_stamp = the_frame_stamp;
     the_picture_width = the_view->renderer_width();
     the_picture_height = the_view->renderer_height();
 }
 
-bool grViewRendererFast::picture_is_stale() const
+// Takes a new look at the network.
+bool grViewRendererFast::picture_is_stale()
 {
-    return the_picture_stamp != the_view->root()->network_stamp() || the_picture_width != the_view->renderer_width() ||
+    the_frame_stamp = the_view->root()->network_stamp();
+    return the_picture_stamp != the_frame_stamp || the_picture_width != the_view->renderer_width() ||
            the_picture_height != the_view->renderer_height();
 }
 
-int grViewRendererFast::slice_needed() const
+bool grViewRendererFast::draws_slices() const
 {
-    if (the_draw_method != grFAST_DRAW_SHARE || the_slice_prims < 1)
-        return 0;
-    if (!the_view || !the_view->renderer() || !the_view->root() || the_root.get() != the_view->root())
-        return 0;
-    return (!the_slicer || the_slicer->another_slice_needed() || picture_is_stale()) &&
+    return the_draw_method == grFAST_DRAW_SHARE && the_slice_prims >= 1 && the_view && the_view->renderer() &&
+           the_view->root() && the_root.get() == the_view->root();
+}
+
+int grViewRendererFast::slice_needed()
+{
+    return draws_slices() && (!the_slicer || the_slicer->another_slice_needed() || picture_is_stale()) &&
            !gr_uncovered_boxes(*the_view).empty();
 }
 
 int grViewRendererFast::draw_a_slice()
 {
-    if (!slice_needed())
+    if (!draws_slices())
         return 0;
     const bool stale = picture_is_stale();
     if (stale)
@@ -338,7 +343,11 @@ int grViewRendererFast::draw_a_slice()
         the_slicer.reset();
         note_picture();
     }
+    if (the_slicer && !the_slicer->another_slice_needed())
+        return 0;
     const std::vector<giBox2> boxes = gr_uncovered_boxes(*the_view);
+    if (boxes.empty())
+        return 0;
     // Each box draws the slice again, all of them together in the time of one.
     if (!the_slicer)
         the_slicer = std::make_unique<gsStructureSlicer>(std::max(the_slice_prims / static_cast<int>(boxes.size()), 1));

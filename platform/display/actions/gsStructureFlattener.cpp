@@ -66,12 +66,17 @@ gsStructureFlattener::~gsStructureFlattener() = default;
 
 int gsStructureFlattener::final_refresh_non_flattened() const
 {
-    return the_draws_by_itself || the_given_up || !flat_root_matches();
+    return final_refresh_non_flattened(the_root->network_stamp());
+}
+
+int gsStructureFlattener::final_refresh_non_flattened(unsigned long long root_stamp) const
+{
+    return the_draws_by_itself || the_given_up || !flat_root_matches(root_stamp);
 }
 
 int gsStructureFlattener::flat_root_matches() const
 {
-    return the_written && the_root->network_stamp() == the_root_stamp;
+    return flat_root_matches(the_root->network_stamp());
 }
 
 void gsStructureFlattener::start_network(dgRenderer&, const dgStructure* structure)

@@ -24,11 +24,14 @@ public:
     ~gsStructureFlattener() override;
 
     /// 1 when a picture at rest should be drawn from the network: something in it draws by itself, the writing was
-    /// given up, or the network has changed since.
+    /// given up, or the network has changed since. root_stamp is the root's network_stamp() now, for callers that have
+    /// it; finding it takes a walk of the network.
     int final_refresh_non_flattened() const;
+    int final_refresh_non_flattened(unsigned long long root_stamp) const;
 
     /// 1 while the root and all that it calls are as they were when they were written.
     int flat_root_matches() const;
+    int flat_root_matches(unsigned long long root_stamp) const { return the_written && root_stamp == the_root_stamp; }
 
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void end_network(dgRenderer& renderer) override;
