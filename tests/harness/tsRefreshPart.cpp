@@ -24,7 +24,7 @@ class BareRefresher : public grViewRefresher
 {
 public:
     BareRefresher(const dgViewcoDList& views, tsStage& stage) : grViewRefresher(views), the_stage(stage) {}
-    void redraw_at_end() const { refresh_at_end_of_twiddle(); }
+    void redraw_at_end() { refresh_at_end_of_twiddle(); }
 
 protected:
     void start_twiddle() override { tell("start"); }
