@@ -1,13 +1,14 @@
 #include "dgGLDriver.h"
 
-#include "dgCompiledStructure.h"
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
+#include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
 #include "dgGLTextStore.h"
 #include "dgGLWindow.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgImage.h"
+#include "dgPrimitiveRun.h"
 #include "dgText.h"
 #include "giPoint3.h"
 #include "gsColour.h"
@@ -122,7 +123,6 @@ int dgGLDriver::capability(int, dgDriverCapability capability) const
 
 void dgGLDriver::begin()
 {
-    ++the_begun;
     the_device.context().make_current();
     own_modes();
 }
@@ -130,7 +130,6 @@ void dgGLDriver::begin()
 void dgGLDriver::end()
 {
     flush();
-    --the_begun;
 }
 
 // Other drivers draw in the same context between two calls of this one.

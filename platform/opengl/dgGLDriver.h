@@ -2,7 +2,8 @@
 
 #include "dgDrawState.h"
 #include "dgDriver.h"
-#include "dgGLGeometryStore.h"
+#include "dgGLIndexRanges.h"
+#include "dgGeometry.h"
 #include "dg_openglExport.h"
 
 #include <vector>
@@ -60,7 +61,6 @@ private:
     dgGLDevice& the_device;
     int the_overlay;
     int the_inverting;
-    int the_begun = 0;
 
     dgCameraState the_camera;
     giBox2 the_clip; // empty: none

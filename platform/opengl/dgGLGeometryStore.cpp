@@ -1,9 +1,9 @@
 #include "dgGLGeometryStore.h"
 
-#include "dgCompiledStructure.h"
 #include "dgGLArena.h"
 #include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
+#include "dgPrimitiveRun.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
 #include "giVector3.h"
@@ -66,26 +66,6 @@ unsigned vertices_per_feature(dgTopology topology)
     }
     return 1;
 }
-}
-
-void dgGLIndexRanges::clear()
-{
-    counts.clear();
-    offsets.clear();
-}
-
-void dgGLIndexRanges::add(unsigned first_index, unsigned count)
-{
-    const auto* offset = reinterpret_cast<const char*>(std::uintptr_t(first_index) * sizeof(std::uint32_t));
-    if (!counts.empty() &&
-        static_cast<const char*>(offsets.back()) + static_cast<std::size_t>(counts.back()) * sizeof(std::uint32_t) ==
-            offset)
-    {
-        counts.back() += static_cast<int>(count);
-        return;
-    }
-    counts.push_back(static_cast<int>(count));
-    offsets.push_back(offset);
 }
 
 struct dgGLGeometryStore::Buffers

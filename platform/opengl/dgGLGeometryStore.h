@@ -1,6 +1,7 @@
 #pragma once
 
-#include "dgGeometry.h"
+#include "dgGLIndexRanges.h"
+#include "dgGeometryListener.h"
 #include "dgRunSampling.h"
 #include "dg_openglExport.h"
 
@@ -10,17 +11,6 @@
 
 class dgGraphicalPrimitive;
 struct dgPrimitiveRun;
-
-/// Ranges of the index buffer, in the form that a multi-draw takes. A range that continues the one before joins it.
-struct DG_OPENGL_EXPORT dgGLIndexRanges
-{
-    std::vector<int> counts;
-    std::vector<const void*> offsets; // in bytes
-
-    bool empty() const { return counts.empty(); }
-    void clear();
-    void add(unsigned first_index, unsigned count);
-};
 
 /// The copies of the geometry of primitives that an OpenGL device draws from.
 ///

@@ -68,9 +68,6 @@ public:
     /// Copies a texture where its alpha is not 0, pixel by pixel. A vertex array of the current context must be bound.
     void draw_keyed(unsigned texture, int x, int y, int width, int height);
 
-    /// An empty vertex array of the device's context.
-    unsigned empty_array() const { return the_empty_array; }
-
 private:
     std::array<dgGLProgram, dgGLProgramKind::count> the_programs;
     unsigned the_graduated = 0;

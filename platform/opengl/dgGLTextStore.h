@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dgGeometry.h"
+#include "dgGeometryListener.h"
 #include "dgRef.h"
 #include "dgTextStyle.h"
 #include "dgTriangleBlock.h"

@@ -58,15 +58,16 @@ public:
     long long features_drawn() const { return the_features; }
     void reset_features_drawn() { the_features = 0; }
 
+    /// For the drivers: counts features and moves the hand-driven clock on by what they cost.
+    void count_drawn(int features);
+
 private:
-    friend class dgTraceDriver;
     int the_width;
     int the_height;
     std::vector<std::string> the_log;
     int the_state_recorded = 0;
     std::array<int, 16> the_capabilities{};
     dgDriverKind the_type = dgDRIVER_TRACE;
-    double spend(int features);
     double the_cost = 0;
     double the_cost_noise = 0;
     std::minstd_rand the_random;

@@ -1,60 +1,33 @@
 #pragma once
 
-#include "dgEnums.h"
-#include "dgGraphicalElement.h"
+#include "dgNetworkWalk.h"
 #include "dgRenderer.h"
-#include "dgStructure.h"
-
-#include <unordered_set>
-#include <vector>
 
 /// Walks a network in drawing order and calls visit for each element that is no call, until it answers 0. A renderer,
-/// which may be null, gets a level of context for each structure. Structures lie on a vector, not on the call stack, so
-/// that networks may be of any depth; one that is being walked is not entered again.
+/// which may be null, gets a level of context for each structure.
 template <class Visit>
 void gr_walk_network(const dgStructure& root, dgRenderer* renderer, Visit visit)
 {
-    struct Frame
+    class Visitor : public dgNetworkVisitor<>
     {
-        const dgStructure* structure;
-        int position;
-    };
-    std::vector<Frame> frames;
-    std::unordered_set<const dgStructure*> open;
-    const auto enter = [&](const dgStructure& structure)
-    {
-        if (!open.insert(&structure).second)
-            return;
-        frames.push_back({&structure, 0});
-        if (renderer)
-            renderer->push_structure();
-    };
-    const auto leave = [&]
-    {
-        open.erase(frames.back().structure);
-        frames.pop_back();
-        if (renderer)
-            renderer->pop_structure();
-    };
-    enter(root);
-    while (!frames.empty())
-    {
-        Frame& frame = frames.back();
-        if (frame.position == frame.structure->nelements())
+    public:
+        Visitor(dgRenderer* renderer, Visit& visit) : the_renderer(renderer), the_visit(visit) {}
+        bool enter(const dgStructure&)
         {
-            leave();
-            continue;
+            if (the_renderer)
+                the_renderer->push_structure();
+            return true;
         }
-        const dgGraphicalElement& element = *frame.structure->element(frame.position++);
-        if (element.type() == dgTYPE_STRUCTURE_CALL)
+        bool visit(dgGraphicalElement* element) { return the_visit(*element); }
+        void leave(const dgStructure&)
         {
-            if (const dgStructure* called = element.called_structure())
-                enter(*called);
+            if (the_renderer)
+                the_renderer->pop_structure();
         }
-        else if (!visit(element))
-        {
-            while (!frames.empty())
-                leave();
-        }
-    }
+
+    private:
+        dgRenderer* the_renderer;
+        Visit& the_visit;
+    };
+    dg_walk_network(root, Visitor(renderer, visit));
 }

@@ -1,6 +1,7 @@
 #include "grAddToStructure.h"
 
 #include "dgAttributeArray.h"
+#include "dgAttributeTypes.h"
 #include "dgColourAttribute.h"
 #include "dgColourTable.h"
 #include "dgGraphicalPrimitive.h"
@@ -17,36 +18,6 @@ namespace
 {
 constexpr int last_category_held_back = 4;
 constexpr int error_no_colours = 111; // an index is to be expanded without a table that has colours
-
-struct TypeRange
-{
-    int first, last;
-};
-
-// What primitives of each type use, in the order in which it is written.
-constexpr TypeRange line_types[] = {{0, 2}};
-constexpr TypeRange text_types[] = {{3, 20}};
-constexpr TypeRange marker_types[] = {{21, 24}};
-constexpr TypeRange curve_types[] = {{0, 2}, {72, 72}};
-constexpr TypeRange surface_types[] = {{22, 23}, {0, 2}, {25, 66}, {71, 74}, {69, 69}};
-constexpr TypeRange fill_area_types[] = {{0, 2}, {25, 66}};
-constexpr TypeRange all_types[] = {{0, 74}};
-
-std::span<const TypeRange> types_used(dgGraphicalPrimitiveType type)
-{
-    switch (type)
-    {
-    case dgPRIMITIVE_LINES:
-    case dgPRIMITIVE_LINES_2D: return line_types;
-    case dgPRIMITIVE_TEXT: return text_types;
-    case dgPRIMITIVE_MARKERS: return marker_types;
-    case dgPRIMITIVE_CURVE: return curve_types;
-    case dgPRIMITIVE_SURFACE: return surface_types;
-    case dgPRIMITIVE_FILL_AREA: return fill_area_types;
-    case dgPRIMITIVE_ANY: return all_types;
-    }
-    return {};
-}
 
 bool bears_colour(int type)
 {
@@ -260,7 +231,7 @@ void grAddToStructure::release_held_back(int type)
 
 void grAddToStructure::write_held_back(dgGraphicalPrimitiveType type)
 {
-    for (const TypeRange& range : types_used(type))
+    for (const dgTypeRange& range : dg_attribute_types(type))
         write_held_back(range.first, range.last);
 }
 

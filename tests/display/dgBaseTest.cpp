@@ -1,10 +1,14 @@
 #include "dgLabel.h"
 #include "dgRef.h"
 #include "dgSerr.h"
+#include "dgView.h"
 #include "gsColour.h"
+#include "gsHeap.h"
 #include "gsRGB.h"
 
 #include <gtest/gtest.h>
+
+#include <sstream>
 
 namespace
 {
@@ -73,4 +77,12 @@ TEST(gsColour, compares_indices_only_with_indices)
     EXPECT_FALSE(index == gsColour());
     index.set_rgb(1, 1, 1);
     EXPECT_EQ(index, gsColour());
+}
+
+TEST(gsHeap, reports_the_objects_that_live_by_class)
+{
+    const dgView first, second;
+    std::ostringstream report;
+    gsHeap::print(report);
+    EXPECT_EQ(report.str(), "2 live objects\n  dgView 2\n");
 }

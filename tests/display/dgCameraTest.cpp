@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
+
 #include <cmath>
 
 namespace
@@ -136,22 +139,37 @@ TEST(dgCamera, a_pan_is_measured_in_pixels_whatever_the_window_s_proportions)
     EXPECT_NEAR(through(camera, giPoint3(), dgSPACE_VIEW, dgSPACE_DEVICE).x() - before.x(), 10, 1e-9);
 }
 
-TEST(dgCamera, fits_a_box_into_the_window_whatever_the_orientation)
+TEST(dgCamera, fits_a_box_into_the_window_with_a_margin)
 {
-    const giBox3 box(giPoint3(10, 20, 30), giPoint3(14, 22, 31));
-    for (const dgBoundingViewType type : {dgBOUNDING_VIEW_BOX, dgBOUNDING_VIEW_SPHERE})
-    {
-        dgCamera camera = test_camera(dgPROJECTION_PARALLEL);
-        camera.view_bounding_box(box, type);
-        EXPECT_TRUE(camera.view_centre().coincident(box.middle(), 1e-9));
-        for (int i = 0; i < 8; ++i)
-        {
-            const giPoint3 corner = through(camera, box.corner(i), dgSPACE_WORLD, dgSPACE_DEVICE);
-            EXPECT_TRUE(camera.view_port_dc().contains(giPoint2(corner.x(), corner.y())));
-            EXPECT_LT(corner.z(), camera.front_plane());
-            EXPECT_GT(corner.z(), camera.back_plane());
-        }
-    }
+    const giBox3 boxes[] = {{giPoint3(10, 20, 30), giPoint3(14, 22, 31)},
+                            {giPoint3(-100, -100, -100), giPoint3(100, 100, 100)},
+                            {giPoint3(0, 0, 0), giPoint3(0.01, 0.02, 0.01)}};
+    for (const dgProjection projection : {dgPROJECTION_PARALLEL, dgPROJECTION_PERSPECTIVE})
+        for (const dgBoundingViewType type : {dgBOUNDING_VIEW_BOX, dgBOUNDING_VIEW_SPHERE})
+            for (const giBox3& box : boxes)
+                for (const double off : {0.0, 2.0})
+                {
+                    dgCamera camera = test_camera(projection);
+                    camera.projection_reference_point(giPoint3(off, -off, 5));
+                    camera.view_bounding_box(box, type);
+                    EXPECT_TRUE(camera.view_centre().coincident(box.middle(), 1e-9));
+                    double front, back;
+                    camera.shown_depths(front, back);
+                    double reach = 0; // 1 at the edge of the window
+                    for (int i = 0; i < 8; ++i)
+                    {
+                        const giPoint3 corner = through(camera, box.corner(i), dgSPACE_WORLD, dgSPACE_DEVICE);
+                        reach = std::max({reach, std::abs(corner.x() - 199.5) / 100, std::abs(corner.y() - 99.5) / 50});
+                        EXPECT_LT(corner.z(), front);
+                        EXPECT_GT(corner.z(), back);
+                    }
+                    // 2.5 % of the picture on each side, and more about a sphere.
+                    EXPECT_LE(reach, 1 / 1.05 + 1e-9);
+                    if (type == dgBOUNDING_VIEW_BOX)
+                    {
+                        EXPECT_NEAR(reach, 1 / 1.05, 1e-9);
+                    }
+                }
     dgCamera camera = test_camera(dgPROJECTION_PARALLEL);
     const giBox2 window = camera.view_window();
     camera.view_bounding_box(giBox3(), dgBOUNDING_VIEW_BOX);
@@ -161,15 +179,18 @@ TEST(dgCamera, fits_a_box_into_the_window_whatever_the_orientation)
 TEST(dgCamera, a_sphere_fit_shows_the_box_after_any_turn_about_its_middle)
 {
     const giBox3 box(giPoint3(0, 0, 0), giPoint3(4, 2, 1));
-    dgCamera camera = test_camera(dgPROJECTION_PARALLEL);
-    camera.view_bounding_box(box, dgBOUNDING_VIEW_SPHERE);
-    for (int turn = 0; turn < 12; ++turn)
+    for (const dgProjection projection : {dgPROJECTION_PARALLEL, dgPROJECTION_PERSPECTIVE})
     {
-        camera.rotate_view(static_cast<gi_Axis>(turn % 3), 0.5);
-        for (int i = 0; i < 8; ++i)
+        dgCamera camera = test_camera(projection);
+        camera.view_bounding_box(box, dgBOUNDING_VIEW_SPHERE);
+        for (int turn = 0; turn < 12; ++turn)
         {
-            const giPoint3 corner = through(camera, box.corner(i), dgSPACE_WORLD, dgSPACE_DEVICE);
-            EXPECT_TRUE(camera.view_port_dc().contains(giPoint2(corner.x(), corner.y())));
+            camera.rotate_view(static_cast<gi_Axis>(turn % 3), 0.5);
+            for (int i = 0; i < 8; ++i)
+            {
+                const giPoint3 corner = through(camera, box.corner(i), dgSPACE_WORLD, dgSPACE_DEVICE);
+                EXPECT_TRUE(camera.view_port_dc().contains(giPoint2(corner.x(), corner.y())));
+            }
         }
     }
 }

@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <memory>
 
 namespace
@@ -48,6 +49,22 @@ struct Scene
         view.render_network(nullptr);
         return window.log();
     }
+};
+
+// Draws nothing and does to its surroundings what it is made for.
+class Meddler : public dgAppElement
+{
+public:
+    explicit Meddler(std::function<void(dgRenderer&)> meddle) : the_meddle(std::move(meddle)) {}
+    Meddler* copy() const override { return new Meddler(*this); }
+    void draw(dgRenderer* renderer) const override
+    {
+        const auto meddle = the_meddle; // this element may be gone before the end
+        meddle(*renderer);
+    }
+
+private:
+    std::function<void(dgRenderer&)> the_meddle;
 };
 
 class EverySecond : public gsRenderAction
@@ -209,4 +226,80 @@ TEST(dgRenderer, draws_the_12_edges_of_a_box)
     scene.renderer.draw_bounding_box(*scene.root);
     EXPECT_EQ(starting_with(scene.window.log(), "draw"), (Lines{"draw_segments 12"}));
     scene.view.end();
+}
+
+TEST(dgRenderer, draws_to_the_end_what_an_element_edits_clears_or_drops_under_it)
+{
+    struct Case
+    {
+        const char* name;
+        void (*meddle)(dgView& view, dgStructure& part);
+    };
+    const Case cases[] = {
+        {"clears the part", [](dgView&, dgStructure& part) { part.clear(); }},
+        {"deletes itself", [](dgView&, dgStructure& part) { part.delete_range(1, 1); }},
+        {"deletes what follows", [](dgView&, dgStructure& part) { part.delete_range(2, 2); }},
+        {"deletes the call of the part", [](dgView& view, dgStructure&) { view.root()->delete_range(0, 0); }},
+        {"drops the root", [](dgView& view, dgStructure&) { view.root(nullptr); }},
+        {"clears and asks for the box",
+         [](dgView& view, dgStructure& part)
+         {
+             part.clear();
+             view.root()->bounding_box();
+             view.root()->network_stamp();
+         }},
+        {"draws the whole again", [](dgView& view, dgStructure&) { view.execute_structure(*view.root()); }},
+    };
+    for (const Case& c : cases)
+        for (const int through_action : {0, 1})
+        {
+            Scene scene;
+            auto* part = new dgClientStructure;
+            part->add(line());
+            part->add(new Meddler([&, part](dgRenderer&) { c.meddle(scene.view, *part); }));
+            part->add(line());
+            scene.root->add(new dgStructureCall(part));
+            scene.root.reset(); // the view alone holds it
+            gsRenderAction watching;
+            scene.renderer.render_action(through_action ? &watching : nullptr);
+            EXPECT_EQ(starting_with(scene.draw(), "draw").size(), 2u) << c.name;
+        }
+}
+
+TEST(dgRenderer, leaves_structures_that_nobody_counts_to_their_owner)
+{
+    Scene scene;
+    dgClientStructure on_the_stack;
+    on_the_stack.add(line());
+    scene.view.render_network(&on_the_stack);
+    scene.view.render_network_normal(on_the_stack);
+    EXPECT_EQ(on_the_stack.nelements(), 1);
+    EXPECT_EQ(on_the_stack.reference_count(), 0);
+}
+
+TEST(dgRenderer, keeps_the_attributes_that_it_uses)
+{
+    for (const int counted : {0, 1})
+    {
+        Scene scene;
+        scene.window.record_state(1);
+        scene.root->add(line());
+        auto* red = new dgLineColour(gsColour(1, 0, 0));
+        const dgRef<dgLineColour> released(counted ? red : nullptr);
+        scene.renderer.execute(*red); // outside of any level
+        if (!counted)
+            delete red;
+        EXPECT_EQ(starting_with(scene.draw(), "state line 1 0 0 ").size(), 1u) << counted;
+    }
+}
+
+TEST(dgRenderer, draws_an_indexed_colour_as_its_table_says)
+{
+    Scene scene;
+    scene.window.record_state(1);
+    scene.root->add(new dgLineColour(gsColour::from_index(-1)));
+    scene.root->add(line());
+    EXPECT_EQ(starting_with(scene.draw(), "state line 1 1 1 ").size(), 1u);
+    scene.renderer.colour_table(dgColourTable({gsColour(1, 0, 0), gsColour(0, 0, 1)}));
+    EXPECT_EQ(starting_with(scene.draw(), "state line 0 0 1 ").size(), 1u);
 }

@@ -8,6 +8,8 @@
 #include "dgStructureCall.h"
 #include "dgStructureIterator.h"
 #include "dgTransform.h"
+#include "dgTriangleBlock.h"
+#include "giTriBlock.h"
 
 #include <gtest/gtest.h>
 
@@ -172,4 +174,30 @@ TEST(dgCompiledStructure, breaks_runs_at_state_changes_but_not_at_labels)
     for (const auto& step : structure.compiled().steps())
         sizes.push_back(step.run ? step.run->primitives.size() : 0);
     EXPECT_EQ(sizes, (std::vector<std::size_t>{2, 0, 1, 1}));
+}
+
+TEST(dgCompiledStructure, moves_a_block_that_gets_or_loses_normals_to_another_run)
+{
+    dgClientStructure structure;
+    dgTriangleBlock* blocks[2];
+    for (dgTriangleBlock*& block : blocks)
+    {
+        block = new dgTriangleBlock(new giTriBlock, 1);
+        block->block().nodes().append(giPoint3());
+        structure.add(block);
+    }
+    const auto normals_of_runs = [&]
+    {
+        std::vector<int> normals;
+        for (const auto& step : structure.compiled().steps())
+            normals.push_back(step.run->has_normals);
+        return normals;
+    };
+    EXPECT_EQ(normals_of_runs(), (std::vector<int>{0}));
+    blocks[1]->block().create_normals();
+    blocks[1]->block_changed();
+    EXPECT_EQ(normals_of_runs(), (std::vector<int>{0, 1}));
+    blocks[1]->block().remove_normals();
+    blocks[1]->block_changed();
+    EXPECT_EQ(normals_of_runs(), (std::vector<int>{0}));
 }

@@ -1,4 +1,4 @@
-#include "../render/renderScene.h"
+#include "../opengl/renderScene.h"
 
 #include "grCanvas.h"
 #include "grRubberBandCallback.h"

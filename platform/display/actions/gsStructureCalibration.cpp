@@ -1,7 +1,7 @@
 #include "gsStructureCalibration.h"
 
 #include "apHighResTime.h"
-#include "dgCompiledStructure.h"
+#include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
 
 #include <algorithm>

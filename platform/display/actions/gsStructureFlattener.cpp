@@ -2,54 +2,18 @@
 
 #include "apHighResTime.h"
 #include "dgAttributeArray.h"
+#include "dgAttributeTypes.h"
 #include "dgBackSurfaceColour.h"
 #include "dgColourAttribute.h"
 #include "dgCompiledStructure.h"
 #include "dgDriver.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgRenderer.h"
-#include "dgS.h"
 #include "dgStructureCall.h"
 #include "dgWorldTransform.h"
 
 namespace
 {
-struct Range
-{
-    int first, last;
-};
-
-// The attributes that primitives of each type use.
-constexpr Range line_range[] = {{0, 2}};
-constexpr Range text_range[] = {{3, 20}};
-constexpr Range marker_range[] = {{21, 24}};
-constexpr Range curve_range[] = {{0, 2}, {72, 72}};
-constexpr Range surface_range[] = {{22, 23}, {0, 2}, {25, 66}, {71, 74}, {69, 69}};
-constexpr Range area_range[] = {{0, 2}, {25, 66}};
-constexpr Range any_range[] = {{0, 66}, {69, 74}};
-
-template <class Visit>
-void for_each_attribute(dgGraphicalPrimitiveType type, Visit visit)
-{
-    const auto walk = [&](const auto& ranges)
-    {
-        for (const Range& range : ranges)
-            for (int i = range.first; i <= range.last; ++i)
-                visit(i);
-    };
-    switch (type)
-    {
-    case dgPRIMITIVE_LINES:
-    case dgPRIMITIVE_LINES_2D: walk(line_range); return;
-    case dgPRIMITIVE_TEXT: walk(text_range); return;
-    case dgPRIMITIVE_MARKERS: walk(marker_range); return;
-    case dgPRIMITIVE_CURVE: walk(curve_range); return;
-    case dgPRIMITIVE_SURFACE: walk(surface_range); return;
-    case dgPRIMITIVE_FILL_AREA: walk(area_range); return;
-    case dgPRIMITIVE_ANY: walk(any_range); return;
-    }
-}
-
 // Structures count references on their elements, which a const pointer does not allow.
 template <class Element>
 Element* shared(const Element* element)
@@ -146,28 +110,28 @@ void gsStructureFlattener::write_run(const dgRenderer& renderer, const dgPrimiti
 void gsStructureFlattener::write_state(const dgRenderer& renderer, dgGraphicalPrimitiveType type)
 {
     // Points are not brought to world space one by one: their rounding would move pixels.
-    if (!(renderer.transform() == the_transform))
+    if (!(renderer.context().transform() == the_transform))
     {
-        the_transform = renderer.transform();
+        the_transform = renderer.context().transform();
         the_target->add(new dgWorldTransform(the_transform));
     }
-    for_each_attribute(type,
-                       [&](int i)
-                       {
-                           if (i == dgTYPE_BACK_SURFACE_COLOUR)
-                               write_back_colour(renderer);
-                           else
-                               write_attribute(renderer, i);
-                       });
+    for (const dgTypeRange& range : dg_attribute_types(type))
+        for (int i = range.first; i <= range.last; ++i)
+        {
+            if (i == dgTYPE_BACK_SURFACE_COLOUR)
+                write_back_colour(renderer);
+            else
+                write_attribute(renderer, i);
+        }
 }
 
 void gsStructureFlattener::write_attribute(const dgRenderer& renderer, int type)
 {
     const dgGraphicalAttribute* before = the_attributes[type].get();
-    const dgGraphicalAttribute* now = renderer.attribute(type);
+    const dgGraphicalAttribute* now = renderer.context().attribute(type);
     if (now == before)
         return;
-    const dgGraphicalAttribute* standard = dgS::attribute_array().query(type);
+    const dgGraphicalAttribute* standard = dgAttributeArray::process_wide().query(type);
     if (!before)
         before = standard;
     if (!now)
@@ -181,7 +145,7 @@ void gsStructureFlattener::write_attribute(const dgRenderer& renderer, int type)
 void gsStructureFlattener::write_back_colour(const dgRenderer& renderer)
 {
     const dgGraphicalAttribute* before = the_attributes[dgTYPE_BACK_SURFACE_COLOUR].get();
-    const dgGraphicalAttribute* now = renderer.attribute(dgTYPE_BACK_SURFACE_COLOUR);
+    const dgGraphicalAttribute* now = renderer.context().attribute(dgTYPE_BACK_SURFACE_COLOUR);
     if (now == before)
         return;
     if (now)
@@ -190,9 +154,9 @@ void gsStructureFlattener::write_back_colour(const dgRenderer& renderer)
             write(shared(now));
         return;
     }
-    const dgGraphicalAttribute* front = renderer.attribute(dgTYPE_SURFACE_COLOUR);
+    const dgGraphicalAttribute* front = renderer.context().attribute(dgTYPE_SURFACE_COLOUR);
     if (!front)
-        front = dgS::attribute_array().query(dgTYPE_SURFACE_COLOUR);
+        front = dgAttributeArray::process_wide().query(dgTYPE_SURFACE_COLOUR);
     const gsColour colour = front ? static_cast<const dgColourAttribute*>(front)->colour() : gsColour(0.8, 0.8, 0.8);
     if (!(static_cast<const dgColourAttribute*>(before)->colour() == colour))
         write(new dgBackSurfaceColour(colour));

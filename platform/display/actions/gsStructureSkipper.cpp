@@ -1,6 +1,6 @@
 #include "gsStructureSkipper.h"
 
-#include "dgCompiledStructure.h"
+#include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "gsStructureSlicer.h"
 
-#include "dgCompiledStructure.h"
+#include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
 
 #include <algorithm>

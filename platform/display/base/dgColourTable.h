@@ -18,6 +18,14 @@ public:
     const gsColour& colour(int index) const { return the_colours[static_cast<std::size_t>(index)]; }
     void colour(int index, const gsColour& colour) { the_colours[static_cast<std::size_t>(index)] = colour; }
 
+    /// What is drawn for a colour: a direct colour itself, the entry of an indexed one. Indices beyond the ends begin
+    /// again at the other end; without entries the colour's own channels count, which are white for an indexed colour.
+    gsColour direct(const gsColour& colour) const
+    {
+        const int n = nentries();
+        return colour.representation() == gsCOLOUR_INDEX && n ? this->colour((colour.index() % n + n) % n) : colour;
+    }
+
     /// Appends a colour.
     void add(const gsColour& colour) { the_colours.push_back(colour); }
 

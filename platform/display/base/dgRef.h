@@ -37,3 +37,11 @@ public:
 private:
     T* the_object = nullptr;
 };
+
+/// A reference that keeps an object which others count too. One that nobody counts is its owner's to keep, and stays as
+/// it is: the reference is empty.
+template <class T>
+dgRef<T> dg_hold(const T& object)
+{
+    return dgRef<T>(object.reference_count() > 0 ? const_cast<T*>(&object) : nullptr);
+}

@@ -39,6 +39,13 @@ void gsColour::rgb(gsRGB& rgb) const
     rgb = {to_8_bits(the_red), to_8_bits(the_green), to_8_bits(the_blue)};
 }
 
+void gsColour::channels(float (&rgb)[3]) const
+{
+    rgb[0] = static_cast<float>(the_red);
+    rgb[1] = static_cast<float>(the_green);
+    rgb[2] = static_cast<float>(the_blue);
+}
+
 bool gsColour::operator==(const gsColour& other) const
 {
     if (the_representation != other.the_representation)

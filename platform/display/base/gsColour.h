@@ -42,6 +42,9 @@ public:
     /// Sets rgb to the channels rounded to 8 bits, clamped to 0 to 255.
     void rgb(gsRGB& rgb) const;
 
+    /// Sets rgb to red, green and blue from 0 to 1, as drivers take them.
+    void channels(float (&rgb)[3]) const;
+
     void become(utCopyTag, const gsColour& other) { *this = other; }
 
     /// Direct colours compare by channels, indexed ones by index.

@@ -1,5 +1,10 @@
 #include "gsHeap.h"
 
+#include "dgBase.h"
+
+#include <map>
+#include <ostream>
+#include <string>
 #include <unordered_set>
 
 namespace
@@ -27,8 +32,12 @@ int gsHeap::object_count()
     return static_cast<int>(live_objects().size());
 }
 
-void gsHeap::for_each_object(void (*visit)(const dgBase*, void*), void* data)
+void gsHeap::print(std::ostream& os)
 {
+    std::map<std::string, int> numbers;
     for (const dgBase* object : live_objects())
-        visit(object, data);
+        ++numbers[object->ut_dynamic_type().name()];
+    os << object_count() << " live objects\n";
+    for (const auto& [name, number] : numbers)
+        os << "  " << name << " " << number << "\n";
 }

@@ -2,9 +2,12 @@
 
 #include "dgExport.h"
 
+#include <iosfwd>
+
 class dgBase;
 
-/// Bookkeeping of live objects, for reports of what was left behind.
+/// The objects that live, of the classes that report here (display views and their companions), to find what was left
+/// behind.
 class DG_EXPORT gsHeap
 {
 public:
@@ -15,6 +18,6 @@ public:
 
     static int object_count();
 
-    /// Calls visit for every live object, in no particular order.
-    static void for_each_object(void (*visit)(const dgBase* object, void* data), void* data);
+    /// The leak report: a line with the number of live objects, and one for each class with its name and number.
+    static void print(std::ostream& os);
 };

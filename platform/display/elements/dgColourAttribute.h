@@ -3,7 +3,8 @@
 #include "dgGraphicalAttribute.h"
 #include "gsColour.h"
 
-/// What the attributes that carry one colour have in common.
+/// What the attributes that carry one colour have in common: the elements of types 0 (lines), 12 (text), 22 (markers),
+/// 29 (surfaces) and 31 (their back faces).
 class DG_EXPORT dgColourAttribute : public dgGraphicalAttribute
 {
 public:
@@ -11,8 +12,6 @@ public:
 
     /// Replaces the colour in place.
     void colour(const gsColour& colour);
-
-    /// The attribute behind an element of types 0, 12, 22, 29 and 31; null for every other element.
 
     UT_DECLARE_TYPE(dgColourAttribute, dgGraphicalElement);
 

@@ -17,7 +17,6 @@ public:
     dgPointSet* copy() const override;
     dgGraphicalPrimitiveType primitive_type() const override { return dgPRIMITIVE_MARKERS; }
     dgGeometry geometry() const override;
-    giBox3 bounding_box() const override;
 
     UT_DECLARE_TYPE(dgPointSet, dgGraphicalElement);
 

@@ -24,7 +24,6 @@ public:
     dgPolyline* copy() const override;
     dgGraphicalPrimitiveType primitive_type() const override { return dgPRIMITIVE_LINES; }
     dgGeometry geometry() const override;
-    giBox3 bounding_box() const override;
 
     UT_DECLARE_TYPE(dgPolyline, dgGraphicalElement);
 

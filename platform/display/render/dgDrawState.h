@@ -3,6 +3,7 @@
 #include "dgTextStyle.h"
 #include "giBox2.h"
 #include "giXform3.h"
+#include "gsColour.h"
 
 /// The attributes in force, resolved for a driver. Colours are red, green and blue from 0 to 1; sizes are pixels.
 struct dgDrawState
@@ -38,6 +39,15 @@ struct dgCameraState
 /// What an area is erased with. Colours are red, green and blue from 0 to 1.
 struct dgBackground
 {
+    static dgBackground plain(const gsColour& colour) { return graduated(colour, colour); }
+    static dgBackground graduated(const gsColour& top, const gsColour& bottom)
+    {
+        dgBackground background;
+        top.channels(background.top);
+        bottom.channels(background.bottom);
+        return background;
+    }
+
     float top[3] = {0, 0, 0};
     float bottom[3] = {0, 0, 0};
 };

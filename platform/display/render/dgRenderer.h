@@ -1,18 +1,15 @@
 #pragma once
 
+#include "dgAttributeContext.h"
+#include "dgColourTable.h"
 #include "dgDrawQuality.h"
-#include "dgDrawState.h"
 #include "dgEnums.h"
 #include "dgExport.h"
 #include "dgPickSettings.h"
-#include "dgRef.h"
-#include "giBox2.h"
-#include "giXform3.h"
+#include "dgRenderTargets.h"
+#include "dgTextFontSlots.h"
 #include "gsColour.h"
 
-#include <array>
-#include <map>
-#include <memory>
 #include <vector>
 
 class dgCamera;
@@ -31,40 +28,12 @@ struct dgImage;
 struct dgPrimitiveRun;
 
 /// Draws views on a window through a driver, and on its overlay if there is one. Owned by the application.
-class DG_EXPORT dgRenderer
+class DG_EXPORT dgRenderer : public dgRenderTargets
 {
 public:
     /// The windows are not owned. Without an overlay both are the same. input_window is what events name, or null.
     dgRenderer(dgWindow* main, dgWindow* overlay, const gwWindow* input_window = nullptr);
-    ~dgRenderer();
-    dgRenderer(const dgRenderer&) = delete;
-    dgRenderer& operator=(const dgRenderer&) = delete;
-
-    /// 0 the main window, 1 the overlay; equal when there is no overlay.
-    dgWindow* window(int index) const { return the_windows[index]; }
-    const gwWindow* input_window() const { return the_input_window; }
-
-    /// Device box of the main window, low and high pixels included.
-    giBox2 window_box() const;
-
-    /// The driver of an index, made on first request: 0 normal, 1 rubber bands, -1 the current one.
-    dgDriver* driver(int index = -1) const;
-
-    /// Makes a driver the current one; 1 on success.
-    int select_driver(int index);
-    int current_driver_index() const { return the_current_driver; }
-
-    /// 1 when what is drawn is combined with what is there by exclusive or: driver 1 where there is no overlay.
-    int in_xor_mode() const;
-
-    /// Choose and exchange colour buffers; nothing happens on a single-buffered renderer.
-    void select_buffer(dgDoubleBuffer buffer);
-    void swap_buffers(dgDoubleBufferSwap mode);
-
-    /// 1 when a mode, or any mode for -1, has the capability. The last argument is ignored.
-    int driver_capability(int mode, dgDriverCapability capability, int ignored = 0) const;
-    int mode() const { return the_mode; }
-    void mode(int mode) { the_mode = mode; }
+    ~dgRenderer() override;
 
     int depth_cueing() const { return the_depth_cueing; }
     void depth_cueing(int on) { the_depth_cueing = on; }
@@ -72,20 +41,7 @@ public:
     /// What far things fade to under depth cueing.
     void cue_colour(const gsColour& colour) { the_cue_colour = colour; }
 
-    /// Clears a window: 0 the main one to the background colour, 1 the overlay to nothing.
-    void erase(int window);
-
-    gsColour background_colour() const { return the_background; }
-    void background_colour(const gsColour& colour) { the_background = colour; }
-
-    /// Confines what is erased and drawn on the main window to a device box, low and high pixels included; an empty box
-    /// lifts it. The picture inside is the same as without.
-    void clip(const giBox2& device_box);
-
-    /// Bracket immediate drawing under a camera, which is set before or inside and is forgotten at the end. They nest;
-    /// the outermost pair acts.
-    void begin();
-    void end();
+    /// The camera of immediate drawing, set before or between begin and end and forgotten at the outermost end.
     void set_camera(const dgCamera* camera);
 
     /// Camera 0 is the one set last; there are no others.
@@ -110,6 +66,10 @@ public:
     /// References the font in place of the one before; null clears the slot.
     void set_text_font(dgTextFont* font, int slot);
 
+    /// What the indexed colours of attributes stand for; copied. Empty at first.
+    const dgColourTable& colour_table() const { return the_colour_table; }
+    void colour_table(const dgColourTable& table);
+
     /// Whether frames are accumulated for smooth edges.
     int accumulate() const { return the_accumulate; }
     void accumulate(int on) { the_accumulate = on; }
@@ -122,21 +82,18 @@ public:
     void pick_settings(const dgPickSettings& settings) { the_pick_settings = settings; }
 
     /// Open and close one level of attribute context; a pop restores the attributes and the transform exactly.
-    void push_structure();
-    void pop_structure();
+    void push_structure() { the_context.push(); }
+    void pop_structure() { the_context.pop(); }
+
+    /// What is in force where the drawing stands.
+    const dgAttributeContext& context() const { return the_context; }
 
     /// Execute one element between begin and end: an attribute is applied, a primitive drawn.
     void execute(const dgGraphicalElement& element);
-    void set_attribute(const dgGraphicalAttribute& attribute);
+    void set_attribute(const dgGraphicalAttribute& attribute) { the_context.set(attribute); }
     void draw_primitive(const dgGraphicalPrimitive& primitive);
     void draw_run(const dgPrimitiveRun& run);
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans);
-
-    /// The attribute of a type code that was set in the present context, or null where the default holds.
-    const dgGraphicalAttribute* attribute(int type) const { return the_attributes[type]; }
-
-    /// From the coordinates of the present context to world space.
-    const giXform3& transform() const { return the_transform; }
 
     /// Draws a structure and all that it calls between begin and end, in a context of its own. A structure that is
     /// already being drawn is not entered again, so that cycles end.
@@ -151,50 +108,26 @@ public:
     /// Sends the attributes and the transform in force to the driver. Elements that draw by themselves call it first.
     void flush_state();
 
-    /// Reads the selected buffer inside a device box.
-    void read_pixels(const giBox2& device_box, dgImage& image);
-
-    /// Waits until everything is drawn.
-    void finish();
+protected:
+    void driver_begun() override;
+    void driver_ended() override;
 
 private:
-    struct Undo
-    {
-        int type;
-        const dgGraphicalAttribute* attribute;
-    };
-    struct Level
-    {
-        std::size_t undo_mark;
-        giXform3 transform;
-    };
     friend class dgSelectedDriver;
-    void draw_steps(const dgStructure& structure, int through_action);
+    void draw_steps(const dgStructure& structure, bool through_action);
 
-    dgWindow* the_windows[2];
-    const gwWindow* the_input_window;
-    mutable std::unique_ptr<dgDriver> the_drivers[2];
-    int the_current_driver = 0;
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
-    int the_mode = 0;
     int the_depth_cueing = 0;
     int the_accumulate = 0;
     int the_idle_slicing_forbidden = 0;
-    int the_begun = 0;
     dgHLHSRMode the_hlhsr_mode = dgHLHSR_ZBUFFER;
-    gsColour the_background{0, 0, 0};
     gsColour the_cue_colour{0, 0, 0};
     gsRenderAction* the_render_action = nullptr;
     dgDrawQuality the_draw_quality;
     dgPickSettings the_pick_settings;
-    std::map<int, dgRef<dgTextFont>> the_text_fonts; // by slot
+    dgTextFontSlots the_text_fonts;
+    dgColourTable the_colour_table;
+    dgAttributeContext the_context;
     const dgCamera* the_camera = nullptr;
-
-    // The context: attributes that were set, null where the default holds; undone level by level.
-    std::array<const dgGraphicalAttribute*, dgTYPE_LAST_ATTRIBUTE + 1> the_attributes{};
-    std::vector<Undo> the_undo;
-    std::vector<Level> the_levels;
-    giXform3 the_transform;
-    int the_state_changed = 1;
-    int the_transform_changed = 1;
+    unsigned long long the_walk = 0; // through the networks being drawn, 0: none
 };

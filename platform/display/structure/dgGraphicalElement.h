@@ -1,11 +1,10 @@
 #pragma once
 
 #include "dgBase.h"
+#include "dgElementHolders.h"
 #include "dgEnums.h"
 
 #include <iosfwd>
-#include <memory>
-#include <vector>
 
 class dgRenderer;
 class dgStructure;
@@ -42,15 +41,15 @@ public:
     unsigned long long stamp() const { return the_stamp; }
 
     /// How many times a structure holds the element.
-    int times_held_by(const dgStructure* structure) const;
+    int times_held_by(const dgStructure* structure) const { return the_holders.count(structure); }
 
     virtual void print(std::ostream& os) const;
 
     UT_DECLARE_TYPE(dgGraphicalElement, dgBase);
 
     // Bookkeeping of the structures that hold the element, by those structures alone.
-    void add_holder(dgStructure* holder);
-    void remove_holder(dgStructure* holder);
+    void add_holder(dgStructure* holder) { the_holders.add(holder); }
+    void remove_holder(dgStructure* holder) { the_holders.remove(holder); }
 
 protected:
     dgGraphicalElement(dgGraphicalElementKind kind, int type);
@@ -64,6 +63,5 @@ private:
     unsigned char the_kind;
     unsigned char the_type;
     unsigned long long the_stamp;
-    dgStructure* the_holder = nullptr;                     // the first one, nearly always the only one
-    std::unique_ptr<std::vector<dgStructure*>> the_others; // further ones
+    dgElementHolders the_holders;
 };

@@ -1,8 +1,9 @@
 #include "dgGraphicalPrimitive.h"
 
+#include "dgGeometryListener.h"
 #include "dgRenderer.h"
+#include "giBox3.h"
 
-#include <algorithm>
 #include <vector>
 
 UT_DEFINE_TYPE(dgGraphicalPrimitive, dgGraphicalElement);
@@ -13,7 +14,6 @@ struct GeometryIds
 {
     std::vector<unsigned> free;
     unsigned last = 0;
-    std::vector<dgGeometryListener*> listeners;
 };
 
 GeometryIds& geometry_ids()
@@ -23,22 +23,11 @@ GeometryIds& geometry_ids()
 }
 }
 
-dgGeometryListener::dgGeometryListener()
-{
-    geometry_ids().listeners.push_back(this);
-}
-
-dgGeometryListener::~dgGeometryListener()
-{
-    std::erase(geometry_ids().listeners, this);
-}
-
 dgGraphicalPrimitive::~dgGraphicalPrimitive()
 {
     if (!the_geometry_id)
         return;
-    for (dgGeometryListener* listener : geometry_ids().listeners)
-        listener->geometry_released(the_geometry_id);
+    dgGeometryListener::tell_released(the_geometry_id);
     geometry_ids().free.push_back(the_geometry_id);
 }
 
@@ -57,6 +46,15 @@ unsigned dgGraphicalPrimitive::geometry_id() const
         ids.free.pop_back();
     }
     return the_geometry_id;
+}
+
+giBox3 dgGraphicalPrimitive::bounding_box() const
+{
+    const dgGeometry shape = geometry();
+    giBox3 box;
+    for (int i = 0; i < shape.npoints; ++i)
+        box.merge(shape.points[i]);
+    return box;
 }
 
 int dgGraphicalPrimitive::category() const

@@ -27,6 +27,9 @@ public:
     /// their copies of the geometry under it.
     unsigned geometry_id() const;
 
+    /// Of all points of the geometry.
+    giBox3 bounding_box() const override;
+
     dgGraphicalPrimitive* copy() const override = 0;
     void draw(dgRenderer* renderer) const override;
 

@@ -1,61 +1,22 @@
 #include "dgStructure.h"
 
-#include "dgClientStructure.h"
 #include "dgCompiledStructure.h"
 #include "dgGraphicalElement.h"
+#include "dgNetworkWalk.h"
 #include "dgStamp.h"
-#include "dgTransform.h"
-#include "dgWorldTransform.h"
-
-#include "giXform3.h"
 
 #include <algorithm>
 #include <ostream>
-#include <unordered_set>
 #include <vector>
 
 UT_DEFINE_TYPE(dgStructure, dgBase);
-UT_DEFINE_TYPE(dgClientStructure, dgStructure);
 
-namespace
+// What a walk through the structure may still use.
+struct dgStructure::Retired
 {
-// Walks a network depth first without recursion, however deep it is; a structure that is being walked is not entered
-// again, so that one that calls itself ends.
-template <class Enter, class Visit, class Leave>
-void walk_network(const dgStructure& root, Enter enter, Visit visit, Leave leave)
-{
-    struct Frame
-    {
-        const dgStructure* structure;
-        int position;
-    };
-    std::vector<Frame> frames{{&root, 0}};
-    std::unordered_set<const dgStructure*> open{&root};
-    enter(root);
-    while (!frames.empty())
-    {
-        Frame& frame = frames.back();
-        if (frame.position == frame.structure->nelements())
-        {
-            leave(*frame.structure);
-            open.erase(frame.structure);
-            frames.pop_back();
-            continue;
-        }
-        const dgGraphicalElement& element = *frame.structure->element(frame.position++);
-        const dgStructure* called = element.called_structure();
-        if (!called)
-        {
-            visit(element);
-        }
-        else if (open.insert(called).second)
-        {
-            enter(*called);
-            frames.push_back({called, 0});
-        }
-    }
-}
-}
+    std::vector<dgRef<dgGraphicalElement>> elements;
+    std::vector<std::unique_ptr<dgCompiledStructure>> compiled; // points at the elements and goes before them
+};
 
 dgStructure::dgStructure() : the_stamp(dg_next_stamp()), the_content_stamp(the_stamp) {}
 
@@ -74,7 +35,8 @@ void dgStructure::unreference()
     if (lower_reference_count() >= 1)
         return;
     // A queue in place of recursion: each structure's end may let go of the last reference on those that it calls.
-    static std::vector<dgStructure*> doomed;
+    // Never destroyed: static objects may hold the last reference.
+    static auto& doomed = *new std::vector<dgStructure*>;
     static bool destroying = false;
     doomed.push_back(this);
     if (destroying)
@@ -110,7 +72,7 @@ void dgStructure::delete_range(int first, int last)
         return;
     // The compiled form points at the elements: it goes before they do.
     contents_changed();
-    the_compiled.reset();
+    retire_compiled();
     std::vector<dgGraphicalElement*> removed;
     removed.reserve(last - first + 1);
     for (int i = first; i <= last; ++i)
@@ -120,6 +82,8 @@ void dgStructure::delete_range(int first, int last)
     for (dgGraphicalElement* element : removed)
     {
         element->remove_holder(this);
+        if (the_walk)
+            retired().elements.emplace_back(element);
         element->unreference();
     }
 }
@@ -148,26 +112,14 @@ const giBox3& dgStructure::bounding_box() const
     if (the_box_stamp == stamp)
         return the_box;
     giBox3 box;
-    std::vector<giXform3> transforms{giXform3()};
-    walk_network(
-        *this, [&](const dgStructure&) { transforms.push_back(transforms.back()); },
-        [&](const dgGraphicalElement& element)
-        {
-            if (element.type() == dgTYPE_TRANSFORM)
-            {
-                transforms.back() = static_cast<const dgTransform&>(element).transform() * transforms.back();
-                return;
-            }
-            if (element.type() == dgTYPE_WORLD_TRANSFORM)
-            {
-                transforms.back() = static_cast<const dgWorldTransform&>(element).transform();
-                return;
-            }
-            const giBox3 element_box = element.bounding_box();
-            if (!element_box.empty())
-                box.merge(element_box.transform(transforms.back()));
-        },
-        [&](const dgStructure&) { transforms.pop_back(); });
+    dg_walk_placed(*this,
+                   [&box](const dgGraphicalElement& element, const giXform3& transform)
+                   {
+                       const giBox3 element_box = element.bounding_box();
+                       if (!element_box.empty())
+                           box.merge(element_box.transform(transform));
+                       return true;
+                   });
     the_box = box;
     the_box_stamp = stamp;
     return the_box;
@@ -175,29 +127,64 @@ const giBox3& dgStructure::bounding_box() const
 
 unsigned long long dgStructure::network_stamp() const
 {
+    const unsigned long long visit = new_walk();
     unsigned long long stamp = 0;
-    std::vector<const dgStructure*> open{this};
-    std::unordered_set<const dgStructure*> seen{this};
+    std::vector<const dgStructure*> open;
+    const auto meet = [&](const dgStructure* structure)
+    {
+        if (!structure || structure->the_visit == visit)
+            return;
+        structure->the_visit = visit;
+        open.push_back(structure);
+    };
+    meet(this);
     while (!open.empty())
     {
         const dgStructure* structure = open.back();
         open.pop_back();
         stamp = std::max(stamp, structure->the_stamp);
         for (const dgCompiledStructure::Step& step : structure->compiled().steps())
-        {
-            const dgStructure* called = step.element ? step.element->called_structure() : nullptr;
-            if (called && seen.insert(called).second)
-                open.push_back(called);
-        }
+            if (step.element)
+                meet(step.element->called_structure());
     }
     return stamp;
 }
 
 dgCompiledStructure& dgStructure::compiled() const
 {
-    if (!the_compiled || the_compiled->content_stamp() != the_content_stamp)
+    if (!the_compiled || the_compiled->content_stamp() != the_content_stamp || !the_compiled->apply_changes())
+    {
+        retire_compiled();
         the_compiled = std::make_unique<dgCompiledStructure>(*this);
+    }
     return *the_compiled;
+}
+
+void dgStructure::retire_compiled() const
+{
+    if (the_walk && the_compiled)
+        retired().compiled.push_back(std::move(the_compiled));
+    the_compiled.reset();
+}
+
+dgStructure::Retired& dgStructure::retired() const
+{
+    if (!the_retired)
+        the_retired = std::make_unique<Retired>();
+    return *the_retired;
+}
+
+unsigned long long dgStructure::new_walk()
+{
+    static unsigned long long number = 0;
+    return ++number;
+}
+
+void dgStructure::close_walk(unsigned long long before) const
+{
+    the_walk = before;
+    if (!the_walk)
+        the_retired.reset();
 }
 
 void dgStructure::element_changed(const dgGraphicalElement& element)
@@ -229,5 +216,3 @@ std::ostream& operator<<(std::ostream& os, const dgStructure& structure)
     structure.print(os);
     return os;
 }
-
-dgClientStructure::dgClientStructure(int) {}

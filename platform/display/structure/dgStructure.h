@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <iosfwd>
 #include <memory>
+#include <utility>
 
 class dgCompiledStructure;
 
@@ -85,11 +86,20 @@ public:
     // For the renderer: the form in which the structure is drawn, made again after insertions and deletions.
     dgCompiledStructure& compiled() const;
 
+    // For walks through networks. While one is under way, what is taken out of the structure is kept for it.
+    static unsigned long long new_walk();
+    unsigned long long walk() const { return the_walk; }
+    unsigned long long open_walk(unsigned long long walk) const { return std::exchange(the_walk, walk); }
+    void close_walk(unsigned long long before) const;
+
     // For elements held by this structure.
     void element_changed(const dgGraphicalElement& element);
 
 private:
+    struct Retired;
     void contents_changed();
+    void retire_compiled() const;
+    Retired& retired() const;
 
     dgElementBuffer the_elements;
     int the_cursor = -1;
@@ -97,7 +107,10 @@ private:
     unsigned long long the_content_stamp;
     mutable giBox3 the_box;
     mutable unsigned long long the_box_stamp = 0; // network stamp that the box belongs to, 0: none yet
+    mutable unsigned long long the_walk = 0;      // the walk that is under way here, 0: none
+    mutable unsigned long long the_visit = 0;     // the last that asked for the network's stamp
     mutable std::unique_ptr<dgCompiledStructure> the_compiled;
+    mutable std::unique_ptr<Retired> the_retired; // until no walk is under way
 };
 
 DG_EXPORT std::ostream& operator<<(std::ostream& os, const dgStructure& structure);

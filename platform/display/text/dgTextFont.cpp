@@ -28,8 +28,6 @@ dgGlyphOutline frame()
 }
 }
 
-dgTextFontCache::~dgTextFontCache() = default;
-
 dgTextFont::dgTextFont(const utString& font_file, const utString& metrics_file) : the_serial(dg_next_stamp())
 {
     load(font_file, metrics_file);

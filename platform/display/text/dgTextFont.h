@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgBase.h"
+#include "dgTextFontCache.h"
 #include "dgTextFontStatus.h"
 #include "utString.h"
 
@@ -9,13 +10,6 @@
 
 class dgFontFace;
 struct dgGlyphOutline;
-
-/// What a driver keeps beside a font; deleted with it.
-class DG_EXPORT dgTextFontCache
-{
-public:
-    virtual ~dgTextFontCache();
-};
 
 /// An outline font for the text-font slots of renderers; one font may be in several. Lengths are ems: 1 is the height
 /// of the text.

@@ -1,7 +1,10 @@
 #include "dgView.h"
 
+#include "dgDrawState.h"
 #include "dgDriver.h"
 #include "dgGraphicalElement.h"
+#include "dgPickResult.h"
+#include "dgPicker.h"
 #include "dgRenderer.h"
 #include "dgS.h"
 #include "dgSelectedDriver.h"
@@ -17,17 +20,23 @@ dgRenderNetworkAction* dgView::the_global_render_network_action = nullptr;
 
 namespace
 {
-void set_channels(float (&channels)[3], const gsColour& colour)
+constexpr unsigned depth_clamp = 0x864F; // GL_DEPTH_CLAMP: what lies beyond the planes is drawn as if it lay on them
+
+// Whether planes that are fitted to a network cut what is drawn over it, such as an icon. Moving them for it would not
+// do: the depths already drawn are measured between them.
+bool lies_beyond(const dgStructure& structure, const dgStructure& network)
 {
-    channels[0] = static_cast<float>(colour.red());
-    channels[1] = static_cast<float>(colour.green());
-    channels[2] = static_cast<float>(colour.blue());
+    if (&structure == &network)
+        return false;
+    const giBox3& box = structure.bounding_box();
+    const giBox3& fitted = network.bounding_box();
+    return !box.empty() && !fitted.empty() && !(fitted.contains(box.low()) && fitted.contains(box.high()));
 }
 }
 
 dgView::dgView(dgRenderer* renderer) : the_renderer(renderer), the_call_list(this)
 {
-    the_camera.the_view = this;
+    the_camera.the_call_list = &the_call_list;
     if (renderer)
     {
         const giBox2 box = renderer->window_box();
@@ -40,7 +49,7 @@ dgView::dgView(dgRenderer* renderer) : the_renderer(renderer), the_call_list(thi
 
 dgView::~dgView()
 {
-    fire(DG_VIEW_TO_BE_DELETED);
+    the_call_list.fire(DG_VIEW_TO_BE_DELETED);
     dgS::all_views().remove(this);
     gsHeap::object_remove(this);
 }
@@ -60,21 +69,14 @@ int dgView::renderer_height() const
     return the_renderer ? the_renderer->window(0)->height() : 1;
 }
 
-void dgView::fire(dgViewReason reason)
-{
-    the_call_list.fire(reason);
-}
-
 void dgView::erase(dgEraseZbuffer zbuffer)
 {
     if (!the_renderer)
         return;
     const dgSelectedDriver main_driver(*the_renderer, 0);
-    dgBackground background;
-    set_channels(background.top,
-                 the_shading.graduated_background ? the_shading.top_colour : the_shading.background_colour);
-    set_channels(background.bottom,
-                 the_shading.graduated_background ? the_shading.bottom_colour : the_shading.background_colour);
+    const dgBackground background = the_shading.graduated_background
+                                        ? dgBackground::graduated(the_shading.top_colour, the_shading.bottom_colour)
+                                        : dgBackground::plain(the_shading.background_colour);
     the_renderer->begin();
     the_renderer->driver()->clear(the_camera.view_port_dc(), background, dgERASE_FRAMEBUFFER_YES, zbuffer);
     the_renderer->end();
@@ -98,13 +100,18 @@ void dgView::draw_network(dgStructure& structure, int past_action)
     if (!the_renderer)
         return;
     const dgSelectedDriver main_driver(*the_renderer, 0);
-    const dgRef<dgStructure> held(&structure); // an application's element may drop the structure while it is drawn
     fit_planes();
     begin();
+    dgDriver& driver = *the_renderer->driver();
+    const bool beyond_planes = !the_user_clip_planes && the_root && lies_beyond(structure, *the_root);
+    if (beyond_planes)
+        driver.gl_enable(depth_clamp);
     if (past_action)
         the_renderer->draw_structure(structure);
     else
         the_renderer->draw_network(structure);
+    if (beyond_planes)
+        driver.gl_disable(depth_clamp);
     end();
 }
 
@@ -160,6 +167,19 @@ void dgView::view_bbox(dgBoundingViewType type)
     the_camera.view_bounding_box(the_root->bounding_box(), type);
     if (the_user_clip_planes)
         the_camera.front_back_plane(front, back);
+}
+
+dgPickResult* dgView::pick_all(const dgPickAperture& aperture, dgPickMode mode) const
+{
+    auto* result = new dgPickResult;
+    if (!the_root || !the_renderer)
+        return result;
+    // Planes that are not the user's are those of the next drawing.
+    dgCamera camera(the_camera);
+    if (!the_user_clip_planes)
+        camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
+    dgPicker(camera, aperture, mode, the_renderer->pick_settings(), *result).pick(*the_root);
+    return result;
 }
 
 void dgView::print(std::ostream& os, int level, int indent) const

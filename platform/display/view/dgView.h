@@ -81,7 +81,8 @@ public:
     /// difference. Never null; released by the caller.
     dgPickResult* pick_all(const dgPickAperture& aperture, dgPickMode mode = dgPICK_EXACT) const;
 
-    /// 1 keeps the wheel from zooming about the cursor.
+    /// For views whose picture must keep its middle, such as a sheet: 1 makes the mouse wheel zoom about the middle of
+    /// the view and not about the cursor, which would pan. Panning itself goes on. 0 by default.
     int pan_forbidden() const { return the_pan_forbidden; }
     void pan_forbidden(int on) { the_pan_forbidden = on; }
 
@@ -103,8 +104,6 @@ public:
     UT_DECLARE_TYPE(dgView, dgBase);
 
 private:
-    friend class dgCamera;
-    void fire(dgViewReason reason);
     void fit_planes();
     void draw_network(dgStructure& structure, int past_action);
 

@@ -1,44 +1,42 @@
 #include "grStructurePlacement.h"
 
 #include "dgEnums.h"
-#include "grPassTransform.h"
+#include "dgNetworkWalk.h"
 #include "utTypeID.h"
 
 #include <unordered_set>
 
 namespace
 {
-// Searches a network for a structure; placement is what is in force where it is called.
-class Search
+// Searches a network for a structure.
+class Search : public dgPlacingVisitor
 {
 public:
     explicit Search(const dgStructure& wanted) : the_wanted(wanted) {}
 
-    bool in(const dgStructure& structure, const giXform3& surroundings)
+    bool enter(const dgStructure& structure)
     {
-        if (&structure == &the_wanted)
+        if (&structure == &the_wanted && !the_found)
         {
-            the_placement = surroundings;
-            return true;
+            the_found = true;
+            the_placement = transform();
         }
         // Whatever does not lead to it once does not lead to it when it is called again.
-        if (!the_seen.insert(&structure).second)
-            return false;
-        giXform3 in_force = surroundings;
-        for (int i = 0; i < structure.nelements(); ++i)
-        {
-            dgGraphicalElement* element = structure.element(i);
-            if (gr_pass_transform(element, in_force))
-                continue;
-            if (const dgStructure* called = element->called_structure(); called && in(*called, in_force))
-                return true;
-        }
-        return false;
+        return !the_found && the_seen.insert(&structure).second && dgPlacingVisitor::enter(structure);
     }
+    bool visit(dgGraphicalElement* element)
+    {
+        pass(*element);
+        return !the_found;
+    }
+
+    // Whether it was found, and what is in force where it is called first.
+    bool found() const { return the_found; }
     const giXform3& placement() const { return the_placement; }
 
 private:
     const dgStructure& the_wanted;
+    bool the_found = false;
     giXform3 the_placement;
     std::unordered_set<const dgStructure*> the_seen;
 };
@@ -64,7 +62,9 @@ grStructurePlacement::grStructurePlacement(dgStructure& structure, dgStructure* 
     if (the_transform.get())
         the_start = the_transform->transform();
     Search search(structure);
-    if (root && search.in(*root, giXform3()))
+    if (root)
+        dg_walk_network(*root, search);
+    if (search.found())
         the_surroundings = search.placement();
     the_world = the_surroundings.inverse();
     const giBox3& box = structure.bounding_box();

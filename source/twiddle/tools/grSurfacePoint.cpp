@@ -1,10 +1,9 @@
 #include "grSurfacePoint.h"
 
-#include "dgStructure.h"
+#include "dgNetworkWalk.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "giTriBlock.h"
-#include "grPassTransform.h"
 #include "utTypeID.h"
 
 #include <algorithm>
@@ -70,19 +69,15 @@ class Search
 public:
     explicit Search(const Segment& sight) : the_sight(sight) {}
 
-    void in(const dgStructure& structure, const giXform3& surroundings)
+    void in(const dgStructure& root)
     {
-        giXform3 in_force = surroundings;
-        for (int i = 0; i < structure.nelements(); ++i)
-        {
-            dgGraphicalElement* element = structure.element(i);
-            if (gr_pass_transform(element, in_force))
-                continue;
-            if (const dgTriangleBlock* block = ut_cast<dgTriangleBlock>(element))
-                in(block->block(), in_force);
-            else if (const dgStructure* called = element->called_structure())
-                in(*called, in_force);
-        }
+        dg_walk_placed(root,
+                       [this](const dgGraphicalElement& element, const giXform3& to_world)
+                       {
+                           if (const dgTriangleBlock* block = ut_cast<dgTriangleBlock>(&element))
+                               in(block->block(), to_world);
+                           return true;
+                       });
     }
     // Where the nearest surface is met, above 1 when none is.
     double nearest() const { return the_nearest; }
@@ -133,7 +128,7 @@ bool gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& po
     const giPoint3 start = world_point(camera, position, front);
     const Segment sight{start, world_point(camera, position, back) - start};
     Search search(sight);
-    search.in(*view.root(), giXform3());
+    search.in(*view.root());
     if (search.nearest() > 1)
         return false;
     point = sight.at(search.nearest());

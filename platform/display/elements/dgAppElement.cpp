@@ -1,0 +1,3 @@
+#include "dgAppElement.h"
+
+UT_DEFINE_TYPE(dgAppElement, dgGraphicalElement);

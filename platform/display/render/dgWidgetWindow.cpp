@@ -1,0 +1,3 @@
+#include "dgWidgetWindow.h"
+
+dgWidgetWindow::~dgWidgetWindow() = default;

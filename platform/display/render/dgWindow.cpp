@@ -1,0 +1,5 @@
+#include "dgWindow.h"
+
+#include "dgDriver.h"
+
+dgWindow::~dgWindow() = default;

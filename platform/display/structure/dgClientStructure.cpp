@@ -1,0 +1,5 @@
+#include "dgClientStructure.h"
+
+UT_DEFINE_TYPE(dgClientStructure, dgStructure);
+
+dgClientStructure::dgClientStructure(int) {}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "dgExport.h"
+#include "dgGeometry.h"
+#include "dgRunCache.h"
+#include "dgRunSampling.h"
+
+#include <memory>
+#include <vector>
+
+class dgGraphicalPrimitive;
+
+/// Successive primitives of one topology under one state, drawn together.
+struct DG_EXPORT dgPrimitiveRun
+{
+    dgTopology topology = dgTOPOLOGY_POINTS;
+    int has_normals = 0;
+    std::vector<const dgGraphicalPrimitive*> primitives; ///< in drawing order, not counted: their structure holds them
+
+    /// Grows whenever one of the primitives was changed in place.
+    unsigned long long stamp = 0;
+
+    /// How the run is sampled and its number of features; made when first asked for after a change.
+    const dgRunSampling& sampling() const;
+
+    mutable std::unique_ptr<dgRunSampling> sampling_cache;
+    mutable std::unique_ptr<dgRunCache> cache;
+    mutable const void* cache_owner = nullptr; ///< the driver's store that made the cache
+
+    dgPrimitiveRun() = default;
+    ~dgPrimitiveRun();
+    dgPrimitiveRun(const dgPrimitiveRun&) = delete;
+    dgPrimitiveRun& operator=(const dgPrimitiveRun&) = delete;
+};

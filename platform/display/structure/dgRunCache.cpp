@@ -1,0 +1,3 @@
+#include "dgRunCache.h"
+
+dgRunCache::~dgRunCache() = default;

@@ -1,0 +1,3 @@
+#include "dgTextFontCache.h"
+
+dgTextFontCache::~dgTextFontCache() = default;

@@ -1,0 +1,8 @@
+#include "dgTextHeight.h"
+
+UT_DEFINE_TYPE(dgTextHeight, dgNumberAttribute);
+
+dgTextHeight* dgTextHeight::copy() const
+{
+    return new dgTextHeight(*this);
+}

@@ -1,0 +1,3 @@
+#include "dgRenderNetworkAction.h"
+
+dgRenderNetworkAction::~dgRenderNetworkAction() = default;
