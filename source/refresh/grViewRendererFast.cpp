@@ -1,6 +1,7 @@
 #include "grViewRendererFast.h"
 
 #include "apEnvironment.h"
+#include "apNumber.h"
 #include "coCallFunc.h"
 #include "coReceiver.h"
 #include "dgClientStructure.h"
@@ -17,7 +18,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <iostream>
+#include <cstdio>
 #include <vector>
 
 double grViewRendererFast::the_minimum_framerate = 1.0;
@@ -93,6 +94,13 @@ private:
     dgView& the_view;
     int the_user_planes;
 };
+
+// Not by std::cout, whose header makes every source that includes it register a function to run at exit.
+void print_time(const char* what, double seconds)
+{
+    std::printf("%s%s\n", what, ap_number_text(seconds).c_str());
+    std::fflush(stdout);
+}
 
 bool transparent(const dgView& view)
 {
@@ -209,7 +217,7 @@ void grViewRendererFast::draw_frame(dgStructure* icon)
             timed([this] { the_view->render_network(drawn_structure()); });
         }
         if (debug())
-            std::cout << "Frame time: " << the_refresh_time << std::endl;
+            print_time("Frame time: ", the_refresh_time);
         if (icon)
             the_view->render_network_normal(*icon);
     }
@@ -247,7 +255,7 @@ void grViewRendererFast::flatten()
         timed([this] { the_view->render_network(nullptr); });
     }
     if (debug())
-        std::cout << "Flatten time: " << the_refresh_time << std::endl;
+        print_time("Flatten time: ", the_refresh_time);
     the_non_flattened_final = the_flattener->final_refresh_non_flattened(the_frame_stamp);
     if (the_dump_flattened)
         gr_dump_flat_structure(*the_flat, dump_prefix_text());
@@ -277,8 +285,9 @@ void grViewRendererFast::calibrate()
     the_calibrated = 1;
     if (!debug())
         return;
-    std::cout << "Callibration time: " << the_refresh_time << "\n";
-    std::cout << "Draw method = " << static_cast<int>(the_draw_method) << std::endl;
+    print_time("Callibration time: ", the_refresh_time);
+    std::printf("Draw method = %d\n", static_cast<int>(the_draw_method));
+    std::fflush(stdout);
 }
 
 void grViewRendererFast::find_bbox(dgStructure* icon)
