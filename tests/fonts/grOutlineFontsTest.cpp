@@ -8,6 +8,7 @@
 
 #include <map>
 #include <optional>
+#include <regex>
 #include <sstream>
 
 namespace
@@ -29,7 +30,7 @@ void find_own(const utString&, utStringutStringcoTable& fonts)
 //     copy NAME FILE, text NAME TEXT, folder NAME, remove NAME
 //     face FAMILY FULL_NAME [WEIGHT ITALIC CHARACTER_SET BITS FILE]      of the system
 //     reader [FONTS METRICS]  made on the folder, or on two folders inside it; needed before what follows
-//     list LINE [LINE...]     reads a font list: its status and line
+//     list LINE [LINE...]     reads a font list, "@" being the folder: its status and line
 //     finder 0 or 1, own DIRECTORY, asked         of the application's own fonts
 //     install TYPE FAMILY, free TYPE FAMILY, take SLOT, renderer
 //     show                    the families: type, name, language and the files of each style
@@ -117,7 +118,7 @@ private:
         {
             std::string text;
             for (std::string line = word(); !line.empty(); line = word())
-                text += line + '\n';
+                text += std::regex_replace(line, std::regex("@"), the_folder.path().str()) + '\n';
             int line = 77;
             const int status = the_reader->append_font_list(the_folder.write("list", text), line);
             the_record << status << ' ' << line << "; ";
@@ -254,6 +255,8 @@ const struct
      "0 -1; 1 Three 204,a.pfb+a.afm,,,; "},
     {"the last name runs to the end of the line", lists + "list adobe_pfa,One,,,,e,~f; show",
      "0 -1; 2 One 0,,,,e, f.pfa+e, f.afm; "},
+    {"names may be absolute", "font a; reader none none; list adobe_pfa,One,@/a,,,; show",
+     "0 -1; 2 One 0,a.pfa+a.afm,,,; "},
     {"no files, or a family that exists",
      lists + "list adobe_pfa,None,x,y,z, adobe_pfa,One,a,,, adobe_pfa,One,b,,,; show",
      "0 -1; 2 One 0,a.pfa+a.afm,,,; "},
