@@ -74,8 +74,12 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     // How a view is fitted depends on its viewport.
     lay_out();
     fit_views();
-    for (int i = settings.paper; i < n_views() && settings.perspective; ++i)
-        vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
+    if (settings.perspective)
+    {
+        for (int i = settings.paper; i < n_views(); ++i)
+            vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
+        fit_views(); // from the eyes that the first fit has given places
+    }
     resized();
     save_cameras();
 }

@@ -8,6 +8,7 @@
 #include "dgPolyline.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
+#include "grViewOperations.h"
 #include "gwHeadlessWindow.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -144,6 +145,9 @@ TEST(vwScene, a_key_shows_one_view_in_perspective_and_back)
     Four four(settings);
     const auto projection = [&](int i) { return four.scene->view(i).camera().projection(); };
     EXPECT_EQ(projection(0), dgPROJECTION_PERSPECTIVE);
+    const double shown = four.scene->view(0).camera().view_window().height();
+    grViewOperations::fit(four.scene->view(0));
+    EXPECT_NEAR(four.scene->view(0).camera().view_window().height() / shown, 1, 1e-9) << "fitted in perspective";
     four.press(gwQWERTY_KEY, 'V', 1);
     EXPECT_EQ(projection(1), dgPROJECTION_PARALLEL);
     EXPECT_EQ(projection(2), dgPROJECTION_PERSPECTIVE);
