@@ -11,7 +11,7 @@
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
-#include "gsStructureCalibration.h"
+#include "gsStructureCallibration.h"
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
@@ -264,7 +264,7 @@ void grViewRendererFast::flatten()
 void grViewRendererFast::calibrate()
 {
     const double budget = the_frame_limited ? the_frame_time : -1.0;
-    gsStructureCalibration calibration(budget);
+    gsStructureCallibration calibration(budget);
     {
         const InstalledAction installed(*the_view->renderer(), &calibration);
         the_view->render_network(drawn_structure());

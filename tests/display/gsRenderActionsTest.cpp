@@ -16,7 +16,7 @@
 #include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "giTriBlock.h"
-#include "gsStructureCalibration.h"
+#include "gsStructureCallibration.h"
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
@@ -199,14 +199,14 @@ TEST(gsStructureSlicer, ends_on_a_network_without_primitives)
     EXPECT_EQ(slicer.another_slice_needed(), 0);
 }
 
-TEST(gsStructureCalibration, counts_both_kinds_and_stops_inside_a_primitive)
+TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
 {
     apClockOverride clock;
     Scene scene;
     scene.add(block(100000));
     scene.add(line(300000));
     scene.window.cost_per_feature(1 / 1024.0); // 1024 primitives a second
-    gsStructureCalibration calibration(10);
+    gsStructureCallibration calibration(10);
     const long long drawn = scene.draw(calibration);
     EXPECT_EQ(calibration.prims_total(1), 100000);
     EXPECT_EQ(calibration.prims_total(0), 300000);
@@ -219,7 +219,7 @@ TEST(gsStructureCalibration, counts_both_kinds_and_stops_inside_a_primitive)
     EXPECT_NEAR(calibration.prims_drawn(0) / static_cast<double>(drawn), 0.75, 0.02);
 }
 
-TEST(gsStructureCalibration, draws_everything_once_within_the_time_or_without_a_limit)
+TEST(gsStructureCallibration, draws_everything_once_within_the_time_or_without_a_limit)
 {
     apClockOverride clock;
     Scene scene;
@@ -227,7 +227,7 @@ TEST(gsStructureCalibration, draws_everything_once_within_the_time_or_without_a_
     scene.window.cost_per_feature(1 / 65536.0);
     for (const double time : {1.0, 0.0, -1.0})
     {
-        gsStructureCalibration calibration(time);
+        gsStructureCallibration calibration(time);
         EXPECT_EQ(scene.draw(calibration), Scene::filled) << time;
         EXPECT_EQ(calibration.prims_drawn(0), calibration.prims_total(0));
         EXPECT_EQ(calibration.prims_drawn(1), calibration.prims_total(1));
@@ -235,11 +235,11 @@ TEST(gsStructureCalibration, draws_everything_once_within_the_time_or_without_a_
     }
 }
 
-TEST(gsStructureCalibration, finishes_drawing_before_it_reads_the_clock)
+TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)
 {
     Scene scene;
     scene.add(block(10));
-    gsStructureCalibration calibration(-1);
+    gsStructureCallibration calibration(-1);
     scene.window.clear_log();
     scene.draw(calibration);
     const Lines& log = scene.window.log();
@@ -247,7 +247,7 @@ TEST(gsStructureCalibration, finishes_drawing_before_it_reads_the_clock)
     EXPECT_EQ(log[log.size() - 2], "finish");
 }
 
-TEST(gsStructureCalibration, times_elements_that_draw_by_themselves)
+TEST(gsStructureCallibration, times_elements_that_draw_by_themselves)
 {
     // Draws 3 segments.
     class Own : public dgAppElement
@@ -265,7 +265,7 @@ TEST(gsStructureCalibration, times_elements_that_draw_by_themselves)
     scene.window.cost_per_feature(0.25);
     for (const double time : {1.0, 0.5, -1.0})
     {
-        gsStructureCalibration calibration(time);
+        gsStructureCallibration calibration(time);
         EXPECT_EQ(scene.draw(calibration), 3) << time;
         EXPECT_EQ(calibration.prims_total(0) + calibration.prims_total(1), 0);
         EXPECT_DOUBLE_EQ(calibration.elapsed_time(), 0.75) << time;

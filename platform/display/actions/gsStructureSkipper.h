@@ -15,9 +15,6 @@ public:
     /// total is what the network has in all; ratio is the share to draw: 0 draws none, 1 all.
     gsStructureSkipper(int total, double ratio);
 
-    /// How many of them are to be drawn.
-    int wanted() const { return the_wanted; }
-
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
 

@@ -10,11 +10,11 @@
 ///
 /// What is drawn is a sample spread evenly over the network, as gsStructureSkipper draws it, that grows until the time
 /// has passed, in the middle of a primitive if need be. Each reading of the clock comes after the drawing is finished.
-class DG_EXPORT gsStructureCalibration : public gsRenderAction
+class DG_EXPORT gsStructureCallibration : public gsRenderAction
 {
 public:
     /// Seconds to draw for; 0 and less is no limit.
-    explicit gsStructureCalibration(double frame_time);
+    explicit gsStructureCallibration(double frame_time);
 
     /// Seconds that the drawing took.
     double elapsed_time() const { return the_elapsed; }

@@ -1,4 +1,4 @@
-#include "gsStructureCalibration.h"
+#include "gsStructureCallibration.h"
 
 #include "apHighResTime.h"
 #include "dgPrimitiveRun.h"
@@ -24,9 +24,9 @@ constexpr long long first_piece = 1;
 constexpr int piece_growth = 64;
 }
 
-gsStructureCalibration::gsStructureCalibration(double frame_time) : the_frame_time(frame_time) {}
+gsStructureCallibration::gsStructureCallibration(double frame_time) : the_frame_time(frame_time) {}
 
-void gsStructureCalibration::start_network(dgRenderer&, const dgStructure*)
+void gsStructureCallibration::start_network(dgRenderer&, const dgStructure*)
 {
     const int limited = the_frame_time > 0;
     the_elapsed = 0;
@@ -43,7 +43,7 @@ void gsStructureCalibration::start_network(dgRenderer&, const dgStructure*)
     the_start = apHighResTime::time();
 }
 
-void gsStructureCalibration::run(dgRenderer& renderer, const dgPrimitiveRun& run)
+void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
     const dgRunSampling& sampling = run.sampling();
     const int kind = run.topology == dgTOPOLOGY_TRIANGLES;
@@ -67,7 +67,7 @@ void gsStructureCalibration::run(dgRenderer& renderer, const dgPrimitiveRun& run
     draw(renderer, run, kind);
 }
 
-void gsStructureCalibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)
+void gsStructureCallibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)
 {
     the_piece_spans.clear();
     const auto draw_piece = [&]
@@ -95,7 +95,7 @@ void gsStructureCalibration::draw(dgRenderer& renderer, const dgPrimitiveRun& ru
     draw_piece();
 }
 
-void gsStructureCalibration::read_clock(dgRenderer& renderer)
+void gsStructureCallibration::read_clock(dgRenderer& renderer)
 {
     renderer.finish();
     the_elapsed = apHighResTime::time_diff(the_start, apHighResTime::time());
@@ -114,7 +114,7 @@ void gsStructureCalibration::read_clock(dgRenderer& renderer)
     the_piece = std::max(piece, 1ll);
 }
 
-int gsStructureCalibration::another_pass(dgRenderer&)
+int gsStructureCallibration::another_pass(dgRenderer&)
 {
     the_first_pass = 0;
     the_small_runs = 0;
@@ -130,14 +130,14 @@ int gsStructureCalibration::another_pass(dgRenderer&)
     return 1;
 }
 
-void gsStructureCalibration::end_network(dgRenderer& renderer)
+void gsStructureCallibration::end_network(dgRenderer& renderer)
 {
     // Also what draws by itself takes time, though it counts as nothing.
     if (!the_out_of_time)
         read_clock(renderer);
 }
 
-int gsStructureCalibration::element(dgRenderer&, const dgGraphicalElement&)
+int gsStructureCallibration::element(dgRenderer&, const dgGraphicalElement&)
 {
     return the_first_pass;
 }
