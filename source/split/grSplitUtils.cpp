@@ -1,7 +1,13 @@
 #include "grSplitUtils.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+
+namespace
+{
+constexpr double most_zones = 1e6;
+}
 
 void grSplitUtils::init(grPixelCountcoDynArr& counts, int n)
 {
@@ -11,6 +17,7 @@ void grSplitUtils::init(grPixelCountcoDynArr& counts, int n)
 
 void grSplitUtils::find_zone_layout(double n, double aspect, int& first, int& second)
 {
+    n = std::isnan(n) ? 0 : std::clamp(n, -most_zones, most_zones);
     second = 1;
     if (n >= 2)
     {

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 namespace
@@ -79,6 +80,7 @@ TEST(grSplitUtils, zones_are_laid_out_to_an_aspect)
         // k = 1 scores |1 / 8 - 5 / 16| = 3 / 16, and so does k = 2 with |4 / 8 - 5 / 16|.
         {"of equal scores the first", 8, 5.0 / 16, 8, 1},
         {"not whole", 10.5, 1, 4, 3},
+        {"without end", std::numeric_limits<double>::infinity(), 1, 1000, 1000},
     };
     for (const auto& c : cases)
     {
