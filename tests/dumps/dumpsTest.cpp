@@ -67,8 +67,8 @@
 #include <regex>
 #include <sstream>
 
-// Everything that prints itself, against one file: dumps.txt. What stands there was written from the description of
-// each dump; after a change, look at each line that differs.
+// Everything that prints itself, against one file: dumps.txt. Programs read these forms, so after a change look at each
+// line that differs.
 namespace
 {
 // The values 0 to n - 1 and -1 of an enumeration.
