@@ -59,14 +59,29 @@ else()
     endif()
 endif()
 
-# gr_platform_library(<target> LIBRARY ... ROOMS ... SOURCES ... PRIVATE_HEADERS ... USES ... PRIVATE_USES ...): one lower
+# gr_folder_targets(<variable> <name>...): the targets behind the short names of the lower libraries; other names stay. Outside
+# the project no target has a short name, so that a host may have an `ap` of its own.
+function(gr_folder_targets variable)
+    get_property(lower GLOBAL PROPERTY GR_LOWER_LIBRARIES)
+    set(targets ${ARGN})
+    foreach(name ${lower})
+        list(TRANSFORM targets REPLACE "^${name}$" "gr_lower_${name}")
+    endforeach()
+    set(${variable} ${targets} PARENT_SCOPE)
+endfunction()
+
+# gr_platform_library(<name> LIBRARY ... ROOMS ... SOURCES ... PRIVATE_HEADERS ... USES ... PRIVATE_USES ...): one lower
 # library, linked into the shared library LIBRARY. It sees its own headers and those of the lower libraries that it USES. ROOMS
 # are folders of a library that has several. All headers are installed but the PRIVATE_HEADERS.
-function(gr_platform_library target)
+function(gr_platform_library name)
     cmake_parse_arguments(arg "" "LIBRARY" "ROOMS;SOURCES;PRIVATE_HEADERS;USES;PRIVATE_USES" ${ARGN})
     list(TRANSFORM arg_ROOMS PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/ OUTPUT_VARIABLE folders)
     list(PREPEND folders ${CMAKE_CURRENT_SOURCE_DIR})
-    list(TRANSFORM arg_USES APPEND _headers OUTPUT_VARIABLE used_headers)
+    set_property(GLOBAL APPEND PROPERTY GR_LOWER_LIBRARIES ${name})
+    set(target gr_lower_${name})
+    gr_folder_targets(used_headers ${arg_USES})
+    list(TRANSFORM used_headers APPEND _headers)
+    gr_folder_targets(private_uses ${arg_PRIVATE_USES})
 
     add_library(${target}_headers INTERFACE)
     target_include_directories(${target}_headers INTERFACE ${folders})
@@ -74,11 +89,14 @@ function(gr_platform_library target)
 
     add_library(${target}_objects OBJECT ${arg_SOURCES})
     target_compile_definitions(${target}_objects PRIVATE ${arg_LIBRARY}_EXPORTS)
-    target_link_libraries(${target}_objects PRIVATE ${target}_headers gr_build ${arg_PRIVATE_USES})
+    target_link_libraries(${target}_objects PRIVATE ${target}_headers gr_build ${private_uses})
 
     # What others in the tree link: these headers alone, however much more the shared library holds.
     add_library(${target} INTERFACE)
     target_link_libraries(${target} INTERFACE ${target}_headers $<LINK_ONLY:${arg_LIBRARY}>)
+    if(PROJECT_IS_TOP_LEVEL)
+        add_library(${name} ALIAS ${target})
+    endif()
 
     gr_collect(${arg_LIBRARY} OBJECTS ${target}_objects FOLDERS ${folders} PRIVATE_HEADERS ${arg_PRIVATE_HEADERS})
 endfunction()
@@ -99,7 +117,9 @@ function(gr_subsystem target)
             target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR}/${folder})
         endif()
     endforeach()
-    target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${arg_PRIVATE_USES})
+    gr_folder_targets(uses ${arg_USES})
+    gr_folder_targets(private_uses ${arg_PRIVATE_USES})
+    target_link_libraries(${target} PUBLIC ${uses} PRIVATE gr_build ${private_uses})
     gr_collect(gr OBJECTS ${target} FOLDERS ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/${room})
 endfunction()
 
@@ -112,32 +132,48 @@ function(gr_collect library)
     endforeach()
 endfunction()
 
-# gr_shared_library(<target> NAME ... USES ... REQUIRES ... DESCRIPTION ...): puts together a shared library of what was
-# collected for it, which others link as gr::NAME, and installs it with its headers.
+# gr_forward_headers(<folder> <header>...): makes a folder that gives these headers and none of their neighbours.
+function(gr_forward_headers folder)
+    foreach(header ${ARGN})
+        get_filename_component(name ${header} NAME)
+        file(CONFIGURE OUTPUT ${folder}/${name} CONTENT "#include \"${header}\"\n" @ONLY)
+    endforeach()
+endfunction()
+
+# gr_shared_library(<target> NAME ... USES ...): puts together a shared library of what was collected for it, which others link
+# as gr::NAME, and installs it with its headers. Others see the headers that are installed, also those whose build takes the
+# project in.
 function(gr_shared_library target)
     cmake_parse_arguments(arg "" "NAME" "USES" ${ARGN})
     foreach(kind OBJECTS FOLDERS PRIVATE_HEADERS)
         get_property(${kind} GLOBAL PROPERTY ${target}_${kind})
         list(REMOVE_DUPLICATES ${kind})
     endforeach()
+    set(headers)
+    foreach(folder ${FOLDERS})
+        file(GLOB found CONFIGURE_DEPENDS ${folder}/*.h)
+        list(APPEND headers ${found})
+    endforeach()
+    foreach(header ${PRIVATE_HEADERS})
+        list(FILTER headers EXCLUDE REGEX "/${header}$")
+    endforeach()
+
     add_library(${target} SHARED)
     set_property(GLOBAL APPEND PROPERTY GR_SHARED_LIBRARIES ${target})
     add_library(gr::${arg_NAME} ALIAS ${target})
     set_target_properties(${target} PROPERTIES
         VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR} EXPORT_NAME ${arg_NAME} INSTALL_RPATH $ORIGIN)
     target_compile_features(${target} PUBLIC cxx_std_20)
+    if(NOT PROJECT_IS_TOP_LEVEL)
+        set(FOLDERS ${PROJECT_BINARY_DIR}/include/${target})
+        gr_forward_headers(${FOLDERS} ${headers})
+    endif()
     target_include_directories(${target} PUBLIC
         "$<BUILD_INTERFACE:${FOLDERS}>" $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/gr>)
     target_link_libraries(${target} PUBLIC ${arg_USES} PRIVATE gr_build ${OBJECTS})
 
     if(GR_INSTALL)
-        foreach(folder ${FOLDERS})
-            file(GLOB headers CONFIGURE_DEPENDS ${folder}/*.h)
-            foreach(header ${PRIVATE_HEADERS})
-                list(FILTER headers EXCLUDE REGEX "/${header}$")
-            endforeach()
-            install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gr COMPONENT development)
-        endforeach()
+        install(FILES ${headers} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/gr COMPONENT development)
         install(TARGETS ${target} EXPORT gr
             RUNTIME COMPONENT library
             LIBRARY COMPONENT library NAMELINK_COMPONENT development
