@@ -37,7 +37,7 @@ protected:
     grTokeniser& operator=(const grTokeniser&) = delete;
 
 private:
-    int is_separator(char character) const;
+    bool is_separator(char character) const;
     int is_token_char(char character) const;
 
     utString the_text;

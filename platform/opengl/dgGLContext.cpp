@@ -10,13 +10,13 @@ dgGLContext::~dgGLContext() = default;
 namespace
 {
 // One word of a blank-separated list.
-int lists(const char* extensions, const char* name)
+bool lists(const char* extensions, const char* name)
 {
     const std::size_t length = std::strlen(name);
     for (const char* at = extensions; at && (at = std::strstr(at, name)); at += length)
         if ((at == extensions || at[-1] == ' ') && (at[length] == ' ' || at[length] == '\0'))
-            return 1;
-    return 0;
+            return true;
+    return false;
 }
 
 class EGLOffScreenContext : public dgGLContext
@@ -113,26 +113,26 @@ private:
     std::string& the_error;
 };
 
-int try_hardware(Search& search, const char* client_extensions)
+bool try_hardware(Search& search, const char* client_extensions)
 {
     if (!lists(client_extensions, "EGL_EXT_platform_device") || !lists(client_extensions, "EGL_EXT_platform_base") ||
         !(lists(client_extensions, "EGL_EXT_device_base") || lists(client_extensions, "EGL_EXT_device_enumeration")))
-        return 0;
+        return false;
     EGLint count = 0;
     if (!eglQueryDevicesEXT(0, nullptr, &count) || count < 1)
-        return 0;
+        return false;
     std::vector<EGLDeviceEXT> devices(static_cast<std::size_t>(count));
     if (!eglQueryDevicesEXT(count, devices.data(), &count))
-        return 0;
+        return false;
     devices.resize(static_cast<std::size_t>(count));
     for (const EGLDeviceEXT device : devices)
     {
         if (lists(eglQueryDeviceStringEXT(device, EGL_EXTENSIONS), "EGL_MESA_device_software"))
             continue;
         if (search.attempt(eglGetPlatformDisplayEXT(EGL_PLATFORM_DEVICE_EXT, device, nullptr), "device"))
-            return 1;
+            return true;
     }
-    return 0;
+    return false;
 }
 }
 

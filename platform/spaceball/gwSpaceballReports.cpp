@@ -25,7 +25,7 @@ int key_of_button(int number)
     return key;
 }
 
-int at_rest(const int (&axes)[3])
+bool at_rest(const int (&axes)[3])
 {
     return axes[0] == 0 && axes[1] == 0 && axes[2] == 0;
 }

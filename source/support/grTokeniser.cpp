@@ -54,7 +54,7 @@ void grTokeniser::go_back_one()
     --the_token_number;
 }
 
-int grTokeniser::is_separator(char character) const
+bool grTokeniser::is_separator(char character) const
 {
     return contains(the_separators, character);
 }

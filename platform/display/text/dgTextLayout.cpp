@@ -41,7 +41,7 @@ std::u32string characters_of(const utString& text)
     return characters;
 }
 
-int is_blank(char32_t character)
+bool is_blank(char32_t character)
 {
     return character == U' ' || character == U'\t' || character == 0xA0;
 }
