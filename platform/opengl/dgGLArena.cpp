@@ -13,7 +13,8 @@ dgGLArena::dgGLArena(std::size_t item_bytes) : the_item_bytes(item_bytes) {}
 
 dgGLArena::~dgGLArena()
 {
-    glDeleteBuffers(1, &the_buffer);
+    if (the_buffer)
+        glDeleteBuffers(1, &the_buffer);
 }
 
 void dgGLArena::reserve(unsigned count)

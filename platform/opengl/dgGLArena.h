@@ -26,6 +26,9 @@ public:
 
     void upload(unsigned first, unsigned count, const void* items);
 
+    /// Leaves the buffer to a context that is gone.
+    void abandon() { the_buffer = 0; }
+
     unsigned buffer() const { return the_buffer; }
     std::size_t item_bytes() const { return the_item_bytes; }
     std::size_t bytes_used() const { return the_used * the_item_bytes; }

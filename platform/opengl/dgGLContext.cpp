@@ -1,8 +1,10 @@
 #include "dgGLContext.h"
 
 #include <epoxy/egl.h>
+#include <epoxy/gl.h>
 
 #include <cstring>
+#include <utility>
 #include <vector>
 
 dgGLContext::~dgGLContext() = default;
@@ -83,6 +85,19 @@ EGLContext make_context(EGLDisplay display, std::string& why)
     return context;
 }
 
+class AdoptedContext : public dgGLContext
+{
+public:
+    explicit AdoptedContext(std::function<int()> make_current) : the_make_current(std::move(make_current)) {}
+
+    int make_current() override { return !the_make_current || the_make_current(); }
+    void done() override {}
+    std::string name() const override { return "adopted"; }
+
+private:
+    std::function<int()> the_make_current;
+};
+
 class Search
 {
 public:
@@ -154,4 +169,14 @@ std::unique_ptr<dgGLContext> dgGLContext::create_off_screen(std::string& error)
     if (search.the_context)
         error.clear();
     return std::move(search.the_context);
+}
+
+std::unique_ptr<dgGLContext> dgGLContext::adopt(std::function<int()> make_current, std::string& error)
+{
+    error.clear();
+    auto context = std::make_unique<AdoptedContext>(std::move(make_current));
+    if (context->make_current())
+        return context;
+    error = "no context to adopt";
+    return nullptr;
 }

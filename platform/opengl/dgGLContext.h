@@ -2,6 +2,7 @@
 
 #include "dg_openglExport.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -16,7 +17,13 @@ public:
     /// with the reason in error.
     static std::unique_ptr<dgGLContext> create_off_screen(std::string& error);
 
-    /// The context ends here; whatever was made in it is gone already.
+    /// The context that is current now and belongs to the application, as the one of a toolkit's widget does; it is of
+    /// version 3.3 or later. make_current makes it the current one again, as cheaply as it can, and answers 0 once it is
+    /// gone; left out, the application has it current in every call into the library. Where the application draws in it
+    /// too, the calls lie in a dgGLStateGuard. Null when no context is current, with the reason in error.
+    static std::unique_ptr<dgGLContext> adopt(std::function<int()> make_current, std::string& error);
+
+    /// The context ends here, unless it is adopted; whatever was made in it is gone already.
     virtual ~dgGLContext();
     dgGLContext(const dgGLContext&) = delete;
     dgGLContext& operator=(const dgGLContext&) = delete;

@@ -45,22 +45,47 @@ dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
     glEnableVertexAttribArray(0);
     float range[2] = {1, 1};
     glGetFloatv(GL_ALIASED_LINE_WIDTH_RANGE, range);
-    the_line_width_limit = range[1];
+    // A forward-compatible context refuses to draw lines of any other width.
+    int flags = 0;
+    glGetIntegerv(GL_CONTEXT_FLAGS, &flags);
+    the_line_width_limit = flags & GL_CONTEXT_FLAG_FORWARD_COMPATIBLE_BIT ? 1 : range[1];
 }
 
 dgGLDevice::~dgGLDevice()
 {
-    // Where the context is gone already, its objects are too; the calls then do nothing.
-    the_context->make_current();
-    glDeleteVertexArrays(1, &the_stream_array);
-    glDeleteBuffers(1, &the_stream_buffer);
+    if (make_current())
+    {
+        glDeleteVertexArrays(1, &the_stream_array);
+        glDeleteBuffers(1, &the_stream_buffer);
+    }
+    else
+    {
+        // Its objects are gone with it; those of another context may have their numbers.
+        the_geometry->abandon();
+        the_programs->abandon();
+    }
     the_texts.reset();
     the_geometry.reset();
     the_programs.reset();
 }
 
+int dgGLDevice::make_current()
+{
+    if (!the_lost && !the_context->make_current())
+        the_lost = 1;
+    return !the_lost;
+}
+
+void dgGLDevice::forget_state()
+{
+    the_modes_owner = nullptr;
+    the_programs->forget_current();
+}
+
 std::string dgGLDevice::name() const
 {
+    if (the_lost)
+        return the_context->name() + ", lost";
     const auto text = [](unsigned what) { return std::string(reinterpret_cast<const char*>(glGetString(what))); };
     the_context->make_current();
     return text(GL_RENDERER) + ", OpenGL " + text(GL_VERSION) + ", " + the_context->name();
@@ -76,14 +101,17 @@ void dgGLDevice::stream_points(const float* xyz, int npoints)
 
 void dgGLDevice::finish()
 {
-    the_context->make_current();
-    glFinish();
+    if (make_current())
+        glFinish();
 }
 
 int dgGLDevice::no_errors()
 {
-    int clean = 1;
-    while (glGetError() != GL_NO_ERROR)
-        clean = 0;
-    return clean;
+    if (!make_current())
+        return 0;
+    // There is a handful of error flags; a context that is lost by itself reports one for ever.
+    int errors = 0;
+    while (errors < 16 && glGetError() != GL_NO_ERROR)
+        ++errors;
+    return errors == 0;
 }

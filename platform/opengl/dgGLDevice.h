@@ -29,6 +29,15 @@ public:
     dgGLDevice& operator=(const dgGLDevice&) = delete;
 
     dgGLContext& context() { return *the_context; }
+
+    /// Makes the context current; 0 when it is lost.
+    int make_current();
+
+    /// 1 once the context could not be made current, or the application has said that it is gone. Then nothing is drawn
+    /// any more, pictures that are read are empty, and windows and the device can end in any order.
+    int lost() const { return the_lost; }
+    void lost(int on) { the_lost = on; }
+
     dgGLGeometryStore& geometry() { return *the_geometry; }
     dgGLPrograms& programs() { return *the_programs; }
     dgGLTextStore& texts() { return *the_texts; }
@@ -47,6 +56,9 @@ public:
     const void* modes_owner() const { return the_modes_owner; }
     void modes_owner(const void* driver) { the_modes_owner = driver; }
 
+    /// Takes nothing for granted any more of the state that OpenGL is in; after others have drawn in the context.
+    void forget_state();
+
     /// Waits until everything is drawn.
     void finish();
 
@@ -64,4 +76,5 @@ private:
     unsigned the_stream_array = 0;
     float the_line_width_limit = 1;
     const void* the_modes_owner = nullptr;
+    int the_lost = 0;
 };

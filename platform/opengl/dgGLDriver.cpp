@@ -123,7 +123,8 @@ int dgGLDriver::capability(int, dgDriverCapability capability) const
 
 void dgGLDriver::begin()
 {
-    the_device.context().make_current();
+    if (!the_device.make_current())
+        return;
     own_modes();
 }
 
@@ -135,7 +136,7 @@ void dgGLDriver::end()
 // Other drivers draw in the same context between two calls of this one.
 void dgGLDriver::own_modes()
 {
-    if (the_device.modes_owner() == this)
+    if (the_device.modes_owner() == this || the_device.lost())
         return;
     the_device.modes_owner(this);
     the_window.bind_layer(the_overlay);
@@ -204,6 +205,8 @@ void dgGLDriver::swap_buffers(dgDoubleBufferSwap mode)
 
 void dgGLDriver::clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4])
 {
+    if (the_device.lost())
+        return;
     own_modes();
     set_scissor(device_box);
     glClearColor(rgba[0], rgba[1], rgba[2], rgba[3]);
@@ -225,6 +228,8 @@ void dgGLDriver::clear(const giBox2& device_box, const dgBackground& background,
                        dgEraseZbuffer depth)
 {
     flush();
+    if (the_device.lost())
+        return;
     // Depth and stencil lie in one buffer; clearing both is what drivers do fast.
     unsigned planes = depth ? GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT : 0;
     const auto& bottom = background.bottom;
@@ -257,6 +262,8 @@ void dgGLDriver::set_camera(const dgCameraState& camera)
     the_camera = camera;
     the_transforms_changed = 1;
     the_state_stamp = next_stamp(); // cue colour and viewport
+    if (the_device.lost())
+        return;
     own_modes();
     const PixelBox port(camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
@@ -371,6 +378,8 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals)
 
 void dgGLDriver::prepare_run(const dgPrimitiveRun& run)
 {
+    if (the_device.lost())
+        return;
     if (run.topology != dgTOPOLOGY_TEXT)
         the_device.geometry().store(run);
 }
@@ -378,6 +387,8 @@ void dgGLDriver::prepare_run(const dgPrimitiveRun& run)
 void dgGLDriver::draw_run(const dgPrimitiveRun& run)
 {
     flush();
+    if (the_device.lost())
+        return;
     if (run.topology == dgTOPOLOGY_TEXT)
         return draw_texts(run, 0, static_cast<int>(run.primitives.size()));
     const dgGLIndexRanges& ranges = the_device.geometry().store(run);
@@ -391,6 +402,8 @@ void dgGLDriver::draw_run(const dgPrimitiveRun& run)
 void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
 {
     flush();
+    if (the_device.lost())
+        return;
     if (run.topology == dgTOPOLOGY_TEXT)
     {
         for (const dgFeatureSpan& span : spans)
@@ -415,6 +428,8 @@ void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
 
 void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
 {
+    if (the_device.lost())
+        return;
     const dgGeometry geometry = primitive.geometry();
     if (geometry.topology != dgTOPOLOGY_TEXT)
         return draw_stored(primitive, geometry.topology, geometry.normals != nullptr);
@@ -440,6 +455,8 @@ void dgGLDriver::draw_stored(const dgGraphicalPrimitive& primitive, dgTopology t
 
 void dgGLDriver::flush()
 {
+    if (the_device.lost())
+        the_pending.clear();
     if (the_pending.empty())
         return;
     prepare(the_pending_topology, the_pending_normals);
@@ -451,6 +468,8 @@ void dgGLDriver::flush()
 void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
 {
     flush();
+    if (the_device.lost())
+        return;
     std::vector<float> xyz;
     xyz.reserve(3 * static_cast<std::size_t>(std::max(npoints, 0)));
     for (int i = 0; i < npoints; ++i)
@@ -474,7 +493,7 @@ void dgGLDriver::read_pixels(const giBox2& device_box, dgImage& image)
     const int low_y = std::max(box.y, 0);
     const int end_x = std::min(box.x + box.width, the_window.width());
     const int end_y = std::min(box.y + box.height, the_window.height());
-    if (low_x >= end_x || low_y >= end_y)
+    if (low_x >= end_x || low_y >= end_y || !the_device.make_current())
         return;
     begin();
     own_modes();
@@ -495,7 +514,8 @@ void dgGLDriver::finish()
 void dgGLDriver::gl_enable(unsigned capability)
 {
     flush();
-    the_device.context().make_current();
+    if (!the_device.make_current())
+        return;
     own_modes();
     if (capability == GL_STENCIL_TEST)
         the_stencil.on = 1;
@@ -505,7 +525,8 @@ void dgGLDriver::gl_enable(unsigned capability)
 void dgGLDriver::gl_disable(unsigned capability)
 {
     flush();
-    the_device.context().make_current();
+    if (!the_device.make_current())
+        return;
     own_modes();
     if (capability == GL_STENCIL_TEST)
         the_stencil.on = 0;
@@ -515,7 +536,8 @@ void dgGLDriver::gl_disable(unsigned capability)
 void dgGLDriver::gl_stencil_func(unsigned function, int reference, unsigned mask)
 {
     flush();
-    the_device.context().make_current();
+    if (!the_device.make_current())
+        return;
     own_modes();
     the_stencil.function = function;
     the_stencil.reference = reference;
@@ -526,7 +548,8 @@ void dgGLDriver::gl_stencil_func(unsigned function, int reference, unsigned mask
 void dgGLDriver::gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes)
 {
     flush();
-    the_device.context().make_current();
+    if (!the_device.make_current())
+        return;
     own_modes();
     the_stencil.operations[0] = stencil_fails;
     the_stencil.operations[1] = depth_fails;

@@ -128,7 +128,15 @@ dgGLGeometryStore::dgGLGeometryStore() : the_buffers(std::make_unique<Buffers>()
 
 dgGLGeometryStore::~dgGLGeometryStore()
 {
-    glDeleteVertexArrays(1, &the_buffers->vertex_array);
+    if (the_buffers->vertex_array)
+        glDeleteVertexArrays(1, &the_buffers->vertex_array);
+}
+
+void dgGLGeometryStore::abandon()
+{
+    the_buffers->vertex_array = 0;
+    the_buffers->vertices.abandon();
+    the_buffers->indices.abandon();
 }
 
 int dgGLGeometryStore::is_stored(const dgGraphicalPrimitive& primitive) const

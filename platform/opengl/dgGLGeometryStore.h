@@ -61,6 +61,9 @@ public:
 
     void geometry_released(unsigned geometry_id) override;
 
+    /// Leaves both buffers to a context that is gone; nothing more can be stored.
+    void abandon();
+
 private:
     class Upload;
     struct Buffers;

@@ -243,6 +243,8 @@ dgGLPrograms::dgGLPrograms()
 
 dgGLPrograms::~dgGLPrograms()
 {
+    if (the_abandoned)
+        return;
     glUseProgram(0);
     for (const dgGLProgram& program : the_programs)
         glDeleteProgram(program.name);

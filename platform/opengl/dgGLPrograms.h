@@ -46,7 +46,7 @@ struct dgGLProgram
     int topology = -1;
 };
 
-/// The shader programs of a device. A context must be current in every call.
+/// The shader programs of a device. A context must be current in every call that does not say otherwise.
 class dgGLPrograms
 {
 public:
@@ -62,6 +62,12 @@ public:
     /// Makes a program the current one.
     void use(unsigned name);
 
+    /// Another one may be current now. Needs no context.
+    void forget_current() { the_current = 0; }
+
+    /// Leaves the programs to a context that is gone. Needs no context, nor does the end after it.
+    void abandon() { the_abandoned = 1; }
+
     /// Fills the scissor box: bottom colour at row low, top colour at row high.
     void draw_graduated(const float (&bottom)[3], const float (&top)[3], int low, int high);
 
@@ -73,6 +79,7 @@ private:
     unsigned the_graduated = 0;
     unsigned the_keyed = 0;
     unsigned the_empty_array = 0;
-    unsigned the_current = 0;
+    unsigned the_current = 0; // 0 when not known
+    int the_abandoned = 0;
     std::string the_log;
 };

@@ -161,9 +161,9 @@ dgGLWindow::dgGLWindow(std::shared_ptr<dgGLDevice> device, int width, int height
 
 dgGLWindow::~dgGLWindow()
 {
-    the_device->context().make_current();
     the_device->modes_owner(nullptr);
-    the_buffers->free();
+    if (the_device->make_current())
+        the_buffers->free();
 }
 
 void dgGLWindow::begin()
@@ -184,8 +184,10 @@ void dgGLWindow::resize(int width, int height)
 // Buffers of that size, or of 1 x 1.
 void dgGLWindow::make_buffers(int width, int height)
 {
-    the_device->context().make_current();
+    the_width = the_height = 1;
     the_device->modes_owner(nullptr);
+    if (!the_device->make_current())
+        return;
     the_buffers->free();
     const auto made = [this](int wide, int high)
     {
@@ -213,9 +215,9 @@ dgWindow* dgGLWindow::overlay()
     if (!the_overlay)
     {
         the_overlay = std::make_unique<Overlay>(*this);
-        the_device->context().make_current();
         the_device->modes_owner(nullptr);
-        the_buffers->make_overlay(the_width, the_height);
+        if (the_device->make_current())
+            the_buffers->make_overlay(the_width, the_height);
     }
     return the_overlay.get();
 }
@@ -242,7 +244,7 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
     const int high_y = std::min(static_cast<int>(box.high().y()), the_height - 1);
     the_front_changed = 0;
     the_device->modes_owner(nullptr);
-    if (high_x < low_x || high_y < low_y)
+    if (the_device->lost() || high_x < low_x || high_y < low_y)
         return;
 
     // Framebuffers and vertex arrays are not shared between contexts, textures are: those made here serve any context.
@@ -272,11 +274,12 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
 
 void dgGLWindow::read_front(dgImage& image)
 {
-    the_device->context().make_current();
     the_device->modes_owner(nullptr);
     image.width = the_width;
     image.height = the_height;
-    image.rgba.resize(std::size_t(4) * static_cast<std::size_t>(the_width) * static_cast<std::size_t>(the_height));
+    image.rgba.assign(std::size_t(4) * static_cast<std::size_t>(the_width) * static_cast<std::size_t>(the_height), 0);
+    if (!the_device->make_current())
+        return;
     const int changed = the_front_changed;
     const unsigned texture = make_colour_texture(the_width, the_height);
     unsigned framebuffer = 0;
@@ -293,7 +296,8 @@ void dgGLWindow::read_front(dgImage& image)
 
 void dgGLWindow::bind_layer(int overlay)
 {
-    the_device->context().make_current();
+    if (!the_device->make_current())
+        return;
     const Buffers::Colour& colour = overlay                          ? the_buffers->overlay
                                     : the_selected == dgFRONT_BUFFER ? the_buffers->front
                                                                      : the_buffers->back;
