@@ -49,48 +49,42 @@ int keypad_character(int glfw_key)
     return 0;
 }
 
-int upper_case(int character)
-{
-    return character >= 'a' && character <= 'z' ? character - 'a' + 'A' : character;
-}
-
 // GLFW's constants for printable keys are the upper-case ASCII codes of a US keyboard.
-int qwerty_number(int glfw_key, const char* layout_name)
+gwHostKey qwerty_key(int glfw_key, const char* layout_name)
 {
-    const int from_keypad = keypad_character(glfw_key);
-    if (from_keypad)
-        return from_keypad;
+    if (const int character = keypad_character(glfw_key))
+        return gw_character_key(static_cast<unsigned>(character));
     switch (glfw_key)
     {
-    case GLFW_KEY_ESCAPE: return escape;
-    case GLFW_KEY_ENTER: return '\r';
-    case GLFW_KEY_TAB: return '\t';
-    case GLFW_KEY_BACKSPACE: return '\b';
+    case GLFW_KEY_ESCAPE: return gw_character_key(escape);
+    case GLFW_KEY_ENTER: return gw_character_key('\r');
+    case GLFW_KEY_TAB: return gw_character_key('\t');
+    case GLFW_KEY_BACKSPACE: return gw_character_key('\b');
     }
     if (layout_name && layout_name[0] > ' ' && layout_name[0] <= '~' && !layout_name[1])
-        return upper_case(layout_name[0]);
-    return glfw_key >= GLFW_KEY_SPACE && glfw_key <= GLFW_KEY_GRAVE_ACCENT ? glfw_key : 0;
+        return gw_character_key(static_cast<unsigned char>(layout_name[0]));
+    return gw_character_key(glfw_key >= 0 ? static_cast<unsigned>(glfw_key) : 0);
 }
 }
 
-gwGLFWKey gw_glfw_key(int glfw_key, const char* layout_name)
+gwHostKey gw_glfw_key(int glfw_key, const char* layout_name)
 {
     if (glfw_key >= GLFW_KEY_F1 && glfw_key <= GLFW_KEY_F25)
         return {gwFUNCTION_KEY, glfw_key - GLFW_KEY_F1 + 1};
     if (const int number = other_key_number(glfw_key))
         return {gwOTHER_KEY, number};
-    return {gwQWERTY_KEY, qwerty_number(glfw_key, layout_name)};
+    return qwerty_key(glfw_key, layout_name);
 }
 
-gwGLFWKey gw_glfw_button(int glfw_button)
+int gw_glfw_button(int glfw_button)
 {
     switch (glfw_button)
     {
-    case GLFW_MOUSE_BUTTON_LEFT: return {gwMOUSE_BUTTON, 1};
-    case GLFW_MOUSE_BUTTON_MIDDLE: return {gwMOUSE_BUTTON, 2};
-    case GLFW_MOUSE_BUTTON_RIGHT: return {gwMOUSE_BUTTON, 3};
+    case GLFW_MOUSE_BUTTON_LEFT: return 1;
+    case GLFW_MOUSE_BUTTON_MIDDLE: return 2;
+    case GLFW_MOUSE_BUTTON_RIGHT: return 3;
     }
-    return {gwMOUSE_BUTTON, glfw_button + 1};
+    return glfw_button + 1;
 }
 
 int gw_glfw_modifiers(int glfw_modifiers)
@@ -98,19 +92,4 @@ int gw_glfw_modifiers(int glfw_modifiers)
     return (glfw_modifiers & GLFW_MOD_CONTROL ? gwMODIFIER_CONTROL : 0) |
            (glfw_modifiers & GLFW_MOD_SHIFT ? gwMODIFIER_SHIFT : 0) |
            (glfw_modifiers & GLFW_MOD_ALT ? gwMODIFIER_ALT : 0);
-}
-
-int gw_glfw_modifier_bit(const gwGLFWKey& key)
-{
-    if (key.type == gwFUNCTION_KEY)
-        return key.number <= 12 ? gwMODIFIER_F1 << (key.number - 1) : 0;
-    if (key.type != gwOTHER_KEY)
-        return 0;
-    switch (key.number)
-    {
-    case gwKEY_CTRL: return gwMODIFIER_CONTROL;
-    case gwKEY_SHIFT: return gwMODIFIER_SHIFT;
-    case gwKEY_ALT: return gwMODIFIER_ALT;
-    }
-    return 0;
 }

@@ -3,7 +3,8 @@
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "gwGLFWContext.h"
-#include "gwGLFWEvents.h"
+#include "gwGLFWKeys.h"
+#include "gwHostEvents.h"
 #include "gwSpaceballDevice.h"
 #include "gwSpaceballReports.h"
 #include "utTypeID.h"
@@ -19,7 +20,7 @@ struct gwGLFWWindow::Native
     GLFWwindow* window = nullptr; // owned by the device's context
     std::shared_ptr<dgGLDevice> device;
     std::unique_ptr<dgGLWindow> framebuffers;
-    std::unique_ptr<gwGLFWEvents> events;
+    std::unique_ptr<gwHostEvents> events;
     std::unique_ptr<gwSpaceballReports> reports;
     std::shared_ptr<gwSpaceballDevice> spaceball; // null without one
     std::function<void()> resized;
@@ -65,7 +66,7 @@ std::unique_ptr<gwGLFWWindow> gwGLFWWindow::create(const std::string& title, int
 
 gwGLFWWindow::gwGLFWWindow(std::unique_ptr<Native> native) : the_native(std::move(native))
 {
-    the_native->events = std::make_unique<gwGLFWEvents>(*this);
+    the_native->events = std::make_unique<gwHostEvents>(*this);
     the_native->reports = std::make_unique<gwSpaceballReports>(*this);
     the_native->spaceball = shared_spaceball();
     the_native->reports->focus(glfwGetWindowAttrib(the_native->window, GLFW_FOCUSED));
@@ -77,7 +78,7 @@ gwGLFWWindow::gwGLFWWindow(std::unique_ptr<Native> native) : the_native(std::mov
     framebuffer_resized(width, height);
     double x = 0, y = 0;
     glfwGetCursorPos(the_native->window, &x, &y);
-    the_native->events->cursor(x, y);
+    the_native->events->pointer(x, y);
 }
 
 gwGLFWWindow::~gwGLFWWindow() = default;
@@ -87,11 +88,17 @@ void gwGLFWWindow::install_callbacks()
     GLFWwindow* window = the_native->window;
     glfwSetWindowUserPointer(window, this);
     glfwSetCursorPosCallback(window,
-                             [](GLFWwindow* w, double x, double y) { owner(w).the_native->events->cursor(x, y); });
+                             [](GLFWwindow* w, double x, double y) { owner(w).the_native->events->pointer(x, y); });
     glfwSetMouseButtonCallback(window, [](GLFWwindow* w, int button, int action, int modifiers)
-                               { owner(w).the_native->events->button(button, action, modifiers); });
-    glfwSetKeyCallback(window, [](GLFWwindow* w, int key, int scan_code, int action, int modifiers)
-                       { owner(w).the_native->events->key(key, glfwGetKeyName(key, scan_code), action, modifiers); });
+                               { owner(w).the_native->events->button(gw_glfw_button(button), action == GLFW_PRESS,
+                                                                   gw_glfw_modifiers(modifiers)); });
+    glfwSetKeyCallback(window,
+                       [](GLFWwindow* w, int key, int scan_code, int action, int modifiers)
+                       {
+                           if (action != GLFW_REPEAT)
+                               owner(w).the_native->events->key(gw_glfw_key(key, glfwGetKeyName(key, scan_code)),
+                                                                action == GLFW_PRESS, gw_glfw_modifiers(modifiers));
+                       });
     glfwSetScrollCallback(window, [](GLFWwindow* w, double, double y) { owner(w).the_native->events->wheel(y); });
     glfwSetWindowFocusCallback(window,
                                [](GLFWwindow* w, int focused)
@@ -197,7 +204,7 @@ void gwGLFWWindow::process_events(int wait, double timeout)
 void gwGLFWWindow::read_spaceball()
 {
     // However many reports wait, the views are moved and drawn once.
-    const gwGLFWEvents& events = *the_native->events;
+    const gwHostEvents& events = *the_native->events;
     the_native->reports->pointer(events.x_device(), events.y_device(), events.modifiers());
     the_native->spaceball->read(*the_native->reports);
     the_native->reports->flush();

@@ -57,7 +57,7 @@ TEST(gwGLFWKeys, names_every_key_by_type_and_number)
 {
     for (const auto& c : key_cases)
     {
-        const gwGLFWKey key = gw_glfw_key(c.glfw_key, c.layout_name);
+        const gwHostKey key = gw_glfw_key(c.glfw_key, c.layout_name);
         EXPECT_EQ(key.type, c.type) << c.name;
         EXPECT_EQ(key.number, c.number) << c.name;
     }
@@ -66,10 +66,7 @@ TEST(gwGLFWKeys, names_every_key_by_type_and_number)
 TEST(gwGLFWKeys, numbers_buttons_from_left_to_right)
 {
     for (const auto& c : button_cases)
-    {
-        EXPECT_EQ(gw_glfw_button(c.glfw_button).type, gwMOUSE_BUTTON);
-        EXPECT_EQ(gw_glfw_button(c.glfw_button).number, c.number);
-    }
+        EXPECT_EQ(gw_glfw_button(c.glfw_button), c.number);
 }
 
 TEST(gwGLFWKeys, translates_modifier_bits)
@@ -78,8 +75,4 @@ TEST(gwGLFWKeys, translates_modifier_bits)
     EXPECT_EQ(gw_glfw_modifiers(GLFW_MOD_SHIFT), 2);
     EXPECT_EQ(gw_glfw_modifiers(GLFW_MOD_ALT), 4);
     EXPECT_EQ(gw_glfw_modifiers(GLFW_MOD_CONTROL | GLFW_MOD_ALT | GLFW_MOD_SUPER | GLFW_MOD_CAPS_LOCK), 5);
-    EXPECT_EQ(gw_glfw_modifier_bit({gwFUNCTION_KEY, 1}), 8);
-    EXPECT_EQ(gw_glfw_modifier_bit({gwFUNCTION_KEY, 12}), 16384);
-    EXPECT_EQ(gw_glfw_modifier_bit({gwFUNCTION_KEY, 13}), 0);
-    EXPECT_EQ(gw_glfw_modifier_bit({gwQWERTY_KEY, gwKEY_SHIFT}), 0);
 }
