@@ -89,9 +89,11 @@ void gwGLFWWindow::install_callbacks()
     glfwSetWindowUserPointer(window, this);
     glfwSetCursorPosCallback(window,
                              [](GLFWwindow* w, double x, double y) { owner(w).the_native->events->pointer(x, y); });
-    glfwSetMouseButtonCallback(window, [](GLFWwindow* w, int button, int action, int modifiers)
-                               { owner(w).the_native->events->button(gw_glfw_button(button), action == GLFW_PRESS,
-                                                                   gw_glfw_modifiers(modifiers)); });
+    glfwSetMouseButtonCallback(window,
+                               [](GLFWwindow* w, int button, int action, int modifiers) {
+                                   owner(w).the_native->events->button(gw_glfw_button(button), action == GLFW_PRESS,
+                                                                       gw_glfw_modifiers(modifiers));
+                               });
     glfwSetKeyCallback(window,
                        [](GLFWwindow* w, int key, int scan_code, int action, int modifiers)
                        {

@@ -1,7 +1,6 @@
 #include "dgGLContext.h"
 
 #include <epoxy/egl.h>
-#include <epoxy/gl.h>
 
 #include <cstring>
 #include <utility>
@@ -92,6 +91,7 @@ public:
 
     int make_current() override { return !the_make_current || the_make_current(); }
     void done() override {}
+    int shared() const override { return 1; }
     std::string name() const override { return "adopted"; }
 
 private:
@@ -177,6 +177,6 @@ std::unique_ptr<dgGLContext> dgGLContext::adopt(std::function<int()> make_curren
     auto context = std::make_unique<AdoptedContext>(std::move(make_current));
     if (context->make_current())
         return context;
-    error = "no context to adopt";
+    error = "adopted: the context cannot be made current";
     return nullptr;
 }

@@ -17,10 +17,10 @@ public:
     /// with the reason in error.
     static std::unique_ptr<dgGLContext> create_off_screen(std::string& error);
 
-    /// The context that is current now and belongs to the application, as the one of a toolkit's widget does; it is of
-    /// version 3.3 or later. make_current makes it the current one again, as cheaply as it can, and answers 0 once it is
-    /// gone; left out, the application has it current in every call into the library. Where the application draws in it
-    /// too, the calls lie in a dgGLStateGuard. Null when no context is current, with the reason in error.
+    /// The context that is current now and belongs to the application, as the one of a toolkit's widget does.
+    /// make_current makes it the current one again, as cheaply as it can, and answers 0 once it is gone; left out, the
+    /// application has it current in every call into the library. Drawing copes with whatever state the application has
+    /// set in it, and puts that back: see dgGLDevice::Use. Null when make_current answers 0, with the reason in error.
     static std::unique_ptr<dgGLContext> adopt(std::function<int()> make_current, std::string& error);
 
     /// The context ends here, unless it is adopted; whatever was made in it is gone already.
@@ -34,6 +34,9 @@ public:
 
     /// Leaves no context current.
     virtual void done() = 0;
+
+    /// 1 when the application draws in it too.
+    virtual int shared() const { return 0; }
 
     /// How the context came about, for messages: "EGL surfaceless".
     virtual std::string name() const = 0;

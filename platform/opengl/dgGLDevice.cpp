@@ -3,6 +3,7 @@
 #include "dgGLContext.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
+#include "dgGLSavedState.h"
 #include "dgGLTextStore.h"
 
 #include <epoxy/gl.h>
@@ -22,6 +23,7 @@ std::shared_ptr<dgGLDevice> dgGLDevice::create(std::unique_ptr<dgGLContext> cont
         return nullptr;
     }
     std::shared_ptr<dgGLDevice> device(new dgGLDevice(std::move(context)));
+    const Use use(*device);
     if (!device->the_programs->compile_basics(error))
         return nullptr;
     return device;
@@ -37,6 +39,7 @@ dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
     : the_context(std::move(context)), the_programs(std::make_unique<dgGLPrograms>()),
       the_geometry(std::make_unique<dgGLGeometryStore>()), the_texts(std::make_unique<dgGLTextStore>())
 {
+    const Use use(*this);
     glGenBuffers(1, &the_stream_buffer);
     glGenVertexArrays(1, &the_stream_array);
     glBindVertexArray(the_stream_array);
@@ -53,7 +56,8 @@ dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
 
 dgGLDevice::~dgGLDevice()
 {
-    if (make_current())
+    const Use use(*this);
+    if (use)
     {
         glDeleteVertexArrays(1, &the_stream_array);
         glDeleteBuffers(1, &the_stream_buffer);
@@ -76,18 +80,32 @@ int dgGLDevice::make_current()
     return !the_lost;
 }
 
-void dgGLDevice::forget_state()
+void dgGLDevice::begin_use()
 {
+    const int current = make_current();
+    if (the_uses++ > 0 || !current || !the_context->shared())
+        return;
+    the_application_state = std::make_unique<dgGLSavedState>();
+    the_application_state->put_initial();
     the_modes_owner = nullptr;
     the_programs->forget_current();
 }
 
+void dgGLDevice::end_use()
+{
+    if (--the_uses > 0 || !the_application_state)
+        return;
+    if (make_current())
+        the_application_state->put_back();
+    the_application_state.reset();
+    the_modes_owner = nullptr;
+}
+
 std::string dgGLDevice::name() const
 {
-    if (the_lost)
+    if (!const_cast<dgGLDevice*>(this)->make_current())
         return the_context->name() + ", lost";
     const auto text = [](unsigned what) { return std::string(reinterpret_cast<const char*>(glGetString(what))); };
-    the_context->make_current();
     return text(GL_RENDERER) + ", OpenGL " + text(GL_VERSION) + ", " + the_context->name();
 }
 

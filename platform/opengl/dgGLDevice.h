@@ -8,6 +8,7 @@
 class dgGLContext;
 class dgGLGeometryStore;
 class dgGLPrograms;
+class dgGLSavedState;
 class dgGLTextStore;
 
 /// What all windows that draw in one OpenGL context share: programs, buffers and the copies of the geometry.
@@ -30,8 +31,27 @@ public:
 
     dgGLContext& context() { return *the_context; }
 
-    /// Makes the context current; 0 when it is lost.
-    int make_current();
+    /// While one lives the context is the current one, unless it is lost, and where the application draws in it too, in
+    /// the state of a new context; afterwards it is as the application had it. They nest. The library makes them around
+    /// all that it does, so that the application need not; it may, to have several refreshes share what one costs.
+    ///
+    /// Conditional rendering, transform feedback and queries of samples must not be under way.
+    class DG_OPENGL_EXPORT Use
+    {
+    public:
+        explicit Use(dgGLDevice& device) : the_device(device) { device.begin_use(); }
+        ~Use() { the_device.end_use(); }
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+        /// False when the context is lost.
+        explicit operator bool() const { return !the_device.lost(); }
+
+    private:
+        dgGLDevice& the_device;
+    };
+    void begin_use();
+    void end_use();
 
     /// 1 once the context could not be made current, or the application has said that it is gone. Then nothing is drawn
     /// any more, pictures that are read are empty, and windows and the device can end in any order.
@@ -56,9 +76,6 @@ public:
     const void* modes_owner() const { return the_modes_owner; }
     void modes_owner(const void* driver) { the_modes_owner = driver; }
 
-    /// Takes nothing for granted any more of the state that OpenGL is in; after others have drawn in the context.
-    void forget_state();
-
     /// Waits until everything is drawn.
     void finish();
 
@@ -66,6 +83,7 @@ public:
     int no_errors();
 
 private:
+    int make_current();
     explicit dgGLDevice(std::unique_ptr<dgGLContext> context);
 
     std::unique_ptr<dgGLContext> the_context;
@@ -77,4 +95,6 @@ private:
     float the_line_width_limit = 1;
     const void* the_modes_owner = nullptr;
     int the_lost = 0;
+    int the_uses = 0;
+    std::unique_ptr<dgGLSavedState> the_application_state; // while in use, of a shared context
 };

@@ -123,14 +123,14 @@ int dgGLDriver::capability(int, dgDriverCapability capability) const
 
 void dgGLDriver::begin()
 {
-    if (!the_device.make_current())
-        return;
+    the_device.begin_use();
     own_modes();
 }
 
 void dgGLDriver::end()
 {
     flush();
+    the_device.end_use();
 }
 
 // Other drivers draw in the same context between two calls of this one.
@@ -262,9 +262,8 @@ void dgGLDriver::set_camera(const dgCameraState& camera)
     the_camera = camera;
     the_transforms_changed = 1;
     the_state_stamp = next_stamp(); // cue colour and viewport
-    if (the_device.lost())
-        return;
-    own_modes();
+    if (the_device.modes_owner() != this)
+        return; // it is set with the rest before the next drawing
     const PixelBox port(camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
     set_scissor(camera.view_port);
@@ -493,7 +492,7 @@ void dgGLDriver::read_pixels(const giBox2& device_box, dgImage& image)
     const int low_y = std::max(box.y, 0);
     const int end_x = std::min(box.x + box.width, the_window.width());
     const int end_y = std::min(box.y + box.height, the_window.height());
-    if (low_x >= end_x || low_y >= end_y || !the_device.make_current())
+    if (low_x >= end_x || low_y >= end_y || the_device.lost())
         return;
     begin();
     own_modes();
@@ -514,7 +513,8 @@ void dgGLDriver::finish()
 void dgGLDriver::gl_enable(unsigned capability)
 {
     flush();
-    if (!the_device.make_current())
+    const dgGLDevice::Use use(the_device);
+    if (!use)
         return;
     own_modes();
     if (capability == GL_STENCIL_TEST)
@@ -525,7 +525,8 @@ void dgGLDriver::gl_enable(unsigned capability)
 void dgGLDriver::gl_disable(unsigned capability)
 {
     flush();
-    if (!the_device.make_current())
+    const dgGLDevice::Use use(the_device);
+    if (!use)
         return;
     own_modes();
     if (capability == GL_STENCIL_TEST)
@@ -536,7 +537,8 @@ void dgGLDriver::gl_disable(unsigned capability)
 void dgGLDriver::gl_stencil_func(unsigned function, int reference, unsigned mask)
 {
     flush();
-    if (!the_device.make_current())
+    const dgGLDevice::Use use(the_device);
+    if (!use)
         return;
     own_modes();
     the_stencil.function = function;
@@ -548,7 +550,8 @@ void dgGLDriver::gl_stencil_func(unsigned function, int reference, unsigned mask
 void dgGLDriver::gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes)
 {
     flush();
-    if (!the_device.make_current())
+    const dgGLDevice::Use use(the_device);
+    if (!use)
         return;
     own_modes();
     the_stencil.operations[0] = stencil_fails;

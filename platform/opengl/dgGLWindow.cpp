@@ -9,6 +9,7 @@
 #include <epoxy/gl.h>
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 namespace
@@ -137,10 +138,11 @@ public:
 
     void begin() override
     {
+        the_under.device().begin_use();
         the_under.bind_layer(1);
         the_under.device().modes_owner(nullptr);
     }
-    void end() override {}
+    void end() override { the_under.device().end_use(); }
     int width() const override { return the_under.width(); }
     int height() const override { return the_under.height(); }
     std::unique_ptr<dgDriver> make_driver(int inverting) override
@@ -161,18 +163,23 @@ dgGLWindow::dgGLWindow(std::shared_ptr<dgGLDevice> device, int width, int height
 
 dgGLWindow::~dgGLWindow()
 {
+    const dgGLDevice::Use use(*the_device);
     the_device->modes_owner(nullptr);
-    if (the_device->make_current())
+    if (use)
         the_buffers->free();
 }
 
 void dgGLWindow::begin()
 {
+    the_device->begin_use();
     bind_layer(0);
     the_device->modes_owner(nullptr);
 }
 
-void dgGLWindow::end() {}
+void dgGLWindow::end()
+{
+    the_device->end_use();
+}
 
 void dgGLWindow::resize(int width, int height)
 {
@@ -185,8 +192,9 @@ void dgGLWindow::resize(int width, int height)
 void dgGLWindow::make_buffers(int width, int height)
 {
     the_width = the_height = 1;
+    const dgGLDevice::Use use(*the_device);
     the_device->modes_owner(nullptr);
-    if (!the_device->make_current())
+    if (!use)
         return;
     the_buffers->free();
     const auto made = [this](int wide, int high)
@@ -215,8 +223,9 @@ dgWindow* dgGLWindow::overlay()
     if (!the_overlay)
     {
         the_overlay = std::make_unique<Overlay>(*this);
+        const dgGLDevice::Use use(*the_device);
         the_device->modes_owner(nullptr);
-        if (the_device->make_current())
+        if (use)
             the_buffers->make_overlay(the_width, the_height);
     }
     return the_overlay.get();
@@ -244,7 +253,12 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
     const int high_y = std::min(static_cast<int>(box.high().y()), the_height - 1);
     the_front_changed = 0;
     the_device->modes_owner(nullptr);
-    if (the_device->lost() || high_x < low_x || high_y < low_y)
+    if (high_x < low_x || high_y < low_y)
+        return;
+    std::optional<dgGLDevice::Use> use;
+    if (the_device->context().shared())
+        use.emplace(*the_device);
+    if (the_device->lost())
         return;
 
     // Framebuffers and vertex arrays are not shared between contexts, textures are: those made here serve any context.
@@ -274,11 +288,12 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
 
 void dgGLWindow::read_front(dgImage& image)
 {
+    const dgGLDevice::Use use(*the_device);
     the_device->modes_owner(nullptr);
     image.width = the_width;
     image.height = the_height;
     image.rgba.assign(std::size_t(4) * static_cast<std::size_t>(the_width) * static_cast<std::size_t>(the_height), 0);
-    if (!the_device->make_current())
+    if (!use)
         return;
     const int changed = the_front_changed;
     const unsigned texture = make_colour_texture(the_width, the_height);
@@ -296,7 +311,7 @@ void dgGLWindow::read_front(dgImage& image)
 
 void dgGLWindow::bind_layer(int overlay)
 {
-    if (!the_device->make_current())
+    if (the_device->lost())
         return;
     const Buffers::Colour& colour = overlay                          ? the_buffers->overlay
                                     : the_selected == dgFRONT_BUFFER ? the_buffers->front

@@ -53,7 +53,8 @@ public:
     int front_changed() const { return the_front_changed; }
 
     /// Copies a device box of the front buffer, and the overlay over it, to the same pixels of a framebuffer (0 is that
-    /// of the window system). Any context that shares objects with the device's may be current.
+    /// of the window system). A context that shares objects with the device's may be current; its state is left as the
+    /// copy needs it. Where the device's own is the application's, that is current and keeps its state.
     void blit_front_to(unsigned draw_framebuffer, const giBox2& box);
 
     /// Reads the picture as it is to be seen: the front buffer with the overlay over it.

@@ -23,8 +23,8 @@ GW_EXPORT gwHostKey gw_character_key(unsigned character);
 /// pixels here and nowhere else. Buttons, keys and the wheel act where the pointer was last reported.
 ///
 /// Motion is held back until something else happens or flush is called, and only its last position is posted: where
-/// drawing takes longer than the mouse's interval, frames would otherwise pile up behind the pointer. So flush is called
-/// when no more events wait.
+/// drawing takes longer than the mouse's interval, frames would otherwise pile up behind the pointer. So flush is
+/// called when no more events wait.
 class GW_EXPORT gwHostEvents
 {
 public:
@@ -39,12 +39,12 @@ public:
     /// The pointer moved.
     void pointer(double x, double y);
 
-    /// A button was pressed (1) or released (0): 1 left, 2 middle, 3 right, further ones from 4. modifiers are those bits
-    /// of gwModifier for control, shift and alt that the toolkit reports.
+    /// A button was pressed (1) or released (0): 1 left, 2 middle, 3 right, further ones from 4. modifiers are those
+    /// bits of gwModifier for control, shift and alt that the toolkit reports.
     void button(int number, int pressed, int modifiers);
 
-    /// A key was pressed or released. Repeats of a held key are not posted: the caller leaves them out. Keys with number 0
-    /// do nothing. The bits of a modifier key's own event may include it or not.
+    /// A key was pressed or released. Repeats of a held key are not posted: the caller leaves them out. Keys with
+    /// number 0 do nothing. The bits of a modifier key's own event may include it or not.
     void key(const gwHostKey& key, int pressed, int modifiers);
 
     /// The wheel turned, away from the user for steps above 0: one press per whole step, with a delta of 1 or -1. Parts

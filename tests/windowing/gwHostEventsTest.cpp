@@ -75,7 +75,8 @@ const struct
     // Before the press a platform may report the bit already, or not yet.
     {"a modifier key does not modify itself", "key 1 3 13 2 key 1 0 82 2 key 0 0 82 2",
      "press 3:13 at 0,0 mods 0; press 0:82 at 0,0 mods 2; release 0:82 at 0,0 mods 2; mods 2"},
-    {"its release ends it", "key 1 3 13 0 key 0 3 13 2", "press 3:13 at 0,0 mods 0; release 3:13 at 0,0 mods 0; mods 0"},
+    {"its release ends it", "key 1 3 13 0 key 0 3 13 2",
+     "press 3:13 at 0,0 mods 0; release 3:13 at 0,0 mods 0; mods 0"},
     {"held function keys modify what follows", "key 1 1 2 0 button 1 1 1 key 0 1 2 1",
      "press 1:2 at 0,0 mods 0; press 2:1 at 0,0 mods 17; release 1:2 at 0,0 mods 1; mods 1"},
     {"the thirteenth function key and the key with shift's number modify nothing",

@@ -2,7 +2,6 @@
 
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
-#include "dgGLStateGuard.h"
 #include "dgPolyline.h"
 #include "dgTriangleBlock.h"
 
@@ -41,12 +40,20 @@ double real(unsigned name)
 std::vector<State> states()
 {
     std::vector<State> all;
-    const std::pair<unsigned, const char*> capabilities[] = {
-        {GL_BLEND, "blend"}, {GL_COLOR_LOGIC_OP, "logic op"}, {GL_CULL_FACE, "cull face"}, {GL_DEPTH_TEST, "depth test"},
-        {GL_DITHER, "dither"}, {GL_FRAMEBUFFER_SRGB, "sRGB"}, {GL_POLYGON_OFFSET_FILL, "polygon offset"},
-        {GL_PRIMITIVE_RESTART, "restart"}, {GL_RASTERIZER_DISCARD, "discard"}, {GL_SAMPLE_MASK, "sample mask"},
-        {GL_SCISSOR_TEST, "scissor test"}, {GL_STENCIL_TEST, "stencil test"}, {GL_CLIP_DISTANCE0, "clip distance"},
-        {GL_PROGRAM_POINT_SIZE, "point size"}};
+    const std::pair<unsigned, const char*> capabilities[] = {{GL_BLEND, "blend"},
+                                                             {GL_COLOR_LOGIC_OP, "logic op"},
+                                                             {GL_CULL_FACE, "cull face"},
+                                                             {GL_DEPTH_TEST, "depth test"},
+                                                             {GL_DITHER, "dither"},
+                                                             {GL_FRAMEBUFFER_SRGB, "sRGB"},
+                                                             {GL_POLYGON_OFFSET_FILL, "polygon offset"},
+                                                             {GL_PRIMITIVE_RESTART, "restart"},
+                                                             {GL_RASTERIZER_DISCARD, "discard"},
+                                                             {GL_SAMPLE_MASK, "sample mask"},
+                                                             {GL_SCISSOR_TEST, "scissor test"},
+                                                             {GL_STENCIL_TEST, "stencil test"},
+                                                             {GL_CLIP_DISTANCE0, "clip distance"},
+                                                             {GL_PROGRAM_POINT_SIZE, "point size"}};
     for (const auto& [capability, name] : capabilities)
         all.push_back({name,
                        [capability = capability]
@@ -62,33 +69,51 @@ std::vector<State> states()
         all.push_back({"pixel storage " + std::to_string(storage), [storage] { glPixelStorei(storage, 1); },
                        [storage] { return integer(storage); }});
     static unsigned vertex_array, buffer, texture, program;
-    const auto add = [&](const char* name, std::function<void()> set, std::function<double()> ask)
-    { all.push_back({name, std::move(set), std::move(ask)}); };
-    add("clear depth", [] { glClearDepth(0); }, [] { return real(GL_DEPTH_CLEAR_VALUE); });
-    add("clear stencil", [] { glClearStencil(7); }, [] { return integer(GL_STENCIL_CLEAR_VALUE); });
-    add("clear colour", [] { glClearColor(0.5f, 0.25f, 0, 0); }, [] { return real(GL_COLOR_CLEAR_VALUE); });
-    add("depth range", [] { glDepthRange(1, 0.25); }, [] { return real(GL_DEPTH_RANGE); });
-    add("depth function", [] { glDepthFunc(GL_NEVER); }, [] { return integer(GL_DEPTH_FUNC); });
-    add("depth mask", [] { glDepthMask(GL_FALSE); }, [] { return integer(GL_DEPTH_WRITEMASK); });
-    add("colour mask", [] { glColorMask(0, 1, 0, 1); }, [] { return integer(GL_COLOR_WRITEMASK); });
-    add("stencil mask", [] { glStencilMask(1); }, [] { return integer(GL_STENCIL_WRITEMASK); });
-    add("stencil back", [] { glStencilFuncSeparate(GL_BACK, GL_NEVER, 3, 1); },
+    const auto add = [&](const char* name, std::function<void()> set, std::function<double()> ask) {
+        all.push_back({name, std::move(set), std::move(ask)});
+    };
+    add(
+        "clear depth", [] { glClearDepth(0); }, [] { return real(GL_DEPTH_CLEAR_VALUE); });
+    add(
+        "clear stencil", [] { glClearStencil(7); }, [] { return integer(GL_STENCIL_CLEAR_VALUE); });
+    add(
+        "clear colour", [] { glClearColor(0.5f, 0.25f, 0, 0); }, [] { return real(GL_COLOR_CLEAR_VALUE); });
+    add(
+        "depth range", [] { glDepthRange(1, 0.25); }, [] { return real(GL_DEPTH_RANGE); });
+    add(
+        "depth function", [] { glDepthFunc(GL_NEVER); }, [] { return integer(GL_DEPTH_FUNC); });
+    add(
+        "depth mask", [] { glDepthMask(GL_FALSE); }, [] { return integer(GL_DEPTH_WRITEMASK); });
+    add(
+        "colour mask", [] { glColorMask(0, 1, 0, 1); }, [] { return integer(GL_COLOR_WRITEMASK); });
+    add(
+        "stencil mask", [] { glStencilMask(1); }, [] { return integer(GL_STENCIL_WRITEMASK); });
+    add(
+        "stencil back", [] { glStencilFuncSeparate(GL_BACK, GL_NEVER, 3, 1); },
         [] { return integer(GL_STENCIL_BACK_FUNC) + integer(GL_STENCIL_BACK_REF); });
-    add("front face", [] { glFrontFace(GL_CW); }, [] { return integer(GL_FRONT_FACE); });
-    add("polygon mode", [] { glPolygonMode(GL_FRONT_AND_BACK, GL_POINT); }, [] { return integer(GL_POLYGON_MODE); });
-    add("provoking vertex", [] { glProvokingVertex(GL_FIRST_VERTEX_CONVENTION); },
+    add(
+        "front face", [] { glFrontFace(GL_CW); }, [] { return integer(GL_FRONT_FACE); });
+    add(
+        "polygon mode", [] { glPolygonMode(GL_FRONT_AND_BACK, GL_POINT); }, [] { return integer(GL_POLYGON_MODE); });
+    add(
+        "provoking vertex", [] { glProvokingVertex(GL_FIRST_VERTEX_CONVENTION); },
         [] { return integer(GL_PROVOKING_VERTEX); });
-    add("viewport", [] { glViewport(3, 4, 5, 6); }, [] { return integer(GL_VIEWPORT); });
-    add("scissor box", [] { glScissor(3, 4, 5, 6); }, [] { return integer(GL_SCISSOR_BOX); });
-    add("clip control", [] { glClipControl(GL_UPPER_LEFT, GL_ZERO_TO_ONE); }, [] { return integer(GL_CLIP_ORIGIN); });
-    add("pack buffer",
+    add(
+        "viewport", [] { glViewport(3, 4, 5, 6); }, [] { return integer(GL_VIEWPORT); });
+    add(
+        "scissor box", [] { glScissor(3, 4, 5, 6); }, [] { return integer(GL_SCISSOR_BOX); });
+    add(
+        "clip control", [] { glClipControl(GL_UPPER_LEFT, GL_ZERO_TO_ONE); }, [] { return integer(GL_CLIP_ORIGIN); });
+    add(
+        "pack buffer",
         []
         {
             glGenBuffers(1, &buffer);
             glBindBuffer(GL_PIXEL_PACK_BUFFER, buffer);
         },
         [] { return integer(GL_PIXEL_PACK_BUFFER_BINDING); });
-    add("vertex array",
+    add(
+        "vertex array",
         []
         {
             glGenVertexArrays(1, &vertex_array);
@@ -96,7 +121,8 @@ std::vector<State> states()
             glBindBuffer(GL_ELEMENT_ARRAY_BUFFER, buffer);
         },
         [] { return integer(GL_VERTEX_ARRAY_BINDING) + 1e3 * integer(GL_ELEMENT_ARRAY_BUFFER_BINDING); });
-    add("texture of another unit",
+    add(
+        "texture of another unit",
         []
         {
             glGenTextures(1, &texture);
@@ -111,7 +137,8 @@ std::vector<State> states()
             glActiveTexture(unsigned(unit));
             return unit + 1e6 * bound;
         });
-    add("program",
+    add(
+        "program",
         []
         {
             const char* const text = "#version 330 core\nvoid main() { gl_Position = vec4(0); }";
@@ -147,30 +174,27 @@ struct Host
     std::vector<unsigned char> frame()
     {
         dgImage picture;
-        {
-            const dgGLStateGuard guard(*device);
-            dgGLWindow window(device, 64, 48);
-            dgRenderer renderer(&window, window.overlay());
-            dgView view(&renderer);
-            view.camera().view_port_dc(window.device_box());
-            view.camera().window_size(giVector2(64, 48));
-            renderer.background_colour(gsColour(0, 0, 1));
-            const dgRef<dgTriangleBlock> block(triangles({{-20, -20, 0}, {20, -20, 5}, {0, 20, -5}}));
-            view.erase(dgERASE_ZBUFFER_YES);
-            view.begin();
-            view.execute(*block);
-            view.end();
-            renderer.swap_buffers(dgSWAP_PLAIN);
-            window.read_front(picture);
-            window.blit_front_to(framebuffer, window.device_box());
-        }
+        dgGLWindow window(device, 64, 48);
+        dgRenderer renderer(&window, window.overlay());
+        dgView view(&renderer);
+        view.camera().view_port_dc(window.device_box());
+        view.camera().window_size(giVector2(64, 48));
+        renderer.background_colour(gsColour(0, 0, 1));
+        const dgRef<dgTriangleBlock> block(triangles({{-20, -20, 0}, {20, -20, 5}, {0, 20, -5}}));
+        view.erase(dgERASE_ZBUFFER_YES);
+        view.begin();
+        view.execute(*block);
+        view.end();
+        renderer.swap_buffers(dgSWAP_PLAIN);
+        window.read_front(picture);
+        window.blit_front_to(framebuffer, window.device_box());
         return picture.rgba;
     }
 
     // What lies in the host's framebuffer; puts the state back to that of a new context.
     std::vector<unsigned char> shown()
     {
-        const dgGLStateGuard guard(*device);
+        const dgGLDevice::Use use(*device);
         std::vector<unsigned char> rgba(64 * 48 * 4);
         glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
         glReadPixels(0, 0, 64, 48, GL_RGBA, GL_UNSIGNED_BYTE, rgba.data());
@@ -185,7 +209,7 @@ struct Host
 };
 }
 
-TEST(dgGLStateGuard, neither_side_notices_the_other)
+TEST(dgGLSharedContext, neither_side_notices_the_other)
 {
     Host clean;
     const std::vector<unsigned char> expected = clean.frame();
@@ -208,7 +232,7 @@ TEST(dgGLStateGuard, neither_side_notices_the_other)
     }
 }
 
-TEST(dgGLDevice, outlives_its_context)
+TEST(dgGLSharedContext, may_end_before_the_device)
 {
     Host host;
     dgGLWindow window(host.device, 8, 8);
