@@ -2,24 +2,36 @@
 
 #include <functional>
 #include <iosfwd>
+#include <memory>
+#include <string>
 
-/// How work in a process of its own ended.
-enum msChildStatus
+/// What is wrong when a reader takes its process along.
+inline const char* const ms_broken_down = "its reader broke down, the file must be damaged";
+
+/// Work in a process of its own, so that this one outlives its crash. It has this process's memory as it was at the
+/// start, of which it changes a copy, and may take half a gigabyte and half a minute, and more for every file that it
+/// names to ms_allow_file.
+///
+/// Where the system has no such processes, the work runs in this one, at the start and without limits.
+class msChild
 {
-    msCHILD_DONE = 0,
-    msCHILD_BROKE_DOWN = 1,
-    msCHILD_TOOK_TOO_LONG = 2,
-    msCHILD_NOT_STARTED = 3
-};
+public:
+    /// Starts the work, which writes to the stream that it is given.
+    explicit msChild(const std::function<void(std::ostream&)>& work);
+    /// Ends the work wherever it is.
+    ~msChild();
+    msChild(const msChild&) = delete;
+    msChild& operator=(const msChild&) = delete;
 
-/// Runs work in a process of its own, so that this one outlives its crash; receive gets here what work writes to its
-/// stream, as it comes. work has this process's memory as it is now, of which it changes a copy.
-///
-/// work may take half a gigabyte and half a minute, and more for every file that it names to ms_allow_file.
-///
-/// Where the system has no such processes, work runs in this one, without limits.
-msChildStatus ms_run_in_child(const std::function<void(std::ostream&)>& work,
-                              const std::function<void(std::istream&)>& receive);
+    /// What the work writes, as it comes.
+    std::istream& stream();
+    /// Ends the work, and answers what was wrong with how it ended by itself; empty: nothing.
+    std::string finish();
+
+private:
+    struct Process;
+    std::unique_ptr<Process> the_process;
+};
 
 /// Called by work: allows the memory and the time that a file of so many bytes may take.
 void ms_allow_file(double bytes);

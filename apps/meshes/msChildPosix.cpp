@@ -1,15 +1,19 @@
 #include "msChild.h"
 
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <fstream>
 #include <istream>
+#include <optional>
 #include <ostream>
 #include <streambuf>
+#include <utility>
 #include <vector>
 
 namespace
@@ -19,11 +23,23 @@ constexpr double base_bytes = 512e6, base_seconds = 30;
 // What the importers take for each byte of a file is measured in the tens; the seconds are for slow machines.
 constexpr double memory_per_byte = 32, seconds_per_byte = 4e-6;
 
+constexpr int pipe_bytes = 1 << 20;
+
 // The sanitizers' own memory lies anywhere.
 #if defined(__SANITIZE_ADDRESS__)
 constexpr bool memory_can_be_limited = false;
 #else
 constexpr bool memory_can_be_limited = true;
+#endif
+
+// Lets a pipe hold more, where the system can.
+#if defined(F_SETPIPE_SZ)
+void widen(int pipe)
+{
+    ::fcntl(pipe, F_SETPIPE_SZ, pipe_bytes);
+}
+#else
+void widen(int) {}
 #endif
 
 // The two ends of a pipe as streams.
@@ -38,11 +54,8 @@ public:
 protected:
     int underflow() override
     {
-        ssize_t count;
-        do
-            count = ::read(the_descriptor, the_bytes.data(), the_bytes.size());
-        while (count < 0 && errno == EINTR);
-        if (count <= 0)
+        const std::streamsize count = read(the_bytes.data(), static_cast<std::streamsize>(the_bytes.size()));
+        if (count == 0)
             return traits_type::eof();
         setg(the_bytes.data(), the_bytes.data(), the_bytes.data() + count);
         return traits_type::to_int_type(*gptr());
@@ -57,18 +70,53 @@ protected:
     }
     int sync() override
     {
-        for (const char* from = pbase(); from < pptr();)
-        {
-            const ssize_t count = ::write(the_descriptor, from, static_cast<std::size_t>(pptr() - from));
-            if (count < 0 && errno != EINTR)
-                return -1;
-            from += count > 0 ? count : 0;
-        }
+        const std::streamsize waiting = pptr() - pbase();
         setp(the_bytes.data(), the_bytes.data() + the_bytes.size());
-        return 0;
+        return write(the_bytes.data(), waiting) == waiting ? 0 : -1;
+    }
+    // What is large goes straight through.
+    std::streamsize xsputn(const char* from, std::streamsize count) override
+    {
+        if (count <= epptr() - pptr())
+            return std::streambuf::xsputn(from, count);
+        return sync() == 0 ? write(from, count) : 0;
+    }
+    std::streamsize xsgetn(char* to, std::streamsize count) override
+    {
+        const std::streamsize at_hand = std::min<std::streamsize>(count, egptr() - gptr());
+        std::copy_n(gptr(), at_hand, to);
+        gbump(static_cast<int>(at_hand));
+        if (count - at_hand < static_cast<std::streamsize>(the_bytes.size()))
+            return at_hand + std::streambuf::xsgetn(to + at_hand, count - at_hand);
+        std::streamsize done = at_hand;
+        for (std::streamsize some = 1; some > 0 && done < count; done += some)
+            some = read(to + done, count - done);
+        return done;
     }
 
 private:
+    // Answers 0 at the end, and when nothing can be read.
+    std::streamsize read(char* to, std::streamsize count)
+    {
+        ssize_t some;
+        do
+            some = ::read(the_descriptor, to, static_cast<std::size_t>(count));
+        while (some < 0 && errno == EINTR);
+        return std::max<std::streamsize>(some, 0);
+    }
+    std::streamsize write(const char* from, std::streamsize count)
+    {
+        std::streamsize done = 0;
+        while (done < count)
+        {
+            const ssize_t some = ::write(the_descriptor, from + done, static_cast<std::size_t>(count - done));
+            if (some < 0 && errno != EINTR)
+                break;
+            done += std::max<ssize_t>(some, 0);
+        }
+        return done;
+    }
+
     int the_descriptor;
     std::vector<char> the_bytes;
 };
@@ -117,12 +165,20 @@ void start_limits()
 }
 }
 
-msChildStatus ms_run_in_child(const std::function<void(std::ostream&)>& work,
-                              const std::function<void(std::istream&)>& receive)
+struct msChild::Process
+{
+    pid_t id = -1;
+    int descriptor = -1;
+    std::optional<PipeBuffer> buffer;
+    std::istream stream{nullptr};
+};
+
+msChild::msChild(const std::function<void(std::ostream&)>& work) : the_process(std::make_unique<Process>())
 {
     int ends[2];
     if (::pipe(ends) != 0)
-        return msCHILD_NOT_STARTED;
+        return;
+    widen(ends[1]);
     const pid_t child = ::fork();
     if (child == 0)
     {
@@ -130,22 +186,41 @@ msChildStatus ms_run_in_child(const std::function<void(std::ostream&)>& work,
         be_child(work, ends[1]);
     }
     ::close(ends[1]);
-    if (child > 0)
-    {
-        PipeBuffer buffer(ends[0]);
-        std::istream stream(&buffer);
-        receive(stream);
-    }
-    // A child that has more to say than was received ends by this.
-    ::close(ends[0]);
+    the_process->id = child;
+    the_process->descriptor = ends[0];
+    the_process->buffer.emplace(ends[0]);
+    the_process->stream.rdbuf(&*the_process->buffer);
+}
+
+msChild::~msChild()
+{
+    finish();
+}
+
+std::istream& msChild::stream()
+{
+    return the_process->stream;
+}
+
+std::string msChild::finish()
+{
+    const pid_t child = std::exchange(the_process->id, 0);
     if (child < 0)
-        return msCHILD_NOT_STARTED;
+        return "no process can be started to read it";
+    if (child == 0)
+        return {};
+    // One whose last words are not heard has more to say than anybody asks for.
+    const bool ended = the_process->stream.eof();
+    if (!ended)
+        ::kill(child, SIGKILL);
+    ::close(the_process->descriptor);
     int status = 0;
     while (::waitpid(child, &status, 0) < 0 && errno == EINTR)
         ;
-    if (WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU)
-        return msCHILD_TOOK_TOO_LONG;
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? msCHILD_DONE : msCHILD_BROKE_DOWN;
+    if (!ended || (WIFEXITED(status) && WEXITSTATUS(status) == 0))
+        return {};
+    return WIFSIGNALED(status) && WTERMSIG(status) == SIGXCPU ? "reading it takes longer than a file of its size should"
+                                                              : ms_broken_down;
 }
 
 void ms_allow_file(double bytes)

@@ -2,13 +2,26 @@
 
 #include <sstream>
 
-msChildStatus ms_run_in_child(const std::function<void(std::ostream&)>& work,
-                              const std::function<void(std::istream&)>& receive)
+struct msChild::Process
 {
     std::stringstream stream;
-    work(stream);
-    receive(stream);
-    return msCHILD_DONE;
+};
+
+msChild::msChild(const std::function<void(std::ostream&)>& work) : the_process(std::make_unique<Process>())
+{
+    work(the_process->stream);
+}
+
+msChild::~msChild() = default;
+
+std::istream& msChild::stream()
+{
+    return the_process->stream;
+}
+
+std::string msChild::finish()
+{
+    return {};
 }
 
 void ms_allow_file(double) {}

@@ -4,8 +4,6 @@
 
 #include "flMessages.h"
 
-#include "giAngle.h"
-
 #include <assimp/DefaultIOSystem.h>
 #include <assimp/DefaultLogger.hpp>
 #include <assimp/Importer.hpp>
@@ -15,14 +13,10 @@
 #include <assimp/scene.h>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <filesystem>
-#include <functional>
-#include <iterator>
 #include <string_view>
 #include <system_error>
-#include <unordered_map>
 
 namespace
 {
@@ -35,8 +29,9 @@ public:
     explicit progress_teller(const ms_progress& progress) : the_progress(progress) {}
     bool Update(float share) override
     {
+        // Reading is the first half of what importers tell, and nearly all of what is done.
         if (the_progress && share >= 0)
-            the_progress(share);
+            the_progress(std::min(2.0 * share, 1.0));
         return true;
     }
 
@@ -125,155 +120,63 @@ std::string fault_of(const aiScene& scene)
     return {};
 }
 
-giVector3 usable_normal(const aiVector3D& n)
+// Whether the scene says where its meshes lie, or more than once.
+bool is_placed(const aiScene& scene)
 {
-    // A node of triangles without area has no direction of its own.
-    const giVector3 normal(n.x, n.y, n.z);
-    const double length = normal.length();
-    return std::isfinite(length) && length > 0 ? normal / length : giVector3(0, 0, 1);
-}
-
-// What makes two vertices of a mesh one node: equal positions and texture coordinates, normals that differ by no more
-// than what their computation leaves.
-struct VertexKey
-{
-    std::array<float, 5> place;
-    std::array<int, 3> normal;
-
-    bool operator==(const VertexKey&) const = default;
-};
-
-struct VertexKeyHash
-{
-    std::size_t operator()(const VertexKey& key) const
+    std::vector<const aiNode*> nodes = {scene.mRootNode};
+    unsigned n_meshes = 0;
+    for (std::size_t i = 0; i < nodes.size(); ++i)
     {
-        std::size_t hash = 0;
-        for (const float coordinate : key.place)
-            hash = hash * 1099511628211U + std::hash<float>()(coordinate);
-        return hash ^ (hash >> 29);
+        if (!nodes[i]->mTransformation.IsIdentity())
+            return true;
+        n_meshes += nodes[i]->mNumMeshes;
+        nodes.insert(nodes.end(), nodes[i]->mChildren, nodes[i]->mChildren + nodes[i]->mNumChildren);
     }
-};
-
-VertexKey key_of(const aiMesh& mesh, unsigned vertex)
-{
-    const aiVector3D& p = mesh.mVertices[vertex];
-    const aiVector3D t = mesh.HasTextureCoords(0) ? mesh.mTextureCoords[0][vertex] : aiVector3D();
-    const giVector3 n = mesh.HasNormals() ? usable_normal(mesh.mNormals[vertex]) : giVector3(0, 0, 1);
-    const auto rounded = [](double x) { return static_cast<int>(std::lround(x * 1e5)); };
-    return {{p.x, p.y, p.z, t.x, t.y}, {rounded(n.x()), rounded(n.y()), rounded(n.z())}};
+    return n_meshes != scene.mNumMeshes;
 }
 
-// The node of each vertex; first_vertices gets one vertex of each node. The importer's own joining works to a fixed
-// length, in which the detail of a part in metres is lost.
-std::vector<int> join_vertices(const aiMesh& mesh, std::vector<unsigned>& first_vertices)
+bool has_polygons(const aiScene& scene)
 {
-    std::unordered_map<VertexKey, int, VertexKeyHash> nodes;
-    nodes.reserve(mesh.mNumVertices / 4);
-    std::vector<int> node_of(mesh.mNumVertices);
-    for (unsigned i = 0; i < mesh.mNumVertices; ++i)
+    for (unsigned i = 0; i < scene.mNumMeshes; ++i)
     {
-        const auto [place, is_new] = nodes.try_emplace(key_of(mesh, i), static_cast<int>(first_vertices.size()));
-        if (is_new)
-            first_vertices.push_back(i);
-        node_of[i] = place->second;
+        const aiMesh& mesh = *scene.mMeshes[i];
+        if (std::any_of(mesh.mFaces, mesh.mFaces + mesh.mNumFaces,
+                        [](const aiFace& face) { return face.mNumIndices > 3; }))
+            return true;
     }
-    return node_of;
+    return false;
 }
 
-std::unique_ptr<giTriBlock> block_of(const aiMesh& mesh)
+// The corners of the triangles, without points and lines.
+std::vector<int> corners_of(const aiMesh& mesh)
 {
-    std::vector<unsigned> vertices;
-    const std::vector<int> node_of = join_vertices(mesh, vertices);
-
-    auto block = std::make_unique<giTriBlock>();
-    std::vector<giPoint3> nodes;
-    nodes.reserve(vertices.size());
-    for (const unsigned i : vertices)
-        nodes.push_back(giPoint3(mesh.mVertices[i].x, mesh.mVertices[i].y, mesh.mVertices[i].z));
-    block->nodes() = giBoxArrPoint3(std::move(nodes));
-
-    block->triangles().reserve(mesh.mNumFaces);
+    std::vector<int> corners;
+    corners.reserve(3 * static_cast<std::size_t>(mesh.mNumFaces));
     for (unsigned i = 0; i < mesh.mNumFaces; ++i)
-    {
-        const unsigned* face = mesh.mFaces[i].mIndices;
-        block->triangles().push_back(giTriangle(node_of[face[0]], node_of[face[1]], node_of[face[2]]));
-    }
-    std::vector<giVector3>& normals = block->create_normals();
-    for (std::size_t node = 0; node < vertices.size(); ++node)
-        normals[node] = mesh.HasNormals() ? usable_normal(mesh.mNormals[vertices[node]]) : giVector3(0, 0, 1);
-    if (mesh.HasTextureCoords(0))
-    {
-        std::vector<giPoint2>& texture = block->create_texture_coordinates();
-        for (std::size_t node = 0; node < vertices.size(); ++node)
-        {
-            const aiVector3D& place = mesh.mTextureCoords[0][vertices[node]];
-            texture[node] = giPoint2(place.x, place.y);
-        }
-    }
-    return block;
+        if (mesh.mFaces[i].mNumIndices == 3)
+            corners.insert(corners.end(), mesh.mFaces[i].mIndices, mesh.mFaces[i].mIndices + 3);
+    return corners;
+}
 }
 
-// The values of an array at the corners of the faces; frees the array.
-aiVector3D* spread(const aiVector3D* values, const std::vector<unsigned>& corners)
-{
-    auto* const spread_values = new aiVector3D[corners.size()];
-    std::transform(corners.begin(), corners.end(), spread_values, [values](unsigned i) { return values[i]; });
-    delete[] values;
-    return spread_values;
-}
-
-// Gives each corner of each face a vertex of its own: faces that share vertices would share normals, sharp edges or
-// not.
-void separate_faces(aiMesh& mesh)
-{
-    std::vector<unsigned> corners;
-    for (unsigned i = 0; i < mesh.mNumFaces; ++i)
-        for (unsigned j = 0; j < mesh.mFaces[i].mNumIndices; ++j)
-        {
-            corners.push_back(mesh.mFaces[i].mIndices[j]);
-            mesh.mFaces[i].mIndices[j] = static_cast<unsigned>(corners.size() - 1);
-        }
-    mesh.mVertices = spread(mesh.mVertices, corners);
-    for (aiVector3D*& coordinates : mesh.mTextureCoords)
-        if (coordinates)
-            coordinates = spread(coordinates, corners);
-    mesh.mNumVertices = static_cast<unsigned>(corners.size());
-}
-
-}
-
-int ms_import(const std::string& file, const std::string& kind, const giAngle& crease, ms_blocks& blocks,
+int ms_import(const std::string& file, const std::string& kind, const std::function<void(const msMesh&)>& receive,
               std::string& error, const ms_progress& progress)
 {
     Assimp::Importer importer;
     importer.SetIOHandler(new plain_files); // the importer owns both
     importer.SetProgressHandler(new progress_teller(progress));
-    // Points and lines are dropped, and triangles that use a node twice; those that are merely small stay.
-    importer.SetPropertyInteger(AI_CONFIG_PP_SBP_REMOVE, aiPrimitiveType_POINT | aiPrimitiveType_LINE);
-    importer.SetPropertyBool(AI_CONFIG_PP_FD_REMOVE, true);
-    importer.SetPropertyBool(AI_CONFIG_PP_FD_CHECKAREA, false);
     importer.SetPropertyBool(AI_CONFIG_PP_PTV_KEEP_HIERARCHY, true); // or meshes of one material become one
-    importer.SetPropertyFloat(AI_CONFIG_PP_GSN_MAX_SMOOTHING_ANGLE, static_cast<float>(crease.degrees()));
-    int removed = aiComponent_COLORS | aiComponent_TANGENTS_AND_BITANGENTS | aiComponent_BONEWEIGHTS |
-                  aiComponent_ANIMATIONS | aiComponent_LIGHTS | aiComponent_CAMERAS;
-    if (kind == "stl")
-        removed |= aiComponent_NORMALS; // one a facet, and not always right
-    importer.SetPropertyInteger(AI_CONFIG_PP_RVC_FLAGS, removed);
 
     std::string fault;
     const listening indices(fault);
     const aiScene* scene = importer.ReadFile(file, 0);
     if (scene && fault.empty())
         fault = fault_of(*scene);
-    if (scene && fault.empty())
-        scene = importer.ApplyPostProcessing(aiProcess_RemoveComponent | aiProcess_SortByPType);
-    if (scene && fault.empty())
+    if (scene && fault.empty() && has_polygons(*scene))
+        scene = importer.ApplyPostProcessing(aiProcess_Triangulate);
+    if (scene && fault.empty() && is_placed(*scene))
     {
-        for (unsigned i = 0; i < scene->mNumMeshes; ++i)
-            if (!scene->mMeshes[i]->HasNormals())
-                separate_faces(*scene->mMeshes[i]);
-        scene = importer.ApplyPostProcessing(aiProcess_Triangulate | aiProcess_SortByPType | aiProcess_FindDegenerates |
-                                             aiProcess_GenSmoothNormals | aiProcess_PreTransformVertices);
+        scene = importer.ApplyPostProcessing(aiProcess_PreTransformVertices);
         fault = scene ? fault_of(*scene) : "";
     }
     if (!scene)
@@ -281,20 +184,23 @@ int ms_import(const std::string& file, const std::string& kind, const giAngle& c
         const std::string_view said = importer.GetErrorString();
         fault = said.find("bad_alloc") == std::string_view::npos ? fl_printable(said) : ms_no_memory;
     }
-    if (!fault.empty())
+    int n_meshes = 0;
+    for (unsigned i = 0; fault.empty() && i < scene->mNumMeshes; ++i)
     {
-        error = fault;
-        return 0;
+        const aiMesh& mesh = *scene->mMeshes[i];
+        const std::vector<int> corners = corners_of(mesh);
+        if (corners.empty())
+            continue;
+        ++n_meshes;
+        static_assert(sizeof(aiVector3D) == 3 * sizeof(float));
+        const auto numbers = [](const aiVector3D* values) { return reinterpret_cast<const float*>(values); };
+        // STL has one normal a facet, and not always right.
+        receive({static_cast<int>(mesh.mNumVertices), numbers(mesh.mVertices),
+                 mesh.HasNormals() && kind != "stl" ? numbers(mesh.mNormals) : nullptr,
+                 mesh.HasTextureCoords(0) ? numbers(mesh.mTextureCoords[0]) : nullptr, corners});
     }
-    ms_blocks read;
-    for (unsigned i = 0; i < scene->mNumMeshes; ++i)
-        if (scene->mMeshes[i]->mNumFaces > 0)
-            read.push_back(block_of(*scene->mMeshes[i]));
-    if (read.empty())
-    {
-        error = "the file holds no triangles";
-        return 0;
-    }
-    std::move(read.begin(), read.end(), std::back_inserter(blocks));
-    return 1;
+    if (fault.empty() && n_meshes == 0)
+        fault = "the file holds no triangles";
+    error = fault;
+    return fault.empty();
 }

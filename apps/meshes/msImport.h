@@ -2,14 +2,25 @@
 
 #include "msBlocks.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
-class giAngle;
+/// A mesh as a file has it; what it points to is good while it is looked at.
+struct msMesh
+{
+    int n_nodes;
+    const float* positions;          ///< three for each node
+    const float* normals;            ///< three for each node, of any length; null: none
+    const float* texture;            ///< texture coordinates, three for each node, the last unused; null: none
+    const std::vector<int>& corners; ///< node numbers, three for each triangle, all of them good
+};
 
 /// What is wrong when a file takes more memory than is allowed.
 inline const char* const ms_no_memory = "reading it takes more memory than a file of its size should";
 
-/// Reads a mesh file as ms_read does, in this process, which an importer may take along in a crash. kind is the ending
-/// of the name in small letters. Answers 1, or 0 with error set to what is wrong, without the file's name.
-int ms_import(const std::string& file, const std::string& kind, const giAngle& crease, ms_blocks& blocks,
+/// Reads the meshes of a file, placed as its scene places them, in this process, which an importer may take along in a
+/// crash. kind is the ending of the name in small letters. Calls receive with each mesh that has triangles. Answers 1,
+/// or 0 with error set to what is wrong, without the file's name.
+int ms_import(const std::string& file, const std::string& kind, const std::function<void(const msMesh&)>& receive,
               std::string& error, const ms_progress& progress);
