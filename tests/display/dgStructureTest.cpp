@@ -1,15 +1,10 @@
 #include "dgClientStructure.h"
 #include "dgCompiledStructure.h"
 #include "dgLabel.h"
-#include "dgLineColour.h"
-#include "dgPointSet.h"
-#include "dgPolyline.h"
+#include "dgNetworkWalk.h"
 #include "dgRef.h"
-#include "dgStructureCall.h"
 #include "dgStructureIterator.h"
-#include "dgTransform.h"
-#include "dgTriangleBlock.h"
-#include "giTriBlock.h"
+#include "tsRandomNetwork.h"
 
 #include <gtest/gtest.h>
 
@@ -110,6 +105,51 @@ TEST(dgStructure, box_covers_calls_and_transforms_and_follows_changes)
     EXPECT_EQ(root->bounding_box(), giBox3({20, 0, 0}, {21, 1, 5}));
     part->clear();
     EXPECT_TRUE(root->bounding_box().empty());
+}
+
+// Everything that is kept, of random networks under random edits, beside a walk that keeps nothing.
+TEST(dgStructure, boxes_and_stamps_of_a_network_follow_all_edits)
+{
+    class Walk : public dgPlacingVisitor
+    {
+    public:
+        bool enter(const dgStructure& structure)
+        {
+            stamp = std::max(stamp, structure.stamp());
+            return dgPlacingVisitor::enter(structure);
+        }
+        bool visit(dgGraphicalElement* element)
+        {
+            if (!pass(*element))
+                box.merge(element->bounding_box().transform(transform()));
+            return true;
+        }
+        giBox3 box;
+        unsigned long long stamp = 0;
+    };
+    const auto within = [](const giBox3& box, const giBox3& around)
+    { return box.empty() || (around.contains(box.low(), 1e-9) && around.contains(box.high(), 1e-9)); };
+    unsigned long long circles = 0;
+    for (unsigned number = 0; number < 100; ++number)
+    {
+        tsRandomNetwork network(number);
+        for (int i = 0; i < 60; ++i)
+        {
+            const dgStructure& asked = *network.any();
+            Walk walk, after;
+            dg_walk_network(asked, walk);
+            const giBox3& box = asked.bounding_box();
+            ASSERT_TRUE(within(walk.box, box) && within(box, walk.box)) << number << " " << i << walk.box << box;
+            ASSERT_TRUE(asked.bounds().vague || within(box, asked.bounds().box)) << number << " " << i;
+            circles += asked.bounds().vague;
+            const unsigned long long stamp = asked.network_stamp();
+            for (int edits = network.whole(0, 3); edits > 0; --edits)
+                network.edit();
+            dg_walk_network(asked, after);
+            ASSERT_EQ(asked.network_stamp() > stamp, after.stamp > walk.stamp) << number << " " << i;
+        }
+    }
+    EXPECT_GT(circles, 100u);
 }
 
 TEST(dgStructure, transforms_apply_in_front_of_those_in_force)

@@ -24,8 +24,7 @@ public:
     ~gsStructureFlattener() override;
 
     /// 1 when a picture at rest should be drawn from the network: something in it draws by itself, the writing was
-    /// given up, or the network has changed since. root_stamp is the root's network_stamp() now, for callers that have
-    /// it; finding it takes a walk of the network.
+    /// given up, or the network has changed since. root_stamp is the root's network_stamp() at the time that is meant.
     int final_refresh_non_flattened() const;
     int final_refresh_non_flattened(unsigned long long root_stamp) const;
 

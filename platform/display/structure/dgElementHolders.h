@@ -7,8 +7,8 @@
 
 class dgStructure;
 
-/// The structures that hold an element, and how many times. One structure that holds it once, nearly always the only
-/// one, takes no room but a pointer's; any number of others is searched in constant time.
+/// The structures that hold an element, or that call a structure, and how many times. One structure that does so once,
+/// nearly always the only one, takes no room but a pointer's; any number of others is searched in constant time.
 class DG_EXPORT dgElementHolders
 {
 public:

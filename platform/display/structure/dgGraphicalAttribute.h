@@ -13,6 +13,9 @@ public:
     /// 4 shared); 5 and more for those that act at once.
     int category() const;
 
+    /// Pixels by which what is drawn under it may reach beyond its box, such as half the width of a line; 0 for most.
+    virtual double reach() const { return 0; }
+
     dgGraphicalAttribute* copy() const override = 0;
     void draw(dgRenderer* renderer) const override;
 

@@ -28,8 +28,17 @@ public:
     /// Executes the element: an attribute changes the renderer's context, a primitive is drawn under it.
     virtual void draw(dgRenderer* renderer) const = 0;
 
-    /// Box of a primitive in its own coordinates; empty for every other kind.
+    /// Box of a primitive, or of what an application's element draws, in its own coordinates; empty for every other
+    /// kind.
     virtual giBox3 bounding_box() const;
+
+    /// 1 for an element that is neither attribute, primitive nor call, yet draws nothing beyond its bounding_box() and
+    /// leaves all attributes as they are: it may be left out where its box is out of view. 0 by default: such an
+    /// element is always executed.
+    virtual int draws_in_box() const { return 0; }
+
+    /// Whether its changes may change where it, or what follows it, is drawn.
+    virtual bool changes_bounds() const { return kind() != dgELEMENT_ATTRIBUTE; }
 
     /// The structure that a call element calls; null for every other element.
     virtual dgStructure* called_structure() const { return nullptr; }
@@ -51,6 +60,11 @@ public:
     void add_holder(dgStructure* holder) { the_holders.add(holder); }
     void remove_holder(dgStructure* holder) { the_holders.remove(holder); }
 
+    // Where a structure that holds the element has it in its compiled form, -1 if none has: to be looked at there
+    // first.
+    int place_hint() const { return the_place_hint; }
+    void place_hint(int place) const { the_place_hint = place; }
+
 protected:
     dgGraphicalElement(dgGraphicalElementKind kind, int type);
     dgGraphicalElement(const dgGraphicalElement& other);
@@ -62,6 +76,7 @@ protected:
 private:
     unsigned char the_kind;
     unsigned char the_type;
+    mutable int the_place_hint = -1;
     unsigned long long the_stamp;
     dgElementHolders the_holders;
 };

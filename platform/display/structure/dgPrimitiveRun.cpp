@@ -8,3 +8,17 @@ const dgRunSampling& dgPrimitiveRun::sampling() const
         sampling_cache = std::make_unique<dgRunSampling>(*this);
     return *sampling_cache;
 }
+
+const dgRunBounds& dgPrimitiveRun::bounds() const
+{
+    if (!bounds_cache)
+        bounds_cache = std::make_unique<dgRunBounds>(*this);
+    return *bounds_cache;
+}
+
+void dgPrimitiveRun::primitive_changed(int number, unsigned long long changed_stamp)
+{
+    stamp = changed_stamp;
+    if (bounds_cache && !bounds_cache->primitive_changed(*this, number))
+        bounds_cache.reset();
+}

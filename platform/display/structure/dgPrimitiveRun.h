@@ -2,6 +2,7 @@
 
 #include "dgExport.h"
 #include "dgGeometry.h"
+#include "dgRunBounds.h"
 #include "dgRunCache.h"
 #include "dgRunSampling.h"
 
@@ -23,6 +24,13 @@ struct DG_EXPORT dgPrimitiveRun
     /// How the run is sampled and its number of features; made when first asked for after a change.
     const dgRunSampling& sampling() const;
 
+    /// Where its primitives lie; made when first asked for.
+    const dgRunBounds& bounds() const;
+
+    /// A primitive was changed in place; number counts from the first one of the run.
+    void primitive_changed(int number, unsigned long long changed_stamp);
+
+    mutable std::unique_ptr<dgRunBounds> bounds_cache;
     mutable std::unique_ptr<dgRunSampling> sampling_cache;
     mutable std::unique_ptr<dgRunCache> cache;
     mutable const void* cache_owner = nullptr; ///< the driver's store that made the cache

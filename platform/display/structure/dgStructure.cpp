@@ -2,8 +2,10 @@
 
 #include "dgCompiledStructure.h"
 #include "dgGraphicalElement.h"
+#include "dgNetworkBox.h"
 #include "dgNetworkWalk.h"
 #include "dgStamp.h"
+#include "dgStepTree.h"
 
 #include <algorithm>
 #include <ostream>
@@ -18,7 +20,24 @@ struct dgStructure::Retired
     std::vector<std::unique_ptr<dgCompiledStructure>> compiled; // points at the elements and goes before them
 };
 
-dgStructure::dgStructure() : the_stamp(dg_next_stamp()), the_content_stamp(the_stamp) {}
+namespace
+{
+// Callers of a changed structure are told once between two questions for a stamp, however many changes there are. The
+// number of a round of changes; a question about one of the changed structures opens the next.
+unsigned long long& telling_round()
+{
+    static unsigned long long round = 1;
+    return round;
+}
+
+unsigned long long& bounds_lost()
+{
+    static unsigned long long count = 0;
+    return count;
+}
+}
+
+dgStructure::dgStructure() : the_stamp(dg_next_stamp()), the_content_stamp(the_stamp), the_network_stamp(the_stamp) {}
 
 dgStructure::~dgStructure()
 {
@@ -26,6 +45,8 @@ dgStructure::~dgStructure()
     for (int i = 0; i < nelements(); ++i)
     {
         element(i)->remove_holder(this);
+        if (dgStructure* called = element(i)->called_structure())
+            called->the_callers.remove(this);
         element(i)->unreference();
     }
 }
@@ -55,6 +76,8 @@ int dgStructure::insert(dgGraphicalElement* element)
 {
     element->reference();
     element->add_holder(this);
+    if (dgStructure* called = element->called_structure())
+        called->the_callers.add(this);
     the_elements.insert(++the_cursor, element);
     contents_changed();
     return the_cursor;
@@ -82,6 +105,8 @@ void dgStructure::delete_range(int first, int last)
     for (dgGraphicalElement* element : removed)
     {
         element->remove_holder(this);
+        if (dgStructure* called = element->called_structure())
+            called->the_callers.remove(this);
         if (the_walk)
             retired().elements.emplace_back(element);
         element->unreference();
@@ -108,46 +133,169 @@ int dgStructure::find(int type)
 
 const giBox3& dgStructure::bounding_box() const
 {
-    const unsigned long long stamp = network_stamp();
-    if (the_box_stamp == stamp)
+    if (the_box_known)
         return the_box;
-    giBox3 box;
-    dg_walk_placed(*this,
-                   [&box](const dgGraphicalElement& element, const giXform3& transform)
-                   {
-                       const giBox3 element_box = element.bounding_box();
-                       if (!element_box.empty())
-                           box.merge(element_box.transform(transform));
-                       return true;
-                   });
-    the_box = box;
-    the_box_stamp = stamp;
+    const dgBounds& bounds = this->bounds();
+    if (bounds.vague)
+    {
+        giBox3 box;
+        dg_walk_placed(*this,
+                       [&box](const dgGraphicalElement& element, const giXform3& transform)
+                       {
+                           const giBox3 element_box = element.bounding_box();
+                           if (!element_box.empty())
+                               box.merge(element_box.transform(transform));
+                           return true;
+                       });
+        the_box = box;
+    }
+    else
+        the_box = bounds.exact ? bounds.box : dg_network_box(*this);
+    the_box_known = the_bounds_known;
     return the_box;
 }
 
 unsigned long long dgStructure::network_stamp() const
 {
-    const unsigned long long visit = new_walk();
-    unsigned long long stamp = 0;
-    std::vector<const dgStructure*> open;
-    const auto meet = [&](const dgStructure* structure)
+    if (the_told_in == telling_round())
+        ++telling_round();
+    return the_network_stamp;
+}
+
+void dgStructure::network_changed()
+{
+    const unsigned long long stamp = the_stamp, round = telling_round();
+    the_network_stamp = stamp;
+    if (the_told_in == round)
+        return;
+    the_told_in = round;
+    std::vector<dgStructure*> open;
+    const auto tell_callers = [&](const dgStructure& changed)
     {
-        if (!structure || structure->the_visit == visit)
-            return;
-        structure->the_visit = visit;
-        open.push_back(structure);
+        changed.the_callers.for_each(
+            [&](dgStructure& caller)
+            {
+                if (caller.the_told_in == round)
+                    return;
+                caller.the_told_in = round;
+                caller.the_network_stamp = stamp;
+                open.push_back(&caller);
+            });
     };
-    meet(this);
+    tell_callers(*this);
     while (!open.empty())
     {
-        const dgStructure* structure = open.back();
+        const dgStructure* changed = open.back();
         open.pop_back();
-        stamp = std::max(stamp, structure->the_stamp);
-        for (const dgCompiledStructure::Step& step : structure->compiled().steps())
-            if (step.element)
-                meet(step.element->called_structure());
+        tell_callers(*changed);
     }
-    return stamp;
+}
+
+const dgBounds& dgStructure::bounds() const
+{
+    if (!the_bounds_known)
+        find_bounds();
+    return the_bounds;
+}
+
+bool dgStructure::known_bounds(dgBounds& bounds) const
+{
+    if (the_bounds_known)
+        bounds = the_bounds;
+    return the_bounds_known;
+}
+
+unsigned long long dgStructure::bounds_changes()
+{
+    return bounds_lost();
+}
+
+// Those that call this one lose theirs too. Where bounds are not known, nobody who calls knows any.
+void dgStructure::lose_bounds()
+{
+    if (!the_bounds_known)
+        return;
+    ++bounds_lost();
+    the_bounds_known = the_box_known = false;
+    std::vector<const dgStructure*> open{this};
+    while (!open.empty())
+    {
+        const dgStructure* changed = open.back();
+        open.pop_back();
+        changed->the_callers.for_each(
+            [&](dgStructure& caller)
+            {
+                // The same one may be asked and changed again and again while its caller is not asked.
+                std::vector<const dgStructure*>& list = caller.the_changed_calls;
+                if (list.empty() || list.back() != changed)
+                    list.push_back(changed);
+                if (static_cast<int>(list.size()) > caller.nelements())
+                {
+                    list.clear();
+                    if (caller.the_compiled)
+                        caller.the_compiled->forget_tree();
+                }
+                if (!caller.the_bounds_known)
+                    return;
+                caller.the_bounds_known = caller.the_box_known = false;
+                open.push_back(&caller);
+            });
+    }
+}
+
+// The structures that are called come first; calls may be of any depth.
+void dgStructure::find_bounds() const
+{
+    struct Frame
+    {
+        const dgStructure* structure;
+        std::size_t next;
+    };
+    the_bounds_sought = true;
+    std::vector<Frame> frames{{this, 0}};
+    while (!frames.empty())
+    {
+        const dgStructure* structure = frames.back().structure;
+        if (const dgStructure* called = structure->next_without_bounds(frames.back().next))
+        {
+            called->the_bounds_sought = true;
+            frames.push_back({called, 0});
+            continue;
+        }
+        structure->update_bounds();
+        structure->the_bounds_sought = false;
+        frames.pop_back();
+    }
+}
+
+// The next of those that have to be looked at, null if there is none. Those that are looked at already are left out:
+// they call each other in a circle.
+const dgStructure* dgStructure::next_without_bounds(std::size_t& next) const
+{
+    const auto wanted = [](const dgStructure* called)
+    { return called && !called->the_bounds_known && !called->the_bounds_sought; };
+    const dgCompiledStructure& form = compiled();
+    if (form.tree())
+    {
+        while (next < the_changed_calls.size())
+            if (const dgStructure* called = the_changed_calls[next++]; wanted(called))
+                return called;
+        return nullptr;
+    }
+    while (next < form.steps().size())
+    {
+        const dgGraphicalElement* element = form.steps()[next++].element;
+        if (const dgStructure* called = element ? element->called_structure() : nullptr; wanted(called))
+            return called;
+    }
+    return nullptr;
+}
+
+void dgStructure::update_bounds() const
+{
+    the_bounds = compiled().update_tree(the_changed_calls).bounds();
+    the_changed_calls.clear();
+    the_bounds_known = true;
 }
 
 dgCompiledStructure& dgStructure::compiled() const
@@ -190,13 +338,20 @@ void dgStructure::close_walk(unsigned long long before) const
 void dgStructure::element_changed(const dgGraphicalElement& element)
 {
     the_stamp = element.stamp();
-    if (the_compiled && element.kind() == dgELEMENT_PRIMITIVE)
-        the_compiled->primitive_changed(the_stamp);
+    network_changed();
+    if (!element.changes_bounds())
+        return;
+    if (the_compiled)
+        the_compiled->element_changed(element);
+    lose_bounds();
 }
 
 void dgStructure::contents_changed()
 {
     the_stamp = the_content_stamp = dg_next_stamp();
+    the_changed_calls.clear();
+    network_changed();
+    lose_bounds();
 }
 
 void dgStructure::print(std::ostream& os) const

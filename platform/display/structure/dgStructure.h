@@ -1,13 +1,16 @@
 #pragma once
 
 #include "dgBase.h"
+#include "dgBounds.h"
 #include "dgElementBuffer.h"
+#include "dgElementHolders.h"
 #include "giBox3.h"
 
 #include <algorithm>
 #include <iosfwd>
 #include <memory>
 #include <utility>
+#include <vector>
 
 class dgCompiledStructure;
 
@@ -67,7 +70,8 @@ public:
     /// Moves the cursor onto the next element of a type code behind it. 0 when there is none: the cursor stays.
     int find(int type);
 
-    /// Box of all primitives through calls and transforms; empty when there are none. Kept until something changes.
+    /// Box of all primitives through calls and transforms; empty when there are none. Kept until something in the
+    /// network changes that it depends on; then found again by a look at that, and at what reaches farthest.
     const giBox3& bounding_box() const;
 
     /// Grows on every insertion, deletion and change in place of this structure's own elements.
@@ -76,7 +80,7 @@ public:
     /// Grows with insertions and deletions alone, not with changes in place.
     unsigned long long content_stamp() const { return the_content_stamp; }
 
-    /// The largest stamp of this structure and of all that it calls.
+    /// Grows whenever the stamp of this structure or of one that it calls does. Takes constant time.
     unsigned long long network_stamp() const;
 
     virtual void print(std::ostream& os) const;
@@ -95,9 +99,27 @@ public:
     // For elements held by this structure.
     void element_changed(const dgGraphicalElement& element);
 
+    // For drawing, picking and fitting: where the network is drawn, found when it is not known. known_bounds answers
+    // false, and tells nothing, while they are being found, which is when calls make a circle.
+    const dgBounds& bounds() const;
+    bool known_bounds(dgBounds& bounds) const;
+
+    // Grows whenever the bounds of any structure are no longer known.
+    static unsigned long long bounds_changes();
+
+    // How many times a structure calls this one, and one of the steps that do; 0 if none is known.
+    int times_called_by(const dgStructure& structure) const { return the_callers.count(&structure); }
+    int call_hint() const { return the_call_hint; }
+    void call_hint(int step) const { the_call_hint = step; }
+
 private:
     struct Retired;
     void contents_changed();
+    void network_changed();
+    void lose_bounds();
+    void find_bounds() const;
+    const dgStructure* next_without_bounds(std::size_t& next) const;
+    void update_bounds() const;
     void retire_compiled() const;
     Retired& retired() const;
 
@@ -105,10 +127,15 @@ private:
     int the_cursor = -1;
     unsigned long long the_stamp;
     unsigned long long the_content_stamp;
-    mutable giBox3 the_box;
-    mutable unsigned long long the_box_stamp = 0; // network stamp that the box belongs to, 0: none yet
-    mutable unsigned long long the_walk = 0;      // the walk that is under way here, 0: none
-    mutable unsigned long long the_visit = 0;     // the last that asked for the network's stamp
+    dgElementHolders the_callers; // structures that hold calls of this one
+    mutable unsigned long long the_network_stamp;
+    unsigned long long the_told_in = 0; // round of questions in which callers were last told of a change
+    mutable int the_call_hint = 0;
+    mutable bool the_box_known = false, the_bounds_known = false, the_bounds_sought = false;
+    mutable giBox3 the_box;                                    // while known, so are the bounds
+    mutable dgBounds the_bounds;                               // while known, so are those of all that is called
+    mutable std::vector<const dgStructure*> the_changed_calls; // whose bounds were lost since this one's were known
+    mutable unsigned long long the_walk = 0;                   // the walk that is under way here, 0: none
     mutable std::unique_ptr<dgCompiledStructure> the_compiled;
     mutable std::unique_ptr<Retired> the_retired; // until no walk is under way
 };

@@ -13,6 +13,7 @@ public:
     const giXform3& transform() const { return the_transform; }
     void transform(const giXform3& transform);
 
+    bool changes_bounds() const override { return true; }
     dgTransform* copy() const override;
 
     UT_DECLARE_TYPE(dgTransform, dgGraphicalElement);

@@ -14,6 +14,7 @@ public:
 
     const giXform3& transform() const { return the_transform; }
 
+    bool changes_bounds() const override { return true; }
     dgWorldTransform* copy() const override;
 
     UT_DECLARE_TYPE(dgWorldTransform, dgGraphicalElement);

@@ -1,0 +1,102 @@
+#pragma once
+
+#include "dgBounds.h"
+#include "dgBoxTree.h"
+#include "dgExport.h"
+#include "giXform3.h"
+
+#include <algorithm>
+#include <vector>
+
+class dgCompiledStructure;
+class dgGraphicalElement;
+class dgStructure;
+
+/// What the steps of a compiled structure draw and where, and which attributes hold before each of them, so that steps
+/// can be left out.
+class DG_EXPORT dgStepTree
+{
+public:
+    /// The structures that are called must know their bounds, but for those that are looking for them now.
+    explicit dgStepTree(const dgCompiledStructure& form);
+
+    /// Of all steps together, in the structure's own coordinates.
+    dgBounds bounds() const;
+
+    /// The steps that draw, in order: runs, calls and elements that draw by themselves.
+    int drawing_steps() const { return static_cast<int>(the_leaves.size()); }
+    int step(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].step; }
+
+    /// The first drawing step that is not before a step.
+    int leaf_from(int step) const;
+
+    /// Their boxes, for those that are not open or vague.
+    const dgBoxTree& tree() const { return the_tree; }
+    bool open(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].open; }
+
+    /// The leaves that must be met wherever their boxes lie: to draw all, and to find all primitives.
+    const std::vector<int>& open_leaves() const { return the_open; }
+    const std::vector<int>& vague_leaves() const { return the_vague; }
+
+    int transforms_before(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].transforms; }
+
+    /// From the coordinates of a drawing step to the structure's, and whether these are taken for the world's.
+    giXform3 placement(int leaf, bool& world) const;
+
+    /// Calls execute(element) for the attributes among the steps first to end - 1 that hold behind them.
+    template <class Execute>
+    void attributes_between(int first, int end, Execute execute) const
+    {
+        for (const Attributes& of_type : the_attributes)
+        {
+            const auto behind = std::lower_bound(of_type.steps.begin(), of_type.steps.end(), end);
+            if (behind != of_type.steps.begin() && behind[-1] >= first)
+                execute(element(behind[-1]));
+        }
+        if (the_transforms.empty())
+            return;
+        // Transforms follow on each other, and always in the same order: another one would round in another way.
+        const auto from = std::lower_bound(the_transforms.begin(), the_transforms.end(), first);
+        const auto behind = std::lower_bound(from, the_transforms.end(), end);
+        for (auto i = last_world(from, behind); i != behind; ++i)
+            execute(element(*i));
+    }
+
+    // What has changed in place. A step is one of an attribute or of an element that draws by itself.
+    void run_changed(int step) { refresh(leaf_from(step)); }
+    void call_changed(const dgStructure& called);
+    void element_changed(int step);
+
+private:
+    struct Leaf
+    {
+        int step;
+        int transforms; // how many of the structure's lie before it
+        bool exact = true, open = false, vague = false;
+        bool unplaced = false; // an element before it may have changed what is in force
+    };
+    struct Attributes
+    {
+        int type;
+        std::vector<int> steps;
+    };
+    using Steps = std::vector<int>::const_iterator;
+
+    const dgGraphicalElement& element(int step) const;
+    Steps last_world(Steps from, Steps behind) const;
+    giXform3 product(int transforms, bool& world) const;
+    void note_attribute(int step, const dgGraphicalElement& attribute);
+    dgBounds find(Leaf& leaf, const giXform3& placement, bool world);
+    void refresh(int leaf);
+    void place(int first_leaf, int end_leaf);
+
+    const dgCompiledStructure& the_form;
+    std::vector<Leaf> the_leaves;
+    dgBoxTree the_tree;
+    std::vector<int> the_open, the_vague; // leaves
+    std::vector<int> the_transforms;      // steps
+    std::vector<Attributes> the_attributes;
+    int the_inexact = 0; // leaves
+    double the_reach = 0;
+    bool the_world = false;
+};
