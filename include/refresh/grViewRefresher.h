@@ -19,11 +19,13 @@ class grTimeoutRendererCache;
 /// Whoever twiddles makes a refresher and calls base_start_twiddle, base_refresh for every frame, base_idle between
 /// frames as long as it answers grIDLE_AGAIN, base_idle_refresh for a better picture, and base_end_twiddle. Idle
 /// refreshes may go on after the end. A view that is destroyed meanwhile is dropped. Rubber bands are off while
-/// something is drawn.
+/// something is drawn. What is drawn may itself ask for a frame, which is ignored, or end the twiddle, which then ends
+/// once the picture is complete.
 class GR_EXPORT grViewRefresher : public coReceiver
 {
 public:
     /// Draws the views, in this order where order matters. No view is null; none is owned, but each is referenced.
+    /// Those that have been destroyed are left out.
     explicit grViewRefresher(const dgViewcoDList& views);
     ~grViewRefresher() override;
 
@@ -99,7 +101,10 @@ private:
         dgRenderer* renderer;
         dgDrawQuality quality;
     };
+    class Drawing;
     void view_to_be_deleted(void* sender, void* data);
+    void draw_picture(void (grViewRefresher::*draw)());
+    void end_if_asked();
     void set_draw_quality();
     void reset_draw_quality();
     void collect_renderers();
@@ -114,5 +119,7 @@ private:
     dgStructurecoDList the_twiddle_icons; // parallel to the_views; those that are not null are referenced
     grTimeoutRendererCache* the_timing_cache = nullptr;
     int the_forced_redraw = 0;
+    int the_drawing = 0;
+    int the_end_awaits = 0;                            // asked for while something is drawn
     grRubberBandsOff* the_idle_rubber_bands = nullptr; // while idle() runs
 };

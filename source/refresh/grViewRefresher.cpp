@@ -11,8 +11,35 @@
 
 UT_DEFINE_TYPE(grViewRefresher, coReceiver);
 
+namespace
+{
+// Hooks may destroy views between naming them and making the refresher.
+dgViewcoDList living(const dgViewcoDList& views)
+{
+    dgViewcoDList found;
+    for (dgView* view : views)
+        if (dgS::views().contains(view))
+            found.add_last(view);
+    return found;
+}
+}
+
+// A picture under way. What is drawn may come back here: a frame inside a frame would leave half a picture, and an end
+// would take away what is being drawn.
+class grViewRefresher::Drawing
+{
+public:
+    explicit Drawing(int& flag) : the_flag(flag) { flag = 1; }
+    ~Drawing() { the_flag = 0; }
+    Drawing(const Drawing&) = delete;
+    Drawing& operator=(const Drawing&) = delete;
+
+private:
+    int& the_flag;
+};
+
 grViewRefresher::grViewRefresher(const dgViewcoDList& views)
-    : the_views(views), the_missing_views(grViewListUtils::missing_renderer_views(views))
+    : the_views(living(views)), the_missing_views(grViewListUtils::missing_renderer_views(the_views))
 {
     for (dgView* view : the_views)
     {
@@ -42,35 +69,53 @@ void grViewRefresher::base_start_twiddle()
 
 void grViewRefresher::base_refresh()
 {
-    collect_renderers();
-    grRubberBandsOff rubber_bands(the_renderers);
-    rubber_bands.take_off_all();
-    set_draw_quality();
-    refresh();
-    reset_draw_quality();
-    rubber_bands.select_front_buffers();
+    draw_picture(&grViewRefresher::refresh);
 }
 
 void grViewRefresher::base_idle_refresh()
 {
-    collect_renderers();
-    grRubberBandsOff rubber_bands(the_renderers);
-    rubber_bands.take_off_all();
-    set_draw_quality();
-    idle_refresh();
-    reset_draw_quality();
-    rubber_bands.select_front_buffers();
+    draw_picture(&grViewRefresher::idle_refresh);
+}
+
+void grViewRefresher::draw_picture(void (grViewRefresher::*draw)())
+{
+    if (the_drawing)
+        return;
+    {
+        const Drawing drawing(the_drawing);
+        collect_renderers();
+        grRubberBandsOff rubber_bands(the_renderers);
+        rubber_bands.take_off_all();
+        set_draw_quality();
+        (this->*draw)();
+        reset_draw_quality();
+        rubber_bands.select_front_buffers();
+    }
+    end_if_asked();
 }
 
 grIdleAction grViewRefresher::base_idle()
 {
-    collect_renderers();
-    grRubberBandsOff rubber_bands(the_renderers);
-    the_idle_rubber_bands = &rubber_bands;
-    const grIdleAction action = idle();
-    the_idle_rubber_bands = nullptr;
-    rubber_bands.select_front_buffers();
+    if (the_drawing)
+        return grIDLE_DONE;
+    grIdleAction action = grIDLE_DONE;
+    {
+        const Drawing drawing(the_drawing);
+        collect_renderers();
+        grRubberBandsOff rubber_bands(the_renderers);
+        the_idle_rubber_bands = &rubber_bands;
+        action = idle();
+        the_idle_rubber_bands = nullptr;
+        rubber_bands.select_front_buffers();
+    }
+    end_if_asked();
     return action;
+}
+
+void grViewRefresher::end_if_asked()
+{
+    if (std::exchange(the_end_awaits, 0))
+        base_end_twiddle();
 }
 
 void grViewRefresher::take_rubber_bands_off(dgRenderer* renderer)
@@ -81,8 +126,17 @@ void grViewRefresher::take_rubber_bands_off(dgRenderer* renderer)
 
 void grViewRefresher::base_end_twiddle()
 {
-    collect_renderers();
-    end_twiddle();
+    if (the_drawing)
+    {
+        the_end_awaits = 1;
+        return;
+    }
+    {
+        const Drawing drawing(the_drawing);
+        collect_renderers();
+        end_twiddle();
+    }
+    the_end_awaits = 0;
     for (dgStructure*& icon : the_twiddle_icons)
         if (dgStructure* released = std::exchange(icon, nullptr))
             released->unreference();

@@ -4,7 +4,8 @@
 
 UT_DEFINE_TYPE(grViewRefresherFull, grViewRefresher);
 
-grViewRefresherFull::grViewRefresherFull(const dgViewcoDList& views) : grViewRefresher(views), the_sorted_views(views)
+grViewRefresherFull::grViewRefresherFull(const dgViewcoDList& views)
+    : grViewRefresher(views), the_sorted_views(this->views())
 {
     grViewListUtils::sort_views_by_renderer(the_sorted_views);
 }

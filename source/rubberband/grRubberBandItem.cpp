@@ -111,12 +111,14 @@ void grRubberBandItem::draw_by_protocol(grRubberBandIt it, grRubberBandSelectDri
     const dgRef<grRubberBandItem> held(reference_count() > 0 ? this : nullptr);
     const bool select_driver = select == grRUBBER_BAND_SELECT_DRIVER;
     const auto modes = grRubberBandManager::start_draw(the_renderer, select_driver);
-    if (it == grDRAW_RUBBER_BAND_ITEM)
+    // Asked how to draw, the application may have destroyed the view or released the item.
+    const bool wanted = !the_cancelled && !(held && reference_count() == 1);
+    if (wanted && it == grDRAW_RUBBER_BAND_ITEM)
     {
         if (the_state != grDRAWN_RUBBER_BAND_ITEM)
             execute_without_hlhsr(it, modes.xor_mode);
     }
-    else if (the_state == grDRAWN_RUBBER_BAND_ITEM)
+    else if (wanted && the_state == grDRAWN_RUBBER_BAND_ITEM)
     {
         if (modes.xor_mode)
             execute_without_hlhsr(it, modes.xor_mode);

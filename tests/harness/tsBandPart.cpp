@@ -1,5 +1,3 @@
-#include "tsStage.h"
-
 #include "dgClientStructure.h"
 #include "dgRenderer.h"
 #include "dgView.h"
@@ -10,6 +8,7 @@
 #include "grRubberBandStructure.h"
 #include "grView.h"
 #include "gr_rubber_band.h"
+#include "tsCommand.h"
 #include "tsScene.h"
 
 #include <stdexcept>
@@ -25,7 +24,7 @@ public:
         add_manager();
         add_canvas();
     }
-    ~BandPart() override
+    ~BandPart()
     {
         gr_undraw_rubber_banding();
         the_items.clear();
@@ -55,9 +54,8 @@ private:
         part.the_stage.called("asked", 1);
         return part.the_answer;
     }
-    grRubberBandItem* item(tsArguments& in)
+    grRubberBandItem* item(const std::string& name)
     {
-        const std::string name = in.word();
         if (!the_items.contains(name))
             throw std::runtime_error("no item " + name);
         return the_items.at(name).item.get();
@@ -65,7 +63,7 @@ private:
     grRubberBandItem* make(const std::string& kind, Item& made, tsArguments& in)
     {
         if (kind == "callback")
-            return new grRubberBandCallback(the_stage.window(in.integer_or(1)).renderer, drawn, &made);
+            return new grRubberBandCallback(in.window().renderer, drawn, &made);
         dgView& view = in.view();
         const dgRef<dgStructure> structure = tsLine(in.integer());
         if (kind == "structure")
@@ -77,109 +75,97 @@ private:
     void add_items()
     {
         // NAME callback [WINDOW], NAME structure VIEW SEGMENTS, NAME element VIEW SEGMENTS; behind the list.
-        on("item") = [this](tsArguments& in)
+        on("item") = [this](const std::string& name, const std::string& kind, tsArguments& in)
         {
-            const std::string name = in.word(), kind = in.word();
             Item& made = the_items[name];
             made.part = this;
             made.name = name;
             made.item = dgRef<grRubberBandItem>(make(kind, made, in));
             grRubberBandManager::add(made.item.get());
         };
-        on("list") = [this](tsArguments& in) { grRubberBandManager::add(item(in)); };
-        on("unlist") = [this](tsArguments& in) { grRubberBandManager::remove(item(in)); };
-        on("release_item") = [this](tsArguments& in) { the_items.erase(in.word()); };
-        on("draw") = [this](tsArguments& in) { grRubberBandManager::draw(item(in), grDRAW_RUBBER_BAND_ITEM); };
-        on("undraw") = [this](tsArguments& in) { grRubberBandManager::draw(item(in), grUNDRAW_RUBBER_BAND_ITEM); };
-        on("state") = [this](tsArguments& in)
+        on("list") = [this](const std::string& name) { grRubberBandManager::add(item(name)); };
+        on("unlist") = [this](const std::string& name) { grRubberBandManager::remove(item(name)); };
+        on("release_item") = [this](const std::string& name) { the_items.erase(name); };
+        on("draw") = [this](const std::string& name)
+        { grRubberBandManager::draw(item(name), grDRAW_RUBBER_BAND_ITEM); };
+        on("undraw") = [this](const std::string& name)
+        { grRubberBandManager::draw(item(name), grUNDRAW_RUBBER_BAND_ITEM); };
+        on("state") = [this](const std::string& name)
         {
-            const grRubberBandItem* asked = item(in);
+            const grRubberBandItem* asked = item(name);
             const char* const names[] = {"drawn", "undrawn", "taken off"};
-            the_stage.note(std::string(names[asked->state()]) + (asked->cancelled() ? ", cancelled" : "") +
-                           (grRubberBandManager::item_in_list(asked) ? "" : ", not listed"));
+            return std::string(names[asked->state()]) + (asked->cancelled() ? ", cancelled" : "") +
+                   (grRubberBandManager::item_in_list(asked) ? "" : ", not listed");
         };
     }
     void add_manager()
     {
-        const auto on_renderer = [this](const std::string& name, void (*work)(dgRenderer*))
-        { on(name) = [this, work](tsArguments& in) { work(the_stage.window(in.integer_or(1)).renderer); }; };
-        on_renderer("temp_undraw", &grRubberBandManager::temp_undraw);
-        on_renderer("update", &grRubberBandManager::update);
-        on_renderer("erased", &grRubberBandManager::erased);
-        on_renderer("cancel_renderer", &grRubberBandManager::to_be_deleted);
-        on("cancel_view") = [](tsArguments& in) { grRubberBandManager::to_be_deleted(&in.view()); };
+        using Manager = grRubberBandManager;
+        on("temp_undraw") = [](tsWindow& window) { Manager::temp_undraw(window.renderer); };
+        on("update") = [](tsWindow& window) { Manager::update(window.renderer); };
+        on("erased") = [](tsWindow& window) { Manager::erased(window.renderer); };
+        on("cancel_renderer") = [](tsWindow& window) { Manager::to_be_deleted(window.renderer); };
+        on("cancel_view") = [](dgView& view) { Manager::to_be_deleted(&view); };
         on("redraw") = [this](tsArguments& in)
         {
             dgRenderer* renderer = the_stage.window(1).renderer;
             if (in.more())
-                grRubberBandManager::redraw(renderer, item(in));
+                Manager::redraw(renderer, item(in.word()));
             else
-                grRubberBandManager::redraw(renderer);
+                Manager::redraw(renderer);
         };
-        on("suspend") = [](tsArguments& in) { grRubberBandManager::suspend_rubber_banding(in.integer()); };
-        on("second_manager") = [this](tsArguments& in)
-        { the_second = in.integer() ? std::make_unique<grRubberBandManager>() : nullptr; };
-        on("clear_list") = [](tsArguments&) { grRubberBandManager::clear(); };
-        on("list_is") = [this](tsArguments&)
-        {
-            the_stage.note(std::string(grRubberBandManager::empty() ? "empty" : "filled") +
-                           (grRubberBandManager::items_cancelled() ? ", cancelled" : ""));
+        on("suspend") = [](int on) { Manager::suspend_rubber_banding(on); };
+        on("second_manager") = [this](int on) { the_second = on ? std::make_unique<Manager>() : nullptr; };
+        on("clear_list") = [] { Manager::clear(); };
+        on("list_is") = [] {
+            return std::string(Manager::empty() ? "empty" : "filled") +
+                   (Manager::items_cancelled() ? ", cancelled" : "");
         };
         // A function that decides and answers so, or none.
         on("decide") = [this](tsArguments& in)
         {
             if (in.next_is("none"))
-                return grRubberBandManager::set_redraw_callback(nullptr, nullptr);
+                return Manager::set_redraw_callback(nullptr, nullptr);
             the_answer = in.integer();
-            grRubberBandManager::set_redraw_callback(decide, this);
+            Manager::set_redraw_callback(decide, this);
         };
-        on("mode") = [this](tsArguments& in)
+        on("mode") = [](tsWindow& window)
         {
             const char* const names[] = {"xor", "overlay", "main"};
-            the_stage.note(names[grRubberBandManager::mode(the_stage.window(in.integer_or(1)).renderer)]);
+            return names[Manager::mode(window.renderer)];
         };
-        on("driver") = [this](tsArguments& in)
-        { the_stage.note({double(the_stage.window(in.integer_or(1)).renderer->current_driver_index())}); };
-        on("select_driver") = [this](tsArguments& in)
-        {
-            const int driver = in.integer();
-            the_stage.window(in.integer_or(1)).renderer->select_driver(driver);
-        };
+        on("driver") = [](tsWindow& window) { return window.renderer->current_driver_index(); };
+        on("select_driver") = [](int driver, tsWindow& window) { window.renderer->select_driver(driver); };
         // For an erase and render: the answer, and what is wanted before and after.
-        on("sort_out") = [this](tsArguments& in)
+        on("sort_out") = [](tsWindow& window)
         {
             int before = -1, after = -1;
-            const int answer = grRubberBandManager::sort_out_rubber_banding_on_erase_and_render(
-                the_stage.window(in.integer_or(1)).renderer, before, after);
-            the_stage.note({double(answer), double(before), double(after)});
+            const int answer = Manager::sort_out_rubber_banding_on_erase_and_render(window.renderer, before, after);
+            return std::vector<double>{double(answer), double(before), double(after)};
         };
-        on("in_xor") = [this](tsArguments& in)
+        on("in_xor") = [](tsWindow& window)
         {
-            the_stage.note(
-                {double(grRubberBandManager::renderer_in_xor_mode(the_stage.window(in.integer_or(1)).renderer)),
-                 double(grRubberBandManager::last_renderer_was_in_xor_mode())});
+            const double in_xor = Manager::renderer_in_xor_mode(window.renderer);
+            return std::vector<double>{in_xor, double(Manager::last_renderer_was_in_xor_mode())};
         };
         // A manager starts with its defaults, so these need not be put back.
-        on("via_redraw") = [](tsArguments& in) { grRubberBandManager::rubber_band_via_redraw(in.integer()); };
-        on("via_redraw_flag") = [this](tsArguments&)
-        { the_stage.note({double(grRubberBandManager::rubber_band_via_redraw())}); };
-        on("stencil") = [](tsArguments& in) { grRubberBandManager::set_xor_mode_with_stencil_planes(in.integer()); };
-        on("do_redraw") = [](tsArguments& in) { grRubberBandManager::do_redraw(in.integer()); };
-        on("band_framerate") = [](tsArguments& in) { grRubberBandManager::minimum_framerate(in.number()); };
-        on("opengl") = [this](tsArguments& in)
+        on("via_redraw") = [](int on) { Manager::rubber_band_via_redraw(on); };
+        on("via_redraw_flag") = [] { return Manager::rubber_band_via_redraw(); };
+        on("stencil") = [](int on) { Manager::set_xor_mode_with_stencil_planes(on); };
+        on("do_redraw") = [](int on) { Manager::do_redraw(on); };
+        on("band_framerate") = [](double rate) { Manager::minimum_framerate(rate); };
+        on("opengl") = [](tsWindow& window)
         {
-            tsStage::Window& window = the_stage.window(in.integer_or(1));
             window.surface.driver_type(dgDRIVER_OPENGL);
             if (window.overlay)
                 window.overlay->driver_type(dgDRIVER_OPENGL);
         };
-        on("band_lines") = [this](tsArguments& in)
+        on("band_lines") = [this](int x0, int y0, int x1, int y1)
         {
-            const int x0 = in.integer(), y0 = in.integer(), x1 = in.integer();
-            gr_rubber_band_line(x0, y0, x1, in.integer());
+            gr_rubber_band_line(x0, y0, x1, y1);
             gr_draw_rubber_banding(the_stage.window(1).renderer);
         };
-        on("band_lines_off") = [](tsArguments&) { gr_undraw_rubber_banding(); };
+        on("band_lines_off") = [] { gr_undraw_rubber_banding(); };
     }
     grCanvas& canvas()
     {
@@ -190,9 +176,9 @@ private:
     void add_canvas()
     {
         // On the first window, in place of its renderer.
-        on("canvas") = [this](tsArguments&)
+        on("canvas") = [this]
         {
-            tsStage::Window& window = the_stage.window(1);
+            tsWindow& window = the_stage.window(1);
             window.own_renderer.reset();
             the_canvas = std::make_unique<grCanvas>(&window.surface, window.overlay.get(), &window.input, nullptr);
             window.renderer = the_canvas->renderer();
@@ -201,34 +187,21 @@ private:
         {
             dgView& view = canvas().add_view();
             if (in.more())
-            {
-                const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-                view.camera().view_port_dc(giBox2(x0, y0, x1, in.number()));
-            }
+                view.camera().view_port_dc(ts_read<giBox2>(in));
             the_stage.adopt(view);
         };
-        on("c_hidden") = [this](tsArguments& in)
-        {
-            grView* view = grView::contains(&in.view());
-            view->hidden(in.integer());
-        };
-        on("c_transparent") = [](tsArguments& in)
-        { grView::contains(&in.view())->background(grVIEW_BACKGROUND_TRANSPARENT); };
-        on("remove_view") = [this](tsArguments& in) { canvas().remove_view(&in.view()); };
-        on("drop_canvas") = [this](tsArguments&)
+        on("c_hidden") = [](dgView& view, int hidden) { grView::contains(&view)->hidden(hidden); };
+        on("c_transparent") = [](dgView& view) { grView::contains(&view)->background(grVIEW_BACKGROUND_TRANSPARENT); };
+        on("remove_view") = [this](dgView& view) { canvas().remove_view(&view); };
+        on("drop_canvas") = [this]
         {
             the_stage.window(1).renderer = nullptr;
             the_canvas.reset();
         };
-        on("c_redraw") = [this](tsArguments&) { canvas().redraw(); };
-        on("c_resized") = [this](tsArguments&) { canvas().resized(); };
-        // A box, whether to erase, whether to render.
-        on("c_draw") = [this](tsArguments& in)
-        {
-            const double x0 = in.number(), y0 = in.number(), x1 = in.number(), y1 = in.number();
-            const int erase = in.integer();
-            canvas().erase_and_render_views(giBox2(x0, y0, x1, y1), erase, in.integer());
-        };
+        on("c_redraw") = [this] { canvas().redraw(); };
+        on("c_resized") = [this] { canvas().resized(); };
+        on("c_draw") = [this](const giBox2& box, int erase, int render)
+        { canvas().erase_and_render_views(box, erase, render); };
     }
 
     grRubberBandManager the_manager;
@@ -239,7 +212,7 @@ private:
 };
 }
 
-std::unique_ptr<tsPart> ts_band_part(tsStage& stage)
+std::shared_ptr<void> ts_band_part(tsStage& stage)
 {
-    return std::make_unique<BandPart>(stage);
+    return std::make_shared<BandPart>(stage);
 }

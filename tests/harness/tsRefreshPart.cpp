@@ -1,5 +1,3 @@
-#include "tsStage.h"
-
 #include "dgClientStructure.h"
 #include "dgPolyline.h"
 #include "dgRenderNetworkAction.h"
@@ -12,6 +10,7 @@
 #include "grViewRefresherFull.h"
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
+#include "tsCommand.h"
 #include "tsScene.h"
 #include "utTypeID.h"
 
@@ -72,7 +71,7 @@ public:
         add_refreshers();
         add_renderers();
     }
-    ~RefreshPart() override
+    ~RefreshPart()
     {
         dgView::the_global_render_network_action = nullptr;
         the_fast.reset();
@@ -91,42 +90,36 @@ private:
                                    &grViewRefresherFast::cache_graphics);
         the_stage.add_setting<int>("disable_flattening", &grViewRendererFast::disable_flattening,
                                    &grViewRendererFast::disable_flattening);
-        on("state_changed") = [](tsArguments&) { grViewRefresherFast::graphics_state_changed(); };
+        on("state_changed") = [] { grViewRefresherFast::graphics_state_changed(); };
         // Drawing a segment takes so many seconds, give or take a share.
-        on("cost") = [this](tsArguments& in)
+        on("cost") = [this](double seconds, tsOr<0.0> noise)
         {
             dgTraceWindow& surface = the_stage.window().surface;
-            surface.cost_per_feature(in.number());
-            surface.cost_noise(in.number_or(0));
+            surface.cost_per_feature(seconds);
+            surface.cost_noise(noise);
         };
         // N lines of so many segments in place of a view's network.
-        on("lines") = [](tsArguments& in)
+        on("lines") = [](dgView& view, int n, int segments)
         {
-            dgView& view = in.view();
             const dgRef<dgStructure> root(new dgClientStructure);
-            const int n = in.integer(), segments = in.integer();
             for (int i = 0; i < n; ++i)
                 root->add(tsLine(segments)->element(0));
             view.root(root.get());
         };
         // Segments drawn since the last time, in place of the records of their drawing.
-        on("drawn") = [this](tsArguments&)
+        on("drawn") = [this]
         {
             dgTraceWindow& surface = the_stage.window().surface;
             surface.clear_log();
-            the_stage.note({double(surface.features_drawn())});
+            const auto drawn = surface.features_drawn();
             surface.reset_features_drawn();
+            return drawn;
         };
-        on("forbid_slices") = [this](tsArguments& in)
-        { the_stage.window().renderer->idle_slicing_forbidden(in.integer()); };
-        on("block_slices") = [this](tsArguments& in)
-        { dgView::the_global_render_network_action = in.integer() ? &the_blocking : nullptr; };
-        on("own_action") = [this](tsArguments& in) { in.view().render_network_action(&the_passing); };
-        on("resize") = [this](tsArguments& in)
-        {
-            const int width = in.integer();
-            the_stage.window().surface.resize(width, in.integer());
-        };
+        on("forbid_slices") = [this](int on) { the_stage.window().renderer->idle_slicing_forbidden(on); };
+        on("block_slices") = [this](int on)
+        { dgView::the_global_render_network_action = on ? &the_blocking : nullptr; };
+        on("own_action") = [this](dgView& view) { view.render_network_action(&the_passing); };
+        on("resize") = [this](int width, int height) { the_stage.window().surface.resize(width, height); };
     }
     grViewRefresher& refresher()
     {
@@ -148,51 +141,42 @@ private:
     }
     void add_refreshers()
     {
-        on("refresher") = [this](tsArguments& in)
-        {
-            const std::string kind = in.word();
-            dgViewcoDList views;
-            while (in.more())
-                views.add_last(&in.view());
-            the_refreshers.emplace_back(make(kind, views));
-        };
-        on("drop_refresher") = [this](tsArguments&)
+        on("refresher") = [this](const std::string& kind, const tsViews& views)
+        { the_refreshers.emplace_back(make(kind, views)); };
+        on("drop_refresher") = [this]
         {
             refresher();
             the_refreshers.pop_back();
         };
-        on("r_start") = [this](tsArguments&) { refresher().base_start_twiddle(); };
-        on("frame") = [this](tsArguments& in)
+        on("r_start") = [this] { refresher().base_start_twiddle(); };
+        on("frame") = [this](tsOr<1> frames)
         {
-            for (int i = in.integer_or(1); i > 0; --i)
+            for (int i = frames; i > 0; --i)
                 refresher().base_refresh();
         };
-        on("better") = [this](tsArguments&) { refresher().base_idle_refresh(); };
-        on("r_idle") = [this](tsArguments&)
-        { the_stage.note(refresher().base_idle() == grIDLE_AGAIN ? "again" : "done"); };
+        on("better") = [this] { refresher().base_idle_refresh(); };
+        on("r_idle") = [this] { return refresher().base_idle() == grIDLE_AGAIN ? "again" : "done"; };
         // Idle calls until it has done, 1000 at most; how many.
-        on("r_idle_on") = [this](tsArguments&)
+        on("r_idle_on") = [this]
         {
             int calls = 1;
             while (refresher().base_idle() == grIDLE_AGAIN && calls < 1000)
                 ++calls;
-            the_stage.note({double(calls)});
+            return calls;
         };
-        on("r_end") = [this](tsArguments&) { refresher().base_end_twiddle(); };
-        on("force") = [this](tsArguments&) { refresher().force_redraw_on_end_twiddle(); };
-        on("better_text") = [this](tsArguments&) { refresher().draw_quality_overrides().text.enabled = 1; };
-        on("remove") = [this](tsArguments& in) { refresher().remove(&in.view()); };
+        on("r_end") = [this] { refresher().base_end_twiddle(); };
+        on("force") = [this] { refresher().force_redraw_on_end_twiddle(); };
+        on("better_text") = [this] { refresher().draw_quality_overrides().text.enabled = 1; };
+        on("remove") = [this](dgView& view) { refresher().remove(&view); };
         // A line of that many segments (none: the same again, 0: takes it off) as the icon of a view.
-        on("icon") = [this](tsArguments& in)
+        on("icon") = [this](dgView& view, tsOr<-1> segments)
         {
-            dgView& view = in.view();
-            const int segments = in.integer_or(-1);
             if (segments > 0)
                 the_icon = tsLine(segments);
             refresher().set_twiddle_icon(segments == 0 ? nullptr : the_icon.get(), &view);
         };
-        on("icon_refs") = [this](tsArguments&) { the_stage.note({double(the_icon->reference_count())}); };
-        on("release_icon") = [this](tsArguments&)
+        on("icon_refs") = [this] { return the_icon->reference_count(); };
+        on("release_icon") = [this]
         {
             // The refresher's is the only one left.
             dgStructure* icon = the_icon.get();
@@ -200,34 +184,25 @@ private:
             the_icon = dgRef<dgStructure>(icon);
             refresher().set_twiddle_icon(icon, *refresher().views().begin());
         };
-        on("redraw_at_end") = [this](tsArguments&) { dynamic_cast<BareRefresher&>(refresher()).redraw_at_end(); };
-        on("r_views") = [this](tsArguments&)
+        on("redraw_at_end") = [this] { dynamic_cast<BareRefresher&>(refresher()).redraw_at_end(); };
+        on("r_views") = [this] { return "views " + the_stage.names_of(refresher().views()); };
+        on("in_refresh") = [] { return grViewRefresherFast::in_refresh(); };
+        on("in_full") = [this] { return timeout_refresher().use_full_refresh(); };
+        on("allow_full") = [this](int on) { timeout_refresher().allow_full_refresh(on); };
+        on("full_time") = [this](dgView& view, double seconds)
+        { the_cache.add_timeout_renderer_and_time(&view, seconds); };
+        on("cached") = [this] { return the_cache.size(); };
+        on("time_frames") = [this](int n)
         {
-            std::string names = "views";
-            for (const dgView* view : refresher().views())
-                names += " " + the_stage.name_of(view);
-            the_stage.note(names);
-        };
-        on("in_refresh") = [this](tsArguments&) { the_stage.note({double(grViewRefresherFast::in_refresh())}); };
-        on("in_full") = [this](tsArguments&) { the_stage.note({double(timeout_refresher().use_full_refresh())}); };
-        on("allow_full") = [this](tsArguments& in) { timeout_refresher().allow_full_refresh(in.integer()); };
-        on("full_time") = [this](tsArguments& in)
-        {
-            dgView& view = in.view();
-            the_cache.add_timeout_renderer_and_time(&view, in.number());
-        };
-        on("cached") = [this](tsArguments&) { the_stage.note({double(the_cache.size())}); };
-        on("time_frames") = [this](tsArguments& in)
-        {
-            the_cache.record_refresh_stats(in.integer());
+            the_cache.record_refresh_stats(n);
             refresher().enable_twiddle_timings(&the_cache);
         };
-        on("timed_frames") = [this](tsArguments& in)
+        on("timed_frames") = [this](dgView& view)
         {
             int n = 0;
             double average = 0;
-            the_cache.find_timeout_renderer(&in.view())->twiddle_refresh_stats()->last_stats(100, n, average);
-            the_stage.note({double(n), average});
+            the_cache.find_timeout_renderer(&view)->twiddle_refresh_stats()->last_stats(100, n, average);
+            return std::vector<double>{double(n), average};
         };
     }
     grViewRefresherTimeout& timeout_refresher() { return dynamic_cast<grViewRefresherTimeout&>(refresher()); }
@@ -240,34 +215,31 @@ private:
     // One fast view renderer at a time.
     void add_renderers()
     {
-        on("fast_renderer") = [this](tsArguments& in) { the_fast = std::make_unique<grViewRendererFast>(&in.view()); };
-        on("f_frame") = [this](tsArguments& in)
+        on("fast_renderer") = [this](dgView& view) { the_fast = std::make_unique<grViewRendererFast>(&view); };
+        on("f_frame") = [this](tsOr<1> frames)
         {
-            for (int i = in.integer_or(1); i > 0; --i)
+            for (int i = frames; i > 0; --i)
                 fast().refresh(nullptr, 0);
         };
-        on("f_frame_with_icon") = [this](tsArguments& in)
-        {
-            const dgRef<dgStructure> icon = tsLine(in.integer());
-            fast().refresh(icon.get(), in.integer_or(0));
-        };
-        on("f_final") = [this](tsArguments&) { fast().refresh(nullptr, 1); };
-        on("f_slice") = [this](tsArguments&) { the_stage.note({double(fast().draw_a_slice())}); };
+        on("f_frame_with_icon") = [this](int segments, tsOr<0> final)
+        { fast().refresh(tsLine(segments).get(), final); };
+        on("f_final") = [this] { fast().refresh(nullptr, 1); };
+        on("f_slice") = [this] { return fast().draw_a_slice(); };
         // Slices until nothing is left, 3000 at most; how many.
-        on("f_slices") = [this](tsArguments&)
+        on("f_slices") = [this]
         {
             int slices = 0;
             while (slices < 3000 && fast().draw_a_slice())
                 ++slices;
-            the_stage.note({double(slices)});
+            return slices;
         };
-        on("f_force") = [this](tsArguments& in) { fast().force_full_refresh(in.integer()); };
-        on("f_time") = [this](tsArguments&) { the_stage.note({fast().refresh_time()}); };
+        on("f_force") = [this](int on) { fast().force_full_refresh(on); };
+        on("f_time") = [this] { return fast().refresh_time(); };
         // The method of drawing, the share, all primitives and those of a slice.
-        on("f_share") = [this](tsArguments&)
+        on("f_share") = [this]
         {
-            the_stage.note({double(fast().draw_method()), fast().draw_ratio(), double(fast().total_prims()),
-                            double(fast().slice_prims())});
+            return std::vector<double>{double(fast().draw_method()), fast().draw_ratio(), double(fast().total_prims()),
+                                       double(fast().slice_prims())};
         };
     }
 
@@ -279,7 +251,7 @@ private:
 };
 }
 
-std::unique_ptr<tsPart> ts_refresh_part(tsStage& stage)
+std::shared_ptr<void> ts_refresh_part(tsStage& stage)
 {
-    return std::make_unique<RefreshPart>(stage);
+    return std::make_shared<RefreshPart>(stage);
 }

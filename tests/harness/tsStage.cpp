@@ -11,6 +11,7 @@
 #include "grViewListUtils.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
+#include "tsCommand.h"
 #include "tsScene.h"
 #include "tsScript.h"
 
@@ -70,11 +71,6 @@ dgStructure& root_of(dgView& view)
 }
 }
 
-std::function<void(tsArguments&)>& tsPart::on(const std::string& name)
-{
-    return the_stage.on(name);
-}
-
 std::string tsArguments::word()
 {
     if (!more())
@@ -87,12 +83,6 @@ double tsArguments::number()
     return ts_value(word());
 }
 
-giPoint3 tsArguments::point()
-{
-    const double x = number(), y = number();
-    return giPoint3(x, y, number());
-}
-
 dgView& tsArguments::view()
 {
     const std::string name = word();
@@ -100,6 +90,28 @@ dgView& tsArguments::view()
     if (!view)
         throw std::runtime_error("no view " + name);
     return *view;
+}
+
+grView& tsArguments::companion()
+{
+    const std::string name = word();
+    grView* view = the_stage.companion(name);
+    if (!view)
+        throw std::runtime_error("no companion " + name);
+    return *view;
+}
+
+tsViews tsArguments::views()
+{
+    tsViews views;
+    while (more() && !next_is("+"))
+        views.add_last(&view());
+    return views;
+}
+
+tsWindow& tsArguments::window()
+{
+    return the_stage.window(more() ? integer() : 1);
 }
 
 std::string tsArguments::rest()
@@ -117,7 +129,7 @@ int tsArguments::next_is(const std::string& word)
     return found;
 }
 
-tsStage::Window::Window(int width, int height, int with_overlay) : input(width, height), surface(width, height)
+tsWindow::tsWindow(int width, int height, int with_overlay) : input(width, height), surface(width, height)
 {
     if (with_overlay)
         overlay = std::make_unique<dgTraceWindow>(width, height);
@@ -125,7 +137,7 @@ tsStage::Window::Window(int width, int height, int with_overlay) : input(width, 
     renderer = own_renderer.get();
 }
 
-tsStage::Window::~Window() = default;
+tsWindow::~tsWindow() = default;
 
 // Tells of the changes of a view.
 struct tsStage::Watch : coReceiver
@@ -147,22 +159,20 @@ tsStage::tsStage() : clock(0, 1000)
     static double begin = 0;
     clock.set_time(begin += 1024);
     the_stage = this;
-    on("wait") = [this](tsArguments& in) { clock.advance(in.number()); };
-    on("set") = [this](tsArguments& in)
+    on("wait") = [this](double seconds) { clock.advance(seconds); };
+    on("set") = [this](const std::string& name, double value)
     {
-        const std::string name = in.word();
         if (!the_settings.contains(name))
             throw std::runtime_error("no setting " + name);
-        the_settings.at(name)(in);
+        the_settings.at(name)(value);
     };
-    on("tell") = [this](tsArguments& in)
+    on("tell") = [this](const tsRest& names)
     {
-        for (const std::string& name : ts_parts(in.rest(), ","))
+        for (const std::string& name : ts_parts(names, ","))
             the_told.insert(name);
     };
-    on("when") = [this](tsArguments& in)
+    on("when") = [this](const tsRest& text)
     {
-        const std::string text = in.rest();
         const auto at = text.find(" do ");
         if (at == std::string::npos)
             throw std::runtime_error("when CALL do COMMAND & COMMAND");
@@ -247,7 +257,7 @@ void tsStage::note(const std::string& record)
     the_records.push_back(record);
 }
 
-void tsStage::note(std::initializer_list<double> values)
+void tsStage::note_values(const std::vector<double>& values)
 {
     std::ostringstream os;
     os.precision(17);
@@ -276,7 +286,7 @@ void tsStage::called(const std::string& name, int quiet)
     the_interrupted_call = -1;
     try
     {
-        run_one(the_interruption);
+        run(the_interruption);
     }
     catch (const std::runtime_error&)
     {
@@ -336,6 +346,14 @@ std::vector<std::string> tsStage::view_names() const
     return names;
 }
 
+std::string tsStage::names_of(const dgViewcoDList& views) const
+{
+    std::string names;
+    for (const dgView* view : views)
+        names += (names.empty() ? "" : " ") + name_of(view);
+    return names.empty() ? "none" : names;
+}
+
 std::string tsStage::adopt(dgView& view)
 {
     for (auto& [other, entry] : the_views)
@@ -354,115 +372,65 @@ grView* tsStage::companion(const std::string& name) const
     return found == the_companions.end() ? nullptr : found->second.get();
 }
 
-grView* tsStage::live_companion(const std::string& name) const
-{
-    grView* view = companion(name);
-    if (!view)
-        throw std::runtime_error("no companion " + name);
-    return view;
-}
-
 void tsStage::add_view_commands()
 {
-    on("window") = [this](tsArguments& in)
+    on("window") = [this](tsOr<100> width, tsOr<100> height, tsArguments& in)
     {
-        const int width = in.integer_or(100), height = in.integer_or(100);
         the_windows.push_back(std::make_unique<Window>(width, height, in.next_is("overlay")));
         if (in.next_is("single"))
             the_windows.back()->surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
     };
-    on("single") = [this](tsArguments& in)
-    { window(in.integer_or(1)).surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0); };
-    on("capability") = [this](tsArguments& in)
-    {
-        const auto capability = static_cast<dgDriverCapability>(in.integer());
-        const int on = in.integer();
-        window(in.integer_or(1)).surface.capability(capability, on);
-    };
+    on("single") = [](Window& window) { window.surface.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0); };
+    on("capability") = [](dgDriverCapability capability, int on, Window& window)
+    { window.surface.capability(capability, on); };
     // Views are named a, b, c ... and have roots of 1, 2, 3 ... segments.
-    on("view") = [this](tsArguments& in)
+    on("view") = [this](Window& window, tsArguments& in)
     {
-        Window& on = window(in.integer_or(1));
-        auto view = std::make_unique<dgView>(on.renderer);
-        giBox2 port = on.renderer->window_box();
-        if (in.more())
-        {
-            const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-            port = giBox2(x0, y0, x1, in.number());
-        }
-        view->camera().view_port_dc(port);
+        auto view = std::make_unique<dgView>(window.renderer);
+        view->camera().view_port_dc(in.more() ? ts_read<giBox2>(in) : window.renderer->window_box());
         the_views[adopt(*view)].own = std::move(view);
     };
-    on("close") = [this](tsArguments& in)
+    on("close") = [this](dgView& view)
     {
-        dgView& view = in.view();
         const std::unique_ptr<dgView> dying = std::move(the_views.at(name_of(&view)).own);
         if (!dying)
             throw std::runtime_error("the view has another owner");
     };
-    on("close_window") = [this](tsArguments& in)
+    on("close_window") = [this](Window& closed)
     {
-        Window& closed = window(in.integer_or(1));
         for (auto& [name, view] : the_views)
             if (view.own && view.own->renderer() == closed.renderer)
                 const std::unique_ptr<dgView> dying = std::move(view.own);
         closed.renderer = nullptr;
         closed.own_renderer.reset();
     };
-    on("unplug") = [](tsArguments& in) { in.view().renderer(nullptr); };
-    on("plug") = [this](tsArguments& in)
+    on("unplug") = [](dgView& view) { view.renderer(nullptr); };
+    on("plug") = [](dgView& view, Window& window) { view.renderer(window.renderer); };
+    on("look") = [](dgView& view, const giBox2& window) { view.camera().view_window(window); };
+    const auto move = [](dgView& view, const giXform3& motion)
+    { view.camera().orientation(view.camera().orientation() * motion); };
+    on("turn") = [move](dgView& view, double angle, const giVector3& axis)
+    { move(view, giXform3::rotation(giAngle(angle), axis)); };
+    on("shift") = [move](dgView& view, const giVector3& by) { move(view, giXform3::translation(by)); };
+    on("changed") = [](dgView& view) { view.camera().world2view_altered(); };
+    on("set_planes") = [](dgView& view, double front, double back, tsOr<0> by_user)
     {
-        dgView& view = in.view();
-        view.renderer(window(in.integer()).renderer);
+        view.camera().front_back_plane(front, back);
+        view.user_clip_planes(by_user);
     };
-    on("look") = [](tsArguments& in)
+    on("perspective") = [](dgView& view, tsArguments& in)
     {
-        dgCamera& camera = in.view().camera();
-        const double x0 = in.number(), y0 = in.number(), x1 = in.number();
-        camera.view_window(giBox2(x0, y0, x1, in.number()));
-    };
-    on("turn") = [](tsArguments& in)
-    {
-        dgCamera& camera = in.view().camera();
-        const double angle = in.number();
-        const giPoint3 axis = in.point();
-        camera.orientation(camera.orientation() *
-                           giXform3::rotation(giAngle(angle), giVector3(axis.x(), axis.y(), axis.z())));
-    };
-    on("shift") = [](tsArguments& in)
-    {
-        dgCamera& camera = in.view().camera();
-        const giPoint3 by = in.point();
-        camera.orientation(camera.orientation() * giXform3::translation(giVector3(by.x(), by.y(), by.z())));
-    };
-    on("changed") = [](tsArguments& in) { in.view().camera().world2view_altered(); };
-    on("set_planes") = [](tsArguments& in)
-    {
-        dgView& view = in.view();
-        const double front = in.number();
-        view.camera().front_back_plane(front, in.number());
-        view.user_clip_planes(in.integer_or(0));
-    };
-    on("perspective") = [](tsArguments& in)
-    {
-        dgCamera& camera = in.view().camera();
-        camera.projection(dgPROJECTION_PERSPECTIVE);
+        view.camera().projection(dgPROJECTION_PERSPECTIVE);
         if (in.more())
-            camera.projection_reference_point(in.point());
+            view.camera().projection_reference_point(ts_read<giPoint3>(in));
     };
-    on("pan_forbidden") = [](tsArguments& in) { in.view().pan_forbidden(1); };
-    on("watch") = [this](tsArguments& in) { the_watches.push_back(std::make_unique<Watch>(*this, in.view())); };
-    on("overlay") = [](tsArguments& in)
-    { grTwiddleOverlayCallback::register_callback(in.integer() ? overlay : nullptr); };
+    on("pan_forbidden") = [](dgView& view) { view.pan_forbidden(1); };
+    on("watch") = [this](dgView& view) { the_watches.push_back(std::make_unique<Watch>(*this, view)); };
+    on("overlay") = [](int on) { grTwiddleOverlayCallback::register_callback(on ? overlay : nullptr); };
     // Networks.
-    on("spy") = [this](tsArguments& in)
+    on("spy") = [this](dgView& view) { root_of(view).add(new Spy(*this, name_of(&view))); };
+    on("root") = [](dgView& view, tsArguments& in)
     {
-        dgView& view = in.view();
-        root_of(view).add(new Spy(*this, name_of(&view)));
-    };
-    on("root") = [](tsArguments& in)
-    {
-        dgView& view = in.view();
         if (in.next_is("none"))
             view.root(nullptr);
         else if (in.next_is("of"))
@@ -470,122 +438,98 @@ void tsStage::add_view_commands()
         else
             view.root(tsLine(in.integer()).get());
     };
-    on("grow") = [](tsArguments& in)
+    on("grow") = [](dgView& view, int segments, tsOr<1> times)
     {
-        dgStructure& root = root_of(in.view());
-        const int segments = in.integer();
-        for (int i = in.integer_or(1); i > 0; --i)
-            root.add(tsLine(segments)->element(0));
+        for (int i = times; i > 0; --i)
+            root_of(view).add(tsLine(segments)->element(0));
     };
-    on("cut") = [](tsArguments& in)
-    {
-        dgStructure& root = root_of(in.view());
-        const int first = in.integer();
-        root.delete_range(first, std::min(in.integer_or(first), root.nelements() - 1));
-    };
-    on("clear") = [](tsArguments& in) { root_of(in.view()).clear(); };
+    on("cut") = [](dgView& view, int first, tsOr<0> last)
+    { root_of(view).delete_range(first, std::min(std::max<int>(first, last), root_of(view).nelements() - 1)); };
+    on("clear") = [](dgView& view) { root_of(view).clear(); };
     // What a camera shows.
-    on("size") = [this](tsArguments& in)
+    using Values = std::vector<double>;
+    on("size") = [](dgView& view)
     {
-        const giBox2& window = in.view().camera().view_window();
-        note({window.width(), window.height()});
+        const giBox2& window = view.camera().view_window();
+        return Values{window.width(), window.height()};
     };
-    on("middle") = [this](tsArguments& in)
+    on("middle") = [](dgView& view)
     {
-        const giPoint2 middle = in.view().camera().view_window().middle();
-        note({middle.x(), middle.y()});
+        const giPoint2 middle = view.camera().view_window().middle();
+        return Values{middle.x(), middle.y()};
     };
-    on("planes") = [this](tsArguments& in)
-    {
-        const dgView& view = in.view();
-        note({view.camera().front_plane(), view.camera().back_plane(), double(view.user_clip_planes())});
+    on("planes") = [](dgView& view) {
+        return Values{view.camera().front_plane(), view.camera().back_plane(), double(view.user_clip_planes())};
     };
     // Where a world point is in view space, and on the screen.
-    on("sees") = [this](tsArguments& in)
+    on("sees") = [](dgView& view, const giPoint3& world) { return world * view.camera().orientation(); };
+    on("shows") = [](dgView& view, const giPoint3& world)
     {
-        const giXform3& orientation = in.view().camera().orientation();
-        const giPoint3 point = in.point() * orientation;
-        note({point.x(), point.y(), point.z()});
-    };
-    on("shows") = [this](tsArguments& in)
-    {
-        const dgCamera& camera = in.view().camera();
         giPoint3 shown;
-        camera.transform(in.point(), shown, dgSPACE_WORLD, dgSPACE_DEVICE);
-        note({shown.x(), shown.y()});
+        view.camera().transform(world, shown, dgSPACE_WORLD, dgSPACE_DEVICE);
+        return Values{shown.x(), shown.y()};
     };
     // Angle and axis, in view space.
-    on("turned") = [this](tsArguments& in)
+    on("turned") = [](dgView& view)
     {
-        const giXform3& x = in.view().camera().orientation();
+        const giXform3& x = view.camera().orientation();
         const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
         const double angle = std::atan2(twice_sine.length(), x(0, 0) + x(1, 1) + x(2, 2) - 1);
         if (angle < 1e-9)
-            return note({0});
+            return Values{0};
         const giVector3 axis = twice_sine.unit();
-        note({angle, axis.x(), axis.y(), axis.z()});
+        return Values{angle, axis.x(), axis.y(), axis.z()};
     };
     // The images of the axes.
-    on("axes") = [this](tsArguments& in)
+    on("axes") = [this](dgView& view)
     {
-        const giXform3& x = in.view().camera().orientation();
+        const giXform3& x = view.camera().orientation();
         for (int i = 0; i < 3; ++i)
-            note({x(i, 0), x(i, 1), x(i, 2)});
+            note_values({x(i, 0), x(i, 1), x(i, 2)});
     };
     // Whether the planes are those that the camera itself fits to the network in a mode.
-    on("fits_planes") = [this](tsArguments& in)
+    on("fits_planes") = [](dgView& view, dgBoundingViewType mode)
     {
-        const dgView& view = in.view();
         dgCamera fitted(view.camera());
-        fitted.clip_bounding_box(view.root()->bounding_box(), static_cast<dgBoundingViewType>(in.integer()));
-        note({double(fitted.front_plane() == view.camera().front_plane() &&
-                     fitted.back_plane() == view.camera().back_plane())});
+        fitted.clip_bounding_box(view.root()->bounding_box(), mode);
+        return fitted.front_plane() == view.camera().front_plane() && fitted.back_plane() == view.camera().back_plane();
     };
-    on("refs") = [this](tsArguments& in) { note({double(in.view().reference_count())}); };
-    on("elements") = [this](tsArguments& in) { note({double(root_of(in.view()).nelements())}); };
+    on("refs") = [](dgView& view) { return view.reference_count(); };
+    on("elements") = [](dgView& view) { return root_of(view).nelements(); };
 }
 
 void tsStage::add_companion_commands()
 {
     // Each makes the companion of a view: its own, one locked to another's, a sheet, one on a sheet.
-    on("companion") = [this](tsArguments& in)
+    on("companion") = [this](dgView& view, tsArguments& in)
     {
-        dgView& view = in.view();
         grView* parent = in.next_is("of") ? companion(in.word()) : nullptr;
         the_companions[name_of(&view)] = std::make_unique<grView>(&view, parent);
     };
-    on("sheet") = [this](tsArguments& in)
+    on("sheet") = [this](dgView& view) { the_companions[name_of(&view)] = std::make_unique<grViewPaperParent>(&view); };
+    on("paper") = [this](dgView& view, const std::string& sheet)
     {
-        dgView& view = in.view();
-        the_companions[name_of(&view)] = std::make_unique<grViewPaperParent>(&view);
-    };
-    on("paper") = [this](tsArguments& in)
-    {
-        dgView& view = in.view();
         the_companions[name_of(&view)] =
-            std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(in.word())));
+            std::make_unique<grViewPaperChild>(&view, grViewPaperParent::ut_dynamic_cast(companion(sheet)));
     };
-    const auto with_companion = [this](const std::string& name, void (*work)(grView&, tsArguments&))
-    { on(name) = [this, work](tsArguments& in) { work(*live_companion(in.word()), in); }; };
-    on("drop") = [this](tsArguments& in) { the_companions.erase(in.word()); };
-    with_companion("orphan", [](grView& view, tsArguments&) { view.orphan(); });
-    with_companion("lock", [](grView& view, tsArguments& in) { view.lock_child(in.integer()); });
-    with_companion("hidden", [](grView& view, tsArguments& in) { view.hidden(in.integer()); });
-    with_companion("transparent", [](grView& view, tsArguments&) { view.background(grVIEW_BACKGROUND_TRANSPARENT); });
-    with_companion("unlock_tools", [](grView& view, tsArguments&) { view.clear_twiddle_locks(); });
-    on("family") = [this](tsArguments& in)
+    on("drop") = [this](const std::string& name) { the_companions.erase(name); };
+    on("orphan") = [](grView& view) { view.orphan(); };
+    on("lock") = [](grView& view, int lock) { view.lock_child(lock); };
+    on("hidden") = [](grView& view, int hidden) { view.hidden(hidden); };
+    on("transparent") = [](grView& view) { view.background(grVIEW_BACKGROUND_TRANSPARENT); };
+    on("unlock_tools") = [](grView& view) { view.clear_twiddle_locks(); };
+    on("family") = [this](grView& view)
     {
-        const grView* view = live_companion(in.word());
-        std::string text = view->view() ? "of " + name_of(const_cast<grView*>(view)->view()) : "detached";
-        text += view->parent() ? ", parent " + name_of(view->parent()->view()) : "";
-        for (int i = 0; i < view->nchild_views(); ++i)
-            text += ", child " + name_of(view->child(i)->view());
-        if (const auto* child = grViewPaperChild::ut_dynamic_cast(view); child && child->paper_parent())
+        std::string text = view.view() ? "of " + name_of(view.view()) : "detached";
+        text += view.parent() ? ", parent " + name_of(view.parent()->view()) : "";
+        for (int i = 0; i < view.nchild_views(); ++i)
+            text += ", child " + name_of(view.child(i)->view());
+        if (const auto* child = grViewPaperChild::ut_dynamic_cast(&view); child && child->paper_parent())
             text += ", on " + name_of(child->paper_parent()->view());
-        if (const auto* sheet = grViewPaperParent::ut_dynamic_cast(view))
+        if (const auto* sheet = grViewPaperParent::ut_dynamic_cast(&view))
             for (int i = 0; i < sheet->npaper_child_views(); ++i)
                 text += ", paper " + name_of(sheet->paper_child(i)->view());
-        note(text + (view->called_from_parent() ? ", pushing" : ""));
+        return text + (view.called_from_parent() ? ", pushing" : "");
     };
 }
 
@@ -604,10 +548,7 @@ void tsStage::add_list_commands()
             while (in.more() && !in.next_is("+"))
                 views.add_last(the_views.at(in.word()).view);
             work(views, in);
-            std::string names;
-            for (const dgView* view : views)
-                names += (names.empty() ? "" : " ") + name_of(view);
-            note(names.empty() ? "none" : names);
+            return names_of(views);
         };
     };
     with_list("by_renderer",
@@ -617,21 +558,19 @@ void tsStage::add_list_commands()
     with_list("with_missing",
               [this](dgViewcoDList& views, tsArguments&)
               {
-                  note({double(grViewListUtils::missing_renderer_views(views)),
-                        double(grViewListUtils::add_renderer_views(views))});
+                  note_values({double(grViewListUtils::missing_renderer_views(views)),
+                               double(grViewListUtils::add_renderer_views(views))});
               });
     with_list("with_children",
               [](dgViewcoDList& views, tsArguments& in) { grViewListUtils::find_child_views(&in.view(), views); });
     with_list("double_buffered", [this](dgViewcoDList& views, tsArguments&)
-              { note({double(grViewListUtils::double_buffered_renderer(views))}); });
+              { note_values({double(grViewListUtils::double_buffered_renderer(views))}); });
     // Views, and after "+" views that get an extra line of 10 segments (or none for "-").
-    on("refresh") = [this](tsArguments& in)
+    on("refresh") = [](const tsViews& views, tsArguments& in)
     {
-        dgViewcoDList views, extra_views;
+        dgViewcoDList extra_views;
         dgStructurecoDList extras;
         const dgRef<dgStructure> icon = tsLine(10);
-        while (in.more() && !in.next_is("+"))
-            views.add_last(&in.view());
         while (in.more())
         {
             extras.add_last(in.next_is("-") ? nullptr : icon.get());

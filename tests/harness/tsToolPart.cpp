@@ -1,5 +1,3 @@
-#include "tsStage.h"
-
 #include "dgClientStructure.h"
 #include "dgRenderer.h"
 #include "dgStructureCall.h"
@@ -15,7 +13,6 @@
 #include "grStdViewTwiddleTool.h"
 #include "grToolFactory.h"
 #include "grTwiddleMan.h"
-
 #include "grViewRefresher.h"
 #include "grWorkPlane.h"
 #include "gwInput.h"
@@ -23,6 +20,7 @@
 #include "gwMouseEvent.h"
 #include "gwResourceDB.h"
 #include "gwSpaceballEvent.h"
+#include "tsCommand.h"
 #include "tsScene.h"
 #include "tsScript.h"
 #include "utTypeID.h"
@@ -120,12 +118,14 @@ public:
     void aperture_defined(const gwKeyEvent& first, const gwKeyEvent& second) override
     {
         the_stage.called("aperture");
-        the_stage.note({double(first.x()), double(first.y()), double(second.x()), double(second.y())});
+        the_stage.note_values({double(first.x()), double(first.y()), double(second.x()), double(second.y())});
     }
     void update_rotation_centre(const dgView&, const gwKeyEvent&) override { the_stage.called("update centre"); }
     giPoint3 get_world_centre(dgView& view) override
     {
-        return the_centre ? *the_centre : grStdTwiddleHooks::get_world_centre(view);
+        const giPoint3 centre = the_centre ? *the_centre : grStdTwiddleHooks::get_world_centre(view);
+        the_stage.called("centre", 1);
+        return centre;
     }
     void start_twiddle(grStdTwiddleTool*, const gwKeyEvent&) override { the_stage.called("start"); }
     void mouse_event(grStdTwiddleTool*, const gwMouseEvent&) override { the_stage.called("mouse"); }
@@ -234,7 +234,7 @@ public:
         add_events();
         add_queries();
     }
-    ~ToolPart() override
+    ~ToolPart()
     {
         the_twiddling.reset();
         grStdViewTwiddleTool::delete_camera_cache();
@@ -273,70 +273,55 @@ private:
     {
         the_stage.at_end([] { grMouseWheelZoomTool::reread_resources(nullptr); });
         // Mouse button 1 to a tool with its arguments, which last until the next command of this name.
-        on("bind") = [this](tsArguments& in) { bind("mouse_button 1 : " + in.rest()); };
-        on("translations") = [this](tsArguments& in) { bind(in.rest()); };
+        on("bind") = [this](const tsRest& tool) { bind("mouse_button 1 : " + tool); };
+        on("translations") = [this](const tsRest& text) { bind(text); };
         // TYPE KEY MODIFIERS ARGUMENTS: what starts a telling tool, behind all others; one that is not bound starts
         // nothing.
         on("action") = [this](tsArguments& in) { add_action(in, 1); };
         on("unbound_action") = [this](tsArguments& in) { add_action(in, 0); };
-        on("multi") = [this](tsArguments& in) { the_multi = in.integer(); };
-        on("resource") = [this](tsArguments& in)
-        {
-            const std::string key = in.word();
-            the_db.set_resource(utString(key), utString(in.rest()));
-        };
-        on("reread_wheel") = [this](tsArguments&) { grMouseWheelZoomTool::reread_resources(&the_db); };
-        on("claim") = [this](tsArguments& in) { the_answers.claims = in.integer(); };
-        on("again") = [this](tsArguments& in) { the_answers.again = in.integer(); };
-        on("cameras") = [this](tsArguments&) { grStdViewTwiddleTool::initialise_cache(&the_db); };
-        on("save") = [](tsArguments& in)
-        {
-            dgView& view = in.view();
-            grStdViewTwiddleTool::camera_cache(&view)->push(view);
-        };
-        on("stop") = [this](tsArguments&) { man().stop_twiddling(); };
-        on("delete_tool") = [this](tsArguments&) { man().delete_current_tool(); };
-        on("unbind") = [this](tsArguments&) { man().remove_actions(); };
-        on("drop_twiddling") = [this](tsArguments&) { the_twiddling.reset(); };
+        on("multi") = [this](int on) { the_multi = on; };
+        on("resource") = [this](const std::string& key, const tsRest& text)
+        { the_db.set_resource(utString(key), utString(text)); };
+        on("reread_wheel") = [this] { grMouseWheelZoomTool::reread_resources(&the_db); };
+        on("claim") = [this](int claims) { the_answers.claims = claims; };
+        on("again") = [this](int again) { the_answers.again = again; };
+        on("cameras") = [this] { grStdViewTwiddleTool::initialise_cache(&the_db); };
+        on("save") = [](dgView& view) { grStdViewTwiddleTool::camera_cache(&view)->push(view); };
+        on("stop") = [this] { man().stop_twiddling(); };
+        on("delete_tool") = [this] { man().delete_current_tool(); };
+        on("unbind") = [this] { man().remove_actions(); };
+        on("drop_twiddling") = [this] { the_twiddling.reset(); };
     }
     void add_hooks()
     {
         TellingHooks& hooks = *the_hooks;
-        on("group") = [&](tsArguments& in) { hooks.the_group = ts_words(in.rest()); };
-        on("centre") = [&](tsArguments& in) { hooks.the_centre = std::make_unique<giPoint3>(in.point()); };
-        on("workplane") = [&](tsArguments& in)
+        on("group") = [&](const tsRest& names) { hooks.the_group = ts_words(names); };
+        on("centre") = [&](const giPoint3& centre) { hooks.the_centre = std::make_unique<giPoint3>(centre); };
+        on("workplane") = [&](const giPoint3& origin, tsOr<1> on)
         {
-            const giPoint3 origin = in.point();
             hooks.the_workplane = std::make_unique<grWorkPlane>(origin, giVector3(0, 0, 1));
-            hooks.the_workplane->on(in.integer_or(1));
+            hooks.the_workplane->on(on);
         };
-        on("centre_type") = [&](tsArguments& in)
-        { hooks.set_trackball_centre_type(static_cast<grTrackballCentreType>(in.integer())); };
-        on("spinning") = [&](tsArguments& in) { hooks.allow_spinning(in.integer()); };
-        on("icons") = [&](tsArguments& in) { hooks.draw_trackball_icon(in.integer()); };
-        on("clipping") = [&](tsArguments& in) { hooks.clipping_mode(static_cast<dgBoundingViewType>(in.integer())); };
-        on("all_views") = [&](tsArguments& in) { hooks.add_all_views_if_double_buffered(in.integer()); };
-        on("own_refreshers") = [&](tsArguments& in) { hooks.the_own_refreshers = in.integer_or(1); };
-        on("tell_views") = [&](tsArguments&) { hooks.the_views_are_told = 1; };
-        on("fast") = [&](tsArguments& in) { hooks.use_refresher_fast(in.integer()); };
+        on("centre_type") = [&](grTrackballCentreType type) { hooks.set_trackball_centre_type(type); };
+        on("spinning") = [&](int on) { hooks.allow_spinning(on); };
+        on("icons") = [&](int on) { hooks.draw_trackball_icon(on); };
+        on("clipping") = [&](dgBoundingViewType mode) { hooks.clipping_mode(mode); };
+        on("all_views") = [&](int on) { hooks.add_all_views_if_double_buffered(on); };
+        on("own_refreshers") = [&](tsOr<1> on) { hooks.the_own_refreshers = on; };
+        on("tell_views") = [&] { hooks.the_views_are_told = 1; };
+        on("fast") = [&](int on) { hooks.use_refresher_fast(on); };
         // As a full, fast or time-out refresher draws.
-        on("refresh_by") = [&](tsArguments& in)
+        on("refresh_by") = [&](const std::string& kind)
         {
-            const std::string kind = in.word();
             hooks.use_refresher_fast(kind == "fast");
             if (kind == "timeout")
                 hooks.enable_timeout_twiddling(10);
         };
-        on("timeout") = [&](tsArguments& in)
-        {
-            if (const double rate = in.number(); rate > 0)
-                hooks.enable_timeout_twiddling(rate);
-            else
-                hooks.disable_timeout_twiddling();
-        };
+        on("timeout") = [&](double rate)
+        { rate > 0 ? hooks.enable_timeout_twiddling(rate) : hooks.disable_timeout_twiddling(); };
         // In place of a view's root: a line from (0, 0, 0) to (1, 0, 0) called under a transform, twice as large,
         // turned to lie along y, and beginning at (1, 0, 0). The hooks name it.
-        on("part") = [this](tsArguments& in)
+        on("part") = [this](dgView& view)
         {
             the_placement = giXform3::scaling(2) * giXform3::rotation(giAngle(2 * std::atan(1.0)), gi_Z_AXIS) *
                             giXform3::translation(giVector3(1, 0, 0));
@@ -344,10 +329,10 @@ private:
             const dgRef<dgStructure> root(new dgClientStructure);
             root->add(new dgTransform(the_placement));
             root->add(new dgStructureCall(the_hooks->the_structure.get()));
-            in.view().root(root.get());
+            view.root(root.get());
         };
-        on("forget_part") = [this](tsArguments&) { the_hooks->the_structure.reset(); };
-        on("clear_part") = [this](tsArguments&) { part().clear(); };
+        on("forget_part") = [this] { the_hooks->the_structure.reset(); };
+        on("clear_part") = [this] { part().clear(); };
     }
     gwWindow* input_window() { return &the_stage.window(the_pointer_window).input; }
     dgStructure& part()
@@ -370,17 +355,17 @@ private:
     // [TYPE] KEY X Y [MODIFIERS], by default button 1 where the pointer is.
     void post_key(tsArguments& in, int transition)
     {
-        std::string word = in.word_or("1");
+        std::string word = in.more() ? in.word() : "1";
         gwKeyType type = gwMOUSE_BUTTON;
         if (word.find('_') != std::string::npos)
         {
             type = key_type(word);
             word = in.word();
         }
-        const int key = static_cast<int>(ts_value(word));
-        the_x = in.integer_or(the_x);
-        the_y = in.integer_or(the_y);
-        the_input.post(gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), transition, type, key));
+        the_x = in.more() ? in.integer() : the_x;
+        the_y = in.more() ? in.integer() : the_y;
+        the_input.post(gwKeyEvent(input_window(), the_x, the_y, ts_read<tsOr<0>>(in), transition, type,
+                                  static_cast<int>(ts_value(word))));
     }
     void move(int x, int y)
     {
@@ -390,119 +375,101 @@ private:
     }
     void add_events()
     {
-        on("pointer") = [this](tsArguments& in) { the_pointer_window = in.integer(); };
+        on("pointer") = [this](int window) { the_pointer_window = window; };
         on("press") = [this](tsArguments& in) { post_key(in, gwPRESSED); };
         on("release") = [this](tsArguments& in) { post_key(in, gwRELEASED); };
         on("transition_2") = [this](tsArguments& in) { post_key(in, 2); };
-        on("move") = [this](tsArguments& in)
-        {
-            const int x = in.integer();
-            move(x, in.integer());
-        };
+        on("move") = [this](int x, int y) { move(x, y); };
         // To X Y in steps, each after some seconds, from where the pointer is.
-        on("drag") = [this](tsArguments& in)
+        on("drag") = [this](int x, int y, tsOr<4> steps, tsOr<0.0> seconds)
         {
-            const int x0 = the_x, y0 = the_y, dx = in.integer() - x0, dy = in.integer() - y0;
-            const int steps = in.integer_or(4);
-            const double seconds = in.number_or(0);
+            const int x0 = the_x, y0 = the_y;
             for (int i = 1; i <= steps; ++i)
             {
                 the_stage.clock.advance(seconds);
-                move(x0 + dx * i / steps, y0 + dy * i / steps);
+                move(x0 + (x - x0) * i / steps, y0 + (y - y0) * i / steps);
             }
         };
-        on("wheel") = [this](tsArguments& in)
+        on("wheel") = [this](int x, int y, double steps, tsOr<0> modifiers)
         {
-            the_x = in.integer();
-            the_y = in.integer();
-            const double steps = in.number();
-            the_input.post(
-                gwKeyEvent(input_window(), the_x, the_y, in.integer_or(0), gwPRESSED, gwMOUSE_WHEEL, 1, steps));
+            the_x = x;
+            the_y = y;
+            the_input.post(gwKeyEvent(input_window(), x, y, modifiers, gwPRESSED, gwMOUSE_WHEEL, 1, steps));
         };
-        on("spaceball") = [this](tsArguments& in)
-        {
-            const giPoint3 turn = in.point(), push = in.point();
-            the_input.post(gwSpaceballEvent(input_window(), the_x, the_y, 0, giVector3(turn.x(), turn.y(), turn.z()),
-                                            giVector3(push.x(), push.y(), push.z()),
-                                            in.number_or(gwSpaceballEvent::usual_seconds)));
-        };
+        on("spaceball") =
+            [this](const giVector3& turn, const giVector3& push, tsOr<gwSpaceballEvent::usual_seconds> seconds)
+        { the_input.post(gwSpaceballEvent(input_window(), the_x, the_y, 0, turn, push, seconds)); };
         // COUNT calls, SECONDS from one to the next; the last answer is recorded.
-        on("idle") = [this](tsArguments& in)
+        on("idle") = [this](tsOr<1> count, tsOr<0.0> seconds)
         {
-            const int count = in.integer_or(1);
-            const double seconds = in.number_or(0);
             grIdleAction answer = grIDLE_DONE;
             for (int i = 0; i < count; ++i)
             {
                 the_stage.clock.advance(seconds);
                 answer = the_twiddling ? man().idle() : grIDLE_DONE;
             }
-            the_stage.note(answer == grIDLE_AGAIN ? "again" : "done");
+            return answer == grIDLE_AGAIN ? "again" : "done";
         };
     }
     void add_queries()
     {
-        on("tool") = [this](tsArguments&)
+        using Values = std::vector<double>;
+        on("tool") = [this]
         {
             const grTwiddleTool* tool = man().current_tool();
-            the_stage.note(tool ? std::string(tool->ut_dynamic_type().name()) + " " +
-                                      (man().current_tool_state() == grTWID_TWIDDLING ? "active" : "ended") +
-                                      (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
-                                : "none");
+            return tool ? std::string(tool->ut_dynamic_type().name()) + " " +
+                              (man().current_tool_state() == grTWID_TWIDDLING ? "active" : "ended") +
+                              (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
+                        : "none";
         };
-        on("last_twiddle") = [this](tsArguments&)
+        on("last_twiddle") = [this]
         {
             utString name;
             double time;
             grTwiddleTool::get_last_twiddle_details(name, time);
             the_stage.note(name.str());
-            the_stage.note({the_stage.clock.time() - time});
+            return the_stage.clock.time() - time;
         };
-        on("target") = [this](tsArguments&)
+        on("target") = [this]() -> std::string
         {
             const auto* tool = grStdViewTwiddleTool::ut_dynamic_cast(man().current_tool());
-            the_stage.note(!tool             ? "no tool"
-                           : !tool->detail() ? "no detail"
-                                             : the_stage.name_of(tool->detail()->target_view()));
+            return !tool ? "no tool" : !tool->detail() ? "no detail" : the_stage.name_of(tool->detail()->target_view());
         };
-        on("icon_box") = [this](tsArguments&)
+        on("icon_box") = [this]
         {
             const giBox3& box = the_hooks->the_icon_box;
             if (box.empty())
                 return the_stage.note("none");
-            the_stage.note({box.low().x(), box.low().y(), box.low().z()});
-            the_stage.note({box.high().x(), box.high().y(), box.high().z()});
+            the_stage.note_values({box.low().x(), box.low().y(), box.low().z()});
+            the_stage.note_values({box.high().x(), box.high().y(), box.high().z()});
         };
         // Number of saved cameras, the position among them, and whether the one there is that of the view.
-        on("saved") = [this](tsArguments& in)
+        on("saved") = [](dgView& view)
         {
-            dgView& view = in.view();
             const grCameraViewCache& cache = *grStdViewTwiddleTool::camera_cache(&view);
-            the_stage.note({double(cache.count()), double(cache.position()),
-                            double(cache.current() && cache.current()->is_position_of(view))});
+            return Values{double(cache.count()), double(cache.position()),
+                          double(cache.current() && cache.current()->is_position_of(view))};
         };
         // What the spaceball's last event turned a view by about x and y, and moved it by along x, as shares of what
         // full deflection does: 0.05 radians, 2 % of the window's height.
-        on("spaceball_share") = [this](tsArguments& in)
+        on("spaceball_share") = [](dgView& view)
         {
-            const dgCamera& camera = in.view().camera();
+            const dgCamera& camera = view.camera();
             const giXform3& x = camera.orientation();
             const giVector3 twice_sine(x(1, 2) - x(2, 1), x(2, 0) - x(0, 2), x(0, 1) - x(1, 0));
             const giVector3 turn = twice_sine * (std::asin(twice_sine.length() / 2) / twice_sine.length());
-            the_stage.note(
-                {turn.x() / 0.05, turn.y() / 0.05, (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()});
+            return Values{turn.x() / 0.05, turn.y() / 0.05,
+                          (giPoint3(0, 0, 0) * x).x() / 0.02 / camera.view_window().height()};
         };
-        on("depth_cueing") = [this](tsArguments& in)
-        { the_stage.note({double(in.view().renderer()->depth_cueing())}); };
+        on("depth_cueing") = [](dgView& view) { return view.renderer()->depth_cueing(); };
         // Where a point of the part is in the world now.
-        on("part_at") = [this](tsArguments& in)
+        on("part_at") = [this](const giPoint3& point)
         {
             const dgTransform* own = ut_cast<dgTransform>(the_hooks->the_structure->element(0));
-            const giPoint3 p = in.point() * (own ? own->transform() * the_placement : the_placement);
-            the_stage.note({p.x(), p.y(), p.z()});
+            return point * (own ? own->transform() * the_placement : the_placement);
         };
-        on("part_elements") = [this](tsArguments&) { the_stage.note({double(the_hooks->the_structure->nelements())}); };
-        on("actions") = [this](tsArguments&)
+        on("part_elements") = [this] { return the_hooks->the_structure->nelements(); };
+        on("actions") = [this]
         {
             for (const grAction* action : man().actions())
                 the_stage.note(std::to_string(action->trigger().key_type()) + " " +
@@ -524,7 +491,7 @@ private:
 };
 }
 
-std::unique_ptr<tsPart> ts_tool_part(tsStage& stage)
+std::shared_ptr<void> ts_tool_part(tsStage& stage)
 {
-    return std::make_unique<ToolPart>(stage);
+    return std::make_shared<ToolPart>(stage);
 }

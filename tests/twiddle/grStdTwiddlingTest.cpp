@@ -40,6 +40,22 @@ TEST(grStdTwiddling, without_translations_no_event_starts_a_tool)
     EXPECT_EQ(grStdTwiddling(&input, &db, nullptr, nullptr).twiddle_man()->actions().count(), 3);
 }
 
+TEST(grStdTwiddlingDeathTest, a_static_one_goes_at_the_exit_in_the_middle_of_a_drag)
+{
+    EXPECT_EXIT(
+        {
+            static tsScene scene;
+            static gwInput input;
+            static gwResourceDB db;
+            db.set_resource("translations", "mouse_button 1 : trackball");
+            static const grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
+            scene.add_view();
+            input.post(gwKeyEvent(&scene.input_window(), 50, 50, 0, gwPRESSED, gwMOUSE_BUTTON, 1));
+            std::exit(twiddling.twiddle_man()->current_tool() ? 3 : 4);
+        },
+        testing::ExitedWithCode(3), "");
+}
+
 TEST(grStdTwiddling, frame_rate_is_read_only_for_hooks_of_its_own)
 {
     const auto guard = keep_minimum_framerate();

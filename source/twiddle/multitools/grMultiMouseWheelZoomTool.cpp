@@ -9,7 +9,7 @@ void grMultiMouseWheelZoomTool::start_twiddle(const gwKeyEvent& event)
     if (!start_wheel_step(event))
         return;
     find_others(event);
-    if (do_action(event))
+    if (target_view() && do_action(event))
         refresh_views();
 }
 

@@ -8,6 +8,7 @@
 #include "utTypeID.h"
 
 #include <algorithm>
+#include <utility>
 
 UT_DEFINE_TYPE(grOtherViews, coReceiver);
 
@@ -22,12 +23,16 @@ void grOtherViews::find(const grStdTwiddleTool& tool, const gwKeyEvent& event, d
     dgViewcoDList views;
     tool.hooks()->identify_views(event, views);
     grViewUtils::remove_view(views, target);
+    // What is asked may close any of them. Until all are asked there are no others, for events that arrive meanwhile.
+    const auto closed = [](dgView* view) { return !dgS::views().contains(view); };
+    std::vector<dgView*> found;
     for (dgView* view : views)
-        if (!tool.hooks()->locked_view(view, &tool))
-        {
-            the_views.push_back(view);
-            view->call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&grOtherViews::view_to_be_deleted>(this));
-        }
+        if (!closed(view) && !tool.hooks()->locked_view(view, &tool))
+            found.push_back(view);
+    std::erase_if(found, closed);
+    for (dgView* view : found)
+        view->call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&grOtherViews::view_to_be_deleted>(this));
+    the_views = std::move(found);
 }
 
 void grOtherViews::save_cameras(const grStdViewTwiddleTool& tool) const

@@ -1,5 +1,7 @@
 #include "grStdTwiddleHooks.h"
 
+#include "dgRef.h"
+#include "dgStructure.h"
 #include "dgView.h"
 #include "giPoint2.h"
 #include "giPoint3.h"
@@ -28,6 +30,13 @@ constexpr double the_viewport_tolerance = 1e-5;
 // Views whose time-out renderers are kept.
 constexpr int timed_views = 16;
 
+// Whether a tool can work on a view after the application has been asked about it, which may have closed it or taken
+// its renderer.
+bool usable(const dgView* view)
+{
+    return view && dgS::views().contains(const_cast<dgView*>(view)) && view->renderer();
+}
+
 // The first paper child, in order of attachment, under a device point; the view itself when there is none.
 dgView* paper_child_at(dgView* view, const giPoint2& point_device)
 {
@@ -55,27 +64,30 @@ grViewTwiddleDetail* grStdTwiddleHooks::view_detail(const grStdTwiddleTool* tool
 {
     dgViewcoDList views;
     dgView* target = identify_views(event, views);
-    if (!target)
+    if (!usable(target))
         return nullptr;
     // The views to be redrawn stay those around the view under the pointer, also when its parent takes its place.
     target = find_child_if_locked(target, tool);
-    if (!target)
+    if (!usable(target))
         return nullptr;
-    grViewRefresher* refresher = view_refresher(tool, views);
-    return new grViewTwiddleDetail(target, refresher, identify_workplane());
+    std::unique_ptr<grViewRefresher> refresher(view_refresher(tool, views));
+    grWorkPlane* workplane = identify_workplane();
+    return usable(target) ? new grViewTwiddleDetail(target, refresher.release(), workplane) : nullptr;
 }
 
 grStructureTwiddleDetail* grStdTwiddleHooks::structure_detail(const grStdTwiddleTool* tool, const gwKeyEvent& event)
 {
     dgViewcoDList views;
     dgView* target = identify_views(event, views);
-    if (!target || locked_view(target, tool))
+    if (!usable(target) || locked_view(target, tool))
         return nullptr;
-    dgStructure* structure = identify_structure();
+    const dgRef<dgStructure> structure(identify_structure());
     grWorkPlane* workplane = identify_workplane();
-    if (!structure)
+    if (!structure || !usable(target))
         return nullptr;
-    return new grStructureTwiddleDetail(target, view_refresher(tool, views), structure, workplane);
+    std::unique_ptr<grViewRefresher> refresher(view_refresher(tool, views));
+    return usable(target) ? new grStructureTwiddleDetail(target, refresher.release(), structure.get(), workplane)
+                          : nullptr;
 }
 
 dgView* grStdTwiddleHooks::identify_views(const gwKeyEvent& event, dgViewcoDList& views)

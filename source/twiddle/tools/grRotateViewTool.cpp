@@ -27,6 +27,8 @@ void grRotateViewTool::start_twiddle(const gwKeyEvent& event)
     if (!find_detail(event))
         return;
     giPoint3 centre = rotation_centre(target_view());
+    if (!target_view())
+        return; // closed when the centre was asked for
     if (about_cursor() && !(workplane() && workplane()->on()))
         gr_surface_point(*target_view(), giPoint2(event.x(), event.y()), centre);
     start_turning(centre, event);

@@ -29,6 +29,8 @@ void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
     if (!find_detail(event))
         return;
     the_centre = start_centre(target_view(), event);
+    if (!target_view())
+        return; // closed when the centre was asked for
     start_course(event, refresher());
 }
 
@@ -36,7 +38,7 @@ giPoint3 grSpaceballTool::start_centre(dgView* view, const gwKeyEvent& event)
 {
     if (gr_usable_centre_type(hooks()->get_trackball_centre_type(), workplane()) == dgLEAVS_TRACKBALL_CENTRE_VIEW)
         hooks()->update_rotation_centre(*view, event);
-    return trackball_centre(view);
+    return dgS::views().contains(view) ? trackball_centre(view) : giPoint3();
 }
 
 giPoint3 grSpaceballTool::trackball_centre(dgView* view) const

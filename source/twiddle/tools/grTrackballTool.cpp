@@ -51,6 +51,8 @@ void grTrackballTool::start_twiddle(const gwKeyEvent& event)
     if (the_round)
         the_width = the_height = std::min(the_width, the_height);
     const giPoint3 centre = trackball_centre(view, event);
+    if (!target_view())
+        return; // closed when the centre was asked for
     find_centre_offset(centre);
     if (hooks()->draw_trackball_icon())
         set_icon(centre);
@@ -73,7 +75,11 @@ grTrackballCentreType grTrackballTool::find_centre_type() const
 giPoint3 grTrackballTool::trackball_centre(dgView* view, const gwKeyEvent& event)
 {
     if (the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW)
+    {
         hooks()->update_rotation_centre(*view, event);
+        if (!dgS::views().contains(view))
+            return giPoint3();
+    }
     giPoint3 under_cursor;
     // The pointer is over the target alone.
     if (about_cursor() && the_centre_type == dgLEAVS_TRACKBALL_CENTRE_VIEW && view == target_view() &&
