@@ -519,6 +519,8 @@ void dgGLDriver::gl_enable(unsigned capability)
     own_modes();
     if (capability == GL_STENCIL_TEST)
         the_stencil.on = 1;
+    if (capability == GL_DEPTH_CLAMP)
+        the_depth_clamped = 1;
     glEnable(capability);
 }
 
@@ -531,6 +533,8 @@ void dgGLDriver::gl_disable(unsigned capability)
     own_modes();
     if (capability == GL_STENCIL_TEST)
         the_stencil.on = 0;
+    if (capability == GL_DEPTH_CLAMP)
+        the_depth_clamped = 0;
     glDisable(capability);
 }
 

@@ -40,6 +40,7 @@ public:
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
     void finish() override;
+    int cuts_at_planes() const override { return !the_depth_clamped; }
     void gl_enable(unsigned capability) override;
     void gl_disable(unsigned capability) override;
     void gl_stencil_func(unsigned function, int reference, unsigned mask) override;
@@ -61,6 +62,7 @@ private:
     dgGLDevice& the_device;
     int the_overlay;
     int the_inverting;
+    int the_depth_clamped = 0;
 
     dgCameraState the_camera;
     giBox2 the_clip; // empty: none

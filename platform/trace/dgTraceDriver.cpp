@@ -12,6 +12,8 @@
 
 namespace
 {
+constexpr unsigned depth_clamp = 0x864F; // GL_DEPTH_CLAMP
+
 // Numbers as short as they can be read back.
 class Line
 {
@@ -179,11 +181,13 @@ void dgTraceDriver::finish()
 
 void dgTraceDriver::gl_enable(unsigned capability)
 {
+    the_depth_clamped |= capability == depth_clamp;
     record_gl(Line("gl_enable") << hex(capability));
 }
 
 void dgTraceDriver::gl_disable(unsigned capability)
 {
+    the_depth_clamped &= capability != depth_clamp;
     record_gl(Line("gl_disable") << hex(capability));
 }
 

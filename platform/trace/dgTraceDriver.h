@@ -33,6 +33,7 @@ public:
     void finish() override;
 
     // What only OpenGL drivers do is seen only on a surface that reports to be one.
+    int cuts_at_planes() const override { return !the_depth_clamped; }
     void gl_enable(unsigned capability) override;
     void gl_disable(unsigned capability) override;
     void gl_stencil_func(unsigned function, int reference, unsigned mask) override;
@@ -47,4 +48,5 @@ private:
 
     dgTraceWindow& the_window;
     std::string the_prefix;
+    bool the_depth_clamped = false;
 };

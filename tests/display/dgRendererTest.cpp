@@ -92,7 +92,7 @@ TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)
     scene.window.record_state(1);
     const dgRef<dgStructure> part(new dgClientStructure);
     part->add(new dgLineWidth(5));
-    part->add(new dgTransform(giXform3::translation({7, 0, 0})));
+    part->add(new dgTransform(giXform3::translation({0.5, 0, 0})));
     part->add(line());
     scene.root->add(new dgLineWidth(3));
     scene.root->add(new dgStructureCall(part.get()));
@@ -104,8 +104,23 @@ TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)
     EXPECT_NE(states[1].find("state line 1 1 1 3 "), std::string::npos);
     const Lines transforms = starting_with(scene.window.log(), "transform");
     ASSERT_EQ(transforms.size(), 2u);
-    EXPECT_NE(transforms[0].find(" 7 0 0 1"), std::string::npos);
+    EXPECT_NE(transforms[0].find(" 0.5 0 0 1"), std::string::npos);
     EXPECT_NE(transforms[1].find(" 0 0 0 1"), std::string::npos);
+}
+
+TEST(dgRenderer, draws_what_an_element_before_it_moves_into_view)
+{
+    Scene scene;
+    auto* move = new dgTransform(giXform3::translation({100, 0, 0}));
+    const dgRef<dgStructure> part(new dgClientStructure);
+    part->add(new Meddler([&](dgRenderer&) { move->transform(giXform3()); }));
+    scene.root->add(new dgStructureCall(part.get()));
+    scene.root->add(move);
+    scene.root->add(line());
+    EXPECT_EQ(starting_with(scene.draw(), "draw"), (Lines{"draw lines 1 of 1"}));
+    move->transform(giXform3::translation({100, 0, 0}));
+    part->clear();
+    EXPECT_EQ(starting_with(scene.draw(), "draw"), Lines());
 }
 
 TEST(dgRenderer, takes_up_a_colour_changed_in_place)

@@ -288,6 +288,7 @@ TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_ru
 TEST(gsStructureFlattener, keeps_states_and_places_and_takes_them_back)
 {
     Scene scene;
+    scene.renderer.culling(0);
     const dgRef<dgStructure> part(new dgClientStructure), inner(new dgClientStructure);
     inner->add(new dgTransform(giXform3::translation({0, 5, 0})));
     inner->add(new dgLineWidth(4));

@@ -3,6 +3,11 @@
 dgDriver::~dgDriver() = default;
 
 void dgDriver::prepare_run(const dgPrimitiveRun&) {}
+void dgDriver::culling(int) {}
+int dgDriver::cuts_at_planes() const
+{
+    return 1;
+}
 void dgDriver::gl_enable(unsigned) {}
 void dgDriver::gl_disable(unsigned) {}
 void dgDriver::gl_stencil_func(unsigned, int, unsigned) {}

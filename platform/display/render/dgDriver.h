@@ -68,6 +68,13 @@ public:
 
     virtual void finish() = 0;
 
+    /// Whether primitives, or parts of large ones, that lie out of view may be left out. Drivers that do so have
+    /// everything drawn until they are told.
+    virtual void culling(int on);
+
+    /// 1 while what lies beyond the clipping planes is cut off; 0 when it is drawn as if it lay on them.
+    virtual int cuts_at_planes() const;
+
     /// Switch an OpenGL capability by its number; 0x0B90 is the stencil test. Drivers of other types do nothing in
     /// these and the following calls.
     virtual void gl_enable(unsigned capability);

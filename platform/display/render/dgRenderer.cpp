@@ -1,82 +1,41 @@
 #include "dgRenderer.h"
 
+#include "apEnvironment.h"
+#include "dgAttributeArray.h"
 #include "dgCamera.h"
-#include "dgCompiledStructure.h"
 #include "dgDrawState.h"
 #include "dgDriver.h"
 #include "dgGraphicalPrimitive.h"
-#include "dgNetworkWalk.h"
+#include "dgNetworkDrawing.h"
+#include "dgPrimitiveRun.h"
 #include "dgSelectedDriver.h"
 #include "dgStructure.h"
 #include "dgTextFont.h"
+#include "dgViewVolume.h"
 #include "dgWindow.h"
 #include "gsRenderAction.h"
 
 #include "giPoint3.h"
 
-#include <cassert>
+#include <algorithm>
 #include <utility>
 
 namespace
 {
-// Meets the steps of structures' compiled forms.
-class StepCursor
+int culling_at_first()
 {
-public:
-    using Item = const dgCompiledStructure::Step*;
-
-    explicit StepCursor(const dgStructure& structure) : the_steps(structure.compiled().steps()) {}
-
-    Item next() { return the_next < the_steps.size() ? &the_steps[the_next++] : nullptr; }
-    static const dgGraphicalElement* element(Item step) { return step->element; }
-
-private:
-    const std::vector<dgCompiledStructure::Step>& the_steps;
-    std::size_t the_next = 0;
-};
-
-// Draws what a walk meets, each structure in a context of its own.
-class Drawing : public dgNetworkVisitor<StepCursor>
-{
-public:
-    Drawing(dgRenderer& renderer, unsigned long long walk, bool through_action)
-        : the_renderer(renderer), the_walk(walk), the_through_action(through_action)
-    {}
-
-    unsigned long long walk() const { return the_walk; }
-    bool enter(const dgStructure&)
+    // Read once, for the first renderer of the process.
+    static const bool off = []
     {
-        the_renderer.push_structure();
-        return true;
-    }
-    bool visit(const dgCompiledStructure::Step* step)
-    {
-        gsRenderAction* action = the_through_action ? the_renderer.render_action() : nullptr;
-        if (step->run)
-        {
-            if (action)
-                action->run(the_renderer, *step->run);
-            else
-                the_renderer.draw_run(*step->run);
-        }
-        else if (!action || step->element->kind() == dgELEMENT_ATTRIBUTE ||
-                 action->element(the_renderer, *step->element))
-        {
-            step->element->draw(&the_renderer);
-        }
-        return true;
-    }
-    void leave(const dgStructure&) { the_renderer.pop_structure(); }
-
-private:
-    dgRenderer& the_renderer;
-    unsigned long long the_walk;
-    bool the_through_action;
-};
+        std::string value;
+        return apEnvironment::lookup("GR_CULLING", value) && value == "0";
+    }();
+    return !off;
+}
 }
 
 dgRenderer::dgRenderer(dgWindow* main, dgWindow* overlay, const gwWindow* input_window)
-    : dgRenderTargets(main, overlay, input_window)
+    : dgRenderTargets(main, overlay, input_window), the_culling(culling_at_first())
 {}
 
 dgRenderer::~dgRenderer()
@@ -102,11 +61,17 @@ void dgRenderer::set_camera(const dgCamera* camera)
     state.depth_cueing = the_depth_cueing;
     the_cue_colour.channels(state.cue_colour);
     driver()->set_camera(state);
+    the_world_to_clip = state.world_to_view * state.projection;
+    the_port_width = state.view_port.width() + 1;
+    the_port_height = state.view_port.height() + 1;
+    the_camera_known = true;
 }
 
 void dgRenderer::driver_begun()
 {
     the_context.retell();
+    the_camera_known = false;
+    driver()->culling(the_culling);
     if (the_camera)
         set_camera(the_camera);
 }
@@ -114,6 +79,14 @@ void dgRenderer::driver_begun()
 void dgRenderer::driver_ended()
 {
     the_camera = nullptr;
+    the_camera_known = false;
+}
+
+void dgRenderer::culling(int on)
+{
+    the_culling = on;
+    if (begun())
+        driver()->culling(on);
 }
 
 void dgRenderer::select_camera(int index)
@@ -167,18 +140,103 @@ void dgRenderer::draw_primitive(const dgGraphicalPrimitive& primitive)
     driver()->draw_primitive(primitive);
 }
 
-void dgRenderer::draw_run(const dgPrimitiveRun& run)
+void dgRenderer::draw_run(const dgPrimitiveRun& run, bool in_view)
 {
+    const bool partly = !in_view && find_seen(run);
+    if (partly && the_seen.empty())
+        return;
     flush_state();
-    driver()->draw_run(run);
+    if (partly)
+        driver()->draw_features(run, the_seen);
+    else
+        driver()->draw_run(run);
 }
 
 void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
 {
     if (spans.empty())
         return;
+    if (!find_seen(run))
+    {
+        flush_state();
+        driver()->draw_features(run, spans);
+        return;
+    }
+    the_seen_spans.clear();
+    auto seen = the_seen.begin();
+    for (const dgFeatureSpan& span : spans)
+    {
+        const int end = span.first + span.count;
+        while (seen != the_seen.end() && seen->first + seen->count <= span.first)
+            ++seen;
+        for (auto part = seen; part != the_seen.end() && part->first < end; ++part)
+        {
+            const int low = std::max(part->first, span.first), high = std::min(part->first + part->count, end);
+            the_seen_spans.push_back({low, high - low});
+        }
+    }
+    if (the_seen_spans.empty())
+        return;
     flush_state();
-    driver()->draw_features(run, spans);
+    driver()->draw_features(run, the_seen_spans);
+}
+
+// True when some of a run is out of view: the_seen are the features that may be in it.
+bool dgRenderer::find_seen(const dgPrimitiveRun& run)
+{
+    // The extent of texts is the driver's to know.
+    if (!culls() || run.topology == dgTOPOLOGY_TEXT)
+        return false;
+    constexpr int least_gap = 64; // features; a shorter one is drawn sooner than left out
+    const dgRunBounds& bounds = run.bounds();
+    const dgViewVolume view = volume();
+    int found = 0, sorted = 1, last = -1;
+    the_seen.clear();
+    bounds.tree().find([&](const giBox3& box) { return view.test(box); },
+                       [&](int group, bool)
+                       {
+                           sorted &= group > last;
+                           last = group;
+                           ++found;
+                           const int first = bounds.first_feature(group);
+                           the_seen.push_back({first, bounds.end_feature(group) - first});
+                       });
+    if (found == bounds.groups())
+        return false;
+    if (!sorted)
+        std::sort(the_seen.begin(), the_seen.end(),
+                  [](const dgFeatureSpan& a, const dgFeatureSpan& b) { return a.first < b.first; });
+    std::size_t joined = 0;
+    for (const dgFeatureSpan& span : the_seen)
+    {
+        dgFeatureSpan* const before = joined ? &the_seen[joined - 1] : nullptr;
+        if (before && span.first - (before->first + before->count) < least_gap)
+            before->count = span.first + span.count - before->first;
+        else
+            the_seen[joined++] = span;
+    }
+    the_seen.resize(joined);
+    return true;
+}
+
+double dgRenderer::reach() const
+{
+    double pixels = 0;
+    for (const int type : {dgTYPE_LINE_WIDTH, dgTYPE_MARKER_SIZE})
+    {
+        const dgGraphicalAttribute* attribute = the_context.attribute(type);
+        if (!attribute)
+            attribute = dgAttributeArray::process_wide().query(type);
+        if (attribute)
+            pixels = std::max(pixels, attribute->reach());
+    }
+    return pixels;
+}
+
+dgViewVolume dgRenderer::volume(double reach) const
+{
+    return dgViewVolume(the_context.transform() * the_world_to_clip, std::max(reach, this->reach()), the_port_width,
+                        the_port_height, driver()->cuts_at_planes());
 }
 
 void dgRenderer::draw_structure(const dgStructure& structure)
@@ -203,7 +261,7 @@ void dgRenderer::draw_steps(const dgStructure& root, bool through_action)
 {
     // Drawings that elements start by themselves belong to the walk around them.
     const unsigned long long walk_before = std::exchange(the_walk, the_walk ? the_walk : dgStructure::new_walk());
-    dg_walk_network(root, Drawing(*this, the_walk, through_action));
+    dg_draw_network(*this, root, the_walk, through_action);
     the_walk = walk_before;
 }
 

@@ -20,6 +20,7 @@ class dgGraphicalPrimitive;
 class dgSelectedDriver;
 class dgStructure;
 class dgTextFont;
+class dgViewVolume;
 class dgWindow;
 class gsRenderAction;
 class gwWindow;
@@ -54,6 +55,11 @@ public:
     /// it. Not owned. An action that is destroyed removes itself.
     void render_action(gsRenderAction* action);
     gsRenderAction* render_action() const { return the_render_action; }
+
+    /// Whether what lies out of view is left out of drawings: 1 by default, unless the environment variable GR_CULLING
+    /// is "0". The picture is the same to the last bit.
+    int culling() const { return the_culling; }
+    void culling(int on);
 
     const dgDrawQuality& get_pipeline_draw_quality() const { return the_draw_quality; }
 
@@ -92,8 +98,15 @@ public:
     void execute(const dgGraphicalElement& element);
     void set_attribute(const dgGraphicalAttribute& attribute) { the_context.set(attribute); }
     void draw_primitive(const dgGraphicalPrimitive& primitive);
-    void draw_run(const dgPrimitiveRun& run);
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans);
+
+    /// in_view says that nothing of the run is to be left out.
+    void draw_run(const dgPrimitiveRun& run, bool in_view = false);
+
+    /// Whether something may be left out now, and what is shown where the drawing stands. What is drawn there may reach
+    /// beyond its place by so many pixels, or by as many as the attributes in force say.
+    bool culls() const { return the_culling && the_camera_known; }
+    dgViewVolume volume(double reach = 0) const;
 
     /// Draws a structure and all that it calls between begin and end, in a context of its own. A structure that is
     /// already being drawn is not entered again, so that cycles end.
@@ -115,6 +128,8 @@ protected:
 private:
     friend class dgSelectedDriver;
     void draw_steps(const dgStructure& structure, bool through_action);
+    double reach() const;
+    bool find_seen(const dgPrimitiveRun& run);
 
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_depth_cueing = 0;
@@ -129,5 +144,10 @@ private:
     dgColourTable the_colour_table;
     dgAttributeContext the_context;
     const dgCamera* the_camera = nullptr;
+    int the_culling;
+    bool the_camera_known = false; // what follows is of the driver's camera
+    giXform3 the_world_to_clip;
+    double the_port_width = 0, the_port_height = 0; // pixels
+    std::vector<dgFeatureSpan> the_seen, the_seen_spans;
     unsigned long long the_walk = 0; // through the networks being drawn, 0: none
 };

@@ -39,6 +39,9 @@ public:
     /// Asked before a structure is entered that is not under way; false leaves it out.
     bool enter(const dgStructure&) { return true; }
 
+    /// Meets the items of a structure that was entered.
+    TheCursor cursor(const dgStructure& structure) { return TheCursor(structure); }
+
     /// Called for every item that is no call; false ends the walk, and leaves all that is under way.
     bool visit(typename Cursor::Item) { return true; }
 
@@ -66,7 +69,7 @@ void dg_walk_network(const dgStructure& root, Visitor&& visitor)
     {
         if (structure.walk() == walk || !visitor.enter(structure))
             return;
-        frames.push_back({&structure, dg_hold(structure), structure.open_walk(walk), Cursor(structure)});
+        frames.push_back({&structure, dg_hold(structure), structure.open_walk(walk), visitor.cursor(structure)});
     };
     const auto leave = [&]
     {

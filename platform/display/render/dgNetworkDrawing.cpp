@@ -1,0 +1,199 @@
+#include "dgNetworkDrawing.h"
+
+#include "dgCompiledStructure.h"
+#include "dgNetworkWalk.h"
+#include "dgRenderer.h"
+#include "dgStepTree.h"
+#include "dgViewVolume.h"
+#include "gsRenderAction.h"
+
+#include <bit>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+namespace
+{
+class Drawing;
+
+// Meets the steps of a structure's compiled form: all of them, or those that may be seen, with the attributes before
+// them put in force.
+class StepCursor
+{
+public:
+    using Item = const dgCompiledStructure::Step*;
+
+    StepCursor(const dgStructure& structure, Drawing& drawing);
+
+    Item next();
+    static const dgGraphicalElement* element(Item step) { return step->element; }
+
+private:
+    void look_for_seen();
+    Item next_seen();
+    Item next_of_all();
+
+    Drawing* the_drawing;
+    const std::vector<dgCompiledStructure::Step>* the_steps;
+    std::size_t the_next = 0;
+    bool the_inside; // all of the structure is seen
+
+    // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
+    std::shared_ptr<const dgStepTree> the_tree; // null: all steps are met
+    std::size_t the_first_word = 0, the_word = 0, the_words = 0;
+    std::uint64_t the_left = 0; // of the word
+};
+
+class Drawing : public dgNetworkVisitor<StepCursor>
+{
+public:
+    Drawing(dgRenderer& renderer, const dgStructure& root, unsigned long long walk, bool through_action)
+        : the_renderer(renderer), the_walk(walk), the_through_action(through_action), the_culling(renderer.culls())
+    {
+        if (the_culling)
+            root.bounds();
+        the_changes = dgStructure::bounds_changes();
+    }
+
+    unsigned long long walk() const { return the_walk; }
+    bool enter(const dgStructure&)
+    {
+        the_renderer.push_structure();
+        the_word_marks.push_back(the_words.size());
+        return true;
+    }
+    StepCursor cursor(const dgStructure& structure) { return StepCursor(structure, *this); }
+    bool visit(const dgCompiledStructure::Step* step)
+    {
+        gsRenderAction* action = the_through_action ? the_renderer.render_action() : nullptr;
+        if (step->run)
+        {
+            if (action)
+                action->run(the_renderer, *step->run);
+            else
+                the_renderer.draw_run(*step->run, the_inside || !culls());
+        }
+        else if (!action || step->element->kind() == dgELEMENT_ATTRIBUTE ||
+                 action->element(the_renderer, *step->element))
+        {
+            step->element->draw(&the_renderer);
+        }
+        return true;
+    }
+    void leave(const dgStructure&)
+    {
+        the_words.resize(the_word_marks.back());
+        the_word_marks.pop_back();
+        the_renderer.pop_structure();
+    }
+
+private:
+    friend class StepCursor;
+
+    // Once something is edited by what is drawn, all that follows is met: it may have come into view.
+    bool culls()
+    {
+        the_culling = the_culling && the_changes == dgStructure::bounds_changes();
+        return the_culling;
+    }
+
+    dgRenderer& the_renderer;
+    unsigned long long the_walk;
+    bool the_through_action;
+    bool the_culling;
+    unsigned long long the_changes;
+    bool the_inside = false; // all of the step that was met last is seen
+    std::vector<std::uint64_t> the_words;
+    std::vector<std::size_t> the_word_marks;
+};
+
+StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
+    : the_drawing(&drawing), the_inside(drawing.the_inside)
+{
+    if (drawing.culls() && !drawing.the_through_action && !the_inside)
+    {
+        const dgBounds& bounds = structure.bounds();
+        if (!bounds.world || drawing.the_renderer.context().transform() == giXform3())
+            the_tree = structure.compiled().tree();
+    }
+    the_steps = &structure.compiled().steps();
+    if (the_tree)
+        look_for_seen();
+}
+
+void StepCursor::look_for_seen()
+{
+    std::vector<std::uint64_t>& words = the_drawing->the_words;
+    const auto leaves = static_cast<std::size_t>(the_tree->drawing_steps());
+    the_words = (leaves + 63) / 64;
+    the_first_word = words.size();
+    words.resize(the_first_word + 2 * the_words, 0);
+    std::uint64_t* const seen = words.data() + the_first_word;
+    std::uint64_t* const inside = seen + the_words;
+    const auto mark = [](std::uint64_t* bits, int leaf)
+    { bits[static_cast<unsigned>(leaf) / 64] |= std::uint64_t(1) << (static_cast<unsigned>(leaf) % 64); };
+    const dgViewVolume volume = the_drawing->the_renderer.volume(the_tree->bounds().reach);
+    the_tree->tree().find([&](const giBox3& box) { return volume.test(box); },
+                          [&](int leaf, bool wholly)
+                          {
+                              mark(seen, leaf);
+                              if (wholly && !the_tree->open(leaf))
+                                  mark(inside, leaf);
+                          });
+    for (const int leaf : the_tree->open_leaves())
+        mark(seen, leaf);
+    the_left = the_words ? *seen : 0;
+}
+
+StepCursor::Item StepCursor::next()
+{
+    return the_tree && the_drawing->culls() ? next_seen() : next_of_all();
+}
+
+StepCursor::Item StepCursor::next_seen()
+{
+    std::vector<std::uint64_t>& words = the_drawing->the_words;
+    while (!the_left)
+    {
+        if (++the_word >= the_words)
+            return nullptr; // what attributes follow hold for nothing
+        the_left = words[the_first_word + the_word];
+    }
+    const auto bit = static_cast<unsigned>(std::countr_zero(the_left));
+    the_left &= the_left - 1;
+    the_drawing->the_inside = words[the_first_word + the_words + the_word] >> bit & 1;
+    const int step = the_tree->step(static_cast<int>(64 * the_word + bit));
+    const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
+    constexpr int few = 8;
+    if (const int first = static_cast<int>(the_next); step - first > few)
+        the_tree->attributes_between(first, step, execute);
+    else
+        for (; the_next < static_cast<std::size_t>(step); ++the_next)
+            if (const dgGraphicalElement* element = (*the_steps)[the_next].element;
+                element && element->kind() == dgELEMENT_ATTRIBUTE)
+                execute(*element);
+    the_next = static_cast<std::size_t>(step) + 1;
+    return &(*the_steps)[the_next - 1];
+}
+
+StepCursor::Item StepCursor::next_of_all()
+{
+    the_drawing->the_inside = the_inside;
+    while (the_next < the_steps->size())
+    {
+        const dgCompiledStructure::Step* step = &(*the_steps)[the_next++];
+        dgBounds bounds;
+        const dgStructure* called =
+            the_drawing->the_culling && step->element ? step->element->called_structure() : nullptr;
+        if (called && called->known_bounds(bounds) && bounds.box.empty() && !bounds.open)
+            continue;
+        return step;
+    }
+    return nullptr;
+}
+}
+
+void dg_draw_network(dgRenderer& renderer, const dgStructure& root, unsigned long long walk, bool through_action)
+{
+    dg_walk_network(root, Drawing(renderer, root, walk, through_action));
+}
