@@ -1,4 +1,5 @@
 #include "tsFontFolder.h"
+#include "tsTable.h"
 
 #include "dgRenderer.h"
 #include "dgTextFont.h"
@@ -200,130 +201,14 @@ private:
     std::ostringstream the_record;
 };
 
-const std::string helvetica = "font Helvetica Helvetica; font Helvetica-Bold Helvetica-Bold; font Helvetica-Oblique "
-                              "Helvetica-Oblique; font Helvetica-BoldOblique Helvetica-BoldOblique; ";
-const std::string lists = "font a; font b; font c; font d; font e,~f; link a.pfb u:NimbusMonoPS-Regular.pfb; "
-                          "link b.pfb u:NimbusMonoPS-Regular.pfb; reader; ";
-const std::string symbol = "font Symbol Symbol; reader; ";
-
-const struct
-{
-    const char* name;
-    std::string script;
-    const char* record;
-} scripts[] = {
-    // Families of the table.
-    {"no files, no family", "reader; show; install 2 Helvetica; slots", "1 0-1; ; "},
-    {"one file of four", "font courb; reader; show", "2 Courier 0,,courb.pfa+courb.afm,,; "},
-    {"an earlier row wins, by type",
-     "font cour; font Courier-Bold; font Symbol Symbol; link cour.pfb u:NimbusMonoPS-Regular.pfb; reader; show",
-     "2 Courier 0,,Courier-Bold.pfa+Courier-Bold.afm,,; 2 Symbol 0,Symbol.pfa+Symbol.afm,,,; "
-     "3 Courier 0,cour.pfb+cour.afm,,,; "},
-    {"fonts and metrics have their own paths",
-     "folder f; folder m; link f/Symbol.pfa h:Symbol.pfa; link m/Symbol.afm h:Symbol.afm; reader f m; show; "
-     "reader m f; show",
-     "2 Symbol 0,f/Symbol.pfa+m/Symbol.afm,,,; "},
-    {"metrics under the bare stem come first", "font Symbol Symbol; link Symbol h:Symbol.afm; reader; show",
-     "2 Symbol 0,Symbol.pfa+Symbol,,,; "},
-    {"a folder is no file of metrics", "link Symbol.pfa h:Symbol.pfa; folder Symbol; reader; show", ""},
-
-    // Families of the system.
-    {"families are filtered by their first face",
-     "face West West; face Symb Symb 400 0 2; face Jap Jap 400 0 128; face Kor Kor 400 0 129; face Simp Simp 400 0 "
-     "134; "
-     "face Trad Trad 400 0 136; face Cyr Cyr 400 0 204; face Greek Greek 400 0 161; face Bits Bits 400 0 0 1; "
-     "face Mixed Mixed 400 0 0 6; face Courier Courier; face courier courier; face \xff bytes; "
-     "face West Greek~face 400 0 161; reader; show",
-     // The faces of a family are not filtered: the later one replaces the earlier one, but not its language.
-     "1 West 0,Greek face,,,; 1 Symb 2,Symb,,,; 1 Jap 128,Jap,,,; 1 Kor 129,Kor,,,; 1 Simp 134,Simp,,,; "
-     "1 Trad 136,Trad,,,; 1 Cyr 204,Cyr,,,; 1 Mixed 0,Mixed,,,; 1 courier 0,courier,,,; "},
-    {"styles follow from weight and slant",
-     "face S Light 300 0 204; face S Medium 500 0; face S Medium~Italic 500 1; face S Semibold 501; "
-     "face S Black~Italic 900 1; reader; show",
-     "1 S 204,Medium,Semibold,Medium Italic,Black Italic; "},
-
-    // Families of the application.
-    {"own fonts are asked for once in a directory",
-     "reader; own /a; show; finder 1; own /A; own /a; asked; show; own /b; asked; own /B; asked; show",
-     "0; 0; 0; 1; 4 Alpha 0,Alpha+/own.pfb,,,; 4 Zeta 0,Zeta+/own.pfb,,,; 0; 1; 0; 0; "
-     "4 Alpha 0,Alpha+/own.pfb,,,; 4 Zeta 0,Zeta+/own.pfb,,,; "},
-
-    // Font lists.
-    {"good lines", lists + "list #~two  adobe_pfa,~One,~a,~b,~c,~d ~adobe_pfb~,~~Two~words~~,~,~b,,~\r; show",
-     "0 -1; 2 One 0,a.pfa+a.afm,b.pfa+b.afm,c.pfa+c.afm,d.pfa+d.afm; 3 Two words 0,,b.pfb+b.afm,,; "},
-    {"a line of a TrueType font looks for a binary Type 1 file", lists + "list truetype,~204,~Three,~a,,,; show",
-     "0 -1; 1 Three 204,a.pfb+a.afm,,,; "},
-    {"the last name runs to the end of the line", lists + "list adobe_pfa,One,,,,e,~f; show",
-     "0 -1; 2 One 0,,,,e, f.pfa+e, f.afm; "},
-    {"names may be absolute", "font a; reader none none; list adobe_pfa,One,@/a,,,; show",
-     "0 -1; 2 One 0,a.pfa+a.afm,,,; "},
-    {"no files, or a family that exists",
-     lists + "list adobe_pfa,None,x,y,z, adobe_pfa,One,a,,, adobe_pfa,One,b,,,; show",
-     "0 -1; 2 One 0,a.pfa+a.afm,,,; "},
-    {"what stands before a bad line is added, what stands behind it is not",
-     lists + "list adobe_pfa,One,a,,, adobe_pfb,Courier adobe_pfa,After,a,,,; show", "1 2; 2 One 0,a.pfa+a.afm,,,; "},
-    {"a style is missing", lists + "list adobe_pfa,One,a,b,c", "1 1; "},
-    {"no comma", lists + "list adobe_pfa", "1 1; "},
-    {"unknown keyword", lists + "list opentype,One,a,b,c,d", "1 1; "},
-    {"keyword in capitals", lists + "list ADOBE_PFA,One,a,b,c,d", "1 1; "},
-    {"type without keyword", lists + "list morvex,One,a,b,c,d", "1 1; "},
-    {"family empty", lists + "list adobe_pfa,~,a,b,c,d", "1 1; "},
-    {"all styles empty", lists + "list adobe_pfa,One,,,,~", "1 1; "},
-    {"no language", lists + "list truetype,One,a,b,c,d", "1 1; "},
-    {"language with a tail", lists + "list truetype,12x,One,a,b,c,d", "1 1; "},
-    {"language that is too large", lists + "list truetype,99999999999,One,a,b,c,d", "1 1; "},
-    {"blanks alone", lists + "list #~a ~~~", "1 2; "},
-    {"comment behind a blank", lists + "list ~#~adobe_pfa", "1 1; "},
-
-    // Slots of a renderer.
-    {"four styles go into four slots",
-     helvetica + "reader; install 2 Helvetica; slots; width 0; width 1; width 2; width 3",
-     "0 10; abcd; 667; 722; 667; 722; "},
-    {"the bold slot of a bold font alone is a second load of it", "font courb; reader; install 2 Courier; slots",
-     "0 10; abaa; "},
-    {"installing again changes nothing, in another renderer either",
-     symbol + "install 2 Symbol; install 2 Symbol; slots; renderer; install 2 Symbol; slots",
-     "0 10; 0 10; aaaa; 0 10; ; "},
-    {"slots 0 and 5 are taken", symbol + "take 0; take 5; install 2 Symbol; slots", "0 11; abbbbc; "},
-    {"slots 0 and 3 are taken", symbol + "take 0; take 3; install 2 Symbol; slots", "0 14; a--bcccc; "},
-    {"slots 3, 7 and 11 are taken", symbol + "take 3; take 7; take 11; install 2 Symbol; slots",
-     "0 112; ---a---b---cdddd; "},
-    {"removing clears the slots for others",
-     helvetica + symbol +
-         "install 2 Helvetica; install 2 Symbol; slots; free 3 Helvetica; slots; free 2 Helvetica; "
-         "slots; install 2 Helvetica; slots",
-     "0 10; 0 14; abcdeeee; 0-1; abcdeeee; 0-1; ----aaaa; 0 10; abcdeeee; "},
-    {"a font whose file has gone",
-     "copy Symbol.pfa h:Symbol.pfa; link Symbol.afm h:Symbol.afm; reader; remove Symbol.pfa; install 2 Symbol; slots",
-     "2 0-1; ; "},
-    {"a damaged font; a second attempt",
-     "text Helvetica.pfa %!PS-AdobeFont-1.0:~no~more; link Helvetica.afm h:Helvetica.afm; reader; install 2 Helvetica; "
-     "slots; link Helvetica.pfa h:Helvetica.pfa; install 2 Helvetica; slots",
-     "4 0-1; ; 0 10; aaaa; "},
-    {"damaged metrics",
-     "link Helvetica.pfa h:Helvetica.pfa; text Helvetica.afm nonsense; reader; install 2 Helvetica; slots",
-     "4 0-1; ; "},
-    {"metrics of another font",
-     "link Helvetica.pfa h:Helvetica.pfa; link Helvetica.afm h:Dingbats.afm; reader; install 2 Helvetica", "4 0-1; "},
-    {"a damaged bold font behind a good one: its slot stays filled, a second attempt starts behind it",
-     helvetica + "text Helvetica-Bold.pfa x; reader; install 2 Helvetica; slots; link Helvetica-Bold.pfa "
-                 "h:Helvetica-Bold.pfa; install 2 Helvetica; slots",
-     "4 0-1; a; 0 11; abcde; "},
-    {"faces of the system by their full names",
-     "face Sans Sans~Book 400 0 204 4 d:DejaVuSans.ttf; face Sans Sans~Heavy 700 0 204 4 d:DejaVuSans-Bold.ttf; "
-     "face Gone Gone 400 0 0 4 /nowhere; reader; install 1 Sans; slots; install 1 Gone",
-     "0 10; abaa; 2 0-1; "},
-    {"an own font is read from its file, in one style", "finder 1; reader; own /a; asked; install 4 Zeta; slots",
-     "0; 1; 2 0-1; ; "},
-};
 }
 
 TEST(grOutlineFontFamilyReader, lists_and_installs_what_a_script_says)
 {
     the_found_file = "/own.pfb";
     the_times_asked = 0;
-    for (const auto& c : scripts)
-        EXPECT_EQ(Stage().play(c.script), c.record) << c.name;
+    for (const auto& row : ts_table(TS_TABLES "families.table", "families"))
+        EXPECT_EQ(Stage().play(row[1]), row[2]) << row[0];
 }
 
 TEST(grOutlineFontFamilyReader, own_fonts_and_slanted_faces_have_their_marks)

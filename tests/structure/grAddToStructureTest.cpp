@@ -1,6 +1,7 @@
 #include "grAddToStructure.h"
 
 #include "tsElements.h"
+#include "tsTable.h"
 
 #include "dgAttributeArray.h"
 #include "dgBackSurfaceColour.h"
@@ -143,61 +144,8 @@ std::string run(const std::string& script)
 
 TEST(grAddToStructure, adds_by_its_flags)
 {
-    // One attribute at each end of each group; 67, 68 and 70 act at once.
-    const std::string all = "delay t0=1 t2=1 t3=1 t20=1 t21=1 t22=1 t23=1 t24=1 t25=1 t66=1 t67=1 t68=1 t69=1 t70=1 "
-                            "t71=1 t72=1 t74=1 ",
-                      now = "t67=1 t68=1 t70=1 ";
-    const struct
-    {
-        const char* name;
-        std::string script, record;
-    } cases[] = {
-        {"everything as it comes", "t5=1 w1 lc#1 L p2 t5=1", "t5=1 w1 c#1 L p2 t5=1"},
-        {"defaults until one is written", "default t5=1 L t5=2 t5=1", "L t5=2 t5=1 i1"},
-        {"defaults of what is not held back", "default t70=1 t70=2 t70=1", "t70=2 t70=1 i1"},
-        {"a default supersedes what is held back", "default delay t5=2 t5=1 p2", "p2 i2"},
-        {"a held back one is in force once written", "default delay t5=2 p2 t5=1 p2", "t5=2 p2 t5=1 p2"},
-        {"what is in force with defaults", "default delay t5=9 p2 t5=9 p2", "t5=9 p2 p2 i1"},
-        {"and without", "delay t5=9 p2 t5=9 p2", "t5=9 p2 t5=9 p2"},
-        {"what is in force comes back", "default delay t5=9 p2 t5=8 t5=9 p2", "t5=9 p2 t5=9 p2 i1"},
-        {"the last of several", "delay t5=1 t5=2 L t5=3 p2", "L t5=3 p2 i2"},
-        {"near widths, strictly", "near w0.001 w1.999 w2 w0 w1.5", "w2 w0 i3"},
-        {"with a radius", "near half w0.5 w1.4 w1.5", "w0.5 w1.5 i1"},
-        {"until one is written, with defaults", "near default w1.5 w2 w1.5 w1", "w2 w1.5 w1 i1"},
-        {"a near width leaves the one held back", "near delay w5 w1 p0", "w5 p0 i1"},
-        {"a single type", "no5 t5=2 t6=2 any t5=3", "t6=2 t5=3 i1"},
-        {"leaves the one held back", "delay t5=2 no5 t5=3 p2", "t5=2 p2 i1"},
-        {"is not in force", "default no5 t5=2 any t5=1", "i2"},
-        {"two filters count twice", "near no2 w1.5", "i2"},
-        {"every kind of colour is expanded", "expand lc#1 tc#0 mc#2 sc#1 bc#1", "c0.5#1 c0.25 c1#2 c0.5#1 c0.5#1 e5"},
-        {"indices go around the table", "expand lc#3 lc#5 lc#-1 lc0.5", "c0.25 c1#2 c1#2 c0.5 e3"},
-        {"expanded, then dropped", "expand no0 lc#1", "i1 e1"},
-        {"defaults are told before colours are expanded", "expand default lc#1 lc0.5", "c0.5#1 c0.5 e1"},
-        {"regardless of all filters", "default near no2 !w1 !t5=1 !L !p2", "w1 t5=1 L p2"},
-        {"is in force", "default !t5=1 t5=1", "t5=1 t5=1"},
-        {"supersedes what is held back", "delay w3 !w1 p0", "w1 p0 i2"},
-        {"counts while nothing is held back", "default delay !w1 w1 p0", "w1 p0 i2"},
-        {"of a kind that is not held back", "delay !t70=1", "t70=1"},
-        {"what is in force already", "default delay t5=9 p2 !t5=9", "t5=9 p2 t5=9 i1"},
-        {"a colour is expanded", "expand !lc#2", "c1#2 e1"},
-        {"flush without delay", "t5=2 f7 F7", "f7=0 F7=0 t5=2"},
-        {"flush of nothing", "delay f7 F2", "f7=1 F2=1"},
-        {"flush by type and by primitive", "delay t5=2 t0=1 f0 F2", "f0=1 F2=1 t0=1 t5=2"},
-        {"what is left at the end counts at each end", "delay t5=1 end end", "d1 i2"},
-        {"lines", all + "p0", now + "t0=1 t2=1 p0 d12"},
-        {"lines in 2-D", all + "p1", now + "t0=1 t2=1 p1 d12"},
-        {"text", all + "p2", now + "t3=1 t20=1 p2 d12"},
-        {"markers", all + "p3", now + "t21=1 t22=1 t23=1 t24=1 p3 d10"},
-        {"curves", all + "p4", now + "t0=1 t2=1 t72=1 p4 d11"},
-        {"surfaces", all + "p5",
-         now + "t22=1 t23=1 t0=1 t2=1 t25=1 t66=1 t71=1 t72=1 t74=1 t69=1 p5 d4"}, // 21 and 24 are for markers alone
-        {"fill areas", all + "p6", now + "t0=1 t2=1 t25=1 t66=1 p6 d10"},
-        {"any", all + "p7",
-         now + "t0=1 t2=1 t3=1 t20=1 t21=1 t22=1 t23=1 t24=1 t25=1 t66=1 t69=1 t71=1 t72=1 t74=1 p7"},
-        {"an unknown type", all + "p8", now + "p8 d14"},
-    };
-    for (const auto& c : cases)
-        EXPECT_EQ(run(c.script), c.record) << c.name << ": " << c.script;
+    for (const auto& row : ts_table(TS_TABLES "adder.table", "adder"))
+        EXPECT_EQ(run(row[1]), row[2]) << row[0] << ": " << row[1];
 }
 
 TEST(grAddToStructure, destroys_elements_that_nobody_else_keeps_once_they_are_out)

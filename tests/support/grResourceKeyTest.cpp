@@ -1,5 +1,6 @@
 #include "grResourceKey.h"
 
+#include "tsTable.h"
 #include "utString.h"
 
 #include <gtest/gtest.h>
@@ -10,34 +11,6 @@
 
 namespace
 {
-const struct
-{
-    const char* key;
-    const char* value;
-    const char* complaint; // empty: accepted
-} values[] = {
-    {"invert_zoom", "maybe", "'maybe' is neither yes nor no"},
-    {"framerate", "nan", "'nan' is no number"},
-    {"framerate", "inf", "'inf' is no number"},
-    {"framerate", "-1", "'-1' is not 0 or more"},
-    {"mouse_wheel_zoom_ctl_multiplier", "0", "'0' is not above 0"},
-    {"mouse_wheel_zoom_ctl_multiplier", "0.01", ""},
-    {"camera_cache_size", "many", "'many' is no whole number"},
-    {"camera_cache_size", "0", "'0' is not 1 or more"},
-    {"camera_cache_size", "1", ""},
-    {"mouse_wheel_zoom_increment", "-1", "'-1' is not between -1 and 1"},
-    {"mouse_wheel_zoom_increment", "1", "'1' is not between -1 and 1"},
-    {"spaceball_dead_zone", "1", "'1' is not from 0 to below 1"},
-    {"trackball_virtual_radius", "1", ""},
-    {"trackball_virtual_radius", "1e-5", ""},
-    {"trackball_virtual_radius", "1.1", "'1.1' is not from 0.00001 to 1"},
-    {"spaceball_rotation_gain", "-3", ""},
-    {"xor_colour", "1 nan 0", "'1 nan 0' is no colour such as 1 0.5 0 or 8bit 255 128 0"},
-    {"spaceball_signs", "1 1 1 1 1", "'1 1 1 1 1' are not six numbers"},
-    {"spaceball_signs", "1 1 1 1 1 inf", "'1 1 1 1 1 inf' are not six numbers"},
-    {"spaceball_axes", "x,y,z,rx,ry,rw", "'x,y,z,rx,ry,rw' are not six of x, y, z, rx, ry and rz"},
-    {"translations", "mouse_button 1 pan", "expected ':' and the name of a tool, not 'pan'"},
-};
 
 std::string document(const char* name)
 {
@@ -48,13 +21,13 @@ std::string document(const char* name)
 
 TEST(grResourceKey, says_which_values_a_key_accepts)
 {
-    for (const auto& c : values)
+    for (const auto& row : ts_table(TS_TABLES "keys.table", "keys"))
     {
-        const grResourceKey* key = grResourceKey::find(c.key);
-        ASSERT_NE(key, nullptr) << c.key;
+        const grResourceKey* key = grResourceKey::find(row[0]);
+        ASSERT_NE(key, nullptr) << row[0];
         std::string complaint;
-        EXPECT_EQ(key->accepts(c.value, complaint), c.complaint[0] == '\0') << c.key << ' ' << c.value;
-        EXPECT_EQ(complaint, c.complaint) << c.key;
+        EXPECT_EQ(key->accepts(row[1], complaint), row[2].empty()) << row[0] << ' ' << row[1];
+        EXPECT_EQ(complaint, row[2]) << row[0];
     }
     EXPECT_EQ(grResourceKey::find("Framerate"), nullptr);
 }

@@ -1,6 +1,7 @@
 #include "grStdToolFactory.h"
 
 #include "grTwiddleTool.h"
+#include "tsTable.h"
 #include "utTypeID.h"
 
 #include <gtest/gtest.h>
@@ -15,49 +16,22 @@ utString built(const grStdToolFactory& factory, int number)
     const std::unique_ptr<grTwiddleTool> tool(factory.create_tool(number, ""));
     return tool ? tool->ut_dynamic_type().name() : "";
 }
-
-const struct
-{
-    int number;
-    const char* name;
-    const char* single_tool;
-    const char* multi_tool;
-} tools[] = {
-    {1, "zoom", "grZoomTool", "grMultiZoomTool"},
-    {2, "pan", "grPanTool", "grMultiPanTool"},
-    {3, "trackball", "grTrackballTool", "grMultiTrackballTool"},
-    {5, "isometric", "grIsometricTool", "grMultiIsometricTool"},
-    {6, "reset", "grResetTool", "grMultiResetTool"},
-    {7, "pan_centre", "grPanCentreTool", "grMultiPanCentreTool"},
-    {8, "reset_front_back", "grResetFrontBackTool", "grMultiResetFrontBackTool"},
-    {9, "move_front_back", "grMoveFrontBackTool", "grMultiMoveFrontBackTool"},
-    {10, "toggle_depth_cueing", "grToggleDepthCueingTool", "grMultiToggleDepthCueingTool"},
-    {11, "rotate_view", "grRotateViewTool", "grMultiRotateViewTool"},
-    {12, "translate_structure", "grTranslateStructureTool", "grTranslateStructureTool"},
-    {13, "scale_structure", "grScaleStructureTool", "grScaleStructureTool"},
-    {14, "rotate_structure", "grRotateStructureTool", "grRotateStructureTool"},
-    {15, "view_index", "grViewIndexTool", "grMultiViewIndexTool"},
-    {4, "aperture", "grApertureTool", "grApertureTool"},
-    {16, "zoom_box", "grZoomBoxTool", "grMultiZoomBoxTool"},
-    {17, "no_op", "grNoOpTool", "grNoOpTool"},
-    {18, "spaceball", "grSpaceballTool", "grMultiSpaceballTool"},
-    {19, "mouse_wheel_zoom", "grMouseWheelZoomTool", "grMultiMouseWheelZoomTool"},
-};
 }
 
 TEST(grStdToolFactory, builds_the_tools_it_identifies)
 {
     grStdToolFactory factory(nullptr, nullptr);
-    for (const auto& tool : tools)
+    for (const auto& row : ts_table(TS_TABLES "assembly.table", "tools"))
     {
-        EXPECT_EQ(factory.identify_tool(tool.name), tool.number);
-        EXPECT_EQ(built(factory, tool.number), tool.single_tool);
+        const int number = std::stoi(row[0]);
+        EXPECT_EQ(factory.identify_tool(row[1]), number);
+        EXPECT_EQ(built(factory, number), row[2]);
         grStdToolFactoryOptions options;
-        options.use_multi_tool(tool.number, 1);
+        options.use_multi_tool(number, 1);
         const int id = factory.push_options(options);
-        EXPECT_EQ(built(factory, tool.number), tool.multi_tool);
+        EXPECT_EQ(built(factory, number), row[3]);
         factory.pop_options(id);
-        EXPECT_EQ(built(factory, tool.number), tool.single_tool);
+        EXPECT_EQ(built(factory, number), row[2]);
     }
     for (const char* unknown : {"Trackball", "trackball ", "", "view_cube"})
         EXPECT_EQ(factory.identify_tool(unknown), 0) << unknown;

@@ -2,6 +2,7 @@
 
 #include "apPathName.h"
 #include "gwResourceText.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
@@ -27,39 +28,6 @@ std::string read(std::string_view text)
     return all + (read.bad_line() ? "bad line " + std::to_string(read.bad_line()) : "");
 }
 
-const struct
-{
-    const char* name;
-    std::string_view text;
-    const char* expected;
-} texts[] = {
-    {"blanks are dropped", "  a :  b c \t\n", "1:3 a = 1:8 b c; "},
-    {"value keeps its colons", "t: mouse_button 1:zoom()\n", "1:1 t = 1:4 mouse_button 1:zoom(); "},
-    {"comments and empty lines", "! x: 1\n\n   \n# y\n  !z\na: !b", "6:1 a = 6:4 !b; "},
-    {"continuation", "a: one \\\n  two\\\r\n three\nb: \\\n\\\n 1", "1:1 a = 1:4 one   two three; 4:1 b = 6:2 1; "},
-    {"continuation at the end", "a: one\\", "1:1 a = 1:4 one; "},
-    {"a backslash inside a line", "a: b\\c", "1:1 a = 1:4 b\\c; "},
-    {"foreign line ends", "a: 1\r\nb: 2\r\n", "1:1 a = 1:4 1; 2:1 b = 2:4 2; "},
-    {"equal keys", "a: 1\na: 2\n", "1:1 a = 1:4 1; 2:1 a = 2:4 2; "},
-    {"empty value", "a:", "1:1 a = 1:3 ; "},
-    {"byte order mark",
-     "\xEF\xBB\xBF"
-     "a: 1\n",
-     "1:1 a = 1:4 1; "},
-    {"nothing", "", ""},
-    {"no colon", "a: 1\nb 2\n", "1:1 a = 1:4 1; bad line 2"},
-    {"no key", ": 1\n", "bad line 1"},
-    {"blank inside the key", "! note\na b: 1\n", "bad line 2"},
-    {"no bytes of letters",
-     std::string_view("\xFF\xFE"
-                      "a\0:\0"
-                      "1\0",
-                      8),
-     "bad line 1"},
-    {"lines joined before it count", "a: 1 \\\n 2 \\\n 3\noops", "1:1 a = 1:4 1  2  3; bad line 4"},
-    {"named by its first line", "a: 1\noops \\\n more\n", "1:1 a = 1:4 1; bad line 2"},
-};
-
 std::string value_of(const gwResourceDB& db, const char* key)
 {
     utString value("none");
@@ -70,8 +38,8 @@ std::string value_of(const gwResourceDB& db, const char* key)
 
 TEST(gwResourceText, finds_settings_with_their_places)
 {
-    for (const auto& c : texts)
-        EXPECT_EQ(read(c.text), c.expected) << c.name;
+    for (const auto& row : ts_table(TS_TABLES "windowing.table", "resources"))
+        EXPECT_EQ(read(row[1]), row[2]) << row[0];
 }
 
 TEST(gwResourceDB, loads_all_of_a_text_or_nothing)

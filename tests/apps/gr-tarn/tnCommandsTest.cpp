@@ -1,5 +1,6 @@
 #include "tarnCommands.h"
 #include "tnProgress.h"
+#include "tsTable.h"
 
 TEST_F(gr_tarn, meshes_are_imported_and_exported)
 {
@@ -42,47 +43,13 @@ TEST_F(gr_tarn, complaints_name_what_is_wrong_and_leave_what_was_there)
     the_folder.write("kept.tarn", "kept");
     ASSERT_EQ(run("import @good.obj @part.tarn"), 0);
     const std::string names = the_folder.names();
-    const struct
+    for (const auto& row : ts_table(TS_TABLES "complaints.table", "complaints"))
     {
-        const char* line;
-        int status;
-        const char* complaint;
-    } rows[] = {
-        {"info @missing", 1, "missing: there is no such file"},
-        {"info @.", 1, ".: this is a folder"},
-        {"info @kept.tarn", 1, "kept.tarn: this is no tarn file"},
-        {"info @bad.tarn", 1, "bad.tarn: line 4: the file ends where block 1 of 1 should be"},
-        {"export @bad.tarn @kept.obj", 1, "bad.tarn: line 4"},
-        {"export @part.tarn @out.unknown", 1, "out.unknown: no mesh format"},
-        {"import @missing.obj @kept.tarn", 1, "missing.obj: there is no such file"},
-        {"import @bad.obj @kept.tarn", 1, "bad.obj: "},
-        {"import @kept.tarn @out.tarn", 1, "kept.tarn: no mesh format"},
-        {"import @good.obj @good.obj", 1, "good.obj: this is the file that is read"},
-        {"import @good.obj @none/out.tarn", 1, "none/out.tarn: the file cannot be written: No such file"},
-        {"import @good.obj @kept.tarn --crease nan", 2, "--crease: nan"},
-        {"", 2, "subcommand"},
-        {"convert", 2, "subcommand"},
-        {"info --fast @part.tarn", 2, "--fast"},
-        {"sample --triangles 0 @kept.tarn", 2, "--triangles"},
-        {"cut @part.tarn @kept.tarn", 2, "--plane"},
-        {"cut @part.tarn @kept.tarn --plane 1,2,3", 2, "4 numbers"},
-        {"cut @part.tarn @kept.tarn --plane 1,2,x,4", 2, "not '1,2,x,4'"},
-        {"cut @part.tarn @kept.tarn --plane 0,0,0,4", 1, "normal"},
-        {"cut @part.tarn @kept.tarn --plane 1e-200,0,0,1e200", 1, "too far away"},
-        {"cut @missing @kept.tarn --plane 1,0,0,0", 1, "missing: there is no such file"},
-        {"cut @part.tarn @kept.tarn --plane 1,0,0,1000", 1, "part.tarn: nothing lies on the side"},
-        {"visibility @part.tarn --direction 0,0,0 --classes @kept.tarn", 1, "direction"},
-        {"visibility @part.tarn --direction 0,0,1 --classes @part.tarn", 1, "would replace the file"},
-        {"visibility @part.tarn --direction 0,0,1 --classes -", 1, "--classes needs a file"},
-        {"visibility @part.tarn --direction 0,0,1 --images @kept.tarn/i --classes @kept.tarn", 1, "kept.tarn/i: "},
-    };
-    for (const auto& row : rows)
-    {
-        EXPECT_EQ(run(row.line), row.status) << row.line;
-        EXPECT_NE(the_errors.str().find(row.complaint), std::string::npos) << row.line << "\n" << the_errors.str();
-        EXPECT_EQ(the_out.str(), "") << row.line;
-        EXPECT_EQ(the_folder.names(), names) << row.line;
-        EXPECT_EQ(the_folder.text("kept.tarn"), "kept") << row.line;
+        EXPECT_EQ(run(row[0]), std::stoi(row[1])) << row[0];
+        EXPECT_NE(the_errors.str().find(row[2]), std::string::npos) << row[0] << "\n" << the_errors.str();
+        EXPECT_EQ(the_out.str(), "") << row[0];
+        EXPECT_EQ(the_folder.names(), names) << row[0];
+        EXPECT_EQ(the_folder.text("kept.tarn"), "kept") << row[0];
     }
 }
 

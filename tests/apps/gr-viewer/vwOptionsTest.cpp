@@ -1,6 +1,7 @@
 #include "vwOptions.h"
 
 #include "tsFolder.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
@@ -22,39 +23,6 @@ vwOptionsStatus read(const std::string& line, vwOptions& options, std::string& t
         arguments.push_back(word.c_str());
     return vw_read_options(static_cast<int>(arguments.size()), arguments.data(), options, text);
 }
-
-const struct
-{
-    const char* line;
-    const char* named; // in the message
-} bad_lines[] = {
-    {"", "no file"},
-    {"--frobnicate a.tarn", "--frobnicate"},
-    {"--views 0 a.tarn", "--views"},
-    {"--views many a.tarn", "--views"},
-    {"--framerate -5 a.tarn", "--framerate"},
-    {"--framerate nan a.tarn", "'nan' is no number from 0.1 to 1000"},
-    {"--bench fast --seconds inf a.tarn", "'inf' is no number"},
-    {"--size 960 a.tarn", "'960' is no size"},
-    {"--size 0x10 a.tarn", "not 0"},
-    {"--size 10x20x30 a.tarn", "'10x20x30'"},
-    {"--offscreen a.tarn", "--play"},
-    {"--play s --out d a.tarn", "--offscreen"},
-    {"--offscreen --play s a.tarn", "--out"},
-    {"--out d a.tarn", "--out"},
-    {"--font Times a.tarn", "--text"},
-    {"--refresher quick a.tarn", "--refresher"},
-    {"--bench spin a.tarn", "--bench"},
-    {"--bench fast", "no file"},
-    {"--list-fonts a.tarn", "--list-fonts shows no file"},
-    {"--dump-xml x --text t a.tarn", "--text"},
-    {"--multi --independent a.tarn", "--multi"},
-    {"--offscreen --play s --out d --record r a.tarn", "--offscreen and --record exclude each other"},
-    {"--bench fast --record r a.tarn", "--bench and --record"},
-    {"--dump-structure --record r a.tarn", "--dump-structure and --record"},
-    {"--dump-xml x --bench fast a.tarn", "--dump-xml and --bench"},
-    {"--print-resources --list-bindings", "--print-resources and --list-bindings"},
-};
 }
 
 TEST(vwOptions, reads_what_is_given)
@@ -82,14 +50,14 @@ TEST(vwOptions, reads_what_is_given)
 
 TEST(vwOptions, mistakes_are_named_and_change_nothing)
 {
-    for (const auto& row : bad_lines)
+    for (const auto& row : ts_table(TS_TABLES "mistakes.table", "options"))
     {
         vwOptions options;
         std::string text;
-        EXPECT_EQ(read(row.line, options, text), vwOPTIONS_BAD) << row.line;
-        EXPECT_NE(text.find(row.named), std::string::npos) << row.line << ": " << text;
+        EXPECT_EQ(read(row[0], options, text), vwOPTIONS_BAD) << row[0];
+        EXPECT_NE(text.find(row[1]), std::string::npos) << row[0] << ": " << text;
         EXPECT_EQ(text.substr(0, 11), "gr-viewer: ");
-        EXPECT_TRUE(options.files.empty()) << row.line;
+        EXPECT_TRUE(options.files.empty()) << row[0];
     }
 }
 

@@ -20,45 +20,11 @@
 
 #include <algorithm>
 #include <cstring>
-#include <sstream>
+#include <fstream>
 
 namespace
 {
 constexpr int last_size = 100, largest_size = 1000, cursor_x = 70, cursor_y = 20;
-
-// All that draws: a slow turn that stays where it is let go, a wheel step, a turn that spins on, a box to zoom to, a
-// resize and a reset; the pointer comes to rest at the cursor.
-const char session_text[] = "gr-session 1\n"
-                            "size 120 90\n"
-                            "0 picture start\n"
-                            "0.05 move 10 80\n"
-                            "0.1 press mouse_button 1 40 40\n"
-                            "0.116 move 48 42\n"
-                            "0.132 move 60 50\n"
-                            "0.5 release mouse_button 1 60 50\n"
-                            "0.5 idle 2\n"
-                            "0.5 picture turned\n"
-                            "1 wheel 60 45 1\n"
-                            "1 picture closer\n"
-                            "2 press mouse_button 1 40 40\n"
-                            "2.016 move 44 40\n"
-                            "2.032 move 48 41\n"
-                            "2.048 move 52 42\n"
-                            "2.06 release mouse_button 1 55 42\n"
-                            "2.07 idle 10 0.016\n"
-                            "3 picture spun\n"
-                            "3.1 idle\n"
-                            "3.2 picture spun-on\n"
-                            "3.5 press mouse_button 3 10 20 1\n"
-                            "3.6 move 30 40\n"
-                            "3.7 move 40 50\n"
-                            "3.8 release mouse_button 3 40 50 1\n"
-                            "4 resize 100 100\n"
-                            "4.1 move 5 5\n"
-                            "4.2 press qwerty_key 82 60 45\n"
-                            "4.3 release qwerty_key 82 60 45\n"
-                            "4.4 move 70 20\n"
-                            "4.5 picture reset\n";
 
 dgWindow* overlay_of(dgTraceWindow& window)
 {
@@ -115,7 +81,7 @@ struct Played
 template <class Window>
 Played play(Window& window, dgStructure& model, const vwSceneSettings& settings = {})
 {
-    std::istringstream stream(session_text);
+    std::ifstream stream(VW_TEST_DATA "/drawing.session");
     vwSession session;
     gwResourceDB db;
     std::string error;

@@ -1,6 +1,7 @@
 #include "vwResources.h"
 
 #include "gwResourceDB.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
@@ -24,28 +25,6 @@ public:
 
 private:
     std::string the_path;
-};
-
-const struct
-{
-    const char* name;
-    const char* text;
-    const char* line_and_text; // behind the file's name
-} bad_cases[] = {
-    {"no colon", "framerate: 20\nthis is wrong\n", ":2: a line of a resource file is 'key: value'"},
-    {"no number", "! first\nmouse_wheel_delay: soon\n", ":2: mouse_wheel_delay: 'soon' is no number"},
-    {"no boolean", "invert_zoom: perhaps\n", ":1: invert_zoom: 'perhaps' is neither yes nor no"},
-    {"beyond its limits", "spaceball_dead_zone: 1\n", ":1: spaceball_dead_zone: '1' is not from 0 to below 1"},
-    {"a rate that is none",
-     "\xEF\xBB\xBF"
-     "framerate: nan\n",
-     ":1: framerate: 'nan' is no number"},
-    {"unknown tool", "translations: mouse_button 1 : trackball \\\n  mouse_button 2 : pan \\\n  mouse_button 3 : fly\n",
-     ":3:20: translations: there is no tool 'fly'"},
-    {"unknown modifier", "\ntranslations: \\\r\n  mouse_button 1 : trackball \\\r\n  <meta> mouse_button 2 : pan\r\n",
-     ":4:4: translations: there is no modifier 'meta'; there are control, shift, alt and f1 to f12"},
-    {"in a second setting of the key", "translations: mouse_button 1 : pan\ntranslations : mouse_button 1 pan\n",
-     ":2:31: translations: expected ':' and the name of a tool, not 'pan'"},
 };
 }
 
@@ -74,14 +53,14 @@ TEST(vwResources, a_file_replaces_the_keys_that_it_names)
 
 TEST(vwResources, mistakes_are_named_by_file_and_line)
 {
-    for (const auto& c : bad_cases)
+    for (const auto& row : ts_table(TS_TABLES "mistakes.table", "resources"))
     {
-        const File file(c.text);
+        const File file(row[1]);
         gwResourceDB db;
         std::string error;
-        EXPECT_EQ(vw_load_resources(file.path(), db, error), 0) << c.name;
-        EXPECT_EQ(error, file.path() + c.line_and_text) << c.name;
-        EXPECT_EQ(db.count(), 0) << c.name;
+        EXPECT_EQ(vw_load_resources(file.path(), db, error), 0) << row[0];
+        EXPECT_EQ(error, file.path() + row[2]) << row[0];
+        EXPECT_EQ(db.count(), 0) << row[0];
     }
 }
 

@@ -5,6 +5,7 @@
 #include "gwHeadlessWindow.h"
 #include "gwMouseEvent.h"
 #include "tsFolder.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
@@ -47,35 +48,6 @@ std::string written(const vwSession& session)
         vw_write_step(text, step);
     return text.str();
 }
-
-const struct
-{
-    const char* name;
-    const char* text; // after the first line
-    const char* error;
-} bad_cases[] = {
-    {"unknown event", "0 jump 1 2\n", "line 2: 'jump' is no event"},
-    {"no event", "1\n", "line 2: the event is missing"},
-    {"time that is no number", "soon move 1 2\n", "line 2: 'soon' is no time"},
-    {"time that goes back", "# note\n1 move 1 2\n0.5 move 1 2\n",
-     "line 4: time 0.5 lies before 1, when the event before it ends"},
-    {"a long word that cannot be printed", "0 \x1b[2J012345678901234567890123456789012345678901234567890123456789\n",
-     "line 2: '\\x1b[2J012345678901234567890123456789012345...' is no event"},
-    {"time inside idle calls", "1 idle 3 0.5\n1.9 move 1 2\n",
-     "line 3: time 1.9 lies before 2, when the event before it ends"},
-    {"missing position", "0 move 1\n", "line 2: y is missing"},
-    {"part of a number", "0 move 1 2px\n", "line 2: '2px' is no y"},
-    {"too many words", "0 move 1 2 0 7\n", "line 2: '7' is too much"},
-    {"unknown key type", "0 press button 1 1 2\n", "line 2: 'button' is no key type"},
-    {"modifiers out of range", "0 move 1 2 32768\n", "line 2: modifier set 32768 is out of range"},
-    {"no idle calls", "0 idle 0\n", "line 2: number of idle calls 0 is out of range"},
-    {"picture name that leaves the folder", "0 picture ../x\n",
-     "line 2: a picture's name consists of letters, digits, '-' and '_'"},
-    {"picture twice", "0 picture a\n1 picture a\n", "line 3: there is a picture 'a' already"},
-    {"head after events", "0 idle\nsize 10 10\n", "line 3: 'size' must come before all events"},
-    {"empty window", "size 0 10\n", "line 2: width 0 is out of range"},
-    {"not a number", "nan idle\n", "line 2: time nan is out of range"},
-};
 }
 
 TEST(vwSession, what_is_read_is_written_the_same)
@@ -96,15 +68,15 @@ TEST(vwSession, comments_blank_lines_and_carriage_returns_mean_nothing)
 
 TEST(vwSession, bad_lines_are_refused_by_number)
 {
-    for (const auto& c : bad_cases)
+    for (const auto& row : ts_table(TS_TABLES "mistakes.table", "sessions"))
     {
-        std::istringstream stream(std::string("gr-session 1\n") + c.text);
+        std::istringstream stream(std::string("gr-session 1\n") + row[1]);
         vwSession session;
         session.width = 123;
         std::string error;
-        EXPECT_EQ(vw_read_session(stream, session, error), 0) << c.name;
-        EXPECT_EQ(error, c.error) << c.name;
-        EXPECT_EQ(session.width, 123) << c.name;
+        EXPECT_EQ(vw_read_session(stream, session, error), 0) << row[0];
+        EXPECT_EQ(error, row[2]) << row[0];
+        EXPECT_EQ(session.width, 123) << row[0];
     }
 }
 
