@@ -31,7 +31,8 @@ int main(int argc, char** argv)
     view.view_bbox();
 
     gwResourceDB settings;
-    settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom");
+    settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom "
+                                          "qwerty_key 82 : reset");
     grStdTwiddling twiddling(&window->input(), &settings, nullptr, nullptr);
 
     const auto draw = [&]

@@ -56,6 +56,23 @@ TEST(grStdTwiddlingDeathTest, a_static_one_goes_at_the_exit_in_the_middle_of_a_d
         testing::ExitedWithCode(3), "");
 }
 
+TEST(grStdTwiddling, tells_of_faults_in_the_text)
+{
+    gwInput input;
+    gwResourceDB db;
+    std::string told;
+    grStdTwiddling::fault_callback([&](const std::string& fault) { told = fault; });
+    db.set_resource("translations", "mouse_button 1 : pan mouse_button 2 : pam");
+    grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
+    EXPECT_EQ(told, "line 1, column 39: there is no tool 'pam'");
+    EXPECT_EQ(twiddling.fault(), told);
+    EXPECT_EQ(twiddling.twiddle_man()->actions().count(), 4);
+    db.set_resource("translations", "mouse_button 2 : pan");
+    twiddling.change_translation_actions("translations", &db);
+    EXPECT_EQ(twiddling.fault(), "");
+    grStdTwiddling::fault_callback(nullptr);
+}
+
 TEST(grStdTwiddling, frame_rate_is_read_only_for_hooks_of_its_own)
 {
     const auto guard = keep_minimum_framerate();

@@ -4,7 +4,9 @@
 #include "grExport.h"
 #include "utString.h"
 
+#include <functional>
 #include <memory>
+#include <string>
 
 class grStdToolFactory;
 class grStdTwiddleHooks;
@@ -28,6 +30,13 @@ public:
     /// Replaces all actions by those of another resource; there are none when db has no such key or is null.
     void change_translation_actions(utString key, const gwResourceDB* db);
 
+    /// What was wrong with the text that the actions were read from last, with its place: "line 1, column 28: there is
+    /// no tool 'pam'". Empty when nothing was. What stands before the fault is bound.
+    const std::string& fault() const { return the_fault; }
+
+    /// Is told of such faults as they are found. Without one they are printed on standard error. One for the process.
+    static void fault_callback(std::function<void(const std::string& fault)> callback);
+
     gwInput* input() const { return the_input; }
     grStdTwiddleHooks* hooks() const { return the_hooks; }
     /// Null when the application has none.
@@ -46,6 +55,7 @@ protected:
 
 private:
     bool bind(grAction& action) const;
+    void report_fault(const utString& key, const utString& text);
 
     gwInput* the_input;
     std::unique_ptr<grStdTwiddleHooks> the_own_hooks; // null when the application gave its own
@@ -54,4 +64,5 @@ private:
     // The manager goes first: its tool still uses the factory's database and the hooks.
     std::unique_ptr<grStdToolFactory> the_factory;
     std::unique_ptr<grTwiddleMan> the_twiddle_man;
+    std::string the_fault;
 };

@@ -4,9 +4,23 @@
 #include "grStdTwiddleHooks.h"
 #include "grStdViewTwiddleTool.h"
 #include "grStringConverter.h"
+#include "grTranslationsChecker.h"
 #include "grTwiddleMan.h"
 #include "gwResourceDB.h"
 #include "gwTypes.h"
+
+#include <cstdio>
+#include <utility>
+
+namespace
+{
+// Never destroyed: assemblies may live in static objects.
+std::function<void(const std::string&)>& the_fault_callback()
+{
+    static auto* const callback = new std::function<void(const std::string&)>;
+    return *callback;
+}
+}
 
 grStdTwiddling::grStdTwiddling(gwInput* input, const gwResourceDB* db, grStdTwiddleHooks* hooks,
                                grToolFactory* apps_factory)
@@ -40,6 +54,7 @@ void grStdTwiddling::change_translation_actions(utString key, const gwResourceDB
 void grStdTwiddling::setup_actions(utString key, const gwResourceDB* db)
 {
     the_twiddle_man->remove_actions();
+    the_fault.clear();
     utString text;
     if (!db || !db->get_resource(key, text))
         return;
@@ -55,6 +70,25 @@ void grStdTwiddling::setup_actions(utString key, const gwResourceDB* db)
             delete it();
             it.remove();
         }
+    report_fault(key, text);
+}
+
+void grStdTwiddling::report_fault(const utString& key, const utString& text)
+{
+    grTranslationsChecker checker({the_apps_factory, the_factory.get()});
+    if (checker.check(text))
+        return;
+    the_fault = "line " + std::to_string(checker.line()) + ", column " + std::to_string(checker.column()) + ": " +
+                checker.complaint();
+    if (the_fault_callback())
+        the_fault_callback()(the_fault);
+    else
+        std::fprintf(stderr, "gr: %s: %s\n", key.str().c_str(), the_fault.c_str());
+}
+
+void grStdTwiddling::fault_callback(std::function<void(const std::string&)> callback)
+{
+    the_fault_callback() = std::move(callback);
 }
 
 void grStdTwiddling::add_mouse_wheel_actions(grActioncoDListPtr& actions)
