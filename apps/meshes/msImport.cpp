@@ -94,28 +94,39 @@ bool finite(const aiVector3D* values, unsigned count)
                        { return std::isfinite(v.x) && std::isfinite(v.y) && std::isfinite(v.z); });
 }
 
-// What is wrong with what an importer made; empty when it can be worked on. Importers check little.
-std::string fault_of(const aiScene& scene)
+// Says which mesh has what is wrong; empty when nothing is.
+template <class Fault>
+std::string fault_of(const aiScene& scene, const Fault& fault)
 {
     for (unsigned i = 0; i < scene.mNumMeshes; ++i)
+        if (const std::string found = fault(*scene.mMeshes[i]); !found.empty())
+            return "mesh " + std::to_string(i + 1) + " has " + found;
+    return {};
+}
+
+// Importers check little.
+std::string value_fault(const aiMesh& mesh)
+{
+    if (!finite(mesh.mVertices, mesh.mNumVertices))
+        return "nodes at places that are not finite, or too large for single precision";
+    if (mesh.HasTextureCoords(0) && !finite(mesh.mTextureCoords[0], mesh.mNumVertices))
+        return "texture coordinates that are not finite";
+    return {};
+}
+
+// What further steps of the importer would trip over.
+std::string face_fault(const aiMesh& mesh)
+{
+    for (unsigned i = 0; i < mesh.mNumFaces; ++i)
     {
-        const aiMesh& mesh = *scene.mMeshes[i];
-        const std::string name = "mesh " + std::to_string(i + 1);
-        if (!finite(mesh.mVertices, mesh.mNumVertices))
-            return name + " has nodes at places that are not finite, or too large for single precision";
-        if (mesh.HasTextureCoords(0) && !finite(mesh.mTextureCoords[0], mesh.mNumVertices))
-            return name + " has texture coordinates that are not finite";
-        for (unsigned j = 0; j < mesh.mNumFaces; ++j)
-        {
-            const aiFace& face = mesh.mFaces[j];
-            if (face.mNumIndices > most_corners)
-                return name + " has a face with " + std::to_string(face.mNumIndices) + " corners, more than " +
-                       std::to_string(most_corners);
-            for (unsigned k = 0; k < face.mNumIndices; ++k)
-                if (face.mIndices[k] >= mesh.mNumVertices)
-                    return name + " has a face with node " + std::to_string(face.mIndices[k]) + " of " +
-                           std::to_string(mesh.mNumVertices);
-        }
+        const aiFace& face = mesh.mFaces[i];
+        if (face.mNumIndices > most_corners)
+            return "a face with " + std::to_string(face.mNumIndices) + " corners, more than " +
+                   std::to_string(most_corners);
+        for (unsigned k = 0; k < face.mNumIndices; ++k)
+            if (face.mIndices[k] >= mesh.mNumVertices)
+                return "a face with node " + std::to_string(face.mIndices[k]) + " of " +
+                       std::to_string(mesh.mNumVertices);
     }
     return {};
 }
@@ -171,36 +182,35 @@ int ms_import(const std::string& file, const std::string& kind, const std::funct
     const listening indices(fault);
     const aiScene* scene = importer.ReadFile(file, 0);
     if (scene && fault.empty())
-        fault = fault_of(*scene);
-    if (scene && fault.empty() && has_polygons(*scene))
-        scene = importer.ApplyPostProcessing(aiProcess_Triangulate);
+        fault = fault_of(*scene, value_fault);
+    unsigned further = 0; // steps of the importer
     if (scene && fault.empty() && is_placed(*scene))
+        further |= aiProcess_PreTransformVertices;
+    if (scene && fault.empty() && has_polygons(*scene))
+        further |= aiProcess_Triangulate;
+    if (further)
+        fault = fault_of(*scene, face_fault);
+    if (further && fault.empty())
     {
-        scene = importer.ApplyPostProcessing(aiProcess_PreTransformVertices);
-        fault = scene ? fault_of(*scene) : "";
+        scene = importer.ApplyPostProcessing(further);
+        fault = scene ? fault_of(*scene, value_fault) : "";
     }
     if (!scene)
     {
         const std::string_view said = importer.GetErrorString();
         fault = said.find("bad_alloc") == std::string_view::npos ? fl_printable(said) : ms_no_memory;
     }
-    int n_meshes = 0;
     for (unsigned i = 0; fault.empty() && i < scene->mNumMeshes; ++i)
     {
         const aiMesh& mesh = *scene->mMeshes[i];
-        const std::vector<int> corners = corners_of(mesh);
-        if (corners.empty())
-            continue;
-        ++n_meshes;
         static_assert(sizeof(aiVector3D) == 3 * sizeof(float));
         const auto numbers = [](const aiVector3D* values) { return reinterpret_cast<const float*>(values); };
         // STL has one normal a facet, and not always right.
-        receive({static_cast<int>(mesh.mNumVertices), numbers(mesh.mVertices),
-                 mesh.HasNormals() && kind != "stl" ? numbers(mesh.mNormals) : nullptr,
-                 mesh.HasTextureCoords(0) ? numbers(mesh.mTextureCoords[0]) : nullptr, corners});
+        receive({static_cast<int>(i + 1), static_cast<int>(mesh.mNumVertices), static_cast<int>(mesh.mNumFaces),
+                 numbers(mesh.mVertices), mesh.HasNormals() && kind != "stl" ? numbers(mesh.mNormals) : nullptr,
+                 mesh.HasTextureCoords(0) ? numbers(mesh.mTextureCoords[0]) : nullptr,
+                 [&mesh] { return corners_of(mesh); }});
     }
-    if (fault.empty() && n_meshes == 0)
-        fault = "the file holds no triangles";
     error = fault;
     return fault.empty();
 }

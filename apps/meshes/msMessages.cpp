@@ -3,6 +3,7 @@
 #include "msChild.h"
 #include "msImport.h"
 #include "msMeshFile.h"
+#include "msPlaces.h"
 
 #include "flMessages.h"
 
@@ -27,13 +28,21 @@ enum Message : char
     FAULT = 'f'
 };
 
-// What comes before the numbers of a mesh.
+// What comes before the positions of a mesh.
 struct MeshHeader
 {
+    int number; // in its file, from 1
     int n_nodes;
-    int n_corners;
+    int n_faces; // of triangles and others
     int has_normals;
     int has_texture;
+};
+
+// What comes before the corners of its triangles.
+struct CornersHeader
+{
+    int n_triangles;
+    int in_order; // the corners are all nodes as they come, and not sent
 };
 
 // Room is made as values arrive: a count alone takes no memory that is used.
@@ -82,10 +91,17 @@ bool receive_all(std::istream& is, int count, const Add& add)
 void send_mesh(std::ostream& os, const msMesh& mesh)
 {
     send(os, MESH);
-    send(os, MeshHeader{mesh.n_nodes, static_cast<int>(mesh.corners.size()), mesh.normals != nullptr,
-                        mesh.texture != nullptr});
+    send(os, MeshHeader{mesh.number, mesh.n_nodes, mesh.n_faces, mesh.normals != nullptr, mesh.texture != nullptr});
     send_all(os, mesh.positions, 3 * mesh.n_nodes);
-    send_all(os, mesh.corners.data(), static_cast<int>(mesh.corners.size()));
+    // These are gathered while the other side is busy with the positions.
+    const std::vector<int> corners = mesh.corners();
+    const int count = static_cast<int>(corners.size());
+    bool in_order = count == mesh.n_nodes;
+    for (int i = 0; i < count && in_order; ++i)
+        in_order = corners[static_cast<std::size_t>(i)] == i;
+    send(os, CornersHeader{count / 3, in_order});
+    if (!in_order)
+        send_all(os, corners.data(), count);
     if (mesh.normals)
         send_all(os, mesh.normals, 3 * mesh.n_nodes);
     if (mesh.texture)
@@ -101,30 +117,57 @@ giVector3 usable_normal(const float* n)
     return std::isfinite(length) && length > 0 ? normal / length : giVector3(0, 0, 1);
 }
 
-std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease)
+// Null when what comes is no mesh; fault is then set where the file is to blame.
+std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease, std::string& fault)
 {
     MeshHeader header{};
-    if (!receive(is, header) || header.n_nodes < 0 || header.n_corners < 0 || header.n_corners % 3 != 0)
+    if (!receive(is, header) || header.n_nodes < 0)
         return nullptr;
     auto block = std::make_unique<giTriBlock>();
     const auto room = [](int count) { return static_cast<std::size_t>(std::min(count, most_reserved)); };
+    // Lists of corners are joined as they come.
+    const bool joined = !header.has_normals && !header.has_texture && header.n_nodes > header.n_faces;
+    std::vector<int> place_of;
     std::vector<giPoint3> nodes;
-    nodes.reserve(room(header.n_nodes));
-    if (!receive_all<float, 3>(is, header.n_nodes, [&](const float* v) { nodes.emplace_back(v[0], v[1], v[2]); }))
-        return nullptr;
+    if (joined)
+    {
+        msPlaces places;
+        place_of.reserve(room(header.n_nodes));
+        if (!receive_all<float, 3>(is, header.n_nodes,
+                                   [&](const float* v) { place_of.push_back(places.number(v[0], v[1], v[2])); }))
+            return nullptr;
+        nodes = places.release();
+    }
+    else
+    {
+        nodes.reserve(room(header.n_nodes));
+        if (!receive_all<float, 3>(is, header.n_nodes, [&](const float* v) { nodes.emplace_back(v[0], v[1], v[2]); }))
+            return nullptr;
+    }
     block->nodes() = giBoxArrPoint3(std::move(nodes));
 
+    CornersHeader corners{};
+    if (!receive(is, corners) || corners.n_triangles < 0)
+        return nullptr;
     std::vector<giTriangle>& triangles = block->triangles();
-    triangles.reserve(room(header.n_corners / 3));
-    bool good = true;
-    const auto is_node = [&](int node) { return node >= 0 && node < header.n_nodes; };
-    if (!receive_all<int, 3>(is, header.n_corners / 3,
-                             [&](const int* t)
-                             {
-                                 good = good && is_node(t[0]) && is_node(t[1]) && is_node(t[2]);
-                                 triangles.emplace_back(t[0], t[1], t[2]);
-                             }) ||
-        !good)
+    triangles.reserve(room(corners.n_triangles));
+    const auto add_triangle = [&](int p, int q, int r)
+    {
+        for (const int node : {p, q, r})
+            if (node < 0 || node >= header.n_nodes)
+                fault = "mesh " + std::to_string(header.number) + " has a face with node " + std::to_string(node) +
+                        " of " + std::to_string(header.n_nodes);
+        if (!fault.empty())
+            return;
+        const auto number = [&](int node) { return joined ? place_of[static_cast<std::size_t>(node)] : node; };
+        triangles.emplace_back(number(p), number(q), number(r));
+    };
+    if (corners.in_order)
+        for (int i = 0; i < corners.n_triangles && fault.empty(); ++i)
+            add_triangle(3 * i, 3 * i + 1, 3 * i + 2);
+    else if (!receive_all<int, 3>(is, corners.n_triangles, [&](const int* t) { add_triangle(t[0], t[1], t[2]); }))
+        return nullptr;
+    if (!fault.empty())
         return nullptr;
 
     std::vector<giVector3> normals;
@@ -142,7 +185,7 @@ std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease
         gr_join_tblock(*block);
     }
     else
-        gr_smooth_tblock(*block, crease);
+        gr_smooth_tblock(*block, crease, joined);
     return block;
 }
 }
@@ -183,20 +226,24 @@ void ms_send_files(const std::vector<std::string>& files, std::ostream& os)
 std::string ms_receive_file(std::istream& is, const giAngle& crease, const ms_block_taker& take,
                             const ms_progress& progress)
 {
+    int n_blocks = 0;
     for (Message message{}; receive(is, message);)
     {
         double share = 0;
         int length = 0;
         std::string fault;
         if (message == END)
-            return {};
+            return n_blocks > 0 ? "" : "the file holds no triangles";
         if (message == PROGRESS && receive(is, share) && progress)
             progress(share);
         if (message == MESH)
         {
-            std::unique_ptr<giTriBlock> block = receive_mesh(is, crease);
+            std::unique_ptr<giTriBlock> block = receive_mesh(is, crease, fault);
             if (!block)
-                return ms_broken_down;
+                return fault.empty() ? ms_broken_down : fault;
+            if (block->triangle_count() == 0)
+                continue;
+            ++n_blocks;
             take(std::move(block));
         }
         if (message == FAULT && receive(is, length) &&

@@ -19,9 +19,11 @@ class giTriBlock;
 /// Nodes that no triangle uses are dropped, and triangles with two corners at one place. The others keep their order;
 /// nodes come in the order of the first old node at their place. Places are equal when all coordinates are.
 ///
+/// joined 1 says that no two nodes lie at one place, which saves the search for them.
+///
 /// Large blocks are worked on by as many threads as the machine has processors, which end before it returns; the result
 /// does not depend on their number.
-GR_EXPORT void gr_smooth_tblock(giTriBlock& block, const giAngle& crease);
+GR_EXPORT void gr_smooth_tblock(giTriBlock& block, const giAngle& crease, int joined = 0);
 
 /// Makes nodes that are equal one, that is those at one place with the same texture coordinates and curvatures and with
 /// normals that agree to five decimals. Nodes and triangles are dropped, and threads used, as above; nodes keep their

@@ -166,6 +166,23 @@ private:
     const std::vector<giTriBlock::curvature_pair>* m_curvatures;
 };
 
+// The angle of a point with y above 0 about the origin, from 0 to pi, to 2e-8: M. Abramowitz and I. Stegun, "Handbook
+// of mathematical functions", 4.4.49.
+float angle_of(float x, float y)
+{
+    const float far = std::abs(x), t = std::min(far, y) / std::max(far, y), u = t * t;
+    const float atan =
+        t *
+        (1 +
+         u * (-0.3333314528F +
+              u * (0.1999355085F +
+                   u * (-0.1420889944F +
+                        u * (0.1065626393F +
+                             u * (-0.0752896400F + u * (0.0429096138F + u * (-0.0161657367F + u * 0.0028662257F))))))));
+    const float acute = y > far ? std::numbers::pi_v<float> / 2 - atan : atan;
+    return x < 0 ? std::numbers::pi_v<float> - acute : acute;
+}
+
 // The triangles as their normals, of length 1 or null, and their angles at each corner.
 struct Facets
 {
@@ -194,7 +211,7 @@ Facets facets_of(const giTriBlock& block)
                       facets.normals[at(i)] = {static_cast<float>(n.x()), static_cast<float>(n.y()),
                                                static_cast<float>(n.z())};
                       const auto angle = [&](double dot)
-                      { return std::atan2(static_cast<float>(doubled_area), static_cast<float>(dot)); };
+                      { return angle_of(static_cast<float>(dot / doubled_area), 1); };
                       const float at_p = angle(to_q.dot(to_r)), at_q = angle(-to_q.dot(across));
                       facets.angles[at(i)] = {at_p, at_q, std::max(std::numbers::pi_v<float> - at_p - at_q, 0.0F)};
                   }
@@ -251,19 +268,20 @@ public:
         m_parents.resize(at(count));
         if (!are_one_surface())
             find_surfaces();
+        else if (!m_extras.any())
+            return make_one_node(corners, count, nodes, node_of);
         m_surfaces.assign(at(count), {});
         for (int i = 0; i < count; ++i)
         {
             const std::array<float, 3>& n = m_normals[at(i)];
-            m_surfaces[at(root(i))].normal +=
-                giVector3(n[0], n[1], n[2]) * m_facets.angles[corners[i] / 3][corners[i] % 3];
+            m_surfaces[at(root(i))].normal += giVector3(n[0], n[1], n[2]) * angle(corners[i]);
         }
         m_next.clear();
         const int first = static_cast<int>(nodes.old.size());
         for (int i = 0; i < count; ++i)
         {
             Surface& surface = m_surfaces[at(root(i))];
-            const int old = m_triangles[corners[i] / 3][static_cast<int>(corners[i] % 3)];
+            const int old = old_node(corners[i]);
             int node = surface.node;
             for (int steps = 0; node >= 0 && !m_extras.equal(nodes.old[at(node)], old); ++steps)
                 node = steps < most_compared ? m_next[at(node - first)] : -1;
@@ -285,6 +303,20 @@ private:
         int node = -1; // the last one made, -1: none
     };
 
+    float angle(std::uint32_t corner) const { return m_facets.angles[corner / 3][corner % 3]; }
+    int old_node(std::uint32_t corner) const { return m_triangles[corner / 3][static_cast<int>(corner % 3)]; }
+    void make_one_node(const std::uint32_t* corners, int count, Nodes& nodes, std::vector<int>& node_of) const
+    {
+        giVector3 sum;
+        for (int i = 0; i < count; ++i)
+        {
+            const std::array<float, 3>& n = m_normals[at(i)];
+            sum += giVector3(n[0], n[1], n[2]) * angle(corners[i]);
+            node_of[corners[i]] = static_cast<int>(nodes.old.size());
+        }
+        nodes.old.push_back(old_node(corners[0]));
+        nodes.normals.push_back(sum.unit());
+    }
     bool alike(int i, int j) const
     {
         const std::array<float, 3>&a = m_normals[at(i)], &b = m_normals[at(j)];
@@ -293,10 +325,11 @@ private:
     // Most places are within a smooth surface.
     bool are_one_surface()
     {
-        std::fill(m_parents.begin(), m_parents.end(), 0);
         bool one = true;
         for (std::size_t i = 1; i < m_normals.size() && one; ++i)
             one = alike(0, static_cast<int>(i));
+        if (one)
+            std::fill(m_parents.begin(), m_parents.end(), 0);
         return one;
     }
     void find_surfaces()
@@ -377,9 +410,16 @@ void drop_flat_triangles(giTriBlock& block, const std::vector<int>& place_of)
 }
 }
 
-void gr_smooth_tblock(giTriBlock& block, const giAngle& crease)
+void gr_smooth_tblock(giTriBlock& block, const giAngle& crease, int joined)
 {
-    const std::vector<int> place_of = places_of(block.nodes());
+    std::vector<int> place_of;
+    if (joined)
+    {
+        place_of.resize(at(block.node_count()));
+        std::iota(place_of.begin(), place_of.end(), 0);
+    }
+    else
+        place_of = places_of(block.nodes());
     drop_flat_triangles(block, place_of);
     const Facets facets = facets_of(block);
     const Corners corners = corners_of(block, place_of);
