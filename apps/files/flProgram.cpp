@@ -1,12 +1,14 @@
 #include "flProgram.h"
 
 #include "flOutputFile.h"
+#include "flSystem.h"
 
 #include <iostream>
 #include <new>
 
 int fl_run_program(const char* program, const std::function<int(std::ostream& out)>& run)
 {
+    fl_keep_memory();
     int status = 1;
     std::string error;
     try

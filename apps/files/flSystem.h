@@ -3,7 +3,11 @@
 #include <cstddef>
 #include <string>
 
-// Files as the operating system has them. Calls that fail set errno.
+// Files and memory as the operating system has them. Calls that fail set errno.
+
+/// Lets the process keep the memory that it frees for what it needs next, where the system allows it: with large
+/// meshes, much of the time goes into pages that are touched for the first time.
+void fl_keep_memory();
 
 /// Creates a file in the folder of place, with the permissions of what stands there, and sets temporary to its name. It
 /// is removed when a signal ends the process, until fl_forget. Answers a descriptor, or -1.

@@ -3,12 +3,16 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 #include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <random>
 
 namespace
@@ -64,6 +68,19 @@ int moved_up(int descriptor)
     return moved;
 }
 }
+
+#if defined(__GLIBC__)
+void fl_keep_memory()
+{
+    constexpr int largest_kept = 32 << 20; // the most that the library takes
+    ::mallopt(M_MMAP_THRESHOLD, largest_kept);
+    ::mallopt(M_TRIM_THRESHOLD, std::numeric_limits<int>::max());
+    // What one thread has freed serves the others.
+    ::mallopt(M_ARENA_MAX, 1);
+}
+#else
+void fl_keep_memory() {}
+#endif
 
 int fl_create_beside(const std::string& place, std::string& temporary)
 {

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <random>
 
+void fl_keep_memory() {}
+
 int fl_create_beside(const std::string& place, std::string& temporary)
 {
     std::random_device random;

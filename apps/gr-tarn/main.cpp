@@ -1,5 +1,5 @@
+#include "flTerminal.h"
 #include "tnCommands.h"
-#include "tnTerminal.h"
 
 #include "flProgram.h"
 
@@ -8,5 +8,5 @@
 int main(int argc, char** argv)
 {
     return fl_run_program("gr-tarn", [&](std::ostream& out)
-                          { return tn_run(argc, argv, out, std::cerr, tn_errors_on_terminal()); });
+                          { return tn_run(argc, argv, out, std::cerr, fl_errors_on_terminal()); });
 }

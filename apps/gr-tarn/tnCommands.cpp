@@ -1,8 +1,8 @@
 #include "tnCommands.h"
 
+#include "flProgress.h"
 #include "tnCut.h"
 #include "tnNumbers.h"
-#include "tnProgress.h"
 #include "tnVisibility.h"
 
 #include "flMessages.h"
@@ -56,11 +56,11 @@ int import_mesh(const tn_options& options, const tn_outlets& outlets, std::strin
         return 0;
     ms_blocks blocks;
     {
-        tnProgress bar(outlets.progress, "reading");
+        flProgress bar(outlets.progress, "reading");
         if (!ms_read(options.input, giAngleDegrees(options.crease_degrees), blocks, error, bar.reporter()))
             return 0;
     }
-    tnProgress bar(outlets.progress, "writing");
+    flProgress bar(outlets.progress, "writing");
     return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 
@@ -70,7 +70,7 @@ int export_mesh(const tn_options& options, const tn_outlets& outlets, std::strin
     if (replaces_input(options, error) || !ms_check_writable(options.output, error))
         return 0;
     ms_blocks blocks;
-    tnProgress bar(outlets.progress, "reading");
+    flProgress bar(outlets.progress, "reading");
     return ms_read_tarn(options.input, blocks, error, bar.reporter()) && ms_write(options.output, blocks, error);
 }
 
@@ -97,7 +97,7 @@ int print_info(const tn_options& options, const tn_outlets& outlets, std::string
 {
     ms_blocks blocks;
     {
-        tnProgress bar(outlets.progress, "reading");
+        flProgress bar(outlets.progress, "reading");
         if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }
@@ -121,7 +121,7 @@ int print_info(const tn_options& options, const tn_outlets& outlets, std::string
 int write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     const ms_blocks blocks = sp_make_part(options.triangles);
-    tnProgress bar(outlets.progress, "writing");
+    flProgress bar(outlets.progress, "writing");
     return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 

@@ -1,8 +1,8 @@
 #include "tnCut.h"
 
+#include "flProgress.h"
 #include "tnCap.h"
 #include "tnNumbers.h"
-#include "tnProgress.h"
 
 #include "flMessages.h"
 #include "msTarnFile.h"
@@ -26,7 +26,7 @@ struct Side
 };
 
 // Appends what is left of the blocks on a side, and its cap. Answers how many ends of the cut are open.
-int keep_side(const ms_blocks& blocks, const Side& side, double tolerance, int with_cap, tnProgress& bar, double done,
+int keep_side(const ms_blocks& blocks, const Side& side, double tolerance, int with_cap, flProgress& bar, double done,
               double share, ms_blocks& kept)
 {
     ms_blocks half;
@@ -72,7 +72,7 @@ int tn_cut(const tnCutOptions& options, std::ostream& notes, std::ostream* progr
     }
     ms_blocks blocks;
     {
-        tnProgress bar(progress, "reading");
+        flProgress bar(progress, "reading");
         if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }
@@ -85,7 +85,7 @@ int tn_cut(const tnCutOptions& options, std::ostream& notes, std::ostream* progr
 
     ms_blocks kept;
     {
-        tnProgress bar(progress, "cutting");
+        flProgress bar(progress, "cutting");
         const int n_sides = options.keep_both ? 2 : 1;
         for (int i = 0; i < n_sides; ++i)
             if (const int open_ends =
@@ -98,6 +98,6 @@ int tn_cut(const tnCutOptions& options, std::ostream& notes, std::ostream* progr
         error = fl_name(options.input) + ": nothing lies on the side of the plane that is kept";
         return 0;
     }
-    tnProgress bar(progress, "writing");
+    flProgress bar(progress, "writing");
     return ms_write_tarn(options.output, kept, error, bar.reporter());
 }

@@ -1,7 +1,7 @@
 #include "tnVisibility.h"
 
+#include "flProgress.h"
 #include "tnNumbers.h"
-#include "tnProgress.h"
 
 #include "flMessages.h"
 #include "msTarnFile.h"
@@ -132,7 +132,7 @@ int write_classes(const std::string& file, const ms_blocks& blocks, const std::v
         append(*classes[outcomes[i].vis], *blocks[i]);
     for (auto& block : classes)
         block->create_normals();
-    tnProgress bar(progress, "writing");
+    flProgress bar(progress, "writing");
     return ms_write_tarn(file, classes, error, bar.reporter());
 }
 
@@ -182,7 +182,7 @@ public:
         if (section != the_section)
         {
             the_bar.reset();
-            the_bar = std::make_unique<tnProgress>(the_stream, titles[section]);
+            the_bar = std::make_unique<flProgress>(the_stream, titles[section]);
             the_section = section;
         }
         the_bar->show(total > 0 ? static_cast<double>(done) / total : 1);
@@ -193,7 +193,7 @@ public:
 private:
     std::ostream* the_stream;
     int the_section = -1;
-    std::unique_ptr<tnProgress> the_bar;
+    std::unique_ptr<flProgress> the_bar;
 };
 }
 
@@ -228,7 +228,7 @@ int tn_visibility(const tnVisibilityOptions& options, std::ostream& out, std::os
     }
     ms_blocks blocks;
     {
-        tnProgress bar(progress, "reading");
+        flProgress bar(progress, "reading");
         if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
             return 0;
     }

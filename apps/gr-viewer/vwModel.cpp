@@ -21,7 +21,6 @@ const gsColour palette[] = {gsColour(0.76, 0.80, 0.85), gsColour(0.88, 0.68, 0.3
                             gsColour(0.80, 0.50, 0.42), gsColour(0.60, 0.73, 0.50), gsColour(0.67, 0.58, 0.78),
                             gsColour(0.90, 0.83, 0.62), gsColour(0.52, 0.57, 0.66)};
 
-// Edges of imported meshes that turn by more than this stay sharp.
 constexpr double crease_degrees = 30;
 
 // Drawing is in single precision, and squares coordinates.
@@ -29,21 +28,15 @@ constexpr double largest_coordinate = 1e15;
 // In sizes of the model.
 constexpr double largest_distance = 1e9;
 
-int read(const std::string& file, ms_blocks& blocks, std::string& error)
+int can_be_drawn(const giTriBlock& block, const std::string& file, std::string& error)
 {
-    if (!(ms_readable(file) ? ms_read(file, giAngleDegrees(crease_degrees), blocks, error)
-                            : ms_read_tarn(file, blocks, error)))
-        return 0;
-    for (const auto& block : blocks)
-    {
-        const giBox3 box = block->box();
-        for (int axis = 0; axis < 3 && !box.empty(); ++axis)
-            if (box.low()[axis] < -largest_coordinate || box.high()[axis] > largest_coordinate)
-            {
-                error = fl_name(file) + ": it cannot be shown: there are coordinates beyond 1e15";
-                return 0;
-            }
-    }
+    const giBox3 box = block.box();
+    for (int axis = 0; axis < 3 && !box.empty(); ++axis)
+        if (box.low()[axis] < -largest_coordinate || box.high()[axis] > largest_coordinate)
+        {
+            error = fl_name(file) + ": it cannot be shown: there are coordinates beyond 1e15";
+            return 0;
+        }
     return 1;
 }
 
@@ -53,6 +46,11 @@ std::string name_without_folder(const std::string& file)
 }
 }
 
+giAngle vwModel::crease()
+{
+    return giAngleDegrees(crease_degrees);
+}
+
 vwModel::vwModel() : the_root(new dgClientStructure()) {}
 
 int vwModel::add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error)
@@ -60,10 +58,15 @@ int vwModel::add_files(const std::vector<std::string>& files, std::ostream& note
     for (const std::string& file : files)
         if (!add_file(file, error))
             return 0;
+    note_flaws(notes);
+    return 1;
+}
+
+void vwModel::note_flaws(std::ostream& notes) const
+{
     if (torn())
         notes << "gr-viewer: " << fl_printable(names()) << ": this lies more than " << largest_distance
               << " times its size from the origin, where numbers are too coarse for its shape\n";
-    return 1;
 }
 
 int vwModel::torn() const
@@ -75,23 +78,42 @@ int vwModel::torn() const
 int vwModel::add_file(const std::string& file, std::string& error)
 {
     ms_blocks blocks;
-    if (!read(file, blocks, error))
+    if (!(ms_readable(file) ? ms_read(file, crease(), blocks, error) : ms_read_tarn(file, blocks, error)))
         return 0;
+    for (const auto& block : blocks)
+        if (!can_be_drawn(*block, file, error))
+            return 0;
+    start_file(file);
     for (std::unique_ptr<giTriBlock>& block : blocks)
-    {
-        the_n_triangles += block->triangle_count();
-        the_root->add(new dgSurfaceColour(palette[static_cast<std::size_t>(the_n_blocks) % std::size(palette)]));
-        the_root->add(new dgTriangleBlock(block.release(), 1));
-        ++the_n_blocks;
-    }
-    the_names.push_back(name_without_folder(file));
+        add(std::move(block));
     return 1;
+}
+
+void vwModel::start_file(const std::string& file)
+{
+    the_files.push_back(file);
+}
+
+int vwModel::add(std::unique_ptr<giTriBlock> block, std::string& error)
+{
+    if (!can_be_drawn(*block, the_files.back(), error))
+        return 0;
+    add(std::move(block));
+    return 1;
+}
+
+void vwModel::add(std::unique_ptr<giTriBlock> block)
+{
+    the_n_triangles += block->triangle_count();
+    the_root->add(new dgSurfaceColour(palette[static_cast<std::size_t>(the_n_blocks) % std::size(palette)]));
+    the_root->add(new dgTriangleBlock(block.release(), 1));
+    ++the_n_blocks;
 }
 
 std::string vwModel::names() const
 {
     std::string names;
-    for (const std::string& name : the_names)
-        names += (names.empty() ? "" : ", ") + name;
+    for (const std::string& file : the_files)
+        names += (names.empty() ? "" : ", ") + name_without_folder(file);
     return names;
 }

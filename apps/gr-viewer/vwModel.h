@@ -2,25 +2,39 @@
 
 #include "dgClientStructure.h"
 #include "dgRef.h"
+#include "giAngle.h"
 
 #include <iosfwd>
+#include <memory>
 #include <string>
 #include <vector>
+
+class giTriBlock;
 
 /// The triangle meshes that are shown, as one display structure with a colour for each block.
 class vwModel
 {
 public:
+    /// Edges of meshes without normals that turn by more than this stay sharp.
+    static giAngle crease();
+
     vwModel();
 
-    /// Adds the files in order. Answers 1, or 0 with error set by the first that fails. What will not look as it is, is
-    /// told on notes.
+    /// Adds the files in order. Answers 1, or 0 with error set by the first that fails. Flaws are told on notes.
     int add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error);
 
     /// Adds the blocks of a file: of the mesh format (STL, OBJ, PLY...) that its ending names, else tarn. Answers 1, or
     /// 0 with error set to a text that names the file, and the model as it was. Coordinates that drawing cannot hold
     /// are such an error.
     int add_file(const std::string& file, std::string& error);
+
+    /// Names the file that the blocks added from now on come from.
+    void start_file(const std::string& file);
+    /// Adds a block. Answers 1, or 0 with error set when drawing cannot hold its coordinates, and the model as it was.
+    int add(std::unique_ptr<giTriBlock> block, std::string& error);
+
+    /// Tells what will not look as it is.
+    void note_flaws(std::ostream& notes) const;
 
     dgStructure& root() const { return *the_root; }
     int n_blocks() const { return the_n_blocks; }
@@ -31,8 +45,10 @@ public:
     int torn() const;
 
 private:
+    void add(std::unique_ptr<giTriBlock> block);
+
     dgRef<dgClientStructure> the_root;
-    std::vector<std::string> the_names;
+    std::vector<std::string> the_files;
     int the_n_blocks = 0;
     long long the_n_triangles = 0;
 };

@@ -1,6 +1,7 @@
 #include "vwOffscreen.h"
 
 #include "vwFonts.h"
+#include "vwLoading.h"
 #include "vwModel.h"
 #include "vwOptions.h"
 #include "vwPlayer.h"
@@ -139,10 +140,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr) ||
         !read_session(options.play, session, error))
         return 0;
-    if (!model.add_files(options.files, std::cerr, error))
-        return 0;
-    if (!make_folder(options.out, error))
-        return 0;
+    vwLoading loading(model, options.files);
     if (options.width)
     {
         session.width = options.width;
@@ -151,12 +149,19 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     if (options.views)
         session.views = options.views;
 
-    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    // While the files are read.
+    std::string device_error;
+    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(device_error);
+    if (!loading.finish(error))
+        return 0;
     if (!device)
     {
-        error = "nothing can be drawn off-screen: " + error;
+        error = "nothing can be drawn off-screen: " + device_error;
         return 0;
     }
+    model.note_flaws(std::cerr);
+    if (!make_folder(options.out, error))
+        return 0;
     vwReport report;
     add_facts(report, options, session, model, *device);
     dgGLWindow window(device, session.width, session.height);

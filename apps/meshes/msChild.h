@@ -25,6 +25,8 @@ public:
 
     /// What the work writes, as it comes.
     std::istream& stream();
+    /// Lets the stream end soon, wherever the work is; to be called by any thread.
+    void stop();
     /// Ends the work, and answers what was wrong with how it ended by itself; empty: nothing.
     std::string finish();
 

@@ -10,6 +10,7 @@
 #include <csignal>
 #include <fstream>
 #include <istream>
+#include <mutex>
 #include <optional>
 #include <ostream>
 #include <streambuf>
@@ -167,7 +168,8 @@ void start_limits()
 
 struct msChild::Process
 {
-    pid_t id = -1;
+    std::mutex mutex; // of the number, which is the child's own until it is waited for
+    pid_t id = -1;    // 0: waited for
     int descriptor = -1;
     std::optional<PipeBuffer> buffer;
     std::istream stream{nullptr};
@@ -202,8 +204,16 @@ std::istream& msChild::stream()
     return the_process->stream;
 }
 
+void msChild::stop()
+{
+    const std::lock_guard<std::mutex> lock(the_process->mutex);
+    if (the_process->id > 0)
+        ::kill(the_process->id, SIGKILL);
+}
+
 std::string msChild::finish()
 {
+    const std::lock_guard<std::mutex> lock(the_process->mutex);
     const pid_t child = std::exchange(the_process->id, 0);
     if (child < 0)
         return "no process can be started to read it";

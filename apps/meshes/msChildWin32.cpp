@@ -19,6 +19,8 @@ std::istream& msChild::stream()
     return the_process->stream;
 }
 
+void msChild::stop() {}
+
 std::string msChild::finish()
 {
     return {};

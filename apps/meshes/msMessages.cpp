@@ -46,7 +46,7 @@ struct CornersHeader
 };
 
 // Room is made as values arrive: a count alone takes no memory that is used.
-constexpr int piece = 1 << 16;
+constexpr int piece = 1 << 14;
 constexpr int most_reserved = 1 << 24;
 
 template <class Value>
@@ -69,9 +69,9 @@ bool receive(std::istream& is, Value& value)
     return static_cast<bool>(is.read(reinterpret_cast<char*>(&value), sizeof value));
 }
 
-// Calls add with each of count groups of N values.
+// Calls add with groups of N values, of which count come, and with how many at a time.
 template <class Value, int N, class Add>
-bool receive_all(std::istream& is, int count, const Add& add)
+bool receive_pieces(std::istream& is, int count, const Add& add)
 {
     std::vector<Value> values;
     for (int done = 0; done < count;)
@@ -81,11 +81,22 @@ bool receive_all(std::istream& is, int count, const Add& add)
         if (!is.read(reinterpret_cast<char*>(values.data()),
                      static_cast<std::streamsize>(values.size() * sizeof(Value))))
             return false;
-        for (const Value* v = values.data(); v < values.data() + values.size(); v += N)
-            add(v);
+        add(values.data(), some);
         done += some;
     }
     return true;
+}
+
+// The same, one by one.
+template <class Value, int N, class Add>
+bool receive_all(std::istream& is, int count, const Add& add)
+{
+    return receive_pieces<Value, N>(is, count,
+                                    [&](const Value* v, int some)
+                                    {
+                                        for (const Value* end = v + some * N; v < end; v += N)
+                                            add(v);
+                                    });
 }
 
 void send_mesh(std::ostream& os, const msMesh& mesh)
@@ -132,11 +143,12 @@ std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease
     if (joined)
     {
         msPlaces places;
+        places.points().reserve(room(header.n_nodes) / 5); // six triangles meet at a place
         place_of.reserve(room(header.n_nodes));
-        if (!receive_all<float, 3>(is, header.n_nodes,
-                                   [&](const float* v) { place_of.push_back(places.number(v[0], v[1], v[2])); }))
+        if (!receive_pieces<float, 3>(is, header.n_nodes,
+                                      [&](const float* v, int count) { places.add(v, count, place_of); }))
             return nullptr;
-        nodes = places.release();
+        nodes = std::move(places.points());
     }
     else
     {

@@ -2,14 +2,10 @@
 
 #include "msBlocks.h"
 
-#include <functional>
 #include <iosfwd>
 #include <string>
 
 class giAngle;
-
-/// Told of each block when it is there.
-using ms_block_taker = std::function<void(std::unique_ptr<giTriBlock>)>;
 
 /// Imports mesh files one after the other and sends what they hold, how much is done, and what is wrong with the first
 /// that cannot be read, which is the last one then.

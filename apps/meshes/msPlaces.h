@@ -3,7 +3,6 @@
 #include "giPoint3.h"
 
 #include <cstddef>
-#include <utility>
 #include <vector>
 
 /// Points in space by number, of which no two are equal.
@@ -12,16 +11,24 @@ class msPlaces
 public:
     msPlaces();
 
-    /// The number of a point, from 0 in the order in which they first come.
-    int number(float x, float y, float z);
-    /// Gives the points away and leaves none.
-    std::vector<giPoint3> release();
+    /// Appends the numbers of points, given by three coordinates each, to numbers: from 0 in the order in which equal
+    /// ones first come.
+    void add(const float* coordinates, int count, std::vector<int>& numbers);
+    /// The points by their numbers.
+    std::vector<giPoint3>& points() { return the_points; }
 
 private:
+    struct Slot
+    {
+        float x, y, z;
+        int number; // -1: free
+    };
+
+    std::size_t hash(const Slot& point) const;
+    int number(const Slot& point, std::size_t hash);
     void grow();
-    std::size_t slot(const giPoint3& p) const;
 
     std::vector<giPoint3> the_points;
-    std::vector<int> the_slots; // numbers of points by their hash, -1: none; at most half of them
+    std::vector<Slot> the_slots; // points by their hash, in at most half of them
     std::size_t the_seed;
 };

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <streambuf>
 
 namespace
@@ -57,19 +58,24 @@ private:
 
 int ms_read_tarn(const std::string& file, ms_blocks& blocks, std::string& error, const ms_progress& progress)
 {
+    ms_blocks read;
+    if (!ms_read_tarn(
+            file, [&](std::unique_ptr<giTriBlock> block) { read.push_back(std::move(block)); }, error, progress))
+        return 0;
+    std::move(read.begin(), read.end(), std::back_inserter(blocks));
+    return 1;
+}
+
+int ms_read_tarn(const std::string& file, const ms_block_taker& take, std::string& error, const ms_progress& progress)
+{
     std::ifstream source;
     if (!fl_open_for_reading(file, source, error))
         return 0;
     std::error_code failure;
     told_buffer buffer(*source.rdbuf(), static_cast<double>(std::filesystem::file_size(file, failure)), progress);
     std::istream stream(&buffer);
-    giTriBlockcoDList list;
-    int count = 0;
     std::string complaint;
-    gr_read_tarn_tblock(stream, count, &list, complaint);
-    for (giTriBlock* block : list)
-        blocks.emplace_back(block);
-    if (list.count() > 0)
+    if (gr_read_tarn_tblock(stream, take, complaint))
         return 1;
     error = fl_name(file) + ": " + (complaint.empty() ? "the tarn file holds no blocks" : complaint);
     return 0;

@@ -3,7 +3,9 @@
 #include "giTriBlockcoDList.h"
 #include "grExport.h"
 
+#include <functional>
 #include <iosfwd>
+#include <memory>
 #include <string>
 
 class dgStructure;
@@ -39,6 +41,11 @@ GR_EXPORT giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTr
 /// ..." in a stream that cannot be positioned) where there is one, and empty otherwise.
 GR_EXPORT giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks,
                                           std::string& complaint);
+
+/// The same, block by block: take gets each one as soon as it is read, and those that it got stay when the file turns
+/// out to be damaged further on. Returns the number of blocks, and 0 for a damaged file as above.
+GR_EXPORT int gr_read_tarn_tblock(std::istream& stream, const std::function<void(std::unique_ptr<giTriBlock>)>& take,
+                                  std::string& complaint);
 
 /// Reads a file of the same format and adds a dgTriangleBlock, which owns its block, to the structure for each block in
 /// the order of the file. Returns the number of blocks added; after a failure that is 0 and the structure is unchanged.

@@ -12,8 +12,8 @@ class giTriBlock;
 /// angle (and 0.08 degrees, for what rounding leaves), directly or through others at that place; where more than 256
 /// meet, each is compared with the 256 that follow it. Each surface has one node at the place. Its normal has length 1
 /// and is the mean of the normals of the triangles, weighted by their angles there (G. Thürmer and C. Wüthrich,
-/// "Computing vertex normals from polygonal facets", 1998); it is null where no triangle has an area, and precise to
-/// 1e-6.
+/// "Computing vertex normals from polygonal facets", 1998), in single precision; it is null where no triangle has an
+/// area.
 ///
 /// Nodes at a place that differ in texture coordinates or curvatures stay apart, with these and the common normal.
 /// Nodes that no triangle uses are dropped, and triangles with two corners at one place. The others keep their order;

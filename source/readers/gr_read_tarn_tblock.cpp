@@ -5,6 +5,7 @@
 #include "giTriBlock.h"
 
 #include <algorithm>
+#include <functional>
 #include <limits>
 #include <new>
 #include <string>
@@ -170,8 +171,10 @@ bool skip_header(grTarnScanner& scanner)
     return false;
 }
 
-// Reads the whole file, keeping only the first block unless all are wanted. Returns 0 when it is damaged.
-bool read_blocks(tarn_reading& reading, int& count, bool all, std::vector<std::unique_ptr<giTriBlock>>& blocks)
+using block_taker = std::function<void(std::unique_ptr<giTriBlock>)>;
+
+// Reads the whole file. Returns false when it is damaged.
+bool read_blocks(tarn_reading& reading, int& count, const block_taker& take)
 {
     grTarnScanner& scanner = reading.scanner;
     if (!skip_header(scanner))
@@ -195,10 +198,31 @@ bool read_blocks(tarn_reading& reading, int& count, bool all, std::vector<std::u
                 reading.expected("block " + std::to_string(number + 1) + " of " + std::to_string(count));
             return false;
         }
-        if (all || blocks.empty())
-            blocks.push_back(std::move(block));
+        take(std::move(block));
     }
     return true;
+}
+
+// Sets the stream's fail bit, and the complaint, and returns false, when it is damaged.
+bool read_stream(std::istream& stream, int& count, const block_taker& take, std::string& complaint)
+{
+    count = 0;
+    complaint.clear();
+    try
+    {
+        tarn_reading reading{grTarnScanner(stream), complaint};
+        if (read_blocks(reading, count, take))
+        {
+            reading.scanner.give_back();
+            return true;
+        }
+    }
+    catch (const std::bad_alloc&)
+    {
+        complaint = "there is not enough memory for its blocks";
+    }
+    stream.setstate(std::ios::failbit);
+    return false;
 }
 }
 
@@ -210,32 +234,27 @@ giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDL
 
 giTriBlock* gr_read_tarn_tblock(std::istream& stream, int& count, giTriBlockcoDList* blocks, std::string& complaint)
 {
-    count = 0;
-    complaint.clear();
-    try
+    std::vector<std::unique_ptr<giTriBlock>> read;
+    const auto keep = [&](std::unique_ptr<giTriBlock> block)
     {
-        std::vector<std::unique_ptr<giTriBlock>> read;
-        tarn_reading reading{grTarnScanner(stream), complaint};
-        if (read_blocks(reading, count, blocks != nullptr, read))
-        {
-            reading.scanner.give_back();
-            if (read.empty())
-                return nullptr;
-            giTriBlock* first = read.front().get();
-            if (blocks)
-                blocks->reserve(blocks->count() + static_cast<int>(read.size()));
-            else
-                read.front().release();
-            for (auto& block : read)
-                if (block && blocks)
-                    blocks->add_last(block.release());
-            return first;
-        }
-    }
-    catch (const std::bad_alloc&)
-    {
-        complaint = "there is not enough memory for its blocks";
-    }
-    stream.setstate(std::ios::failbit);
-    return nullptr;
+        if (blocks || read.empty())
+            read.push_back(std::move(block));
+    };
+    if (!read_stream(stream, count, keep, complaint) || read.empty())
+        return nullptr;
+    giTriBlock* first = read.front().get();
+    if (blocks)
+        blocks->reserve(blocks->count() + static_cast<int>(read.size()));
+    else
+        read.front().release();
+    for (auto& block : read)
+        if (block && blocks)
+            blocks->add_last(block.release());
+    return first;
+}
+
+int gr_read_tarn_tblock(std::istream& stream, const block_taker& take, std::string& complaint)
+{
+    int count = 0;
+    return read_stream(stream, count, take, complaint) && count > 0 ? count : 0;
 }

@@ -247,20 +247,20 @@ Corners corners_of(const giTriBlock& block, const std::vector<int>& place_of)
 struct Nodes
 {
     std::vector<int> old; // nodes that they come from
-    std::vector<giVector3> normals;
+    std::vector<std::array<float, 3>> normals;
 };
 
-// The corners at one place, parted into those of each surface, and these by what else their old nodes have.
+// Parts the corners at one place into those of each surface, and these by what else their old nodes have.
 class Place
 {
 public:
-    Place(const giTriBlock& block, const Facets& facets, double crease_cosine)
+    Place(giTriBlock& block, const Facets& facets, double crease_cosine)
         : m_triangles(block.triangles()), m_extras(block), m_facets(facets),
           m_least_cosine(static_cast<float>(crease_cosine - flat_cosine))
     {}
 
-    // Appends the nodes, and sets the node of each corner to the number that it has there.
-    void part(const std::uint32_t* corners, int count, Nodes& nodes, std::vector<int>& node_of)
+    // Appends the nodes, and lets the triangles name them at these corners by the numbers that they have there.
+    void part(int place, const std::uint32_t* corners, int count, Nodes& nodes)
     {
         m_normals.clear();
         for (int i = 0; i < count; ++i)
@@ -269,7 +269,7 @@ public:
         if (!are_one_surface())
             find_surfaces();
         else if (!m_extras.any())
-            return make_one_node(corners, count, nodes, node_of);
+            return make_one_node(place, corners, count, nodes);
         m_surfaces.assign(at(count), {});
         for (int i = 0; i < count; ++i)
         {
@@ -281,7 +281,8 @@ public:
         for (int i = 0; i < count; ++i)
         {
             Surface& surface = m_surfaces[at(root(i))];
-            const int old = old_node(corners[i]);
+            int& corner = node_at(corners[i]);
+            const int old = corner;
             int node = surface.node;
             for (int steps = 0; node >= 0 && !m_extras.equal(nodes.old[at(node)], old); ++steps)
                 node = steps < most_compared ? m_next[at(node - first)] : -1;
@@ -290,9 +291,9 @@ public:
                 node = static_cast<int>(nodes.old.size());
                 m_next.push_back(std::exchange(surface.node, node));
                 nodes.old.push_back(old);
-                nodes.normals.push_back(surface.normal.unit());
+                nodes.normals.push_back(single(surface.normal));
             }
-            node_of[corners[i]] = node;
+            corner = node;
         }
     }
 
@@ -304,18 +305,23 @@ private:
     };
 
     float angle(std::uint32_t corner) const { return m_facets.angles[corner / 3][corner % 3]; }
-    int old_node(std::uint32_t corner) const { return m_triangles[corner / 3][static_cast<int>(corner % 3)]; }
-    void make_one_node(const std::uint32_t* corners, int count, Nodes& nodes, std::vector<int>& node_of) const
+    int& node_at(std::uint32_t corner) { return m_triangles[corner / 3][static_cast<int>(corner % 3)]; }
+    static std::array<float, 3> single(const giVector3& v)
+    {
+        const giVector3 n = v.unit();
+        return {static_cast<float>(n.x()), static_cast<float>(n.y()), static_cast<float>(n.z())};
+    }
+    void make_one_node(int place, const std::uint32_t* corners, int count, Nodes& nodes)
     {
         giVector3 sum;
         for (int i = 0; i < count; ++i)
         {
             const std::array<float, 3>& n = m_normals[at(i)];
             sum += giVector3(n[0], n[1], n[2]) * angle(corners[i]);
-            node_of[corners[i]] = static_cast<int>(nodes.old.size());
+            node_at(corners[i]) = static_cast<int>(nodes.old.size());
         }
-        nodes.old.push_back(old_node(corners[0]));
-        nodes.normals.push_back(sum.unit());
+        nodes.old.push_back(place);
+        nodes.normals.push_back(single(sum));
     }
     bool alike(int i, int j) const
     {
@@ -362,7 +368,7 @@ private:
         m_parents[at(std::max(first, second))] = std::min(first, second);
     }
 
-    const std::vector<giTriangle>& m_triangles;
+    std::vector<giTriangle>& m_triangles;
     Extras m_extras;
     const Facets& m_facets;
     float m_least_cosine;
@@ -399,6 +405,30 @@ void gather_nodes(giTriBlock& block, const std::vector<int>& old)
         gather(*block.curvatures(), old);
 }
 
+// Gives the block the nodes of the pieces one after the other, and its triangles their numbers among all.
+void number_through(giTriBlock& block, const Corners& corners, const std::vector<Nodes>& pieces)
+{
+    const int n_places = block.node_count();
+    std::vector<int> firsts(pieces.size() + 1);
+    for (std::size_t i = 0; i < pieces.size(); ++i)
+        firsts[i + 1] = firsts[i] + static_cast<int>(pieces[i].old.size());
+    std::vector<int> old(at(firsts.back()));
+    std::vector<giVector3> normals(old.size());
+    in_pieces(n_places,
+              [&](int begin, int end)
+              {
+                  const Nodes& nodes = pieces[at(begin / piece_size)];
+                  const int first = firsts[at(begin / piece_size)];
+                  std::copy(nodes.old.begin(), nodes.old.end(), old.begin() + first);
+                  std::transform(nodes.normals.begin(), nodes.normals.end(), normals.begin() + first,
+                                 [](const std::array<float, 3>& n) { return giVector3(n[0], n[1], n[2]); });
+                  for (std::uint32_t i = corners.starts[at(begin)]; first > 0 && i < corners.starts[at(end)]; ++i)
+                      block.triangles()[corners.corners[i] / 3][static_cast<int>(corners.corners[i] % 3)] += first;
+              });
+    gather_nodes(block, old);
+    block.create_normals() = std::move(normals);
+}
+
 void drop_flat_triangles(giTriBlock& block, const std::vector<int>& place_of)
 {
     std::erase_if(block.triangles(),
@@ -425,38 +455,21 @@ void gr_smooth_tblock(giTriBlock& block, const giAngle& crease, int joined)
     const Corners corners = corners_of(block, place_of);
     const double crease_cosine = std::cos(std::clamp(crease.radians(), 0.0, std::numbers::pi));
 
-    std::vector<int> node_of(corners.corners.size());
-    std::vector<Nodes> pieces(at(block.node_count() / piece_size + 1));
-    in_pieces(block.node_count(),
+    const int n_places = block.node_count();
+    std::vector<Nodes> pieces(at(n_places / piece_size + 1));
+    in_pieces(n_places,
               [&](int begin, int end)
               {
                   Nodes& nodes = pieces[at(begin / piece_size)];
+                  nodes.old.reserve(at(end - begin));
+                  nodes.normals.reserve(at(end - begin));
                   Place place(block, facets, crease_cosine);
                   for (int i = begin; i < end; ++i)
                       if (const std::uint32_t start = corners.starts[at(i)]; start != corners.starts[at(i) + 1])
-                          place.part(&corners.corners[start], static_cast<int>(corners.starts[at(i) + 1] - start),
-                                     nodes, node_of);
+                          place.part(i, &corners.corners[start], static_cast<int>(corners.starts[at(i) + 1] - start),
+                                     nodes);
               });
-    Nodes all;
-    std::vector<int> firsts;
-    for (const Nodes& piece : pieces)
-    {
-        firsts.push_back(static_cast<int>(all.old.size()));
-        all.old.insert(all.old.end(), piece.old.begin(), piece.old.end());
-        all.normals.insert(all.normals.end(), piece.normals.begin(), piece.normals.end());
-    }
-    in_pieces(block.triangle_count(),
-              [&](int begin, int end)
-              {
-                  for (int i = begin; i < end; ++i)
-                      for (int k = 0; k < 3; ++k)
-                      {
-                          int& node = block.triangles()[at(i)][k];
-                          node = node_of[3 * at(i) + at(k)] + firsts[at(place_of[at(node)] / piece_size)];
-                      }
-              });
-    gather_nodes(block, all.old);
-    block.create_normals() = std::move(all.normals);
+    number_through(block, corners, pieces);
 }
 
 void gr_join_tblock(giTriBlock& block)

@@ -1,5 +1,4 @@
 #include "tarnCommands.h"
-#include "tnProgress.h"
 #include "tsTable.h"
 
 TEST_F(gr_tarn, meshes_are_imported_and_exported)
@@ -51,22 +50,4 @@ TEST_F(gr_tarn, complaints_name_what_is_wrong_and_leave_what_was_there)
         EXPECT_EQ(the_folder.names(), names) << row[0];
         EXPECT_EQ(the_folder.text("kept.tarn"), "kept") << row[0];
     }
-}
-
-TEST(tnProgress, draws_changes_alone_and_wipes_itself_away)
-{
-    std::ostringstream terminal;
-    {
-        tnProgress bar(&terminal, "reading");
-        bar.show(0.5);
-        const std::string half = terminal.str();
-        EXPECT_NE(half.find("[####################                    ] 50%"), std::string::npos) << half;
-        bar.show(0.5001);
-        EXPECT_EQ(terminal.str(), half);
-        bar.show(7);
-        EXPECT_NE(terminal.str().find("100%"), std::string::npos);
-    }
-    const std::string all = terminal.str();
-    const std::size_t last_line = all.rfind('\r', all.size() - 2);
-    EXPECT_EQ(all.find_first_not_of(" \r", last_line), std::string::npos) << "the line is left blank";
 }

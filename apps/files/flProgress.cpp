@@ -1,20 +1,21 @@
-#include "tnProgress.h"
+#include "flProgress.h"
 
 #include <algorithm>
 #include <ostream>
+#include <utility>
 
 namespace
 {
 const int bar_width = 40;
 }
 
-tnProgress::~tnProgress()
+void flProgress::wipe()
 {
-    if (the_stream && the_percent >= 0)
+    if (the_stream && std::exchange(the_percent, -1) >= 0)
         *the_stream << '\r' << std::string(the_title.size() + bar_width + 8, ' ') << '\r' << std::flush;
 }
 
-void tnProgress::show(double share)
+void flProgress::show(double share)
 {
     const int percent = static_cast<int>(100 * std::clamp(share, 0.0, 1.0));
     if (!the_stream || percent == the_percent)

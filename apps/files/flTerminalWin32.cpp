@@ -1,9 +1,9 @@
-#include "tnTerminal.h"
+#include "flTerminal.h"
 
 #include <io.h>
 #include <stdio.h>
 
-int tn_errors_on_terminal()
+int fl_errors_on_terminal()
 {
     return _isatty(_fileno(stderr)) != 0;
 }

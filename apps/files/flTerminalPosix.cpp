@@ -1,8 +1,8 @@
-#include "tnTerminal.h"
+#include "flTerminal.h"
 
 #include <unistd.h>
 
-int tn_errors_on_terminal()
+int fl_errors_on_terminal()
 {
     return isatty(STDERR_FILENO);
 }

@@ -1,4 +1,4 @@
 #pragma once
 
 /// 1 when the standard error is a terminal, on which a line can be drawn over.
-int tn_errors_on_terminal();
+int fl_errors_on_terminal();
