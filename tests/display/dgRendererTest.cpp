@@ -174,19 +174,6 @@ TEST(dgRenderer, shows_every_primitive_to_the_action_installed_until_it_is_remov
     EXPECT_EQ(starting_with(scene.draw(), "draw"), (Lines{"draw lines 5 of 5"}));
 }
 
-TEST(dgRenderer, swaps_and_selects_only_when_double_buffered)
-{
-    Scene scene;
-    scene.renderer.select_buffer(dgBACK_BUFFER);
-    scene.renderer.swap_buffers(dgSWAP_PLAIN);
-    EXPECT_EQ(scene.window.log(), (Lines{"select_buffer back", "swap_buffers 0", "present"}));
-    scene.window.capability(dgCAPABILITY_DOUBLE_BUFFERING, 0);
-    scene.window.clear_log();
-    scene.renderer.select_buffer(dgBACK_BUFFER);
-    scene.renderer.swap_buffers(dgSWAP_PLAIN);
-    EXPECT_TRUE(scene.window.log().empty());
-}
-
 TEST(dgRenderer, inverts_on_driver_1_unless_there_is_an_overlay)
 {
     Scene scene;
@@ -230,17 +217,6 @@ TEST(dgRenderer, views_are_erased_and_drawn_on_the_main_window_whichever_driver_
         EXPECT_TRUE(overlay.log().empty());
         EXPECT_EQ(renderer.current_driver_index(), 1);
     }
-}
-
-TEST(dgRenderer, draws_the_12_edges_of_a_box)
-{
-    Scene scene;
-    scene.root->add(new dgPolyline({{0, 0, 0}, {1, 2, 3}}));
-    scene.view.begin();
-    scene.window.clear_log();
-    scene.renderer.draw_bounding_box(*scene.root);
-    EXPECT_EQ(starting_with(scene.window.log(), "draw"), (Lines{"draw_segments 12"}));
-    scene.view.end();
 }
 
 TEST(dgRenderer, draws_to_the_end_what_an_element_edits_clears_or_drops_under_it)

@@ -1,8 +1,11 @@
 #include "dgClientStructure.h"
+#include "dgPointSet.h"
 #include "dgPolyline.h"
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
+#include "dgTriangleBlock.h"
 #include "dgView.h"
+#include "giTriBlock.h"
 #include "grTimeoutRenderer.h"
 #include "grTimeoutRendererCache.h"
 #include "grTimingStats.h"
@@ -62,6 +65,16 @@ private:
     int the_blocked;
 };
 
+giTriBlock* triangles(int n)
+{
+    auto* block = new giTriBlock;
+    for (int i = 0; i < 3; ++i)
+        block->nodes().append(giPoint3(i, i % 2, 0));
+    for (int i = 0; i < n; ++i)
+        block->triangles().emplace_back(0, 1, 2);
+    return block;
+}
+
 class RefreshPart : public tsPart
 {
 public:
@@ -70,11 +83,13 @@ public:
         add_set_up();
         add_refreshers();
         add_renderers();
+        add_timeout_renderer();
     }
     ~RefreshPart()
     {
         dgView::the_global_render_network_action = nullptr;
         the_fast.reset();
+        the_timeout.reset();
         the_refreshers.clear();
         grViewRefresherFast::cache_graphics(0);
     }
@@ -106,7 +121,18 @@ private:
                 root->add(tsLine(segments)->element(0));
             view.root(root.get());
         };
-        // Segments drawn since the last time, in place of the records of their drawing.
+        // N more lines, triangles or points elements of so many primitives each.
+        on("more") = [](dgView& view, const std::string& kind, int n, int size)
+        {
+            for (int i = 0; i < n; ++i)
+                if (kind == "lines")
+                    view.root()->add(tsLine(size)->element(0));
+                else if (kind == "points")
+                    view.root()->add(new dgPointSet(std::vector<giPoint3>(static_cast<std::size_t>(size))));
+                else
+                    view.root()->add(new dgTriangleBlock(triangles(size), 1));
+        };
+        // Primitives drawn since the last time, in place of the records of their drawing.
         on("drawn") = [this]
         {
             dgTraceWindow& surface = the_stage.window().surface;
@@ -243,10 +269,46 @@ private:
         };
     }
 
+    grTimeoutRenderer& timeout()
+    {
+        if (!the_timeout)
+            throw std::runtime_error("no time-out renderer");
+        return *the_timeout;
+    }
+    // One time-out renderer at a time. Categories: 1 lines, 2 triangles, 19 points.
+    void add_timeout_renderer()
+    {
+        on("timeout_renderer") = [this](dgView& view) { the_timeout = std::make_unique<grTimeoutRenderer>(&view, 0); };
+        on("t_ready") = [this](double budget, tsOr<1> points, tsOr<1> lines, tsOr<1> triangles)
+        { timeout().get_ready(budget, points, lines, triangles); };
+        on("t_frame") = [this](tsOr<1> frames)
+        {
+            for (int i = frames; i > 0; --i)
+                timeout().refresh_draw();
+        };
+        on("t_idle") = [this] { return timeout().idle_draw() == grIDLE_AGAIN ? "again" : "done"; };
+        on("t_end") = [this] { timeout().end_twiddle_draw(); };
+        on("t_reset") = [this] { timeout().reset(); };
+        on("t_full_time") = [this](double seconds) { timeout().full_refresh_time(seconds); };
+        // Whether the time of full drawing is known, and it.
+        on("t_knows") = [this] {
+            return std::vector<double>{double(timeout().got_full_refresh_time()), timeout().full_refresh_time()};
+        };
+        on("t_total") = [this] { return timeout().total(); };
+        on("t_all_drawn") = [this] { return timeout().all_drawn(); };
+        // Primitives of a category, of those a frame's, their share and a second's.
+        on("t_share") = [this](int category)
+        {
+            return std::vector<double>{double(timeout().count(category)), double(timeout().quota(category)),
+                                       timeout().ratio(category), timeout().rate(category)};
+        };
+    }
+
     grTimeoutRendererCache the_cache{16};
     std::vector<std::unique_ptr<grViewRefresher>> the_refreshers;
     dgRef<dgStructure> the_icon;
     std::unique_ptr<grViewRendererFast> the_fast;
+    std::unique_ptr<grTimeoutRenderer> the_timeout;
     BlockSlices the_blocking{1}, the_passing{0};
 };
 }

@@ -55,25 +55,6 @@ TEST(grViewRendererFast, draws_the_share_that_fitted_on_heavier_scenes)
     }
 }
 
-TEST(grViewRendererFast, noise_moves_the_share_by_less_than_itself)
-{
-    tsHeavyView heavy(n_segments, 10);
-    heavy.window().cost_noise(0.2);
-    for (int twiddle = 0; twiddle < 20; ++twiddle)
-    {
-        grViewRendererFast fast(&heavy.view());
-        frames(fast, 2);
-        EXPECT_NEAR(fast.draw_ratio(), 0.1, 0.02);
-        const double ratio = fast.draw_ratio();
-        for (int i = 0; i < 10; ++i)
-        {
-            fast.refresh(nullptr, 0);
-            EXPECT_EQ(fast.draw_method(), grFAST_DRAW_SHARE);
-            EXPECT_EQ(fast.draw_ratio(), ratio);
-        }
-    }
-}
-
 TEST(grViewRendererFast, hands_on_what_it_draws)
 {
     tsHeavyView heavy(n_segments, 10);

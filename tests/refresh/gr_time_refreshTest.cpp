@@ -1,9 +1,6 @@
 #include "gr_time_refresh.h"
 
 #include "dgAppElement.h"
-#include "dgPickAperture.h"
-#include "dgPickResult.h"
-#include "dgTransform.h"
 #include "tsHeavyView.h"
 
 #include <gtest/gtest.h>
@@ -143,37 +140,4 @@ TEST(gr_time_refresh, picks_with_settings_of_its_own)
     EXPECT_EQ(elapsed, 0);
     EXPECT_EQ(heavy.scene.renderer().pick_settings().largest_count, 7);
     EXPECT_EQ(heavy.scene.renderer().pick_settings().lines, 0);
-}
-
-TEST(dgView, picks_what_lies_in_the_aperture)
-{
-    tsScene scene;
-    scene.add_view();
-    dgView& view = *scene.view(0);
-    // World x and y are pixels.
-    view.camera().view_window(giBox2(-0.5, -0.5, 99.5, 99.5));
-    view.root()->clear();
-    auto* low = new dgPolyline({{10, 10, 0}, {40, 40, 0}});
-    auto* moved = new dgPolyline({{0, 0, 0}, {5, 0, 0}});
-    view.root()->add(low);
-    view.root()->add(new dgTransform(giXform3::translation({60, 60, 0})));
-    view.root()->add(moved);
-    const auto pick = [&](const giBox2& box, dgPickMode mode)
-    {
-        dgPickResult* result = view.pick_all(dgPickAperture(box), mode);
-        std::vector<const dgBase*> found(result->elements().begin(), result->elements().end());
-        result->release();
-        return found;
-    };
-    using Found = std::vector<const dgBase*>;
-    EXPECT_EQ(pick({0, 0, 99, 99}, dgPICK_EXACT), (Found{low, moved}));
-    EXPECT_EQ(pick({24, 24, 26, 26}, dgPICK_EXACT), Found{low});
-    EXPECT_EQ(pick({30, 12, 35, 17}, dgPICK_EXACT), Found()) << "beside the slanting line";
-    EXPECT_EQ(pick({30, 12, 35, 17}, dgPICK_BOX), Found{low}) << "but in its box";
-    EXPECT_EQ(pick({62, 58, 63, 62}, dgPICK_EXACT), Found{moved});
-    scene.renderer().pick_settings({1, 1, 1});
-    EXPECT_EQ(pick({0, 0, 99, 99}, dgPICK_EXACT), Found{low});
-    scene.renderer().pick_settings({0, 0, 1});
-    EXPECT_EQ(pick({0, 0, 99, 99}, dgPICK_EXACT), Found());
-    EXPECT_EQ(low->reference_count(), 1);
 }

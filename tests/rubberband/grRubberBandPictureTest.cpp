@@ -161,33 +161,24 @@ void play(NoisyCanvas& canvas)
 }
 }
 
-TEST(grRubberBandPicture, xor_sequences_leave_the_scene_to_the_bit)
+TEST(grRubberBandPicture, sequences_leave_the_scene_to_the_bit)
 {
-    NoisyCanvas canvas(0);
-    play(canvas);
-    EXPECT_EQ(grRubberBandManager::mode(canvas.renderer()), grRUBBER_BAND_VIA_XOR);
-}
-
-TEST(grRubberBandPicture, xor_sequences_without_the_stencil_leave_the_scene_to_the_bit)
-{
-    NoisyCanvas canvas(0);
-    grRubberBandManager::set_xor_mode_with_stencil_planes(0);
-    play(canvas);
-}
-
-TEST(grRubberBandPicture, overlay_sequences_leave_the_scene_to_the_bit)
-{
-    NoisyCanvas canvas(1);
-    play(canvas);
-    EXPECT_EQ(grRubberBandManager::mode(canvas.renderer()), grRUBBER_BAND_IN_OVERLAY_PLANES);
-}
-
-TEST(grRubberBandPicture, redrawn_sequences_leave_the_scene_to_the_bit)
-{
-    NoisyCanvas canvas(0);
-    grRubberBandManager::set_redraw_callback(via_redraw, nullptr);
-    play(canvas);
-    EXPECT_EQ(grRubberBandManager::mode(canvas.renderer()), grRUBBER_BAND_IN_MAIN_PLANES);
+    const struct
+    {
+        int overlay, stencil, redraw;
+        grRubberBandMode mode;
+    } techniques[] = {{0, 1, 0, grRUBBER_BAND_VIA_XOR},
+                      {0, 0, 0, grRUBBER_BAND_VIA_XOR},
+                      {1, 1, 0, grRUBBER_BAND_IN_OVERLAY_PLANES},
+                      {0, 1, 1, grRUBBER_BAND_IN_MAIN_PLANES}};
+    for (const auto& technique : techniques)
+    {
+        NoisyCanvas canvas(technique.overlay);
+        grRubberBandManager::set_xor_mode_with_stencil_planes(technique.stencil);
+        grRubberBandManager::set_redraw_callback(technique.redraw ? via_redraw : nullptr, nullptr);
+        play(canvas);
+        EXPECT_EQ(grRubberBandManager::mode(canvas.renderer()), technique.mode);
+    }
 }
 
 TEST(grRubberBandPicture, a_pixel_that_lines_of_one_item_share_is_inverted_once_with_the_stencil)

@@ -163,17 +163,6 @@ TEST(vwPlayer, a_hundred_runs_give_the_same_cameras_to_the_bit)
     EXPECT_EQ(same, 100);
 }
 
-TEST(vwPlayer, two_runs_give_the_same_pictures)
-{
-    const dgRef<dgClientStructure> model = sample();
-    const Played first = play_drawn(*model), second = play_drawn(*model);
-    ASSERT_EQ(first.pictures.size(), 6u);
-    EXPECT_TRUE(same_cameras(first, second));
-    for (std::size_t i = 0; i < 6; ++i)
-        EXPECT_EQ(first.pictures[i].image.rgba, second.pictures[i].image.rgba) << first.pictures[i].name;
-    EXPECT_NE(first.pictures[0].image.rgba, first.pictures[1].image.rgba) << "turning changes the picture";
-}
-
 TEST(vwPlayer, the_cross_hair_is_all_that_it_leaves_on_the_picture)
 {
     const dgRef<dgClientStructure> model = sample();
