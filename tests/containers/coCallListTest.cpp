@@ -1,5 +1,7 @@
 #include "coCallList.h"
 
+#include "tsTable.h"
+
 #include <gtest/gtest.h>
 
 #include <map>
@@ -101,27 +103,6 @@ void Listener::called()
     player.play(std::exchange(inside, ""));
 }
 
-const struct
-{
-    const char* name;
-    const char* script;
-    const char* log;
-    int left; // callbacks
-} scripts[] = {
-    {"calls are in order of registration, by reason", "c a' a a ! !'", "caaa", 4},
-    {"receivers stop for one reason", "a a' b a /a ! !'", "ba", 2},
-    {"one of two equal callbacks is dropped", "a b a =a !", "ba", 2},
-    {"receivers drop all callbacks", "a a' b -a ! !'", "b", 1},
-    {"receivers destroyed before are not called", "a b ! ~a !", "abb", 1},
-    {"a list destroyed first is forgotten", "a a' x", "", 0},
-    {"a callback drops itself and later ones", "a b c a{-a-b} ! !", "acc", 1},
-    {"receivers are destroyed by a callback", "a b c a{~b~a} ! !", "acc", 1},
-    {"what is added inside waits for the next firing", "a c a{b9c9c9c} ! !", "acacbccccccccccccccccccccccccccc", 30},
-    {"what is dropped and added again inside waits too", "a b a{/bb} ! !", "aab", 2},
-    {"firing again from inside sees what was removed", "a b c b{!/a!} !", "ababcbcc", 2},
-    {"a list destroyed inside nested firings ends them", "a b b' c' a{!'} b{x} !", "ab", 0},
-};
-
 class ArgumentListener : public coReceiver
 {
 public:
@@ -137,16 +118,16 @@ public:
 
 TEST(coCallList, plays_scripts)
 {
-    for (const auto& c : scripts)
+    for (const auto& row : ts_table(TS_TABLES "call_list.table", "call_list"))
     {
         Player player;
-        player.play(c.script);
-        EXPECT_EQ(player.log, c.log) << c.name;
-        EXPECT_EQ(player.list ? player.list->count() : 0, c.left) << c.name;
+        player.play(row[1]);
+        EXPECT_EQ(player.log, row[2]) << row[0];
+        EXPECT_EQ(player.list ? player.list->count() : 0, std::stoi(row[3])) << row[0];
         // Nobody remembers a list that has none of its callbacks.
         player.list.reset();
         for (const auto& [name, listener] : player.listeners)
-            EXPECT_EQ(listener ? listener->n_call_lists() : 0, 0) << c.name << ' ' << name;
+            EXPECT_EQ(listener ? listener->n_call_lists() : 0, 0) << row[0] << ' ' << name;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "grSplitBlock.h"
 
+#include "tsTable.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -21,6 +23,11 @@ Outcome outcome_of(Classify classify)
     return {vis, diag};
 }
 
+std::string text_of(const Outcome& outcome)
+{
+    return outcome == open ? "" : std::to_string(outcome.first) + ',' + std::to_string(outcome.second);
+}
+
 Outcome classified(const grSplitBlock& block)
 {
     return outcome_of([&](auto& vis, auto& diag) { return block.classified(vis, diag); });
@@ -36,60 +43,26 @@ grSplitBlock with_overview(int upper, int lower, int alone)
 
 TEST(grSplitBlock, rules_decide_by_dominance_size_and_stubbyness)
 {
-    const double overview = -2, point_zoom = -3, nan = std::nan(""); // else the stubbyness of a block zoom
-    const struct
+    for (const auto& row : ts_table(TS_TABLES "rules.table", "rules"))
     {
-        const char* name;
-        double rule;
-        int upper, lower, total;
-        Outcome outcome;
-    } cases[] = {
-        {"upper dominant", overview, 950, 40, 1000, {0, 0}},
-        {"lower dominant", overview, 40, 950, 1000, {1, 1}},
-        {"not dominant", overview, 899, 40, 1000, {3, 2}},
-        {"not dominant and too few", overview, 899, 40, 999, open},
-        {"dominant is strict", overview, 900, 40, 1000, {3, 2}},
-        {"minority is strict", overview, 950, 100, 1000, {3, 2}},
-        {"dominance comes before size", overview, 95, 4, 100, {0, 0}},
-        {"of 9 pixels nobody dominates", overview, 9, 0, 9, open},
-        {"of 10 they can", overview, 10, 0, 10, {0, 0}},
-        {"limits are whole pixels", overview, 14, 0, 15, {0, 0}}, // 0.9 of 15 is 13.5
-        {"none", overview, 0, 0, 0, open},
-        {"upper dominant", point_zoom, 61, 9, 100, {0, 3}},
-        {"dominance is strict", point_zoom, 60, 9, 100, {2, 5}},
-        {"lower dominant", point_zoom, 9, 61, 100, {1, 4}},
-        {"minority is strict", point_zoom, 61, 10, 100, {2, 5}},
-        {"no pixels", point_zoom, 0, 0, 0, {2, 5}},
-        {"stubby, upper", 0.11, 91, 9, 100, {0, 6}},
-        {"stubby, lower", 0.11, 9, 91, 100, {1, 7}},
-        {"stubby, neither", 0.11, 90, 9, 100, {3, 8}},
-        {"stubby, no pixels", 0.11, 0, 0, 0, {3, 8}},
-        {"at the limit is thin", 0.1, 51, 19, 100, {0, 9}},
-        {"thin, lower", 0.1, 19, 51, 100, {1, 10}},
-        {"thin, neither", 0.1, 50, 19, 100, open},
-        {"thin, no pixels", 0.1, 0, 0, 0, open},
-        {"no number is thin", nan, 51, 19, 100, {0, 9}},
-        {"unmeasured", -1, 0, 0, -1, open},
-    };
-    for (const auto& c : cases)
-    {
-        EXPECT_EQ(outcome_of(
-                      [&](auto& vis, auto& diag)
-                      {
-                          if (c.rule == overview)
-                              return grSplitBlock::classify_overview(c.upper, c.lower, c.total, vis, diag);
-                          if (c.rule == point_zoom)
-                              return grSplitBlock::classify_point_zoom(c.upper, c.lower, c.total, vis, diag);
-                          return grSplitBlock::classify_block_zoom(c.upper, c.lower, c.total, c.rule, vis, diag);
-                      }),
-                  c.outcome)
-            << c.name;
-        // The same on the way through all counts, where no zoom was measured.
-        if (c.rule == overview)
+        std::istringstream counts(row[2]);
+        int upper = 0, lower = 0, total = 0;
+        counts >> upper >> lower >> total;
+        const auto classify = [&](auto& vis, auto& diag)
         {
-            const grSplitBlock block = with_overview(c.upper, c.lower, c.total);
-            EXPECT_EQ(classified(block), c.outcome) << c.name;
-            EXPECT_EQ(block.point_zoom_test_pending() != 0, c.outcome == open) << c.name;
+            if (row[1] == "overview")
+                return grSplitBlock::classify_overview(upper, lower, total, vis, diag);
+            if (row[1] == "point")
+                return grSplitBlock::classify_point_zoom(upper, lower, total, vis, diag);
+            return grSplitBlock::classify_block_zoom(upper, lower, total, std::stod(row[1]), vis, diag);
+        };
+        EXPECT_EQ(text_of(outcome_of(classify)), row[3]) << row[0];
+        // The same on the way through all counts, where no zoom was measured.
+        if (row[1] == "overview")
+        {
+            const grSplitBlock block = with_overview(upper, lower, total);
+            EXPECT_EQ(text_of(classified(block)), row[3]) << row[0];
+            EXPECT_EQ(block.point_zoom_test_pending() != 0, row[3].empty()) << row[0];
         }
     }
 }

@@ -1,6 +1,7 @@
 #include "grStructureCutPaste.h"
 
 #include "tsStructures.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
@@ -22,40 +23,15 @@ struct Slices
 
 TEST(grStructureCutPaste, cuts_runs_and_puts_them_back)
 {
-    const struct
+    for (const auto& row : ts_table(TS_TABLES "cuts.table", "cuts"))
     {
-        const char *name, *text;
-        int recursive;
-        grStructureCutStatus status;
-        const char *left, *slices;    // each with its home before it
-        const char* pasted = nullptr; // the text unless named
-    } cases[] = {
-        {"nothing to cut", "1 2", 1, grSTRUCTURE_CUT_OK, "1 2 ", ""},
-        {"a run with its labels", "1 [ 2 ] 3", 0, grSTRUCTURE_CUT_OK, "1 3 ", "1: [ 2 ] "},
-        {"at the start", "[ ] 3 [ w ]", 0, grSTRUCTURE_CUT_OK, "3 ", "[ ] 3: [ w ] "},
-        {"one behind the other", "1 [ 2 ] [ 3 ] [ 4 ] 9", 0, grSTRUCTURE_CUT_OK, "1 9 ", "1: [ 2 ] 1: [ 3 ] 1: [ 4 ] "},
-        {"calls are left alone", "( [ 1 ] ) [ 2 ] 3", 0, grSTRUCTURE_CUT_OK, "( [ 1 ] ) 3 ", "(: [ 2 ] "},
-        {"or followed in order, but not into what was cut", "( [ 1 ] ( [ 2 ] ) 8 ) [ ( [ 9 ] ) ] ( [ 3 ] ) -", 1,
-         grSTRUCTURE_CUT_OK, "( ( ) 8 ) ( ) - ", "(: [ ( [ 9 ] ) ] [ 1 ] [ 2 ] [ 3 ] "},
-        {"each structure once", "( [ 1 ] ^ @ ) & 2 [ 3 ]", 1, grSTRUCTURE_CUT_OK, "( ^ @ ) ( ^ @ ) 2 ",
-         "2: [ 3 ] [ 1 ] ", "( [ 1 ] ^ @ ) ( [ 1 ] ^ @ ) 2 [ 3 ] "},
-        // The two elements behind the first place of 7 go, until the run itself lies there.
-        {"a home met at its first place", "7 1 2 3 =0 [ ]", 0, grSTRUCTURE_CUT_OK, "7 ", "7: [ ] 7: [ ] 7: [ ] ",
-         "7 [ ] [ ] [ ] "},
-        {"end before start", "1 ] 2 [", 0, grSTRUCTURE_CUT_NO_START, "1 ] 2 [ ", ""},
-        {"not closed", "1 [ 2", 0, grSTRUCTURE_CUT_UNCLOSED, "1 [ 2 ", ""},
-        {"opened twice", "[ 1 [ ]", 0, grSTRUCTURE_CUT_UNCLOSED, "[ 1 [ ] ", ""},
-        {"wrong behind a good run, which is lost", "[ 2 ] 1 ]", 0, grSTRUCTURE_CUT_NO_START, "1 ] ", ""},
-        {"wrong in a call", "1 [ ] ( ] )", 1, grSTRUCTURE_CUT_NO_START, "1 ( ] ) ", ""},
-        {"calls of a faulty structure stay", "( [ ] ) [", 1, grSTRUCTURE_CUT_UNCLOSED, "( [ ] ) [ ", ""},
-    };
-    for (const auto& c : cases)
-    {
-        SCOPED_TRACE(c.name);
-        tsStructures structures(c.text);
+        SCOPED_TRACE(row[0]);
+        tsStructures structures(row[1]);
         Slices slices;
-        EXPECT_EQ(grStructureCutPaste::cut(&structures.root(), 5, 6, c.recursive, slices.list), c.status);
-        EXPECT_EQ(structures.text_of(structures.root()), c.left);
+        std::ostringstream status;
+        status << grStructureCutPaste::cut(&structures.root(), 5, 6, std::stoi(row[2]), slices.list);
+        EXPECT_EQ(status.str(), row[3]);
+        EXPECT_EQ(structures.text_of(structures.root()), row[4]);
         std::string text;
         for (const grStructureSlice* slice : slices.list)
         {
@@ -63,11 +39,11 @@ TEST(grStructureCutPaste, cuts_runs_and_puts_them_back)
                 text += structures.word_of(*slice->cake_structure(), *slice->home_element()) + ": ";
             text += structures.text_of(*slice->slice_structure());
         }
-        EXPECT_EQ(text, c.slices);
+        EXPECT_EQ(text, row[5]);
         EXPECT_EQ(grStructureCutPaste::paste(slices.list), grSTRUCTURE_PASTE_OK);
-        if (c.status == grSTRUCTURE_CUT_OK)
+        if (row[3] == "grSTRUCTURE_CUT_OK")
         {
-            EXPECT_EQ(structures.text_of(structures.root()), c.pasted ? c.pasted : c.text + std::string(" "));
+            EXPECT_EQ(structures.text_of(structures.root()), row.size() > 6 ? row[6] : row[1] + " ");
         }
     }
 }
