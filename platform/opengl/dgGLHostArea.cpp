@@ -5,6 +5,8 @@
 #include "dgGLWindow.h"
 #include "gwHostEvents.h"
 
+#include <epoxy/gl.h>
+
 #include <algorithm>
 
 UT_DEFINE_TYPE(dgGLHostArea, gwDrawingArea);
@@ -66,6 +68,14 @@ int dgGLHostArea::wants_paint() const
 void dgGLHostArea::paint(unsigned framebuffer)
 {
     the_framebuffers->blit_front_to(framebuffer, the_framebuffers->device_box());
+}
+
+void dgGLHostArea::paint()
+{
+    int bound = 0;
+    if (!device().lost())
+        glGetIntegerv(GL_DRAW_FRAMEBUFFER_BINDING, &bound);
+    paint(static_cast<unsigned>(bound));
 }
 
 void dgGLHostArea::read(dgImage& image)

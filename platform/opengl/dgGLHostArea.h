@@ -54,6 +54,8 @@ public:
 
     /// Copies the picture into a framebuffer of the host, into its lower left corner; 0 is that of the window system.
     void paint(unsigned framebuffer);
+    /// The same into the framebuffer that is bound for drawing.
+    void paint();
 
     /// Reads the picture, for hosts that can take it in no other way.
     void read(dgImage& image);
