@@ -1,15 +1,10 @@
 // Picking: what a view shows in an aperture, and not more.
-#include "dgClientStructure.h"
+#include "dgNetworkWalk.h"
 #include "dgPickAperture.h"
 #include "dgPickResult.h"
-#include "dgPolyline.h"
-#include "dgRenderer.h"
-#include "dgStructureCall.h"
 #include "dgTraceWindow.h"
-#include "dgTransform.h"
-#include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "giTriBlock.h"
+#include "tsRandomNetwork.h"
 
 #include <gtest/gtest.h>
 
@@ -136,4 +131,64 @@ TEST(dgPicker, finds_each_place_and_heeds_the_settings)
     scene.renderer.pick_settings({0, 1, 0});
     EXPECT_EQ(scene.picked(middle), 2);
     scene.root->clear(); // breaks the circle of references
+}
+
+// Picks in random networks, beside picks of each triangle, line and point alone.
+TEST(dgPicker, finds_in_any_network_what_it_finds_in_its_pieces)
+{
+    Scene scene;
+    const auto met_alone = [&](const dgGraphicalElement& element, const giXform3& to_world, const giBox2& aperture)
+    {
+        const auto met = [&](dgGraphicalElement* piece)
+        {
+            const dgRef<dgStructure> alone(new dgClientStructure);
+            alone->add(new dgWorldTransform(to_world));
+            alone->add(piece);
+            scene.view.root(alone.get());
+            return scene.picked(aperture) > 0;
+        };
+        const auto* block = dgTriangleBlock::ut_dynamic_cast(&element);
+        if (!block)
+            return met(const_cast<dgGraphicalElement*>(&element));
+        const auto& nodes = block->block().nodes();
+        const auto& triangles = block->block().triangles();
+        return std::any_of(triangles.begin(), triangles.end(),
+                           [&](const giTriangle& t) {
+                               return met(shape({nodes[t[0]], nodes[t[1]], nodes[t[2]]}));
+                           });
+    };
+    int found = 0;
+    for (unsigned number = 0; number < 60; ++number)
+    {
+        tsRandomNetwork random(number);
+        for (int i = 0; i < 4; ++i)
+        {
+            dgCamera& camera = scene.view.camera();
+            camera.projection(random.whole(0, 1) ? dgPROJECTION_PERSPECTIVE : dgPROJECTION_PARALLEL);
+            camera.orientation(random.point(), random.point().vector(), {0.1, 1, 0.2});
+            camera.projection_reference_point({0, 0, random.real(0.5, 20)});
+            camera.view_window(giBox2(-4, -4, 4, 4));
+            camera.front_back_plane(random.real(0, 9), random.real(-9, 0));
+            const int x = random.whole(0, 80), y = random.whole(0, 80);
+            const giBox2 aperture(x, y, x + random.whole(0, 20), y + random.whole(0, 20));
+            scene.view.user_clip_planes(1);
+            std::vector<const dgBase*> expected;
+            dg_walk_placed(*random.root(),
+                           [&](const dgGraphicalElement& element, const giXform3& to_world)
+                           {
+                               if (element.kind() == dgELEMENT_PRIMITIVE && met_alone(element, to_world, aperture))
+                                   expected.push_back(&element);
+                               return true;
+                           });
+            scene.view.root(random.root());
+            dgPickResult* result = scene.view.pick_all(dgPickAperture(aperture));
+            EXPECT_EQ(std::vector<const dgBase*>(result->elements().begin(), result->elements().end()), expected)
+                << number << " " << i;
+            found += result->count();
+            result->release();
+            for (int edits = random.whole(0, 3); edits > 0; --edits)
+                random.edit();
+        }
+    }
+    EXPECT_GT(found, 100);
 }

@@ -1,13 +1,20 @@
 #include "dgPicker.h"
 
+#include "dgCompiledStructure.h"
+#include "dgFeatureTree.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgNetworkWalk.h"
 #include "dgPickAperture.h"
 #include "dgPickResult.h"
+#include "dgPrimitiveRun.h"
+#include "dgRunBounds.h"
+#include "dgStepTree.h"
+#include "dgViewVolume.h"
 #include "giBox3.h"
-#include "giTriangle.h"
 
 #include <algorithm>
+#include <memory>
+#include <numeric>
 #include <utility>
 
 namespace
@@ -84,22 +91,103 @@ dgPicker::dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPic
       the_mode(mode), the_settings(settings), the_result(result)
 {
     camera.shown_depths(the_front, the_back);
+    // Whatever meets the aperture is shown no farther from it than this.
+    constexpr double slack = 0.01; // pixels
+    const giBox2& port = camera.view_port_dc();
+    const auto share = [](double place, double low, double high)
+    { return (2 * place - low - high) / (high - low + 1); };
+    giBox2 box = the_box;
+    box.grow(slack);
+    the_part = giBox2(
+        share(box.low().x(), port.low().x(), port.high().x()), share(box.low().y(), port.low().y(), port.high().y()),
+        share(box.high().x(), port.low().x(), port.high().x()), share(box.high().y(), port.low().y(), port.high().y()));
+    the_projection = camera.projection_transform();
+}
+
+// Meets the steps of a structure that lie about the aperture, in drawing order.
+class dgPicker::Cursor
+{
+public:
+    using Item = const dgCompiledStructure::Step*;
+
+    Cursor(const dgStructure& structure, Walk& walk);
+
+    Item next();
+    static const dgGraphicalElement* element(Item step) { return step->element; }
+
+private:
+    Walk* the_walk;
+    const std::vector<dgCompiledStructure::Step>* the_steps;
+    std::shared_ptr<const dgStepTree> the_tree;
+    std::vector<int> the_leaves;
+    std::size_t the_next = 0;
+};
+
+class dgPicker::Walk : public dgNetworkVisitor<Cursor>
+{
+public:
+    explicit Walk(dgPicker& picker) : the_picker(picker) {}
+
+    bool enter(const dgStructure&)
+    {
+        the_transforms.push_back(the_transform);
+        return true;
+    }
+    Cursor cursor(const dgStructure& structure) { return Cursor(structure, *this); }
+    bool visit(const dgCompiledStructure::Step* step)
+    {
+        if (step->run)
+            the_picker.pick_in(*step->run, the_transform);
+        return !the_picker.full();
+    }
+    void leave(const dgStructure&) { the_transforms.pop_back(); }
+
+private:
+    friend class dgPicker::Cursor;
+    dgPicker& the_picker;
+    std::vector<giXform3> the_transforms; // to world space, of the structures under way
+    giXform3 the_transform;               // of the step that was met last
+};
+
+dgPicker::Cursor::Cursor(const dgStructure& structure, Walk& walk) : the_walk(&walk)
+{
+    const giXform3& to_world = walk.the_transforms.back();
+    const dgBounds& bounds = structure.bounds();
+    const dgCompiledStructure& form = structure.compiled();
+    the_steps = &form.steps();
+    the_tree = form.tree();
+    if (bounds.world && !(to_world == giXform3()))
+    {
+        the_leaves.resize(static_cast<std::size_t>(the_tree->drawing_steps()));
+        std::iota(the_leaves.begin(), the_leaves.end(), 0);
+        return;
+    }
+    dgPicker& picker = walk.the_picker;
+    const giXform3 to_view = to_world * picker.the_camera.orientation();
+    const dgViewVolume volume = picker.volume(to_view);
+    the_tree->tree().find([&](const giBox3& box) { return picker.look(box, to_view, volume); },
+                          [&](int leaf, bool) { the_leaves.push_back(leaf); });
+    the_leaves.insert(the_leaves.end(), the_tree->vague_leaves().begin(), the_tree->vague_leaves().end());
+    std::sort(the_leaves.begin(), the_leaves.end());
+    the_leaves.erase(std::unique(the_leaves.begin(), the_leaves.end()), the_leaves.end());
+}
+
+dgPicker::Cursor::Item dgPicker::Cursor::next()
+{
+    if (the_next == the_leaves.size())
+        return nullptr;
+    const int leaf = the_leaves[the_next++];
+    bool world = false;
+    const giXform3 placement = the_tree->placement(leaf, world);
+    the_walk->the_transform = world ? placement : placement * the_walk->the_transforms.back();
+    return &(*the_steps)[static_cast<std::size_t>(the_tree->step(leaf))];
 }
 
 void dgPicker::pick(const dgStructure& root)
 {
     if (the_box.low().x() > the_box.high().x() || the_box.low().y() > the_box.high().y())
         return;
-    dg_walk_placed(root,
-                   [this](const dgGraphicalElement& element, const giXform3& to_world)
-                   {
-                       if (element.kind() != dgELEMENT_PRIMITIVE)
-                           return true;
-                       const auto& primitive = static_cast<const dgGraphicalPrimitive&>(element);
-                       if (picks(primitive, to_world))
-                           the_result.add(const_cast<dgGraphicalPrimitive*>(&primitive));
-                       return !full();
-                   });
+    dg_walk_network(root, Walk(*this));
 }
 
 bool dgPicker::full() const
@@ -107,36 +195,89 @@ bool dgPicker::full() const
     return the_settings.largest_count > 0 && the_result.count() >= the_settings.largest_count;
 }
 
-bool dgPicker::picks(const dgGraphicalPrimitive& primitive, const giXform3& to_world)
+void dgPicker::pick_in(const dgPrimitiveRun& run, const giXform3& to_world)
+{
+    const giXform3 to_view = to_world * the_camera.orientation();
+    const dgViewVolume volume = this->volume(to_view);
+    const dgRunBounds& bounds = run.bounds();
+    the_groups.clear();
+    bounds.tree().find([&](const giBox3& box) { return look(box, to_view, volume); },
+                       [&](int group, bool) { the_groups.push_back(group); });
+    std::sort(the_groups.begin(), the_groups.end());
+    for (const int group : the_groups)
+        for (int i = bounds.first_primitive(group); i < bounds.end_primitive(group) && !full(); ++i)
+        {
+            const dgGraphicalPrimitive* primitive = run.primitives[static_cast<std::size_t>(i)];
+            if (picks(*primitive, to_view, volume))
+                the_result.add(const_cast<dgGraphicalPrimitive*>(primitive));
+        }
+}
+
+bool dgPicker::picks(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume)
 {
     const dgGeometry geometry = primitive.geometry();
     const int surface = geometry.topology == dgTOPOLOGY_TRIANGLES;
     if (surface ? !the_settings.surfaces : !the_settings.lines)
         return false;
     const giBox3 box = primitive.bounding_box();
-    if (box.empty() || !box_meets(box, to_world))
+    if (box.empty())
         return false;
-    return the_mode != dgPICK_EXACT || !geometry.points || features_meet(geometry, to_world);
+    if (the_mode != dgPICK_EXACT || !geometry.points)
+        return shown_part(box, to_view).overlap(the_box);
+    return look(box, to_view, volume) != dgBOX_OUTSIDE && features_meet(primitive, geometry, to_view, volume);
 }
 
-// Whether the rectangle that holds the shown part of a box meets the aperture.
-bool dgPicker::box_meets(const giBox3& box, const giXform3& to_world)
+dgViewVolume dgPicker::volume(const giXform3& to_view) const
 {
+    return dgViewVolume(to_view * the_projection, the_part, true);
+}
+
+// Whether a box may hold something that is picked. Rounding must not part it from what is in it.
+dgBoxTest dgPicker::look(const giBox3& box, const giXform3& to_view, const dgViewVolume& volume)
+{
+    if (the_mode == dgPICK_EXACT)
+        return volume.test(box);
+    constexpr double slack = 0.01; // pixels
+    giBox2 shown = shown_part(box, to_view);
+    shown.grow(slack);
+    return shown.overlap(the_box) ? dgBOX_PARTLY : dgBOX_OUTSIDE;
+}
+
+// The rectangle that holds the shown part of a box, in device pixels.
+giBox2 dgPicker::shown_part(const giBox3& box, const giXform3& to_view)
+{
+    giBox2 shown;
+    const auto merge = [&](const giPoint3& point)
+    {
+        const Point found = device(point);
+        shown.merge(giPoint2(found.x, found.y));
+    };
+    giPoint3 corners[8];
+    bool whole = true;
+    for (int corner = 0; corner < 8; ++corner)
+    {
+        corners[corner] = box.corner(corner) * to_view;
+        whole &= corners[corner].z() <= the_front && corners[corner].z() >= the_back;
+    }
+    if (whole)
+    {
+        for (const giPoint3& corner : corners)
+            merge(corner);
+        return shown;
+    }
     // The shown part is the hull of the corners between the planes and of where the edges go through these.
-    std::vector<Point> shown;
     for (int corner = 0; corner < 8; ++corner)
         for (int bit = 1; bit < 8; bit *= 2)
         {
             if (corner & bit)
                 continue;
-            the_shown_part = {box.corner(corner) * to_world * the_camera.orientation(),
-                              box.corner(corner | bit) * to_world * the_camera.orientation()};
+            the_shown_part = {corners[corner], corners[corner | bit]};
             clip(the_shown_part, the_front, 1);
             clip(the_shown_part, the_back, -1);
             for (const giPoint3& point : the_shown_part)
-                shown.push_back(device(point));
+                merge(point);
         }
-    return !shown.empty() && bounds_meet(shown.data(), static_cast<int>(shown.size()), the_box);
+    return shown;
 }
 
 dgPicker::Point dgPicker::device(const giPoint3& point_view) const
@@ -146,36 +287,35 @@ dgPicker::Point dgPicker::device(const giPoint3& point_view) const
     return {found.x(), found.y()};
 }
 
-bool dgPicker::features_meet(const dgGeometry& geometry, const giXform3& to_world)
+bool dgPicker::features_meet(const dgGraphicalPrimitive& primitive, const dgGeometry& geometry, const giXform3& to_view,
+                             const dgViewVolume& volume)
 {
-    const giXform3 to_view = to_world * the_camera.orientation();
-    the_points_view.clear();
-    the_points_view.reserve(static_cast<std::size_t>(geometry.npoints));
-    for (int i = 0; i < geometry.npoints; ++i)
-        the_points_view.push_back(geometry.points[i] * to_view);
-    const auto n_points = static_cast<unsigned>(geometry.npoints);
-    for (int i = 0; i < geometry.nfeatures; ++i)
+    if (geometry.nfeatures < dgFeatureTree::least_features)
     {
-        giPoint3 corners[3];
-        int n = 0;
-        if (geometry.topology == dgTOPOLOGY_TRIANGLES)
-        {
-            for (; n < 3; ++n)
-            {
-                const auto node = static_cast<unsigned>(geometry.triangles[i][n]);
-                corners[n] = the_points_view[node < n_points ? node : 0];
-            }
-        }
-        else
-        {
-            corners[n++] = the_points_view[static_cast<std::size_t>(i)];
-            if (geometry.topology == dgTOPOLOGY_LINES)
-                corners[n++] = the_points_view[static_cast<std::size_t>(i) + 1];
-        }
-        if (meets(corners, n))
-            return true;
+        for (int i = 0; i < geometry.nfeatures; ++i)
+            if (feature_meets(geometry, i, to_view))
+                return true;
+        return false;
     }
-    return false;
+    const dgFeatureTree& features = primitive.feature_tree();
+    bool found = false;
+    features.tree().find([&](const giBox3& box) { return found ? dgBOX_OUTSIDE : look(box, to_view, volume); },
+                         [&](int group, bool)
+                         {
+                             for (const unsigned feature : features.features(group))
+                                 found = found || feature_meets(geometry, static_cast<int>(feature), to_view);
+                         });
+    return found;
+}
+
+bool dgPicker::feature_meets(const dgGeometry& geometry, int feature, const giXform3& to_view)
+{
+    int points[3];
+    const int n = dg_feature_points(geometry, feature, points);
+    giPoint3 corners[3];
+    for (int i = 0; i < n; ++i)
+        corners[i] = geometry.points[points[i]] * to_view;
+    return meets(corners, n);
 }
 
 // Whether the shown part of a point, a segment or a triangle meets the aperture.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dgBoxTree.h"
 #include "dgCamera.h"
 #include "dgExport.h"
 #include "dgPickSettings.h"
@@ -10,11 +11,14 @@ class dgGraphicalPrimitive;
 class dgPickAperture;
 class dgPickResult;
 class dgStructure;
+class dgViewVolume;
 class giBox3;
 struct dgGeometry;
+struct dgPrimitiveRun;
 
 /// Finds the primitives of a network that a camera shows in an aperture: between its clipping planes, before its eye
-/// and inside its viewport. What hides them makes no difference.
+/// and inside its viewport. What hides them makes no difference. It looks into what lies about the aperture alone, by
+/// the boxes that structures, runs and large primitives keep; those of the last are made when they are first needed.
 class DG_EXPORT dgPicker
 {
 public:
@@ -32,22 +36,32 @@ public:
     };
 
 private:
+    class Walk;
+    class Cursor;
     bool full() const;
-    bool picks(const dgGraphicalPrimitive& primitive, const giXform3& to_world);
-    bool box_meets(const giBox3& box, const giXform3& to_world);
-    bool features_meet(const dgGeometry& geometry, const giXform3& to_world);
+    void pick_in(const dgPrimitiveRun& run, const giXform3& to_world);
+    bool picks(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume);
+    giBox2 shown_part(const giBox3& box, const giXform3& to_view);
+    dgViewVolume volume(const giXform3& to_view) const;
+    dgBoxTest look(const giBox3& box, const giXform3& to_view, const dgViewVolume& volume);
+    bool box_meets(const giBox3& box, const giXform3& to_view);
+    bool features_meet(const dgGraphicalPrimitive& primitive, const dgGeometry& geometry, const giXform3& to_view,
+                       const dgViewVolume& volume);
+    bool feature_meets(const dgGeometry& geometry, int feature, const giXform3& to_view);
     Point device(const giPoint3& point_view) const;
     bool meets(const giPoint3* corners_view, int n);
 
     const dgCamera& the_camera;
     double the_front, the_back; // view z between which something is shown
     giBox2 the_box;             // device pixels
-    Point the_corners[4];       // of the box
+    giBox2 the_part;            // the same in the cube that the projection leads to
+    giXform3 the_projection;
+    Point the_corners[4]; // of the box
     dgPickMode the_mode;
     const dgPickSettings& the_settings;
     dgPickResult& the_result;
 
     // Kept from one primitive to the next.
-    std::vector<giPoint3> the_points_view;
+    std::vector<int> the_groups;
     std::vector<giPoint3> the_shown_part;
 };

@@ -1,5 +1,6 @@
 #include "dgViewVolume.h"
 
+#include "giBox2.h"
 #include "giXform3.h"
 
 #include <algorithm>
@@ -17,13 +18,20 @@ constexpr double outline_pixels = 2;
 dgViewVolume::dgViewVolume(const giXform3& to_clip, double reach, double width, double height, bool depths)
 {
     const double pixels = 2 * (reach + outline_pixels);
-    for (const double sign : {-1.0, 1.0})
-    {
-        add(to_clip, 0, sign, 1 + pixels / std::max(width, 1.0));
-        add(to_clip, 1, sign, 1 + pixels / std::max(height, 1.0));
-        if (depths)
-            add(to_clip, 2, sign, 1);
-    }
+    const double x = 1 + pixels / std::max(width, 1.0), y = 1 + pixels / std::max(height, 1.0);
+    *this = dgViewVolume(to_clip, giBox2(-x, -y, x, y), depths);
+}
+
+dgViewVolume::dgViewVolume(const giXform3& to_clip, const giBox2& part, bool depths)
+{
+    add(to_clip, 0, 1, -part.low().x());
+    add(to_clip, 0, -1, part.high().x());
+    add(to_clip, 1, 1, -part.low().y());
+    add(to_clip, 1, -1, part.high().y());
+    if (!depths)
+        return;
+    add(to_clip, 2, 1, 1);
+    add(to_clip, 2, -1, 1);
 }
 
 // The points with limit * w + sign * (x, y or z) >= 0.

@@ -3,6 +3,7 @@
 #include "dgBoxTree.h"
 #include "dgExport.h"
 
+class giBox2;
 class giXform3;
 
 /// The part of space that a camera shows, in the coordinates of one place of a network. It is taken a little larger
@@ -14,6 +15,9 @@ public:
     /// than it tells something may be drawn, width and height are the viewport's. Without depths, what lies beyond the
     /// clipping planes is not outside.
     dgViewVolume(const giXform3& to_clip, double reach, double width, double height, bool depths);
+
+    /// The part that is shown in a box on the cube, whose sides are at -1 and 1.
+    dgViewVolume(const giXform3& to_clip, const giBox2& part, bool depths);
 
     /// How a box lies to the volume; dgBOX_PARTLY for one with coordinates that are no numbers.
     dgBoxTest test(const giBox3& box) const;

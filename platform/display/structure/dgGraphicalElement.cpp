@@ -31,5 +31,6 @@ void dgGraphicalElement::print(std::ostream& os) const
 void dgGraphicalElement::changed()
 {
     the_stamp = dg_next_stamp();
+    forget();
     the_holders.for_each([this](dgStructure& holder) { holder.element_changed(*this); });
 }

@@ -73,6 +73,9 @@ protected:
     /// To be called after every change in place; tells the structures that hold the element.
     void changed();
 
+    /// Drops what was found out about the contents before a change.
+    virtual void forget() {}
+
 private:
     unsigned char the_kind;
     unsigned char the_type;

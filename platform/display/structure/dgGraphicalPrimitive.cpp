@@ -1,5 +1,6 @@
 #include "dgGraphicalPrimitive.h"
 
+#include "dgFeatureTree.h"
 #include "dgGeometryListener.h"
 #include "dgRenderer.h"
 #include "giBox3.h"
@@ -22,6 +23,10 @@ GeometryIds& geometry_ids()
     return *ids;
 }
 }
+
+dgGraphicalPrimitive::dgGraphicalPrimitive(int type) : dgGraphicalElement(dgELEMENT_PRIMITIVE, type) {}
+
+dgGraphicalPrimitive::dgGraphicalPrimitive(const dgGraphicalPrimitive& other) : dgGraphicalElement(other) {}
 
 dgGraphicalPrimitive::~dgGraphicalPrimitive()
 {
@@ -46,6 +51,18 @@ unsigned dgGraphicalPrimitive::geometry_id() const
         ids.free.pop_back();
     }
     return the_geometry_id;
+}
+
+const dgFeatureTree& dgGraphicalPrimitive::feature_tree() const
+{
+    if (!the_feature_tree)
+        the_feature_tree = std::make_unique<dgFeatureTree>(geometry());
+    return *the_feature_tree;
+}
+
+void dgGraphicalPrimitive::forget()
+{
+    the_feature_tree.reset();
 }
 
 giBox3 dgGraphicalPrimitive::bounding_box() const

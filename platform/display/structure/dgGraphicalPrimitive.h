@@ -3,6 +3,10 @@
 #include "dgGeometry.h"
 #include "dgGraphicalElement.h"
 
+#include <memory>
+
+class dgFeatureTree;
+
 /// An element that is drawn.
 class DG_EXPORT dgGraphicalPrimitive : public dgGraphicalElement
 {
@@ -27,6 +31,9 @@ public:
     /// their copies of the geometry under it.
     unsigned geometry_id() const;
 
+    /// Where its features lie; made when first asked for after a change. For those of dgFeatureTree::least_features.
+    const dgFeatureTree& feature_tree() const;
+
     /// Of all points of the geometry.
     giBox3 bounding_box() const override;
 
@@ -36,9 +43,11 @@ public:
     UT_DECLARE_TYPE(dgGraphicalPrimitive, dgGraphicalElement);
 
 protected:
-    explicit dgGraphicalPrimitive(int type) : dgGraphicalElement(dgELEMENT_PRIMITIVE, type) {}
-    dgGraphicalPrimitive(const dgGraphicalPrimitive& other) : dgGraphicalElement(other) {}
+    explicit dgGraphicalPrimitive(int type);
+    dgGraphicalPrimitive(const dgGraphicalPrimitive& other);
+    void forget() override;
 
 private:
     mutable unsigned the_geometry_id = 0; // 0 until first asked for
+    mutable std::unique_ptr<dgFeatureTree> the_feature_tree;
 };

@@ -8,7 +8,7 @@
 namespace
 {
 // A group ends behind so many features or primitives.
-constexpr int group_features = 64, group_primitives = 16;
+constexpr int group_features = 64, group_primitives = 4;
 }
 
 dgRunBounds::dgRunBounds(const dgPrimitiveRun& run)
