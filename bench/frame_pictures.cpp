@@ -1,10 +1,11 @@
-// Writes three pictures of a part in the middle of a drag at a fifth of the time that it takes: a thinned frame, the
-// same half way to being complete, and the final one.
+// Writes four pictures of a part in the middle of a drag at a fifth of the time that it takes: a frame of simplified
+// levels, one without them, the same half way to being complete, and the final one.
 //
 //     frame_pictures FILE FOLDER
 #include "vwModel.h"
 
 #include "dgGLDevice.h"
+#include "dgGLGeometryStore.h"
 #include "dgGLWindow.h"
 #include "dgImage.h"
 #include "dgRenderer.h"
@@ -68,6 +69,7 @@ int draw(const std::string& file, const std::string& folder, std::string& error)
     grViewRendererFast::minimum_framerate(1 / (share * full));
 
     Pictures pictures(renderer, window, folder);
+    renderer.simplified_levels(0);
     int slices = 0;
     {
         // How many idle calls complete the picture.
@@ -84,9 +86,14 @@ int draw(const std::string& file, const std::string& folder, std::string& error)
             refresher.base_idle();
         if (!pictures.keep("half-filled", error))
             return 0;
+        device->geometry().complete_levels();
+        renderer.simplified_levels(1);
+        refresher.base_refresh();
+        if (!pictures.keep("simplified", error))
+            return 0;
         refresher.base_end_twiddle();
     }
-    std::printf("%s: 3 pictures, complete after %d idle calls\n", folder.c_str(), slices);
+    std::printf("%s: 4 pictures, complete after %d idle calls\n", folder.c_str(), slices);
     return pictures.keep("final", error);
 }
 }

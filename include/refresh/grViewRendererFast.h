@@ -8,10 +8,12 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 class dgRenderer;
 class dgStructure;
 class dgView;
+class giBox2;
 class giBox3;
 class gsStructureFlattener;
 class gsStructureSlicer;
@@ -39,7 +41,8 @@ public:
     /// Whether draw_a_slice would draw.
     int slice_needed();
     /// Draws the next part of what the last frame left out into the selected buffer, which shows that frame; 0 when
-    /// nothing was left. A picture of another size, or of a network that was edited since, is started anew.
+    /// nothing was left. A picture of another size, or of a network that was edited since, is started anew. Over a
+    /// frame of simplified blocks the picture is completed in the back buffer and shown when it is complete.
     int draw_a_slice();
 
     /// Whether frames draw everything although a share was measured.
@@ -123,6 +126,9 @@ private:
     void draw_final_frame();
     void flatten();
     void calibrate();
+    void draw_share();
+    void draw_slice_in_boxes(const std::vector<giBox2>& boxes, int anew);
+    void show_completed(const std::vector<giBox2>& boxes);
     void find_bbox(dgStructure* icon);
     dgStructure* drawn_structure() const;
     void note_picture();
@@ -158,6 +164,8 @@ private:
     unsigned long long the_picture_stamp = 0;
     int the_picture_width = 0;
     int the_picture_height = 0;
+    int the_picture_simplified = 0;
+    dgRef<dgStructure> the_icon; // over it
 
     static double the_minimum_framerate;
 };

@@ -124,6 +124,8 @@ int dgGLDriver::capability(int, dgDriverCapability capability) const
 void dgGLDriver::begin()
 {
     the_device.begin_use();
+    if (!the_device.lost())
+        the_device.geometry().take_levels();
     own_modes();
 }
 
@@ -415,6 +417,30 @@ void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
     prepare(run.topology, run.has_normals);
     the_device.geometry().bind();
     draw_ranges(mode_of(run.topology), the_selected);
+}
+
+int dgGLDriver::draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen)
+{
+    flush();
+    if (the_device.lost())
+        return 0;
+    const int drawn = the_device.geometry().simplify(run, count, seen, the_selected);
+    if (the_selected.empty())
+        return drawn;
+    prepare(run.topology, run.has_normals);
+    the_device.geometry().bind();
+    draw_ranges(mode_of(run.topology), the_selected);
+    return drawn;
+}
+
+int dgGLDriver::simplifies() const
+{
+    return the_device.geometry().any_levels();
+}
+
+void dgGLDriver::show_back_buffer(const giBox2& device_box)
+{
+    the_window.show_back(device_box);
 }
 
 // What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.

@@ -36,6 +36,9 @@ public:
     void draw_run(const dgPrimitiveRun& run) override;
     void prepare_run(const dgPrimitiveRun& run) override;
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) override;
+    int draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen) override;
+    int simplifies() const override;
+    void show_back_buffer(const giBox2& device_box) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;

@@ -1,6 +1,7 @@
 #include "dgGLGeometryStore.h"
 
 #include "dgGLArena.h"
+#include "dgGLLevels.h"
 #include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgPrimitiveRun.h"
@@ -40,20 +41,30 @@ std::uint32_t packed(const giVector3& normal)
     return bits(normal.x()) | bits(normal.y()) << 10 | bits(normal.z()) << 20;
 }
 
+// Calls work(first, end) for each piece of spans, which follow on each other, from one feature up to another.
+template <class Work>
+void each_between(const std::vector<dgFeatureSpan>& spans, int first, int end, Work work)
+{
+    auto span =
+        std::partition_point(spans.begin(), spans.end(),
+                             [first](const dgFeatureSpan& before) { return before.first + before.count <= first; });
+    for (; span != spans.end() && span->first < end; ++span)
+        work(std::max(span->first, first), std::min(span->first + span->count, end));
+}
+
+int features_between(const std::vector<dgFeatureSpan>& spans, int first, int end)
+{
+    int count = 0;
+    each_between(spans, first, end, [&count](int low, int high) { count += high - low; });
+    return count;
+}
+
 // A number that no other store has had, so that what a run keeps from a store long gone is never taken for its own.
 unsigned long long next_generation()
 {
     static unsigned long long generation = 0;
     return ++generation;
 }
-
-class RunCache : public dgRunCache
-{
-public:
-    unsigned long long run_stamp = 0;
-    unsigned long long generation = 0;
-    dgGLIndexRanges ranges;
-};
 
 unsigned vertices_per_feature(dgTopology topology)
 {
@@ -67,6 +78,21 @@ unsigned vertices_per_feature(dgTopology topology)
     return 1;
 }
 }
+
+class dgGLGeometryStore::RunCache : public dgRunCache
+{
+public:
+    struct Heavy
+    {
+        const dgGraphicalPrimitive* block;
+        int first; // triangle of the run
+        int triangles;
+    };
+    unsigned long long run_stamp = 0;
+    unsigned long long generation = 0;
+    dgGLIndexRanges ranges;
+    std::vector<Heavy> heavy; // blocks that may have levels
+};
 
 struct dgGLGeometryStore::Buffers
 {
@@ -121,7 +147,9 @@ private:
     unsigned char* the_items = the_room.get();
 };
 
-dgGLGeometryStore::dgGLGeometryStore() : the_buffers(std::make_unique<Buffers>()), the_generation(next_generation())
+dgGLGeometryStore::dgGLGeometryStore()
+    : the_buffers(std::make_unique<Buffers>()), the_levels(std::make_unique<dgGLLevels>(the_buffers->indices)),
+      the_generation(next_generation())
 {
     glGenVertexArrays(1, &the_buffers->vertex_array);
 }
@@ -159,9 +187,14 @@ const dgGLGeometryStore::Record& dgGLGeometryStore::store(const dgGraphicalPrimi
 
 const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
 {
+    return stored(run).ranges;
+}
+
+dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run)
+{
     auto* cache = run.cache_owner == this ? static_cast<RunCache*>(run.cache.get()) : nullptr;
     if (cache && cache->generation == the_generation && cache->run_stamp == run.stamp)
-        return cache->ranges;
+        return *cache;
     if (!cache)
     {
         auto made = std::make_unique<RunCache>();
@@ -172,8 +205,10 @@ const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
     }
     reserve(run);
     cache->ranges.clear();
+    cache->heavy.clear();
     {
         std::unique_ptr<Upload> vertices, indices;
+        int triangle = 0;
         for (const dgGraphicalPrimitive* primitive : run.primitives)
         {
             Record& record = record_of(*primitive);
@@ -188,19 +223,30 @@ const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
             }
             if (record.index_count)
                 cache->ranges.add(record.first_index, record.index_count);
+            if (run.topology != dgTOPOLOGY_TRIANGLES)
+                continue;
+            const auto triangles = static_cast<int>(record.index_count / 3);
+            if (record.index_count / 3 >= dgGLLevels::least_in_block)
+                cache->heavy.push_back({primitive, triangle, triangles});
+            triangle += triangles;
         }
     }
     cache->generation = the_generation;
     cache->run_stamp = run.stamp;
-    return cache->ranges;
+    return *cache;
 }
 
 void dgGLGeometryStore::store(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans,
                               dgGLIndexRanges& ranges)
 {
     ranges.clear();
-    const dgGLIndexRanges& all = store(run);
-    const auto scale = static_cast<std::uint64_t>(vertices_per_feature(run.topology));
+    add_spans(store(run), run.topology, spans, ranges);
+}
+
+void dgGLGeometryStore::add_spans(const dgGLIndexRanges& all, dgTopology topology,
+                                  const std::vector<dgFeatureSpan>& spans, dgGLIndexRanges& ranges) const
+{
+    const auto scale = static_cast<std::uint64_t>(vertices_per_feature(topology));
     std::size_t piece = 0;
     std::uint64_t start = 0; // of the piece, in indices from the start of the run
     for (const dgFeatureSpan& span : spans)
@@ -222,6 +268,92 @@ void dgGLGeometryStore::store(const dgPrimitiveRun& run, const std::vector<dgFea
             low = end;
         }
     }
+}
+
+int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const std::vector<dgFeatureSpan>& seen,
+                                dgGLIndexRanges& ranges)
+{
+    ranges.clear();
+    if (run.topology != dgTOPOLOGY_TRIANGLES || !the_levels->on())
+        return 0;
+    const RunCache& cache = stored(run);
+    for (const RunCache::Heavy& heavy : cache.heavy)
+        the_levels->make_when_at_rest(heavy.block->geometry_id(), heavy.block->stamp(), heavy.block->geometry());
+    if (cache.heavy.empty() || !the_levels->any())
+        return 0;
+
+    const dgRunSampling& sampling = run.sampling();
+    const double share = static_cast<double>(triangles) / std::max(sampling.features(), 1);
+    the_sample.clear();
+    sampling.sample(0, triangles, the_sample);
+    the_exact.clear();
+    const auto add_exact = [this](int first, int end) { the_exact.push_back({first, end - first}); };
+    // What is due of the sample counts in full, be it seen or not.
+    const auto add_sample = [&](int first, int end)
+    {
+        each_between(the_sample, first, end, [&](int low, int high) { each_between(seen, low, high, add_exact); });
+        return features_between(the_sample, first, end);
+    };
+    int used = 0;
+    int simplified = 0;
+    double carry = 0; // what the steps between levels leave to the next block
+    int done = 0;     // triangles of the run
+    for (const RunCache::Heavy& heavy : cache.heavy)
+    {
+        const int end = heavy.first + heavy.triangles;
+        used += add_sample(done, heavy.first);
+        const unsigned id = heavy.block->geometry_id();
+        const double wanted = share * heavy.triangles + carry;
+        const int in_view = features_between(seen, heavy.first, end);
+        int part = 0;
+        if (the_levels->has(id) && in_view <= wanted)
+        {
+            // What is seen of it fits as it is. A block out of view leaves nothing to others, so that turning it into
+            // view costs no time that they take.
+            each_between(seen, heavy.first, end, add_exact);
+            part = static_cast<int>(std::min<double>(wanted, heavy.triangles));
+            simplified = 1;
+        }
+        else if ((part = static_cast<int>(the_levels->add(id, wanted, ranges))))
+            simplified = 1;
+        else
+            part = add_sample(heavy.first, end);
+        carry = wanted - part;
+        used += part;
+        done = end;
+    }
+    if (!simplified)
+    {
+        ranges.clear();
+        return 0;
+    }
+    used += add_sample(done, sampling.features());
+    add_spans(cache.ranges, run.topology, the_exact, ranges);
+    return std::max(used, 1);
+}
+
+int dgGLGeometryStore::any_levels() const
+{
+    return the_levels->any();
+}
+
+bool dgGLGeometryStore::take_levels()
+{
+    return the_levels->take_made(
+        [this](unsigned id, unsigned long long stamp, unsigned& first_vertex)
+        {
+            if (id >= the_records.size() || the_records[id].stamp != stamp)
+                return false;
+            first_vertex = the_records[id].first_vertex;
+            return true;
+        });
+}
+
+void dgGLGeometryStore::complete_levels()
+{
+    the_levels->wait();
+    while (take_levels())
+        ;
 }
 
 void dgGLGeometryStore::bind() const
@@ -246,8 +378,10 @@ std::size_t dgGLGeometryStore::bytes_used() const
 
 void dgGLGeometryStore::geometry_released(unsigned geometry_id)
 {
-    if (geometry_id < the_records.size())
-        free_ranges(the_records[geometry_id]);
+    if (geometry_id >= the_records.size())
+        return;
+    the_levels->forget(geometry_id);
+    free_ranges(the_records[geometry_id]);
 }
 
 void dgGLGeometryStore::reserve(const dgPrimitiveRun& run)
@@ -297,6 +431,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
     const auto npoints = static_cast<unsigned>(geometry.npoints);
     const auto nfeatures = static_cast<unsigned>(geometry.nfeatures);
     const unsigned nindices = nfeatures * vertices_per_feature(geometry.topology);
+    const bool copied_before = record.stamp != 0;
     if (record.vertex_count != npoints || record.index_count != nindices)
     {
         free_ranges(record);
@@ -308,6 +443,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         record.index_count = nindices;
     }
     record.stamp = primitive.stamp();
+    the_levels->forget(primitive.geometry_id());
 
     vertices.move_to(record.first_vertex);
     for (unsigned i = 0; i < npoints; ++i)
@@ -360,6 +496,9 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
                 else
                     add(triangle);
         }
+        the_triangles += nfeatures;
+        if (!copied_before && nfeatures >= dgGLLevels::least_in_block && the_triangles >= dgGLLevels::least_in_store)
+            the_levels->make(primitive.geometry_id(), record.stamp, geometry);
         break;
     }
 }

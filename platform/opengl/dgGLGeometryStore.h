@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgGLIndexRanges.h"
+#include "dgGeometry.h"
 #include "dgGeometryListener.h"
 #include "dgRunSampling.h"
 #include "dg_openglExport.h"
@@ -9,6 +10,7 @@
 #include <memory>
 #include <vector>
 
+class dgGLLevels;
 class dgGraphicalPrimitive;
 struct dgPrimitiveRun;
 
@@ -50,6 +52,22 @@ public:
     /// Sets ranges to those of some features of a run, which are copied first where they have changed.
     void store(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans, dgGLIndexRanges& ranges);
 
+    /// Sets ranges to the run drawn with about so many triangles in all: by the simplified levels of its heavy blocks
+    /// as far as there are any, and by what is due of a sample of the rest; what is not in the spans of seen may be
+    /// left out. Answers the number of triangles used up, 0 when no block has levels.
+    int simplify(const dgPrimitiveRun& run, int triangles, const std::vector<dgFeatureSpan>& seen,
+                 dgGLIndexRanges& ranges);
+
+    /// Whether any block has simplified levels.
+    int any_levels() const;
+
+    /// Takes over levels that have been made since, some at a time; for the beginning of a drawing. False when there
+    /// were none.
+    bool take_levels();
+
+    /// Waits until all levels that are under way are made, and takes them over.
+    void complete_levels();
+
     /// Binds the vertex array that holds both buffers.
     void bind() const;
 
@@ -65,16 +83,24 @@ public:
     void abandon();
 
 private:
+    class RunCache;
     class Upload;
     struct Buffers;
 
+    RunCache& stored(const dgPrimitiveRun& run);
+    void add_spans(const dgGLIndexRanges& all, dgTopology topology, const std::vector<dgFeatureSpan>& spans,
+                   dgGLIndexRanges& ranges) const;
     void reserve(const dgPrimitiveRun& run);
     Record& record_of(const dgGraphicalPrimitive& primitive);
     void free_ranges(Record& record);
     void copy(const dgGraphicalPrimitive& primitive, Record& record, Upload& vertices, Upload& indices);
 
     std::unique_ptr<Buffers> the_buffers;
-    std::vector<Record> the_records; // by geometry number
+    std::unique_ptr<dgGLLevels> the_levels;
+    std::vector<Record> the_records;      // by geometry number
+    unsigned long long the_triangles = 0; // copied so far
+    std::vector<dgFeatureSpan> the_sample;
+    std::vector<dgFeatureSpan> the_exact;
     unsigned long long the_generation;
     unsigned long long the_bytes_uploaded = 0;
 };

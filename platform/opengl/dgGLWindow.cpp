@@ -69,6 +69,26 @@ void discard_errors()
         continue;
 }
 
+// The pixels of a device box that a window has.
+struct Corners
+{
+    Corners(const giBox2& box, int width, int height)
+        : low_x(std::max(static_cast<int>(box.low().x()), 0)), low_y(std::max(static_cast<int>(box.low().y()), 0)),
+          end_x(std::min(static_cast<int>(box.high().x()) + 1, width)),
+          end_y(std::min(static_cast<int>(box.high().y()) + 1, height))
+    {}
+    bool empty() const { return end_x <= low_x || end_y <= low_y; }
+
+    // Copies them between the framebuffers that are bound.
+    void blit() const
+    {
+        glDisable(GL_SCISSOR_TEST);
+        glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+        glBlitFramebuffer(low_x, low_y, end_x, end_y, low_x, low_y, end_x, end_y, GL_COLOR_BUFFER_BIT, GL_NEAREST);
+    }
+    int low_x, low_y, end_x, end_y;
+};
+
 // Clears the framebuffer that is bound; false when it cannot be drawn to.
 bool cleared(float alpha)
 {
@@ -245,15 +265,25 @@ void dgGLWindow::swap()
     the_front_changed = 1;
 }
 
+void dgGLWindow::show_back(const giBox2& box)
+{
+    const Corners corners(box, the_width, the_height);
+    const dgGLDevice::Use use(*the_device);
+    if (corners.empty() || !use)
+        return;
+    the_device->modes_owner(nullptr);
+    glBindFramebuffer(GL_READ_FRAMEBUFFER, the_buffers->back.framebuffer);
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, the_buffers->front.framebuffer);
+    corners.blit();
+    the_front_changed = 1;
+}
+
 void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
 {
-    const int low_x = std::max(static_cast<int>(box.low().x()), 0);
-    const int low_y = std::max(static_cast<int>(box.low().y()), 0);
-    const int high_x = std::min(static_cast<int>(box.high().x()), the_width - 1);
-    const int high_y = std::min(static_cast<int>(box.high().y()), the_height - 1);
+    const Corners corners(box, the_width, the_height);
     the_front_changed = 0;
     the_device->modes_owner(nullptr);
-    if (high_x < low_x || high_y < low_y)
+    if (corners.empty())
         return;
     std::optional<dgGLDevice::Use> use;
     if (the_device->context().shared())
@@ -267,10 +297,7 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
     glBindFramebuffer(GL_READ_FRAMEBUFFER, framebuffer);
     glFramebufferTexture2D(GL_READ_FRAMEBUFFER, GL_COLOR_ATTACHMENT0, GL_TEXTURE_2D, the_buffers->front.texture, 0);
     glBindFramebuffer(GL_DRAW_FRAMEBUFFER, draw_framebuffer);
-    glDisable(GL_SCISSOR_TEST);
-    glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
-    glBlitFramebuffer(low_x, low_y, high_x + 1, high_y + 1, low_x, low_y, high_x + 1, high_y + 1, GL_COLOR_BUFFER_BIT,
-                      GL_NEAREST);
+    corners.blit();
     glDeleteFramebuffers(1, &framebuffer);
     if (!the_overlay_used)
         return;
@@ -281,8 +308,8 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
     for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP, GL_BLEND})
         glDisable(capability);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    the_device->programs().draw_keyed(the_buffers->overlay.texture, low_x, low_y, high_x - low_x + 1,
-                                      high_y - low_y + 1);
+    the_device->programs().draw_keyed(the_buffers->overlay.texture, corners.low_x, corners.low_y,
+                                      corners.end_x - corners.low_x, corners.end_y - corners.low_y);
     glDeleteVertexArrays(1, &vertex_array);
 }
 

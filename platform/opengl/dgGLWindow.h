@@ -48,6 +48,9 @@ public:
     /// Exchanges front and back.
     void swap();
 
+    /// Copies a device box of the back buffer to the front one.
+    void show_back(const giBox2& box);
+
     /// 1 when what is to be seen has changed since the last blit_front_to: a swap, drawing on the front buffer or on
     /// the overlay. Window back ends present then, when no event waits.
     int front_changed() const { return the_front_changed; }

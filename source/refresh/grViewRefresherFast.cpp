@@ -129,7 +129,9 @@ grIdleAction grViewRefresherFast::idle()
     if (!first || first->idle_slicing_forbidden())
         return grIDLE_DONE;
     int drawn = 0;
-    for (const auto& fast : the_fast_renderers)
+    // Those whose views the overlay callback destroys leave the refresher, but not this list.
+    const FastRenderers slicing = the_fast_renderers;
+    for (const auto& fast : slicing)
     {
         dgRenderer* renderer = renderer_of(*fast);
         if (!renderer)

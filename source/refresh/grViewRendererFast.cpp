@@ -174,6 +174,8 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
         return;
     }
     the_slicer.reset();
+    the_picture_simplified = 0;
+    the_icon.reset();
     the_frame_stamp = the_view->root()->network_stamp();
     if (the_flat && the_root.get() != the_view->root())
     {
@@ -210,19 +212,41 @@ void grViewRendererFast::draw_frame(dgStructure* icon)
     else if (the_calibrated)
     {
         find_bbox(icon);
-        gsStructureSkipper skipper(the_total_prims, the_draw_ratio);
-        const int thinned = the_draw_method == grFAST_DRAW_SHARE && !the_force_full;
-        {
-            const InstalledAction installed(*the_view->renderer(), thinned ? &skipper : nullptr);
+        if (the_draw_method == grFAST_DRAW_SHARE && !the_force_full)
+            draw_share();
+        else
             timed([this] { the_view->render_network(drawn_structure()); });
-        }
         if (debug())
             print_time("Frame time: ", the_refresh_time);
         if (icon)
             the_view->render_network_normal(*icon);
+        the_icon = dgRef<dgStructure>(icon);
     }
     else
+    {
         calibrate();
+        // A sample of blocks that have been simplified need not be seen.
+        if (the_view->renderer()->simplifies() && draws_slices() && !transparent(*the_view))
+        {
+            const double calibration_time = the_refresh_time;
+            the_view->erase(dgERASE_ZBUFFER_YES);
+            draw_share();
+            the_refresh_time = calibration_time;
+        }
+    }
+}
+
+void grViewRendererFast::draw_share()
+{
+    dgRenderer& renderer = *the_view->renderer();
+    gsStructureSkipper skipper(the_total_prims, the_draw_ratio);
+    const InstalledAction installed(renderer, &skipper);
+    // What lies under a transparent view cannot be drawn anew when its picture is completed.
+    const int simplified_levels = renderer.simplified_levels();
+    renderer.simplified_levels(simplified_levels && !transparent(*the_view));
+    timed([this] { the_view->render_network(drawn_structure()); });
+    renderer.simplified_levels(simplified_levels);
+    the_picture_simplified = skipper.simplified();
 }
 
 void grViewRendererFast::draw_final_frame()
@@ -358,22 +382,51 @@ int grViewRendererFast::draw_a_slice()
     if (boxes.empty())
         return 0;
     // Each box draws the slice again, all of them together in the time of one.
-    if (!the_slicer)
+    const int first = !the_slicer;
+    if (first)
         the_slicer = std::make_unique<gsStructureSlicer>(std::max(the_slice_prims / static_cast<int>(boxes.size()), 1));
     the_slicer->next_slice();
+    if (!the_picture_simplified)
+        draw_slice_in_boxes(boxes, stale);
+    else
+    {
+        // Where a simplified surface lies in front of the true one, it would stay.
+        dgRenderer& renderer = *the_view->renderer();
+        renderer.select_buffer(dgBACK_BUFFER);
+        draw_slice_in_boxes(boxes, first);
+        if (!the_slicer->another_slice_needed())
+            show_completed(boxes);
+        renderer.select_buffer(dgFRONT_BUFFER);
+    }
+    return 1;
+}
+
+void grViewRendererFast::draw_slice_in_boxes(const std::vector<giBox2>& boxes, int anew)
+{
     const BoxPlanes box_planes(*the_view, the_bbox);
     const InstalledAction installed(*the_view->renderer(), the_slicer.get());
     dgStructure* const structure = drawn_structure();
     gr_draw_in_boxes(*the_view, boxes,
                      [&]
                      {
-                         if (stale && !transparent(*the_view))
+                         if (anew && !transparent(*the_view))
                              the_view->erase(dgERASE_ZBUFFER_YES);
                          the_view->render_network(structure);
                      });
     // So that slices do not pile up before the next frame.
     the_view->renderer()->finish();
-    return 1;
+}
+
+// Puts what lies over frames over the completed picture too, and shows it.
+void grViewRendererFast::show_completed(const std::vector<giBox2>& boxes)
+{
+    dgRenderer& renderer = *the_view->renderer();
+    if (the_icon)
+        gr_draw_in_boxes(*the_view, boxes, [&] { the_view->render_network_normal(*the_icon); });
+    grTwiddleOverlayCallback::call_callback(*the_view);
+    for (const giBox2& box : boxes)
+        renderer.show_back_buffer(box);
+    the_picture_simplified = 0;
 }
 
 double grViewRendererFast::minimum_framerate()

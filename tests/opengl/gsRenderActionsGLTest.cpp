@@ -84,6 +84,7 @@ struct Network : Scene
         }
         add(new dgPointSet({{80, 60, 50}, {81, 60, 50}}));
         view.camera().rotate_view(gi_X_AXIS, 0.2);
+        renderer.simplified_levels(0); // they come when they are made
     }
     dgImage full()
     {

@@ -24,18 +24,21 @@ void gsStructureSkipper::start_network(dgRenderer&, const dgStructure*)
     the_carry = 0;
     the_small_carry = 0;
     the_parts = 0;
+    the_drawn = 0;
+    the_simplified = 0;
     the_spare = std::max(the_wanted / fraction_to_spare, few_to_spare);
 }
 
 void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
+    const dgRunSampling& sampling = run.sampling();
+    const int features = sampling.features();
     if (the_ratio >= 1)
     {
+        the_drawn += features;
         renderer.draw_run(run);
         return;
     }
-    const dgRunSampling& sampling = run.sampling();
-    const int features = sampling.features();
     if (!features || the_ratio <= 0)
         return;
     if (sampling.indivisible())
@@ -44,6 +47,7 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
         if (2 * the_small_carry >= features)
         {
             the_small_carry -= features;
+            the_drawn += features;
             renderer.draw_run(run);
         }
         else
@@ -52,6 +56,13 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     }
     const double share = features * the_ratio + the_carry;
     const int count = std::clamp(static_cast<int>(std::lround(share)), 1, features);
+    if (const int drawn = renderer.draw_simplified(run, count))
+    {
+        the_carry = share - drawn;
+        the_drawn += drawn;
+        the_simplified = 1;
+        return;
+    }
     the_carry = share - count;
     draw_first(renderer, run, count);
 }
@@ -72,6 +83,7 @@ void gsStructureSkipper::draw_part(dgRenderer& renderer, const dgPrimitiveRun& r
 // Draws so many features from the start of the sampling order.
 void gsStructureSkipper::draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count)
 {
+    the_drawn += count;
     the_spans.clear();
     run.sampling().sample(0, count, the_spans);
     renderer.draw_features(run, the_spans);

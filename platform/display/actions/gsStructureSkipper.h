@@ -7,13 +7,18 @@
 
 /// Draws a share of a network, spread evenly over all of its primitives and over the inside of large ones. The share is
 /// the same primitives on every drawing. Something is drawn of every run, however small the share, unless it is one of
-/// hundreds of small ones that are left out; so a part that is alone never disappears. Primitives are counted as
-/// triangles, line segments and points.
+/// hundreds of small ones that are left out; so a part that is alone never disappears. Of blocks that the driver has
+/// simplified, the whole is drawn with as many triangles as the share has. Primitives are counted as triangles, line
+/// segments and points.
 class DG_EXPORT gsStructureSkipper : public gsRenderAction
 {
 public:
     /// total is what the network has in all; ratio is the share to draw: 0 draws none, 1 all.
     gsStructureSkipper(int total, double ratio);
+
+    /// What the last drawing drew, and whether simplified blocks were among it.
+    long long prims_drawn() const { return the_drawn; }
+    int simplified() const { return the_simplified; }
 
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
@@ -28,5 +33,7 @@ private:
     double the_small_carry = 0; // the same for runs that are drawn whole or not at all
     int the_parts = 0;          // such runs of which a part was drawn
     double the_spare = 0;       // what parts may draw beyond the share
+    long long the_drawn = 0;
+    int the_simplified = 0;
     std::vector<dgFeatureSpan> the_spans;
 };

@@ -13,3 +13,15 @@ void dgDriver::gl_disable(unsigned) {}
 void dgDriver::gl_stencil_func(unsigned, int, unsigned) {}
 void dgDriver::gl_stencil_op(unsigned, unsigned, unsigned) {}
 void dgDriver::erase_area(const giBox2&, const gsColour&, dgEraseFramebuffer, dgEraseZbuffer) {}
+
+int dgDriver::draw_simplified(const dgPrimitiveRun&, int, const std::vector<dgFeatureSpan>&)
+{
+    return 0;
+}
+
+int dgDriver::simplifies() const
+{
+    return 0;
+}
+
+void dgDriver::show_back_buffer(const giBox2&) {}

@@ -88,4 +88,15 @@ public:
     /// box and nothing else.
     virtual void erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
                             dgEraseZbuffer zbuffer);
+
+    /// Draws a run as a picture of the whole of it, with count triangles for all of its features, or nearly as many: by
+    /// simplified levels of its heavy blocks. Only the spans of features in seen need to be drawn. Answers how many
+    /// triangles were used up; 0, with nothing drawn, where the driver has no such levels.
+    virtual int draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen);
+
+    /// 1 when draw_simplified draws some runs.
+    virtual int simplifies() const;
+
+    /// Copies a device box, low and high pixels included, of the back buffer's colours to the front one.
+    virtual void show_back_buffer(const giBox2& device_box);
 };

@@ -65,6 +65,11 @@ void dgRenderTargets::swap_buffers(dgDoubleBufferSwap mode)
     the_windows[0]->present();
 }
 
+void dgRenderTargets::show_back_buffer(const giBox2& device_box)
+{
+    driver()->show_back_buffer(device_box);
+}
+
 int dgRenderTargets::driver_capability(int mode, dgDriverCapability capability, int) const
 {
     return driver(0)->capability(mode, capability);

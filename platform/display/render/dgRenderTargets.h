@@ -40,6 +40,9 @@ public:
     void select_buffer(dgDoubleBuffer buffer);
     void swap_buffers(dgDoubleBufferSwap mode);
 
+    /// Copies a device box, low and high pixels included, of the back buffer's colours to the front one.
+    void show_back_buffer(const giBox2& device_box);
+
     /// 1 when a mode, or any mode for -1, has the capability. The last argument is ignored.
     int driver_capability(int mode, dgDriverCapability capability, int ignored = 0) const;
     int mode() const { return the_mode; }

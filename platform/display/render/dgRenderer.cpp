@@ -239,6 +239,24 @@ dgViewVolume dgRenderer::volume(double reach) const
                         the_port_height, driver()->cuts_at_planes());
 }
 
+int dgRenderer::draw_simplified(const dgPrimitiveRun& run, int count)
+{
+    if (!the_simplified_levels || run.topology != dgTOPOLOGY_TRIANGLES)
+        return 0;
+    const bool partly = find_seen(run);
+    if (!partly)
+        the_seen.assign(1, {0, run.sampling().features()});
+    if (the_seen.empty())
+        return simplifies() ? count : 0;
+    flush_state();
+    return driver()->draw_simplified(run, count, the_seen);
+}
+
+int dgRenderer::simplifies() const
+{
+    return the_simplified_levels && driver()->simplifies();
+}
+
 void dgRenderer::draw_structure(const dgStructure& structure)
 {
     draw_steps(structure, false);

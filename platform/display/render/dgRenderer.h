@@ -80,6 +80,11 @@ public:
     int accumulate() const { return the_accumulate; }
     void accumulate(int on) { the_accumulate = on; }
 
+    /// Whether shares of heavy blocks are drawn by simplified levels, where the driver has them; 1 by default. A sample
+    /// of the triangles is drawn otherwise.
+    int simplified_levels() const { return the_simplified_levels; }
+    void simplified_levels(int on) { the_simplified_levels = on; }
+
     /// Whether refreshers must not draw slices in idle time.
     int idle_slicing_forbidden() const { return the_idle_slicing_forbidden; }
     void idle_slicing_forbidden(int on) { the_idle_slicing_forbidden = on; }
@@ -108,6 +113,13 @@ public:
     bool culls() const { return the_culling && the_camera_known; }
     dgViewVolume volume(double reach = 0) const;
 
+    /// Draws a run by simplified levels with about count triangles; answers how many were, counting the share of what
+    /// is out of view. 0, with nothing drawn, where there are no levels or they are switched off.
+    int draw_simplified(const dgPrimitiveRun& run, int count);
+
+    /// 1 when draw_simplified draws some runs.
+    int simplifies() const;
+
     /// Draws a structure and all that it calls between begin and end, in a context of its own. A structure that is
     /// already being drawn is not entered again, so that cycles end.
     void draw_structure(const dgStructure& structure);
@@ -134,6 +146,7 @@ private:
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_depth_cueing = 0;
     int the_accumulate = 0;
+    int the_simplified_levels = 1;
     int the_idle_slicing_forbidden = 0;
     dgHLHSRMode the_hlhsr_mode = dgHLHSR_ZBUFFER;
     gsColour the_cue_colour{0, 0, 0};

@@ -1,0 +1,371 @@
+#include "dgGLSimplify.h"
+
+#include <meshoptimizer.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numeric>
+#include <unordered_set>
+#include <utility>
+
+namespace
+{
+using Index = std::uint32_t;
+using Indices = std::vector<Index>;
+
+// A patch is simplified in one piece: so many triangles at most, which takes about a twentieth of a second and bounds
+// the memory; and no fewer than the least, as its outline is kept.
+constexpr std::size_t most_in_patch = 32768, least_in_patch = 4096, enough_patches = 8;
+
+// Levels end with a few triangles, or where outlines that must be kept let too few of them go.
+constexpr std::size_t fewest_triangles = 48;
+constexpr double least_reduction = 0.8, enough_reduction = 0.65;
+constexpr float any_error = 1e10f;
+constexpr double most_along_borders = 0.15;
+
+std::size_t patch_count(std::size_t ntriangles)
+{
+    const std::size_t for_choice = std::min(enough_patches, ntriangles / least_in_patch);
+    return std::max({std::size_t(1), for_choice, (ntriangles + most_in_patch - 1) / most_in_patch});
+}
+
+class Simplifier
+{
+public:
+    explicit Simplifier(dgGLMesh mesh) : the_normals(std::move(mesh.normals)) { weld(std::move(mesh)); }
+    std::vector<dgGLLevel> levels(const std::stop_token& stop);
+
+private:
+    void weld(dgGLMesh mesh);
+    std::vector<unsigned> divide(std::size_t npatches, int pass) const;
+    Indices simplified(const std::vector<unsigned>& patch_of, std::size_t npatches, std::vector<Index>& group_starts,
+                       const std::stop_token& stop);
+    Indices coarser(const std::vector<unsigned>& patch_of, std::size_t npatches, std::vector<Index>& group_starts,
+                    const std::stop_token& stop);
+    bool borders_kept() const;
+    void sort_by_patch(const std::vector<unsigned>& patch_of, std::size_t npatches,
+                       const std::vector<Index>& group_starts, dgGLLevel& level);
+    void resolve(Indices& indices) const;
+    Index vertex_for(Index place, const float (&direction)[3]) const;
+
+    const float* position(Index place) const { return &the_positions[std::size_t(3) * place]; }
+    std::size_t ntriangles() const { return the_triangles.size() / 3; }
+
+    std::vector<float> the_normals;
+    std::vector<float> the_positions; // of places: positions that vertices share
+    Indices the_first_vertex;         // by place, into the_vertices
+    Indices the_vertices;             // by place
+    Indices the_triangles;            // of places, of the level that is being made coarser
+    float the_size = 0;
+    float the_error_limit = 0; // distance; 0 at first
+    Indices the_local;         // scratch: by place, its number in a patch
+};
+
+void Simplifier::weld(dgGLMesh mesh)
+{
+    const std::size_t nvertices = mesh.positions.size() / 3;
+    for (float& value : mesh.positions)
+        value += 0.0f; // 0 and -0 are one place
+    Indices place(nvertices);
+    const std::size_t nplaces = meshopt_generateVertexRemap(place.data(), nullptr, nvertices, mesh.positions.data(),
+                                                            nvertices, 3 * sizeof(float));
+    // Places are numbered as they are first met, so that they can be packed in place.
+    for (std::size_t vertex = 0; vertex < nvertices; ++vertex)
+        std::copy_n(&mesh.positions[3 * vertex], 3, &mesh.positions[std::size_t(3) * place[vertex]]);
+    mesh.positions.resize(3 * nplaces);
+    mesh.positions.shrink_to_fit();
+    the_positions = std::move(mesh.positions);
+    the_size = meshopt_simplifyScale(the_positions.data(), nplaces, 3 * sizeof(float));
+
+    the_first_vertex.assign(nplaces + 1, 0);
+    for (const Index p : place)
+        ++the_first_vertex[p + 1];
+    std::partial_sum(the_first_vertex.begin(), the_first_vertex.end(), the_first_vertex.begin());
+    the_vertices.resize(nvertices);
+    the_local = the_first_vertex;
+    for (std::size_t vertex = 0; vertex < nvertices; ++vertex)
+        the_vertices[the_local[place[vertex]]++] = static_cast<Index>(vertex);
+
+    the_triangles = std::move(mesh.indices);
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i + 2 < the_triangles.size(); i += 3)
+    {
+        const Index a = place[the_triangles[i]], b = place[the_triangles[i + 1]], c = place[the_triangles[i + 2]];
+        if (a == b || b == c || c == a)
+            continue;
+        for (const Index corner : {a, b, c})
+            the_triangles[kept++] = corner;
+    }
+    the_triangles.resize(kept);
+    the_local.assign(nplaces, std::numeric_limits<Index>::max());
+}
+
+// Patch of each triangle: the triangles are halved along the longest side of their box until a patch is small enough.
+// Every other pass halves unevenly, so that its outlines are not those of the pass before, which could then never go.
+std::vector<unsigned> Simplifier::divide(std::size_t npatches, int pass) const
+{
+    std::vector<unsigned> patch_of(ntriangles(), 0);
+    if (npatches == 1)
+        return patch_of;
+    struct Part
+    {
+        std::size_t first, end;
+        unsigned first_patch, patches;
+    };
+    std::vector<std::pair<float, Index>> keyed(ntriangles());
+    for (std::size_t i = 0; i < keyed.size(); ++i)
+        keyed[i].second = static_cast<Index>(i);
+    std::vector<Part> parts{{0, keyed.size(), 0, static_cast<unsigned>(npatches)}};
+    while (!parts.empty())
+    {
+        const Part part = parts.back();
+        parts.pop_back();
+        const auto first = keyed.begin() + static_cast<std::ptrdiff_t>(part.first);
+        const auto end = keyed.begin() + static_cast<std::ptrdiff_t>(part.end);
+        if (part.patches == 1)
+        {
+            for (auto item = first; item != end; ++item)
+                patch_of[item->second] = part.first_patch;
+            continue;
+        }
+        float low[3], high[3];
+        std::fill_n(low, 3, std::numeric_limits<float>::max());
+        std::fill_n(high, 3, std::numeric_limits<float>::lowest());
+        for (auto item = first; item != end; ++item)
+            for (int axis = 0; axis < 3; ++axis)
+            {
+                const float value = position(the_triangles[std::size_t(3) * item->second])[axis];
+                low[axis] = std::min(low[axis], value);
+                high[axis] = std::max(high[axis], value);
+            }
+        int longest = 0;
+        for (int axis = 1; axis < 3; ++axis)
+            if (high[axis] - low[axis] > high[longest] - low[longest])
+                longest = axis;
+        for (auto item = first; item != end; ++item)
+        {
+            const Index* corners = &the_triangles[std::size_t(3) * item->second];
+            item->first = position(corners[0])[longest] + position(corners[1])[longest] + position(corners[2])[longest];
+        }
+        const double share = pass % 2 ? 0.38 : 0.5;
+        const unsigned patches = std::max(1u, static_cast<unsigned>(std::lround(part.patches * share)));
+        const auto count = static_cast<std::size_t>(static_cast<double>(part.end - part.first) * share);
+        std::nth_element(first, first + static_cast<std::ptrdiff_t>(count), end);
+        parts.push_back({part.first, part.first + count, part.first_patch, patches});
+        parts.push_back({part.first + count, part.end, part.first_patch + patches, part.patches - patches});
+    }
+    return patch_of;
+}
+
+// The triangles of the next level. The first one has half of every patch. From then on a limit of error, the same for
+// all patches and raised until enough triangles go, takes more from flat ones than from those with detail.
+Indices Simplifier::coarser(const std::vector<unsigned>& patch_of, std::size_t npatches,
+                            std::vector<Index>& group_starts, const std::stop_token& stop)
+{
+    const double before = static_cast<double>(the_triangles.size());
+    for (;;)
+    {
+        Indices next = simplified(patch_of, npatches, group_starts, stop);
+        const double share = static_cast<double>(next.size()) / before;
+        if (stop.stop_requested() || npatches == 1 || share < enough_reduction || !(the_error_limit < any_error))
+            return next;
+        the_error_limit = share > least_reduction ? 4 * the_error_limit : 2 * the_error_limit;
+        if (the_error_limit > the_size)
+            the_error_limit = any_error;
+    }
+}
+
+// Whether open outlines stay as they are: until there are few triangles besides those along them. From then on blocks
+// that meet may part by what the simplifier moves their outlines, which is less than it moves surfaces.
+bool Simplifier::borders_kept() const
+{
+    std::unordered_set<std::uint64_t> open;
+    for (std::size_t i = 0; i < the_triangles.size(); ++i)
+    {
+        const std::uint64_t from = the_triangles[i], to = the_triangles[i % 3 == 2 ? i - 2 : i + 1];
+        if (!open.erase(to << 32 | from))
+            open.insert(from << 32 | to);
+    }
+    return static_cast<double>(open.size()) < most_along_borders * static_cast<double>(ntriangles());
+}
+
+// The triangles of all patches, one after the other, simplified to the limit of error; group_starts tells where each
+// begins.
+Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_t npatches,
+                               std::vector<Index>& group_starts, const std::stop_token& stop)
+{
+    std::vector<Index> patch_starts(npatches + 1, 0);
+    for (const unsigned patch : patch_of)
+        ++patch_starts[patch + 1];
+    std::partial_sum(patch_starts.begin(), patch_starts.end(), patch_starts.begin());
+    Indices by_patch(patch_of.size());
+    {
+        std::vector<Index> next(patch_starts.begin(), patch_starts.end() - 1);
+        for (std::size_t i = 0; i < patch_of.size(); ++i)
+            by_patch[next[patch_of[i]]++] = static_cast<Index>(i);
+    }
+    Indices result, corners, made, places;
+    std::vector<float> positions;
+    std::vector<float> errors;
+    const int whole = npatches == 1;
+    const int first = whole || !(the_error_limit > 0);
+    const unsigned options = whole && !borders_kept() ? 0 : meshopt_SimplifyLockBorder;
+    group_starts.assign(1, 0);
+    for (std::size_t patch = 0; patch < npatches; ++patch)
+    {
+        if (stop.stop_requested())
+            return {};
+        corners.clear();
+        places.clear();
+        positions.clear();
+        for (Index i = patch_starts[patch]; i < patch_starts[patch + 1]; ++i)
+            for (int corner = 0; corner < 3; ++corner)
+            {
+                const Index place = the_triangles[std::size_t(3) * by_patch[i] + static_cast<std::size_t>(corner)];
+                if (the_local[place] == std::numeric_limits<Index>::max())
+                {
+                    the_local[place] = static_cast<Index>(places.size());
+                    places.push_back(place);
+                    positions.insert(positions.end(), position(place), position(place) + 3);
+                }
+                corners.push_back(the_local[place]);
+            }
+        for (const Index place : places)
+            the_local[place] = std::numeric_limits<Index>::max();
+        made.resize(corners.size());
+        const float size = std::max(meshopt_simplifyScale(positions.data(), places.size(), 3 * sizeof(float)),
+                                    std::numeric_limits<float>::min());
+        float error = 0;
+        made.resize(meshopt_simplify(made.data(), corners.data(), corners.size(), positions.data(), places.size(),
+                                     3 * sizeof(float), corners.size() / (first ? 6 : 24) * 3,
+                                     first ? any_error : std::min(the_error_limit / size, any_error), options, &error));
+        errors.push_back(error * size);
+        for (const Index corner : made)
+            result.push_back(places[corner]);
+        group_starts.push_back(static_cast<Index>(result.size() / 3));
+    }
+    if (first && !whole)
+    {
+        const auto middle = errors.begin() + static_cast<std::ptrdiff_t>(errors.size() / 2);
+        std::nth_element(errors.begin(), middle, errors.end());
+        the_error_limit = std::max(*middle, 1e-6f * the_size);
+    }
+    return result;
+}
+
+// Puts the triangles of each group in the order of their patches.
+void Simplifier::sort_by_patch(const std::vector<unsigned>& patch_of, std::size_t npatches,
+                               const std::vector<Index>& group_starts, dgGLLevel& level)
+{
+    const std::size_t ngroups = group_starts.size() - 1;
+    level.patches = static_cast<unsigned>(npatches);
+    level.starts.assign(ngroups * npatches + 1, 0);
+    level.indices.resize(the_triangles.size());
+    std::vector<Index> next(npatches);
+    for (std::size_t group = 0; group < ngroups; ++group)
+    {
+        std::fill(next.begin(), next.end(), 0);
+        for (Index i = group_starts[group]; i < group_starts[group + 1]; ++i)
+            ++next[patch_of[i]];
+        Index start = group_starts[group];
+        for (std::size_t patch = 0; patch < npatches; ++patch)
+        {
+            level.starts[group * npatches + patch] = start;
+            start += std::exchange(next[patch], start);
+        }
+        for (Index i = group_starts[group]; i < group_starts[group + 1]; ++i)
+            std::copy_n(&the_triangles[std::size_t(3) * i], 3, &level.indices[std::size_t(3) * next[patch_of[i]]++]);
+    }
+    level.starts.back() = static_cast<Index>(ntriangles());
+}
+
+Index Simplifier::vertex_for(Index place, const float (&direction)[3]) const
+{
+    const Index first = the_first_vertex[place], end = the_first_vertex[place + 1];
+    Index best = the_vertices[first];
+    if (end - first == 1 || the_normals.empty())
+        return best;
+    float best_cosine = -2;
+    for (Index i = first; i < end; ++i)
+    {
+        const float* n = &the_normals[std::size_t(3) * the_vertices[i]];
+        const float length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
+        const float cosine =
+            length > 0 ? (n[0] * direction[0] + n[1] * direction[1] + n[2] * direction[2]) / length : -1;
+        if (cosine <= best_cosine)
+            continue;
+        best_cosine = cosine;
+        best = the_vertices[i];
+    }
+    return best;
+}
+
+// Places become vertices.
+void Simplifier::resolve(Indices& indices) const
+{
+    for (std::size_t i = 0; i < indices.size(); i += 3)
+    {
+        const float *a = position(indices[i]), *b = position(indices[i + 1]), *c = position(indices[i + 2]);
+        float u[3], v[3];
+        for (int axis = 0; axis < 3; ++axis)
+        {
+            u[axis] = b[axis] - a[axis];
+            v[axis] = c[axis] - a[axis];
+        }
+        float across[3] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
+        const float length = std::sqrt(across[0] * across[0] + across[1] * across[1] + across[2] * across[2]);
+        if (length > 0)
+            for (float& component : across)
+                component /= length;
+        for (std::size_t corner = 0; corner < 3; ++corner)
+            indices[i + corner] = vertex_for(indices[i + corner], across);
+    }
+}
+
+std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
+{
+    std::vector<dgGLLevel> all;
+    std::vector<Index> group_starts, next_group_starts;
+    for (int pass = 0; !the_triangles.empty(); ++pass)
+    {
+        const std::size_t npatches = patch_count(ntriangles());
+        Indices next;
+        std::vector<unsigned> patch_of;
+        if (ntriangles() > 2 * fewest_triangles)
+        {
+            patch_of = divide(npatches, pass);
+            if (pass > 1)
+                the_error_limit = std::min(2 * the_error_limit, any_error);
+            next = coarser(patch_of, npatches, next_group_starts, stop);
+            if (stop.stop_requested())
+                return {};
+        }
+        const bool last = next.empty() || static_cast<double>(next.size()) >
+                                              least_reduction * static_cast<double>(the_triangles.size());
+        if (pass)
+        {
+            dgGLLevel level;
+            if (last)
+            {
+                patch_of.assign(ntriangles(), 0);
+                sort_by_patch(patch_of, 1, group_starts, level);
+            }
+            else
+                sort_by_patch(patch_of, npatches, group_starts, level);
+            resolve(level.indices);
+            all.push_back(std::move(level));
+        }
+        if (last)
+            break;
+        the_triangles = std::move(next);
+        group_starts = std::move(next_group_starts);
+    }
+    return all;
+}
+}
+
+std::vector<dgGLLevel> dg_gl_simplify(dgGLMesh mesh, const std::stop_token& stop)
+{
+    return Simplifier(std::move(mesh)).levels(stop);
+}

@@ -1,0 +1,10 @@
+#include "apThread.h"
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+void ap_lower_thread_priority()
+{
+    // On Linux nice values belong to threads. The weight of this one is about a tenth of the usual.
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), 10);
+}

@@ -1,0 +1,317 @@
+// Simplified levels: that they are the block with fewer triangles, fit together in any mix, and never stay in a picture
+// that is complete.
+#include "dgGLGeometryStore.h"
+#include "dgGLSimplify.h"
+#include "dgTriangleBlock.h"
+#include "giTriBlock.h"
+#include "grViewRefresherFast.h"
+#include "grViewRendererFast.h"
+#include "gsStructureSkipper.h"
+#include "renderScene.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <tuple>
+#include <vector>
+
+namespace
+{
+using Place = std::tuple<float, float, float>;
+
+Place place_of(const dgGLMesh& mesh, std::uint32_t vertex)
+{
+    const float* p = &mesh.positions[std::size_t(3) * vertex];
+    return {p[0], p[1], p[2]};
+}
+
+// A surface over n by m squares, with vertices of its own for each square when they are not shared.
+dgGLMesh surface(int n, int m, int shared, const std::function<giPoint3(double, double)>& point,
+                 const std::function<giVector3(double, double)>& normal)
+{
+    dgGLMesh mesh;
+    const auto add = [&](int i, int j)
+    {
+        const double u = double(i) / n, v = double(j) / m;
+        const giPoint3 p = point(u, v);
+        const giVector3 d = normal(u, v);
+        for (const double value : {p.x(), p.y(), p.z()})
+            mesh.positions.push_back(static_cast<float>(value));
+        for (const double value : {d.x(), d.y(), d.z()})
+            mesh.normals.push_back(static_cast<float>(value));
+        return static_cast<std::uint32_t>(mesh.positions.size() / 3 - 1);
+    };
+    std::vector<std::uint32_t> grid;
+    for (int i = 0; shared && i <= n; ++i)
+        for (int j = 0; j <= m; ++j)
+            grid.push_back(add(i, j));
+    for (int i = 0; i < n; ++i)
+        for (int j = 0; j < m; ++j)
+        {
+            const auto corner = [&](int di, int dj)
+            { return shared ? grid[std::size_t(i + di) * (m + 1) + std::size_t(j + dj)] : add(i + di, j + dj); };
+            const std::uint32_t a = corner(0, 0), b = corner(1, 0), c = corner(1, 1), d = corner(0, 1);
+            mesh.indices.insert(mesh.indices.end(), {a, b, c, a, c, d});
+        }
+    return mesh;
+}
+
+// Closed exactly: both ends of either turn are one place.
+dgGLMesh ring(int n, int m, int shared)
+{
+    const auto wrapped = [](double turn) { return 6.283185307179586 * (turn == 1 ? 0 : turn); };
+    return surface(
+        n, m, shared,
+        [&](double u, double v)
+        {
+            const double a = wrapped(u), b = wrapped(v), r = 3 + 0.3 * std::sin(7 * a);
+            return giPoint3((10 + r * std::cos(b)) * std::cos(a), (10 + r * std::cos(b)) * std::sin(a),
+                            r * std::sin(b));
+        },
+        [&](double u, double v)
+        {
+            const double a = wrapped(u), b = wrapped(v);
+            return giVector3(std::cos(b) * std::cos(a), std::cos(b) * std::sin(a), std::sin(b));
+        });
+}
+
+std::vector<dgGLLevel> levels_of(const dgGLMesh& mesh)
+{
+    return dg_gl_simplify(mesh, {});
+}
+
+// How often each edge is passed from one place to another, less how often the other way round.
+using Edges = std::map<std::pair<Place, Place>, int>;
+
+void add_edges(const dgGLMesh& mesh, const std::uint32_t* corners, Edges& edges)
+{
+    for (int i = 0; i < 3; ++i)
+    {
+        const Place from = place_of(mesh, corners[i]), to = place_of(mesh, corners[(i + 1) % 3]);
+        edges[std::minmax(from, to)] += from < to ? 1 : -1;
+    }
+}
+
+int open_edges(const Edges& edges)
+{
+    return static_cast<int>(std::count_if(edges.begin(), edges.end(), [](const auto& edge) { return edge.second; }));
+}
+
+// A bulge over the window, of n by n squares.
+dgTriangleBlock* bulge(int n)
+{
+    auto* block = new giTriBlock;
+    std::vector<giVector3> normals;
+    for (int row = 0; row <= n; ++row)
+        for (int column = 0; column <= n; ++column)
+        {
+            const double x = 120.0 * column / n, y = 120.0 * row / n;
+            block->nodes().append(giPoint3(x, y, 30 * std::sin(x / 20) * std::cos(y / 25)));
+            normals.emplace_back(-1.5 * std::cos(x / 20) * std::cos(y / 25), 1.2 * std::sin(x / 20) * std::sin(y / 25),
+                                 1);
+        }
+    block->create_normals() = std::move(normals);
+    for (int row = 0; row < n; ++row)
+        for (int column = 0; column < n; ++column)
+        {
+            const int node = row * (n + 1) + column;
+            block->triangles().emplace_back(node, node + 1, node + n + 2);
+            block->triangles().emplace_back(node, node + n + 2, node + n + 1);
+        }
+    return new dgTriangleBlock(block, 1);
+}
+
+struct Bulge : Scene
+{
+    explicit Bulge(int n = 100) : Scene(120, 120), block(bulge(n)), triangles(2 * n * n)
+    {
+        add(block);
+        draw();
+    }
+    dgImage share(double ratio)
+    {
+        gsStructureSkipper skipper(triangles, ratio);
+        view.erase(dgERASE_ZBUFFER_YES);
+        renderer.render_action(&skipper);
+        view.render_network(nullptr);
+        renderer.render_action(nullptr);
+        drawn = static_cast<int>(skipper.prims_drawn());
+        return picture();
+    }
+    // Blocks of few triangles are simplified once they have been thinned twice.
+    void make_levels()
+    {
+        for (int i = 0; i < 2; ++i)
+            share(0.1);
+        store().complete_levels();
+    }
+    dgGLGeometryStore& store() { return window.device().geometry(); }
+
+    dgTriangleBlock* block;
+    int triangles;
+    int drawn = 0;
+};
+
+int pixels_off(const dgImage& a, const dgImage& b, int most)
+{
+    int count = 0;
+    for (int y = 0; y < a.height; ++y)
+        for (int x = 0; x < a.width; ++x)
+        {
+            const Pixel p = pixel_at(a, x, y), q = pixel_at(b, x, y);
+            count += std::max({std::abs(p.red - q.red), std::abs(p.green - q.green), std::abs(p.blue - q.blue)}) > most;
+        }
+    return count;
+}
+}
+
+TEST(dg_gl_simplify, any_mix_of_two_levels_is_closed_and_counts_as_it_says)
+{
+    for (const int shared : {1, 0})
+    {
+        const dgGLMesh mesh = ring(200, 120, shared);
+        const std::vector<dgGLLevel> levels = levels_of(mesh);
+        ASSERT_GE(levels.size(), 6u);
+        EXPECT_GT(levels[0].patches, 1u);
+        EXPECT_LT(levels.back().triangles(), mesh.indices.size() / 3 / 50);
+        for (std::size_t k = 0; k + 1 < levels.size(); ++k)
+        {
+            const dgGLLevel &fine = levels[k], &coarse = levels[k + 1];
+            ASSERT_EQ(coarse.groups(), fine.patches);
+            EXPECT_LT(coarse.triangles(), 0.8 * fine.triangles());
+            for (unsigned patches = 0; patches <= fine.patches; ++patches)
+            {
+                Edges edges;
+                for (unsigned group = 0; group < fine.groups(); ++group)
+                    for (auto i = fine.start(group, 0); i < fine.start(group, patches); ++i)
+                        add_edges(mesh, &fine.indices[std::size_t(3) * i], edges);
+                for (auto i = coarse.start(patches, 0); i < coarse.triangles(); ++i)
+                    add_edges(mesh, &coarse.indices[std::size_t(3) * i], edges);
+                EXPECT_EQ(open_edges(edges), 0) << "level " << k << ", " << patches << " patches";
+            }
+        }
+    }
+}
+
+TEST(dg_gl_simplify, keeps_the_outline_by_which_blocks_meet)
+{
+    const auto bump = [](double u, double v) { return giPoint3(u, v, 0.1 * std::sin(9 * u) * std::cos(7 * v)); };
+    const dgGLMesh mesh = surface(60, 60, 1, bump, [](double, double) { return giVector3(0, 0, 1); });
+    Edges whole, simple;
+    for (std::size_t i = 0; i < mesh.indices.size(); i += 3)
+        add_edges(mesh, &mesh.indices[i], whole);
+    const dgGLLevel level = levels_of(mesh).at(1);
+    for (std::size_t i = 0; i < level.indices.size(); i += 3)
+        add_edges(mesh, &level.indices[i], simple);
+    for (Edges* edges : {&whole, &simple})
+        std::erase_if(*edges, [](const auto& edge) { return edge.second == 0; });
+    EXPECT_EQ(whole.size(), 240u);
+    EXPECT_EQ(simple, whole);
+}
+
+TEST(dg_gl_simplify, corners_keep_the_normals_of_their_side_of_a_crease)
+{
+    // A roof: two flat sides, whose vertices along the ridge lie in the same places.
+    const auto side = [](int sign)
+    {
+        return surface(
+            64, 64, 1, [sign](double u, double v) { return giPoint3(sign * u, sign * v, -u); },
+            [sign](double, double) { return giVector3(sign, 0, 1); });
+    };
+    dgGLMesh mesh = side(1);
+    dgGLMesh other = side(-1);
+    const auto first = static_cast<std::uint32_t>(mesh.positions.size() / 3);
+    for (std::size_t i = 1; i < other.positions.size(); i += 3)
+        other.positions[i] += 1;
+    mesh.positions.insert(mesh.positions.end(), other.positions.begin(), other.positions.end());
+    mesh.normals.insert(mesh.normals.end(), other.normals.begin(), other.normals.end());
+    for (const std::uint32_t index : other.indices)
+        mesh.indices.push_back(first + index);
+    const std::vector<dgGLLevel> levels = levels_of(mesh);
+    ASSERT_FALSE(levels.empty());
+    int mixed = 0;
+    for (const dgGLLevel& level : levels)
+        for (std::size_t i = 0; level.triangles() > 200 && i < level.indices.size(); i += 3)
+        {
+            const auto on_first = [&](std::size_t corner) { return level.indices[i + corner] < first; };
+            const auto [ax, ay, az] = place_of(mesh, level.indices[i]);
+            const auto [bx, by, bz] = place_of(mesh, level.indices[i + 1]);
+            const auto [cx, cy, cz] = place_of(mesh, level.indices[i + 2]);
+            const float area = (bx - ax) * (cy - ay) - (cx - ax) * (by - ay); // seen from above; slivers have none
+            mixed += area > 0 && (on_first(0) != on_first(1) || on_first(1) != on_first(2));
+        }
+    EXPECT_EQ(mixed, 0);
+}
+
+TEST(dg_gl_simplify, stops_when_asked_and_takes_what_has_no_area)
+{
+    std::stop_source stop;
+    stop.request_stop();
+    EXPECT_TRUE(dg_gl_simplify(ring(100, 100, 1), stop.get_token()).empty());
+    EXPECT_TRUE(levels_of({std::vector<float>(9), {}, std::vector<std::uint32_t>(30000)}).empty());
+    EXPECT_TRUE(levels_of({}).empty());
+}
+
+TEST(dgGLLevels, a_share_shows_the_whole_block_with_few_triangles)
+{
+    Bulge scene;
+    const dgImage full = scene.picture();
+    const std::size_t bytes = scene.store().bytes_used();
+    EXPECT_GT(pixels_off(scene.share(0.1), full, 24), 5000) << "a sample";
+    scene.make_levels();
+    for (const double ratio : {0.6, 0.3, 0.1, 0.05})
+    {
+        const dgImage image = scene.share(ratio);
+        EXPECT_LT(pixels_off(image, full, 24), 150) << ratio;
+        EXPECT_LE(scene.drawn, scene.triangles * ratio);
+        EXPECT_GT(scene.drawn, scene.triangles * ratio * 0.4);
+    }
+    EXPECT_LT(scene.store().bytes_used() - bytes, 2 * 3 * 4 * std::size_t(scene.triangles))
+        << "about a block's indices";
+    scene.renderer.simplified_levels(0);
+    EXPECT_GT(pixels_off(scene.share(0.1), full, 24), 5000) << "switched off";
+    scene.renderer.simplified_levels(1);
+
+    // An edit throws them away, and new ones are of the edited block.
+    for (int i = 0; i < scene.block->block().nodes().count(); ++i)
+        scene.block->block().nodes().set(i, scene.block->block().nodes()[i] + giVector3(0, 30, 0));
+    scene.block->block_changed();
+    scene.draw();
+    const dgImage edited = scene.picture();
+    EXPECT_GT(pixels_off(scene.share(0.1), edited, 24), 4000);
+    scene.make_levels();
+    EXPECT_LT(pixels_off(scene.share(0.1), edited, 24), 150);
+
+    scene.root->delete_range(0, 0);
+    EXPECT_LT(scene.store().bytes_used(), bytes);
+}
+
+TEST(dgGLLevels, idle_time_shows_the_full_picture_at_once_and_nothing_worse_before)
+{
+    Bulge scene;
+    const dgImage full = scene.picture();
+    scene.make_levels();
+    const double rate = grViewRendererFast::minimum_framerate();
+    grViewRendererFast::minimum_framerate(1e4);
+    {
+        grViewRefresherFast refresher({&scene.view});
+        refresher.base_start_twiddle();
+        for (int i = 0; i < 3; ++i)
+            refresher.base_refresh();
+        scene.renderer.select_buffer(dgFRONT_BUFFER);
+        const dgImage simple = scene.picture();
+        EXPECT_FALSE(same_pictures(simple, full));
+        int before = 0;
+        while (refresher.base_idle() != grIDLE_DONE)
+            before += same_pictures(scene.picture(), simple);
+        EXPECT_GT(before, 0);
+        EXPECT_TRUE(same_pictures(scene.picture(), full));
+        refresher.base_end_twiddle();
+    }
+    EXPECT_TRUE(same_pictures(scene.picture(), full));
+    grViewRendererFast::minimum_framerate(rate);
+}
