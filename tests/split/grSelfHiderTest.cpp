@@ -49,6 +49,7 @@ TEST(grSelfHider, hides_itself_when_triangles_facing_both_ways_overlap)
         {"arch", [](double s) { return giPoint2(std::cos(3 * s), std::sin(3 * s)); }, 0},
         {"arch with an undercut", [](double s) { return giPoint2(std::cos(4 * s - 0.5), std::sin(4 * s - 0.5)); }, 1},
         {"wall", [](double s) { return giPoint2(0, s); }, 0},
+        {"hairpin as upright as a wall", [](double s) { return giPoint2(5e-4 * (s < 0.5 ? s : 1 - s), s); }, 0},
         {"hairpin", [](double s) { return giPoint2(s < 0.5 ? s : 1 - s, s); }, 1},
     };
     for (const auto& c : cases)

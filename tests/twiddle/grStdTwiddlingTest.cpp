@@ -73,6 +73,28 @@ TEST(grStdTwiddling, tells_of_faults_in_the_text)
     grStdTwiddling::fault_callback(nullptr);
 }
 
+TEST(grMouseWheelZoomToolDeathTest, the_first_resources_of_the_process_are_read_and_stay)
+{
+    testing::FLAGS_gtest_death_test_style = "threadsafe"; // in a process of its own
+    EXPECT_EXIT(
+        {
+            tsScene scene;
+            const dgCamera& camera = scene.add_view()->camera();
+            const double height = camera.view_window().height();
+            gwInput input;
+            for (const char* increment : {"0.5", "0.75"})
+            {
+                gwResourceDB db;
+                db.set_resource("translations", "");
+                db.set_resource("mouse_wheel_zoom_increment", increment);
+                const grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
+                input.post(gwKeyEvent(&scene.input_window(), 50, 50, 0, gwPRESSED, gwMOUSE_WHEEL, 1, 1));
+            }
+            std::exit(std::lround(height / camera.view_window().height()));
+        },
+        testing::ExitedWithCode(4), ""); // halved twice
+}
+
 TEST(grStdTwiddling, frame_rate_is_read_only_for_hooks_of_its_own)
 {
     const auto guard = keep_minimum_framerate();
