@@ -5,9 +5,12 @@
 #include "dgTraceWindow.h"
 #include "dgView.h"
 #include "tsRandomNetwork.h"
+#include "tsTable.h"
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <sstream>
 #include <vector>
 
 namespace
@@ -50,62 +53,28 @@ dgGraphicalElement* shape(const std::vector<giPoint3>& points)
 
 TEST(dgPicker, finds_what_is_shown_in_the_aperture)
 {
-    const giBox2 middle(48, 48, 51, 51), right(90, 48, 99, 51), outside(110, 48, 120, 51);
-    const struct
+    const auto numbers = [](const std::string& text)
     {
-        const char* name;
-        std::vector<giPoint3> points;
-        dgProjection projection;
-        double front, back; // equal: not the user's
-        giBox2 aperture;
-        int picked;
-    } cases[] = {
-        {"a line through it", {{-40, -40, 0}, {40, 40, 0}}, dgPROJECTION_PARALLEL, 0, 0, middle, 1},
-        {"a line past it", {{-40, -20, 0}, {20, 40, 0}}, dgPROJECTION_PARALLEL, 0, 0, middle, 0},
-        {"a triangle around it", {{-40, -40, 0}, {40, -40, 0}, {0, 40, 0}}, dgPROJECTION_PARALLEL, 0, 0, middle, 1},
-        {"a box around it is not enough",
-         {{-40, -40, 0}, {40, -40, 0}, {40, -30, 0}},
-         dgPROJECTION_PARALLEL,
-         0,
-         0,
-         middle,
-         0},
-        {"outside the viewport", {{-40, 0, 0}, {80, 0, 0}}, dgPROJECTION_PARALLEL, 0, 0, outside, 0},
-        {"a line between the planes", {{0, 0, 0}, {40, 0, 40}}, dgPROJECTION_PARALLEL, 50, -1, right, 0},
-        {"the end between the planes", {{-40, 0, -40}, {45, 0, 45}}, dgPROJECTION_PARALLEL, 50, -1, right, 1},
-        {"the end before the front plane", {{-40, 0, -40}, {45, 0, 45}}, dgPROJECTION_PARALLEL, 10, -50, right, 0},
-        {"the end behind the back plane", {{-40, 0, 40}, {45, 0, -45}}, dgPROJECTION_PARALLEL, 50, -10, right, 0},
-        {"a surface before the front plane",
-         {{-40, -40, 20}, {40, -40, 20}, {0, 40, 20}},
-         dgPROJECTION_PARALLEL,
-         10,
-         -10,
-         middle,
-         0},
-        {"a surface that the front plane cuts at the aperture",
-         {{-40, -40, -20}, {40, -40, -20}, {0, 80, 40}},
-         dgPROJECTION_PARALLEL,
-         0,
-         -50,
-         middle,
-         1},
-        {"a line that runs behind the eye", {{10, 0, 0}, {10, 0, 300}}, dgPROJECTION_PERSPECTIVE, 0, 0, right, 1},
-        {"what lies behind the eye alone", {{-60, 0, 150}, {60, 0, 150}}, dgPROJECTION_PERSPECTIVE, 0, 0, right, 0},
+        std::istringstream stream(text);
+        return std::vector<double>(std::istream_iterator<double>(stream), {});
     };
-    for (const auto& c : cases)
+    for (const auto& row : ts_table(TS_TABLES "picks.table", "picks"))
         for (const dgPickMode mode : {dgPICK_EXACT, dgPICK_BOX})
         {
+            const std::vector<double> c = numbers(row[1]), planes = numbers(row[3]), box = numbers(row[4]);
+            std::vector<giPoint3> points;
+            for (std::size_t i = 0; i < c.size(); i += 3)
+                points.emplace_back(c[i], c[i + 1], c[i + 2]);
             Scene scene;
-            scene.root->add(shape(c.points));
-            scene.view.camera().projection(c.projection);
-            if (c.front > c.back)
+            scene.root->add(shape(points));
+            scene.view.camera().projection(row[2] == "parallel" ? dgPROJECTION_PARALLEL : dgPROJECTION_PERSPECTIVE);
+            scene.view.user_clip_planes(!planes.empty());
+            if (!planes.empty())
+                scene.view.camera().front_back_plane(planes[0], planes[1]);
+            const int wanted = std::stoi(row[5]);
+            if (mode == dgPICK_EXACT || wanted) // what is found exactly is found by its box
             {
-                scene.view.user_clip_planes(1);
-                scene.view.camera().front_back_plane(c.front, c.back);
-            }
-            if (mode == dgPICK_EXACT || c.picked) // what is found exactly is found by its box
-            {
-                EXPECT_EQ(scene.picked(c.aperture, mode), c.picked) << c.name << " " << mode;
+                EXPECT_EQ(scene.picked(giBox2(box[0], box[1], box[2], box[3]), mode), wanted) << row[0] << " " << mode;
             }
         }
 }

@@ -174,51 +174,6 @@ TEST(dgRenderer, shows_every_primitive_to_the_action_installed_until_it_is_remov
     EXPECT_EQ(starting_with(scene.draw(), "draw"), (Lines{"draw lines 5 of 5"}));
 }
 
-TEST(dgRenderer, inverts_on_driver_1_unless_there_is_an_overlay)
-{
-    Scene scene;
-    EXPECT_FALSE(scene.renderer.in_xor_mode());
-    EXPECT_TRUE(scene.renderer.select_driver(1));
-    EXPECT_TRUE(scene.renderer.in_xor_mode());
-    EXPECT_FALSE(scene.renderer.select_driver(2));
-    EXPECT_EQ(scene.renderer.current_driver_index(), 1);
-    scene.root->add(line());
-    scene.view.begin();
-    scene.view.execute_structure(*scene.root);
-    scene.view.end();
-    EXPECT_EQ(scene.window.log(), (Lines{"xor begin", "xor draw lines 1 of 1", "xor end"}));
-
-    dgTraceWindow main(10, 10), overlay(10, 10);
-    dgRenderer layered(&main, &overlay);
-    layered.select_driver(1);
-    EXPECT_FALSE(layered.in_xor_mode());
-    layered.erase(1);
-    EXPECT_TRUE(main.log().empty());
-    EXPECT_EQ(starting_with(overlay.log(), "clear").size(), 1u);
-}
-
-TEST(dgRenderer, views_are_erased_and_drawn_on_the_main_window_whichever_driver_is_selected)
-{
-    dgTraceWindow main(10, 10), overlay(10, 10);
-    for (dgTraceWindow* second : {&main, &overlay})
-    {
-        dgRenderer renderer(&main, second);
-        renderer.select_driver(1);
-        dgView view(&renderer);
-        const dgRef<dgStructure> root(new dgClientStructure);
-        root->add(line());
-        view.root(root.get());
-        main.clear_log();
-        view.erase(dgERASE_ZBUFFER_YES);
-        view.render_network(nullptr);
-        view.render_network_normal(*root);
-        EXPECT_EQ(main.log(), (Lines{"begin", "clear 0 0 9 9 colour depth", "end", "begin", "draw lines 1 of 1", "end",
-                                     "begin", "draw lines 1 of 1", "end"}));
-        EXPECT_TRUE(overlay.log().empty());
-        EXPECT_EQ(renderer.current_driver_index(), 1);
-    }
-}
-
 TEST(dgRenderer, draws_to_the_end_what_an_element_edits_clears_or_drops_under_it)
 {
     struct Case

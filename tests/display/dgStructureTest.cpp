@@ -152,15 +152,6 @@ TEST(dgStructure, boxes_and_stamps_of_a_network_follow_all_edits)
     EXPECT_GT(circles, 100u);
 }
 
-TEST(dgStructure, transforms_apply_in_front_of_those_in_force)
-{
-    const dgRef<dgStructure> root(new dgClientStructure);
-    root->add(new dgTransform(giXform3::translation({10, 0, 0})));
-    root->add(new dgTransform(giXform3::scaling(2)));
-    root->add(new dgPointSet({{1, 0, 0}}));
-    EXPECT_EQ(root->bounding_box().low(), giPoint3(12, 0, 0)); // scaled first, then moved
-}
-
 TEST(dgStructure, stamps_tell_content_from_changes_in_place_through_calls)
 {
     const dgRef<dgStructure> part(new dgClientStructure);

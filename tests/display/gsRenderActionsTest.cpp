@@ -219,22 +219,6 @@ TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
     EXPECT_NEAR(calibration.prims_drawn(0) / static_cast<double>(drawn), 0.75, 0.02);
 }
 
-TEST(gsStructureCallibration, draws_everything_once_within_the_time_or_without_a_limit)
-{
-    apClockOverride clock;
-    Scene scene;
-    scene.fill();
-    scene.window.cost_per_feature(1 / 65536.0);
-    for (const double time : {1.0, 0.0, -1.0})
-    {
-        gsStructureCallibration calibration(time);
-        EXPECT_EQ(scene.draw(calibration), Scene::filled) << time;
-        EXPECT_EQ(calibration.prims_drawn(0), calibration.prims_total(0));
-        EXPECT_EQ(calibration.prims_drawn(1), calibration.prims_total(1));
-        EXPECT_DOUBLE_EQ(calibration.elapsed_time(), Scene::filled / 65536.0);
-    }
-}
-
 TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)
 {
     Scene scene;
@@ -245,31 +229,6 @@ TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)
     const Lines& log = scene.window.log();
     ASSERT_GE(log.size(), 2u);
     EXPECT_EQ(log[log.size() - 2], "finish");
-}
-
-TEST(gsStructureCallibration, times_elements_that_draw_by_themselves)
-{
-    // Draws 3 segments.
-    class Own : public dgAppElement
-    {
-    public:
-        Own* copy() const override { return new Own; }
-        void draw(dgRenderer* renderer) const override { renderer->draw_primitive(*the_line); }
-
-    private:
-        dgRef<dgPolyline> the_line{line(3)};
-    };
-    apClockOverride clock;
-    Scene scene;
-    scene.add(new Own);
-    scene.window.cost_per_feature(0.25);
-    for (const double time : {1.0, 0.5, -1.0})
-    {
-        gsStructureCallibration calibration(time);
-        EXPECT_EQ(scene.draw(calibration), 3) << time;
-        EXPECT_EQ(calibration.prims_total(0) + calibration.prims_total(1), 0);
-        EXPECT_DOUBLE_EQ(calibration.elapsed_time(), 0.75) << time;
-    }
 }
 
 TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_run)
@@ -350,17 +309,4 @@ TEST(gsStructureFlattener, sees_edits_anywhere_in_the_network)
     width->value(3);
     EXPECT_EQ(flattener.flat_root_matches(), 0);
     EXPECT_EQ(flattener.final_refresh_non_flattened(), 1);
-}
-
-TEST(gsStructureFlattener, calls_the_root_when_writing_takes_longer_than_the_frame)
-{
-    Scene scene;
-    scene.fill();
-    const dgRef<dgStructure> flat(new dgClientStructure);
-    gsStructureFlattener flattener(scene.root.get(), flat.get(), 0); // any time is too long on the real clock
-    EXPECT_EQ(scene.draw(flattener), Scene::filled);
-    EXPECT_EQ(flattener.final_refresh_non_flattened(), 1);
-    scene.window.reset_features_drawn();
-    scene.view.render_network(flat.get());
-    EXPECT_EQ(scene.window.features_drawn(), Scene::filled);
 }

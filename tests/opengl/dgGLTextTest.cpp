@@ -82,19 +82,6 @@ dgRef<dgTextFont> font(const std::string& name)
 }
 }
 
-TEST(dgGLText, a_character_without_a_font_is_a_frame_of_known_size)
-{
-    Scene scene(200, 100);
-    scene.add(new dgTextHeight(100));
-    scene.add(text("xy"));
-    scene.draw();
-    const dgImage picture = scene.picture();
-    EXPECT_EQ(count_pixels(picture, white), 2 * frame_pixels);
-    EXPECT_EQ(count_pixels(picture, white) + count_pixels(picture, black), 200 * 100);
-    EXPECT_EQ(bounds_of(picture, white), (Bounds{9, 1, 112, 70}));
-    EXPECT_EQ(pixel_at(picture, 30, 35), black) << "inside the frame";
-}
-
 TEST(dgGLText, attributes_act_on_the_text_behind_them)
 {
     Scene scene(400, 120);
