@@ -83,7 +83,8 @@ TEST(dgPicker, finds_each_place_and_heeds_the_settings)
 {
     Scene scene;
     const dgRef<dgStructure> part(new dgClientStructure);
-    part->add(shape({{-40, 0, 0}, {40, 0, 0}}));
+    dgGraphicalElement* line = shape({{-40, 0, 0}, {40, 0, 0}});
+    part->add(line);
     for (const double x : {0.0, 1.0, 200.0}) // the last one is out of sight
     {
         scene.root->add(new dgTransform(giXform3::translation({x, 0, 0})));
@@ -93,6 +94,10 @@ TEST(dgPicker, finds_each_place_and_heeds_the_settings)
     scene.root->add(shape({{-240, -40, 0}, {-160, -40, 0}, {-200, 40, 0}})); // back in the middle by the transforms
     const giBox2 middle(48, 48, 51, 51);
     EXPECT_EQ(scene.picked(middle), 3);
+    dgPickResult* all = scene.view.pick_all(dgPickAperture(middle), dgPICK_EXACT);
+    EXPECT_EQ(all->elements()[1], line);
+    all->release();
+    EXPECT_EQ(line->reference_count(), 1) << "results that are released let go of what they hold";
     scene.renderer.pick_settings({1, 1, 1});
     EXPECT_EQ(scene.picked(middle), 1);
     scene.renderer.pick_settings({0, 0, 1});
