@@ -1,5 +1,6 @@
 #include "dgGLDevice.h"
 
+#include "dgGLClusters.h"
 #include "dgGLContext.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
@@ -37,7 +38,8 @@ std::shared_ptr<dgGLDevice> dgGLDevice::create_off_screen(std::string& error)
 
 dgGLDevice::dgGLDevice(std::unique_ptr<dgGLContext> context)
     : the_context(std::move(context)), the_programs(std::make_unique<dgGLPrograms>()),
-      the_geometry(std::make_unique<dgGLGeometryStore>()), the_texts(std::make_unique<dgGLTextStore>())
+      the_geometry(std::make_unique<dgGLGeometryStore>()), the_clusters(std::make_unique<dgGLClusters>()),
+      the_texts(std::make_unique<dgGLTextStore>())
 {
     const Use use(*this);
     glGenBuffers(1, &the_stream_buffer);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 
+class dgGLClusters;
 class dgGLContext;
 class dgGLGeometryStore;
 class dgGLPrograms;
@@ -59,6 +60,7 @@ public:
     void lost(int on) { the_lost = on; }
 
     dgGLGeometryStore& geometry() { return *the_geometry; }
+    dgGLClusters& clusters() { return *the_clusters; }
     dgGLPrograms& programs() { return *the_programs; }
     dgGLTextStore& texts() { return *the_texts; }
 
@@ -89,6 +91,7 @@ private:
     std::unique_ptr<dgGLContext> the_context;
     std::unique_ptr<dgGLPrograms> the_programs;
     std::unique_ptr<dgGLGeometryStore> the_geometry;
+    std::unique_ptr<dgGLClusters> the_clusters;
     std::unique_ptr<dgGLTextStore> the_texts;
     unsigned the_stream_buffer = 0;
     unsigned the_stream_array = 0;

@@ -1,5 +1,6 @@
 #include "dgGLDriver.h"
 
+#include "dgGLClusters.h"
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
@@ -534,6 +535,11 @@ void dgGLDriver::finish()
     if (!the_pending.empty())
         flush();
     the_device.finish();
+}
+
+const dgFeatureClusters* dgGLDriver::clusters(const dgGraphicalPrimitive& primitive)
+{
+    return the_device.clusters().find(primitive);
 }
 
 void dgGLDriver::gl_enable(unsigned capability)

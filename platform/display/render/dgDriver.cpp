@@ -3,7 +3,10 @@
 dgDriver::~dgDriver() = default;
 
 void dgDriver::prepare_run(const dgPrimitiveRun&) {}
-void dgDriver::culling(int) {}
+const dgFeatureClusters* dgDriver::clusters(const dgGraphicalPrimitive&)
+{
+    return nullptr;
+}
 int dgDriver::cuts_at_planes() const
 {
     return 1;

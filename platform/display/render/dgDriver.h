@@ -9,6 +9,7 @@ struct dgBackground;
 struct dgCameraState;
 struct dgDrawState;
 struct dgImage;
+struct dgFeatureClusters;
 struct dgFeatureSpan;
 struct dgPrimitiveRun;
 class dgGraphicalPrimitive;
@@ -68,9 +69,9 @@ public:
 
     virtual void finish() = 0;
 
-    /// Whether primitives, or parts of large ones, that lie out of view may be left out. Drivers that do so have
-    /// everything drawn until they are told.
-    virtual void culling(int on);
+    /// Where the features of a large primitive lie, for a driver that draws parts of it as fast as the whole; good
+    /// until the primitive changes. Null for any other.
+    virtual const dgFeatureClusters* clusters(const dgGraphicalPrimitive& primitive);
 
     /// 1 while what lies beyond the clipping planes is cut off; 0 when it is drawn as if it lay on them.
     virtual int cuts_at_planes() const;

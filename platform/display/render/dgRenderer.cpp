@@ -5,6 +5,7 @@
 #include "dgCamera.h"
 #include "dgDrawState.h"
 #include "dgDriver.h"
+#include "dgFeatureClusters.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgNetworkDrawing.h"
 #include "dgPrimitiveRun.h"
@@ -71,7 +72,6 @@ void dgRenderer::driver_begun()
 {
     the_context.retell();
     the_camera_known = false;
-    driver()->culling(the_culling);
     if (the_camera)
         set_camera(the_camera);
 }
@@ -80,13 +80,6 @@ void dgRenderer::driver_ended()
 {
     the_camera = nullptr;
     the_camera_known = false;
-}
-
-void dgRenderer::culling(int on)
-{
-    the_culling = on;
-    if (begun())
-        driver()->culling(on);
 }
 
 void dgRenderer::select_camera(int index)
@@ -190,22 +183,37 @@ bool dgRenderer::find_seen(const dgPrimitiveRun& run)
     constexpr int least_gap = 64; // features; a shorter one is drawn sooner than left out
     const dgRunBounds& bounds = run.bounds();
     const dgViewVolume view = volume();
-    int found = 0, sorted = 1, last = -1;
+    bool all = true;
+    int groups = 0;
     the_seen.clear();
     bounds.tree().find([&](const giBox3& box) { return view.test(box); },
-                       [&](int group, bool)
+                       [&](int group, bool inside)
                        {
-                           sorted &= group > last;
-                           last = group;
-                           ++found;
+                           ++groups;
                            const int first = bounds.first_feature(group);
-                           the_seen.push_back({first, bounds.end_feature(group) - first});
+                           const dgFeatureClusters* clusters = nullptr;
+                           if (const int primitive = bounds.first_primitive(group);
+                               !inside && bounds.end_primitive(group) - primitive == 1)
+                               clusters = driver()->clusters(*run.primitives[static_cast<std::size_t>(primitive)]);
+                           if (!clusters)
+                           {
+                               the_seen.push_back({first, bounds.end_feature(group) - first});
+                               return;
+                           }
+                           int count = 0;
+                           clusters->tree.find([&](const giBox3& box) { return view.test(box); },
+                                               [&](int cluster, bool)
+                                               {
+                                                   const int* start = clusters->starts.data() + cluster;
+                                                   the_seen.push_back({first + start[0], start[1] - start[0]});
+                                                   ++count;
+                                               });
+                           all &= count == clusters->tree.count();
                        });
-    if (found == bounds.groups())
+    if (all && groups == bounds.groups())
         return false;
-    if (!sorted)
-        std::sort(the_seen.begin(), the_seen.end(),
-                  [](const dgFeatureSpan& a, const dgFeatureSpan& b) { return a.first < b.first; });
+    std::sort(the_seen.begin(), the_seen.end(),
+              [](const dgFeatureSpan& a, const dgFeatureSpan& b) { return a.first < b.first; });
     std::size_t joined = 0;
     for (const dgFeatureSpan& span : the_seen)
     {

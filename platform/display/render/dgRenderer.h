@@ -59,7 +59,7 @@ public:
     /// Whether what lies out of view is left out of drawings: 1 by default, unless the environment variable GR_CULLING
     /// is "0". The picture is the same to the last bit.
     int culling() const { return the_culling; }
-    void culling(int on);
+    void culling(int on) { the_culling = on; }
 
     const dgDrawQuality& get_pipeline_draw_quality() const { return the_draw_quality; }
 
