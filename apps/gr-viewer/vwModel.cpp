@@ -110,10 +110,10 @@ void vwModel::add(std::unique_ptr<giTriBlock> block)
     ++the_n_blocks;
 }
 
-std::string vwModel::names() const
+std::string vwModel::names(const std::vector<std::string>& files)
 {
     std::string names;
-    for (const std::string& file : the_files)
+    for (const std::string& file : files)
         names += (names.empty() ? "" : ", ") + name_without_folder(file);
     return names;
 }

@@ -40,7 +40,8 @@ public:
     int n_blocks() const { return the_n_blocks; }
     long long n_triangles() const { return the_n_triangles; }
     /// The names of the files without their folders, with commas.
-    std::string names() const;
+    std::string names() const { return names(the_files); }
+    static std::string names(const std::vector<std::string>& files);
     /// 1 when the model lies so far from the origin, for its size, that numbers are too coarse for its shape.
     int torn() const;
 
