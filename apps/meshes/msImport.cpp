@@ -1,6 +1,7 @@
 #include "msImport.h"
 
 #include "msChild.h"
+#include "msPlainObj.h"
 
 #include "flMessages.h"
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <fstream>
 #include <string_view>
 #include <system_error>
 
@@ -158,6 +160,18 @@ bool has_polygons(const aiScene& scene)
     return false;
 }
 
+bool read_all(const std::string& file, std::vector<char>& text)
+{
+    std::error_code failure;
+    const auto size = std::filesystem::file_size(file, failure);
+    if (failure)
+        return false;
+    ms_allow_file(static_cast<double>(size));
+    text.resize(size);
+    std::ifstream stream(file, std::ios::binary);
+    return static_cast<bool>(stream.read(text.data(), static_cast<std::streamsize>(size)));
+}
+
 // The corners of the triangles, without points and lines.
 std::vector<int> corners_of(const aiMesh& mesh)
 {
@@ -173,6 +187,8 @@ std::vector<int> corners_of(const aiMesh& mesh)
 int ms_import(const std::string& file, const std::string& kind, const std::function<void(const msMesh&)>& receive,
               std::string& error, const ms_progress& progress)
 {
+    if (std::vector<char> text; kind == "obj" && read_all(file, text) && ms_is_plain_obj(text))
+        return ms_import_plain_obj(text, receive, error, progress);
     Assimp::Importer importer;
     importer.SetIOHandler(new plain_files); // the importer owns both
     importer.SetProgressHandler(new progress_teller(progress));

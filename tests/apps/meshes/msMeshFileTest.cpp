@@ -126,6 +126,29 @@ TEST(msMeshFile, every_format_brings_back_what_was_written)
     }
 }
 
+TEST(msMeshFile, obj_files_of_triangles_read_as_others_do)
+{
+    const tsFolder folder;
+    std::string error;
+    ASSERT_TRUE(ms_write(folder / "part.obj", sp_make_part(20000), error)) << error;
+    const std::string materials = "v 0 0 0\nv 1 0 0\nv 0.5 1.25 -3.25\nvt 0.5 1\nusemtl a\n"
+                                  "f 1/1 2/1 3/1\nusemtl b\nf 2/1 1/1 3/1\n";
+    for (const std::string& text : {folder.text("part.obj"), materials})
+    {
+        const ms_blocks plain = read(folder.write("plain.obj", text));
+        const ms_blocks other = read(folder.write("other.obj", text + "\nl 1 2\n"));
+        ASSERT_EQ(plain.size(), other.size());
+        for (std::size_t i = 0; i < plain.size(); ++i)
+        {
+            EXPECT_EQ(plain[i]->node_count(), other[i]->node_count());
+            EXPECT_EQ(plain[i]->triangle_count(), other[i]->triangle_count());
+            EXPECT_EQ(plain[i]->box(), other[i]->box());
+            EXPECT_EQ(!plain[i]->texture_coordinates(), !other[i]->texture_coordinates());
+        }
+        EXPECT_EQ(sum(plain).turned, 0);
+    }
+}
+
 TEST(msMeshFile, nodes_are_shared_where_normals_agree)
 {
     const tsFolder folder;
@@ -134,8 +157,10 @@ TEST(msMeshFile, nodes_are_shared_where_normals_agree)
         const char *name, *text;
         int nodes, triangles;
         double high_x;
-    } rows[] = {
-        {"small.off", cube_off, 24, 12, 4e-6}, {"flat.obj", flat_obj, 4, 2, 1}, {"bent.obj", bent_obj, 6, 2, 1}};
+    } rows[] = {{"small.off", cube_off, 24, 12, 4e-6},
+                {"flat.obj", flat_obj, 4, 2, 1},
+                {"ends.obj", "v 0 0 0\r\nv 1e+0 .0 0\r\nv 0 1 0\r\nv 1 1 3E-3\r\nf 1 2 3\r\nf 2 4 3", 4, 2, 1},
+                {"bent.obj", bent_obj, 6, 2, 1}};
     for (const auto& row : rows)
     {
         const ms_blocks blocks = read(folder.write(row.name, row.text));
@@ -161,6 +186,8 @@ TEST(msMeshFile, nothing_in_a_file_is_trusted)
         {"nodes.ply", ply("3 0 1 2", "1", "1000000000"), "more memory than a file of its size"},
         {"corners.ply", endless_face(), "a face with 20000 corners, more than 10000"},
         {"index.off", "OFF\n3 1 0\n0 0 0\n1 0 0\n0 1 0\n3 0 1 7\n", "nodes that it does not have"},
+        {"index.obj", "v 0 0 0\nv 1 0 0\nv 0 1 0\nf 1 2 4\n", "nodes that it does not have"},
+        {"word.obj", "v 0 0 0\nv 1 0 x\nv 0 1 0\nf 1 2 3\n", "word.obj: "},
         {"nan.obj", "v 0 0 0\nv 1 0 0\nv nan 1 0\nf 1 2 3\n", "not finite"},
         {"far.obj", "v 0 0 0\nv 1 0 0\nv 1e39 1 0\nf 1 2 3\n", "not finite, or too large"},
         {"none.obj", "v 0 0 0\n", "none.obj: "},
