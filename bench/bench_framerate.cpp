@@ -133,6 +133,24 @@ Root many_objects(int placed)
     return root;
 }
 
+// Structures of one small object each.
+Root many_structures()
+{
+    const Root root(new dgClientStructure);
+    const dgRef<dgTriangleBlock> block(new dgTriangleBlock(ring(500, 1000, 0, 2, 0, 3), 1));
+    for (int i = 0; i < 100000; ++i)
+    {
+        const dgRef<dgClientStructure> object(new dgClientStructure);
+        object->add(new dgSurfaceColour(gsColour(0.4 + i % 7 * 0.1, 0.5 + i % 3 * 0.2, 0.9 - i % 5 * 0.1)));
+        const giAngle u(two_pi * (i / 400) / 250);
+        object->add(
+            new dgTransform(giXform3::translation(giVector3(0, 0, i % 400 * 0.1)) * giXform3::rotation(u, gi_Z_AXIS)));
+        object->add(block.get());
+        root->add(new dgStructureCall(object.get()));
+    }
+    return root;
+}
+
 Root mixed()
 {
     const Root root(new dgClientStructure);
@@ -343,6 +361,8 @@ int main(int argc, char** argv)
         measure("10,000 objects of 100 triangles", device, many_objects(0), 0);
     if (wanted("placed"))
         measure("10,000 objects of 100 triangles, each with its colour and place", device, many_objects(1), 0);
+    if (wanted("structures"))
+        measure("100,000 structures of 12 triangles", device, many_structures(), 0);
     if (wanted("mixed"))
         measure("2,000 blocks of 2,000 triangles and 200,000 lines", device, mixed(), 0);
     return EXIT_SUCCESS;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "coPageArr.h"
+#include "dgNetworkPlace.h"
 #include "grElementCategory.h"
 #include "grElementInfo.h"
 #include "grExport.h"
@@ -98,7 +99,8 @@ private:
     void walk_elements(dgRenderer& renderer, Draw draw);
     int draw_quotas(dgRenderer& renderer);
     int refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch);
-    int idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, int end);
+    int idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, dgNetworkPlace& place, int end);
+    void forget_idle_place();
     void end_draw_elements(dgRenderer& renderer);
     void erase();
     void draw_box();
@@ -116,7 +118,8 @@ private:
     int the_total = 0;
     int the_drawn_elements = 0; // in the last frame that drew until the time was over, and in the one before
     int the_drawn_before = 0;
-    int the_idle_position = 0; // elements drawn, of those in the order of the network
+    int the_idle_position = 0;     // elements drawn, of those in the order of the network
+    dgNetworkPlace the_idle_place; // behind them
     bool the_box_is_shown = false;
     double the_full_time = 0;
     int the_full_time_recorded = 0;

@@ -145,7 +145,10 @@ void grTimeoutRenderer::get_ready(double budget, int point_weight, int line_weig
     the_line_weight = line_weight;
     the_triangle_weight = triangle_weight;
     if (the_counted_root && edited())
+    {
         forget_measurements();
+        forget_idle_place();
+    }
     count_structure();
 }
 
@@ -186,6 +189,12 @@ void grTimeoutRenderer::forget_measurements()
 {
     reset();
     the_drawn_elements = the_drawn_before = 0;
+}
+
+void grTimeoutRenderer::forget_idle_place()
+{
+    the_idle_position = 0;
+    the_idle_place.clear();
 }
 
 void grTimeoutRenderer::fill_run_lengths()
@@ -295,7 +304,8 @@ void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
 int grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
 {
     int drawn = 0;
-    gr_walk_network(*the_view->root(), &renderer,
+    the_idle_place.clear();
+    gr_walk_network(*the_view->root(), &renderer, the_idle_place,
                     [&](const dgGraphicalElement& element)
                     {
                         if (!as_primitive(element))
@@ -328,7 +338,9 @@ void grTimeoutRenderer::draw_thinned_frame()
         category.seen = category.drawn = 0;
     erase();
     the_box_is_shown = false;
-    the_idle_position = the_all_drawn ? the_infos.count() : 0;
+    forget_idle_place();
+    if (the_all_drawn)
+        the_idle_position = the_infos.count();
     if (!visible())
         return;
     const Drawing drawing(*the_view);
@@ -372,7 +384,7 @@ grIdleAction grTimeoutRenderer::idle_draw()
         // What is seen is of a network that is no more.
         forget_measurements();
         count_structure();
-        the_idle_position = 0;
+        forget_idle_place();
         anew = true;
     }
     the_box_is_shown = false;
@@ -382,33 +394,40 @@ grIdleAction grTimeoutRenderer::idle_draw()
     int end = the_infos.count(); // the first box tells how far the time reaches
     Stopwatch stopwatch(renderer, the_budget / static_cast<double>(boxes.size()));
     Stopwatch* time_left = &stopwatch;
+    dgNetworkPlace place;
     gr_draw_in_boxes(*the_view, boxes,
                      [&]
                      {
                          if (anew)
                              erase();
                          const Drawing drawing(*the_view);
-                         end = idle_draw_elements(renderer, std::exchange(time_left, nullptr), end);
+                         place = the_idle_place;
+                         end = idle_draw_elements(renderer, std::exchange(time_left, nullptr), place, end);
                      });
     the_idle_position = end;
+    the_idle_place = std::move(place);
     // So that what was ordered does not pile up before the next frame.
     renderer.finish();
     return the_idle_position >= the_infos.count() ? grIDLE_DONE : grIDLE_AGAIN;
 }
 
-// Draws on up to an element, or until the time is over if there is one; answers how many elements are drawn now.
-int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, int end)
+// Draws on from a place up to an element, or until the time is over if there is one; moves the place on and answers how
+// many elements are drawn now.
+int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, dgNetworkPlace& place, int end)
 {
-    int met = 0;
-    walk_elements(renderer,
-                  [&](const dgGraphicalElement& element, const grElementInfo& info)
-                  {
-                      if (++met <= the_idle_position)
-                          return true;
-                      renderer.execute(element);
-                      return met < end && !(stopwatch && stopwatch->over(info.count));
-                  });
-    return std::max(met, the_idle_position);
+    int met = the_idle_position;
+    gr_walk_network(*the_view->root(), &renderer, place,
+                    [&](const dgGraphicalElement& element)
+                    {
+                        if (as_primitive(element) && met >= the_infos.count())
+                            return false;
+                        renderer.execute(element);
+                        if (!as_primitive(element))
+                            return true;
+                        const int count = the_infos[met++].count;
+                        return met < end && !(stopwatch && stopwatch->over(count));
+                    });
+    return met;
 }
 
 void grTimeoutRenderer::end_twiddle_draw()

@@ -190,6 +190,44 @@ TEST(gsStructureSlicer, slices_together_draw_everything_once)
     EXPECT_EQ(slices, 9);
 }
 
+TEST(gsStructureSlicer, goes_on_where_it_stands_until_the_network_changes)
+{
+    class Counter : public gsStructureSlicer
+    {
+    public:
+        Counter() : gsStructureSlicer(30) {}
+        void run(dgRenderer& renderer, const dgPrimitiveRun& run) override
+        {
+            ++met;
+            gsStructureSlicer::run(renderer, run);
+        }
+        int met = 0;
+    };
+    Scene scene;
+    for (int i = 0; i < 20; ++i)
+    {
+        const dgRef<dgStructure> part(new dgClientStructure);
+        part->add(new dgLineWidth(i));
+        part->add(line(10));
+        scene.add(new dgStructureCall(part.get()));
+    }
+    Counter slicer;
+    std::vector<int> met;
+    const auto draw = [&]
+    {
+        slicer.met = 0;
+        slicer.next_slice();
+        scene.draw(slicer);
+        met.push_back(slicer.met);
+    };
+    draw();
+    draw();
+    scene.add(line(10));
+    draw();
+    draw();
+    EXPECT_EQ(met, (std::vector<int>{4, 4, 10, 4})); // three whole ones, and the first of the next slice
+}
+
 TEST(gsStructureSlicer, ends_on_a_network_without_primitives)
 {
     Scene scene;

@@ -1,5 +1,5 @@
 // What is left out because it is out of view leaves no pixel.
-#include "dgDriver.h"
+#include "gsStructureSlicer.h"
 #include "renderScene.h"
 #include "tsRandomNetwork.h"
 
@@ -48,6 +48,19 @@ TEST(dgCulling, leaves_every_byte_of_random_pictures_as_it_is)
                 pictures[culling] = scene.picture();
             }
             ASSERT_TRUE(same_pictures(pictures[0], pictures[1])) << number << " " << i;
+            if (i % 3 == 0)
+            {
+                gsStructureSlicer slicer(network.whole(1, 300));
+                scene.renderer.erase(0);
+                scene.view.erase(dgERASE_ZBUFFER_YES);
+                while (slicer.another_slice_needed())
+                {
+                    slicer.next_slice();
+                    scene.renderer.render_action(&slicer);
+                    scene.view.render_network(nullptr);
+                }
+                ASSERT_TRUE(same_pictures(pictures[0], scene.picture())) << number << " " << i << " in slices";
+            }
             drawn += count_pixels(pictures[0], {0, 0, 0}) < 160 * 120;
             for (int edits = network.whole(0, 2); edits > 0; --edits)
                 network.edit();

@@ -2,8 +2,10 @@
 
 #include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
+#include "dgStructure.h"
 
 #include <algorithm>
+#include <utility>
 
 gsStructureSlicer::gsStructureSlicer(int per_slice) : the_per_slice(std::max(per_slice, 1)) {}
 
@@ -11,21 +13,35 @@ void gsStructureSlicer::next_slice()
 {
     the_begin = the_end;
     the_end += the_per_slice;
+    the_start = std::exchange(the_stop, Place());
 }
 
-void gsStructureSlicer::start_network(dgRenderer&, const dgStructure*)
+void gsStructureSlicer::start_network(dgRenderer&, const dgStructure* structure)
 {
-    the_met = 0;
+    const unsigned long long stamp = structure ? structure->network_stamp() : 0;
+    if (std::exchange(the_network_stamp, stamp) != stamp)
+        the_start = Place();
+    the_stop = Place();
+    the_met = the_start.met;
 }
 
 void gsStructureSlicer::end_network(dgRenderer&)
 {
-    the_total = the_met;
+    if (the_stop.run.empty())
+        the_total = the_met;
+}
+
+int gsStructureSlicer::stops_at(const dgNetworkPlace& place)
+{
+    if (the_end == 0 || the_met <= the_end)
+        return 0;
+    the_stop = {place, the_run_start};
+    return 1;
 }
 
 void gsStructureSlicer::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
-    const long long start = the_met;
+    const long long start = the_run_start = the_met;
     const int features = run.sampling().features();
     the_met += features;
     const long long low = std::max(the_begin, start), high = std::min(the_end, the_met);
@@ -42,6 +58,6 @@ void gsStructureSlicer::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 
 int gsStructureSlicer::element(dgRenderer&, const dgGraphicalElement&)
 {
-    // What draws by itself cannot be cut: it belongs to the first slice.
-    return the_begin == 0;
+    // What draws by itself cannot be cut: it belongs to the slice that passes it.
+    return the_met >= the_begin;
 }

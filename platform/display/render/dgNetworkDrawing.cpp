@@ -29,6 +29,7 @@ public:
     static const dgGraphicalElement* element(Item step) { return step->element; }
 
 private:
+    void put_in_force(int end);
     void look_for_seen();
     Item next_seen();
     Item next_of_all();
@@ -53,6 +54,9 @@ public:
         if (the_culling)
             root.bounds();
         the_changes = dgStructure::bounds_changes();
+        if (const gsRenderAction* action = through_action ? renderer.render_action() : nullptr)
+            if (const dgNetworkPlace* start = action->starts_at())
+                the_start = *start;
     }
 
     unsigned long long walk() const { return the_walk; }
@@ -60,6 +64,7 @@ public:
     {
         the_renderer.push_structure();
         the_word_marks.push_back(the_words.size());
+        the_place.push_back(0);
         return true;
     }
     StepCursor cursor(const dgStructure& structure) { return StepCursor(structure, *this); }
@@ -69,7 +74,10 @@ public:
         if (step->run)
         {
             if (action)
+            {
                 action->run(the_renderer, *step->run);
+                return the_renderer.render_action() != action || !action->stops_at(the_place);
+            }
             else
                 the_renderer.draw_run(*step->run, the_inside || !culls());
         }
@@ -84,6 +92,7 @@ public:
     {
         the_words.resize(the_word_marks.back());
         the_word_marks.pop_back();
+        the_place.pop_back();
         the_renderer.pop_structure();
     }
 
@@ -105,6 +114,8 @@ private:
     bool the_inside = false; // all of the step that was met last is seen
     std::vector<std::uint64_t> the_words;
     std::vector<std::size_t> the_word_marks;
+    dgNetworkPlace the_place; // steps
+    dgNetworkPlace the_start; // as far as the walk has not reached it yet
 };
 
 StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
@@ -119,6 +130,27 @@ StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
     the_steps = &structure.compiled().steps();
     if (the_tree)
         look_for_seen();
+    else if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
+    {
+        put_in_force(drawing.the_start[depth - 1]);
+        if (depth == drawing.the_start.size())
+            drawing.the_start.clear();
+    }
+}
+
+// Moves on to a step, with the attributes before it.
+void StepCursor::put_in_force(int end)
+{
+    constexpr int few = 8;
+    const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
+    if (const int first = static_cast<int>(the_next); the_tree && end - first > few)
+        the_tree->attributes_between(first, end, execute);
+    else
+        for (int i = first; i < end; ++i)
+            if (const dgGraphicalElement* element = (*the_steps)[static_cast<std::size_t>(i)].element;
+                element && element->kind() == dgELEMENT_ATTRIBUTE)
+                execute(*element);
+    the_next = static_cast<std::size_t>(end);
 }
 
 void StepCursor::look_for_seen()
@@ -163,17 +195,8 @@ StepCursor::Item StepCursor::next_seen()
     the_left &= the_left - 1;
     the_drawing->the_inside = words[the_first_word + the_words + the_word] >> bit & 1;
     const int step = the_tree->step(static_cast<int>(64 * the_word + bit));
-    const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
-    constexpr int few = 8;
-    if (const int first = static_cast<int>(the_next); step - first > few)
-        the_tree->attributes_between(first, step, execute);
-    else
-        for (; the_next < static_cast<std::size_t>(step); ++the_next)
-            if (const dgGraphicalElement* element = (*the_steps)[the_next].element;
-                element && element->kind() == dgELEMENT_ATTRIBUTE)
-                execute(*element);
-    the_next = static_cast<std::size_t>(step) + 1;
-    return &(*the_steps)[the_next - 1];
+    put_in_force(step);
+    return &(*the_steps)[the_next++];
 }
 
 StepCursor::Item StepCursor::next_of_all()
@@ -187,6 +210,7 @@ StepCursor::Item StepCursor::next_of_all()
             the_drawing->the_culling && step->element ? step->element->called_structure() : nullptr;
         if (called && called->known_bounds(bounds) && bounds.box.empty() && !bounds.open)
             continue;
+        the_drawing->the_place.back() = static_cast<int>(the_next) - 1;
         return step;
     }
     return nullptr;

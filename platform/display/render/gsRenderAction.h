@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgExport.h"
+#include "dgNetworkPlace.h"
 
 class dgGraphicalElement;
 class dgGraphicalPrimitive;
@@ -10,7 +11,8 @@ struct dgPrimitiveRun;
 
 /// Sees every primitive of a network drawing before it is drawn. Installed with dgRenderer::render_action.
 ///
-/// Attributes, transforms and calls always take effect, and primitives are met in the same order every time.
+/// Attributes, transforms and calls always take effect, and primitives are met in the same order every time, in view or
+/// not.
 class DG_EXPORT gsRenderAction
 {
 public:
@@ -29,6 +31,13 @@ public:
     /// Draws what is to be drawn of primitives that follow on each other under one state, which is in force. By default
     /// asks about each of them.
     virtual void run(dgRenderer& renderer, const dgPrimitiveRun& run);
+
+    /// Where a pass starts, null for the beginning of the network: at a run of which stops_at was told while the
+    /// network was as it is now. What lies before is not met; its attributes are in force. Asked behind start_network.
+    virtual const dgNetworkPlace* starts_at() const { return nullptr; }
+
+    /// Asked behind each run, whose place this is: 1 ends the pass.
+    virtual int stops_at(const dgNetworkPlace&) { return 0; }
 
     /// 1 to draw the primitive, 0 to skip it.
     virtual int primitive(dgRenderer&, const dgGraphicalPrimitive&) { return 1; }
