@@ -50,6 +50,9 @@ if(PROJECT_IS_TOP_LEVEL)
 endif()
 
 add_library(gr_build INTERFACE)
+if(WIN32)
+    target_compile_definitions(gr_build INTERFACE NOMINMAX) # min and max are functions
+endif()
 if(MSVC)
     target_compile_options(gr_build INTERFACE /W4 /utf-8 $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:/WX>)
 else()

@@ -1,7 +1,6 @@
 #include "apThread.h"
 
 #define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 void ap_lower_thread_priority()
