@@ -117,7 +117,7 @@ TEST(grSpin, decays)
 }
 
 // Two squares of side 1 around (1, 0.5), 0.5 and 2 units in front of the view plane, called under a transform.
-TEST(grSurfacePoint, stays_under_the_cursor_when_views_turn_about_it)
+TEST(gr_surface_point, stays_under_the_cursor_when_views_turn_about_it)
 {
     auto* block = new giTriBlock;
     for (const double z : {0.5, 2.0})

@@ -1,4 +1,4 @@
-#include "grSurfacePoint.h"
+#include "gr_surface_point.h"
 
 #include "dgNetworkWalk.h"
 #include "dgTriangleBlock.h"
@@ -107,10 +107,10 @@ giPoint3 world_point(const dgCamera& camera, const giPoint2& position, double de
 }
 }
 
-bool gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& point)
+int gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& point)
 {
     if (!view.root() || view.root()->bounding_box().empty())
-        return false;
+        return 0;
     const dgCamera& camera = view.camera();
     double front = camera.front_plane(), back = camera.back_plane();
     if (!view.user_clip_planes())
@@ -124,13 +124,13 @@ bool gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& po
     if (camera.projection() == dgPROJECTION_PERSPECTIVE)
         front = std::min(front, 0.999 * camera.projection_reference_point().z());
     if (!(front > back))
-        return false;
+        return 0;
     const giPoint3 start = world_point(camera, position, front);
     const Segment sight{start, world_point(camera, position, back) - start};
     Search search(sight);
     search.in(*view.root());
     if (search.nearest() > 1)
-        return false;
+        return 0;
     point = sight.at(search.nearest());
-    return true;
+    return 1;
 }

@@ -1,9 +1,0 @@
-#pragma once
-
-class dgView;
-class giPoint2;
-class giPoint3;
-
-/// Finds the point in world space of the surface that is seen at a position in device pixels: the nearest one of all
-/// triangles of the view's network between its clipping planes. False when there is none; point is then left alone.
-bool gr_surface_point(const dgView& view, const giPoint2& position, giPoint3& point);
