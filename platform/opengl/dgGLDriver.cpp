@@ -11,6 +11,7 @@
 #include "dgImage.h"
 #include "dgPrimitiveRun.h"
 #include "dgText.h"
+#include "giBox3.h"
 #include "giPoint3.h"
 #include "gsColour.h"
 
@@ -21,6 +22,9 @@
 
 namespace
 {
+// How many half windows away from the middle of view space positions are still fine enough to tell slopes from.
+constexpr double most_windows = 4096;
+
 // A device box as OpenGL takes boxes. Positions are cut off towards zero, as everywhere in device space.
 struct PixelBox
 {
@@ -67,15 +71,6 @@ void set_capability(unsigned capability, int on)
         glEnable(capability);
     else
         glDisable(capability);
-}
-
-void draw_ranges(unsigned mode, const dgGLIndexRanges& ranges)
-{
-    if (ranges.counts.size() == 1)
-        glDrawElements(mode, ranges.counts[0], GL_UNSIGNED_INT, ranges.offsets[0]);
-    else
-        glMultiDrawElements(mode, ranges.counts.data(), GL_UNSIGNED_INT, ranges.offsets.data(),
-                            static_cast<GLsizei>(ranges.counts.size()));
 }
 
 unsigned mode_of(dgTopology topology)
@@ -293,9 +288,17 @@ void dgGLDriver::update_transforms()
 {
     the_transforms_changed = 0;
     the_transform_stamp = next_stamp();
-    const giXform3 model_to_view = the_model_to_world * the_camera.world_to_view;
+    giXform3 model_to_view = the_model_to_world * the_camera.world_to_view;
+    if (the_origin != giPoint3())
+        model_to_view = giXform3::translation(the_origin.vector()) * model_to_view;
     to_floats(model_to_view * the_camera.projection, the_model_to_clip);
     to_floats(model_to_view, the_model_to_view);
+    // Positions in view space serve differences alone, which would drown far outside the window.
+    double offset = 0;
+    for (int column = 0; column < 3; ++column)
+        offset = std::max(offset, std::abs(model_to_view(3, column)));
+    if (offset * std::abs(the_camera.projection(0, 0)) > most_windows)
+        std::fill(the_model_to_view + 12, the_model_to_view + 15, 0.0f);
     the_mirrored = normal_matrix(model_to_view, the_normal_to_view) < 0;
 
     // The share of the cue colour grows evenly with view z from the front plane to the back plane. In a parallel view
@@ -318,11 +321,14 @@ void dgGLDriver::update_transforms()
 }
 
 // Puts the program, its values and the modes in force that draw under the current state.
-void dgGLDriver::prepare(dgTopology topology, int has_normals)
+void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin)
 {
     own_modes();
-    if (the_transforms_changed)
+    if (the_transforms_changed || origin != the_origin)
+    {
+        the_origin = origin;
         update_transforms();
+    }
     const int triangles = topology == dgTOPOLOGY_TRIANGLES;
     const int lines = topology == dgTOPOLOGY_LINES;
     const int text = topology == dgTOPOLOGY_TEXT;
@@ -394,11 +400,7 @@ void dgGLDriver::draw_run(const dgPrimitiveRun& run)
     if (run.topology == dgTOPOLOGY_TEXT)
         return draw_texts(run, 0, static_cast<int>(run.primitives.size()));
     const dgGLIndexRanges& ranges = the_device.geometry().store(run);
-    if (ranges.empty())
-        return;
-    prepare(run.topology, run.has_normals);
-    the_device.geometry().bind();
-    draw_ranges(mode_of(run.topology), ranges);
+    draw_ranges(run.topology, run.has_normals, ranges);
 }
 
 void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
@@ -413,11 +415,7 @@ void dgGLDriver::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
         return;
     }
     the_device.geometry().store(run, spans, the_selected);
-    if (the_selected.empty())
-        return;
-    prepare(run.topology, run.has_normals);
-    the_device.geometry().bind();
-    draw_ranges(mode_of(run.topology), the_selected);
+    draw_ranges(run.topology, run.has_normals, the_selected);
 }
 
 int dgGLDriver::draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen)
@@ -426,11 +424,7 @@ int dgGLDriver::draw_simplified(const dgPrimitiveRun& run, int count, const std:
     if (the_device.lost())
         return 0;
     const int drawn = the_device.geometry().simplify(run, count, seen, the_selected);
-    if (the_selected.empty())
-        return drawn;
-    prepare(run.topology, run.has_normals);
-    the_device.geometry().bind();
-    draw_ranges(mode_of(run.topology), the_selected);
+    draw_ranges(run.topology, run.has_normals, the_selected);
     return drawn;
 }
 
@@ -476,7 +470,26 @@ void dgGLDriver::draw_stored(const dgGraphicalPrimitive& primitive, dgTopology t
         return;
     the_pending_topology = topology;
     the_pending_normals = has_normals;
+    the_pending.origin = record.origin;
     the_pending.add(record.first_index, record.index_count);
+}
+
+void dgGLDriver::draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges)
+{
+    const dgGLGeometryStore& store = the_device.geometry();
+    const unsigned mode = mode_of(topology);
+    std::size_t first = 0;
+    for (const dgGLIndexRanges::Part& part : ranges.parts)
+    {
+        prepare(topology, has_normals, store.origin(part.origin));
+        store.bind();
+        if (part.end - first == 1)
+            glDrawElements(mode, ranges.counts[first], GL_UNSIGNED_INT, ranges.offsets[first]);
+        else
+            glMultiDrawElements(mode, ranges.counts.data() + first, GL_UNSIGNED_INT, ranges.offsets.data() + first,
+                                static_cast<GLsizei>(part.end - first));
+        first = part.end;
+    }
 }
 
 void dgGLDriver::flush()
@@ -485,9 +498,7 @@ void dgGLDriver::flush()
         the_pending.clear();
     if (the_pending.empty())
         return;
-    prepare(the_pending_topology, the_pending_normals);
-    the_device.geometry().bind();
-    draw_ranges(mode_of(the_pending_topology), the_pending);
+    draw_ranges(the_pending_topology, the_pending_normals, the_pending);
     the_pending.clear();
 }
 
@@ -496,14 +507,18 @@ void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
     flush();
     if (the_device.lost())
         return;
-    std::vector<float> xyz;
-    xyz.reserve(3 * static_cast<std::size_t>(std::max(npoints, 0)));
+    giBox3 box;
     for (int i = 0; i < npoints; ++i)
-        for (const double value : {points[i].x(), points[i].y(), points[i].z()})
-            xyz.push_back(static_cast<float>(value));
-    if (xyz.empty())
+        box.merge(points[i]);
+    if (box.empty())
         return;
-    prepare(dgTOPOLOGY_LINES, 0);
+    const giPoint3 origin = dgGLOrigins::for_box(box);
+    std::vector<float> xyz;
+    xyz.reserve(3 * static_cast<std::size_t>(npoints));
+    for (int i = 0; i < npoints; ++i)
+        for (int axis = 0; axis < 3; ++axis)
+            xyz.push_back(static_cast<float>(points[i][axis] - origin[axis]));
+    prepare(dgTOPOLOGY_LINES, 0, origin);
     the_device.stream_points(xyz.data(), npoints);
     glDrawArrays(GL_LINES, 0, npoints - npoints % 2);
 }

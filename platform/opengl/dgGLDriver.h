@@ -56,8 +56,9 @@ private:
     void own_modes();
     void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
-    void prepare(dgTopology topology, int has_normals);
+    void prepare(dgTopology topology, int has_normals, const giPoint3& origin);
     void update_transforms();
+    void draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);
     void flush();
     void draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals);
     void draw_texts(const dgPrimitiveRun& run, int first, int end);
@@ -76,6 +77,7 @@ private:
 
     // What follows from the transforms, made when next needed.
     int the_transforms_changed = 1;
+    giPoint3 the_origin; // local, of the positions that are drawn
     int the_mirrored = 0;
     float the_model_to_clip[16];
     float the_model_to_view[16];

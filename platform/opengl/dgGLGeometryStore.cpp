@@ -5,6 +5,7 @@
 #include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgPrimitiveRun.h"
+#include "giBox3.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
 #include "giVector3.h"
@@ -178,6 +179,8 @@ const dgGLGeometryStore::Record& dgGLGeometryStore::store(const dgGraphicalPrimi
     Record& record = record_of(primitive);
     if (record.stamp != primitive.stamp())
     {
+        const dgGraphicalPrimitive* alone = &primitive;
+        choose_origins(&alone, 1);
         Upload vertices(the_buffers->vertices, the_bytes_uploaded);
         Upload indices(the_buffers->indices, the_bytes_uploaded);
         copy(primitive, record, vertices, indices);
@@ -204,6 +207,7 @@ dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run
         cache->generation = 0;
     }
     reserve(run);
+    choose_origins(run.primitives.data(), run.primitives.size());
     cache->ranges.clear();
     cache->heavy.clear();
     {
@@ -222,7 +226,10 @@ dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run
                 copy(*primitive, record, *vertices, *indices);
             }
             if (record.index_count)
+            {
+                cache->ranges.origin = record.origin;
                 cache->ranges.add(record.first_index, record.index_count);
+            }
             if (run.topology != dgTOPOLOGY_TRIANGLES)
                 continue;
             const auto triangles = static_cast<int>(record.index_count / 3);
@@ -247,7 +254,7 @@ void dgGLGeometryStore::add_spans(const dgGLIndexRanges& all, dgTopology topolog
                                   const std::vector<dgFeatureSpan>& spans, dgGLIndexRanges& ranges) const
 {
     const auto scale = static_cast<std::uint64_t>(vertices_per_feature(topology));
-    std::size_t piece = 0;
+    std::size_t piece = 0, part = 0;
     std::uint64_t start = 0; // of the piece, in indices from the start of the run
     for (const dgFeatureSpan& span : spans)
     {
@@ -262,8 +269,11 @@ void dgGLGeometryStore::add_spans(const dgGLIndexRanges& all, dgTopology topolog
                 ++piece;
                 continue;
             }
+            while (piece >= all.parts[part].end)
+                ++part;
             const std::uint64_t end = std::min(high, start + count);
             const auto first = reinterpret_cast<std::uintptr_t>(all.offsets[piece]) / sizeof(std::uint32_t);
+            ranges.origin = all.parts[part].origin;
             ranges.add(static_cast<unsigned>(first + (low - start)), static_cast<unsigned>(end - low));
             low = end;
         }
@@ -306,6 +316,7 @@ int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const 
         const double wanted = share * heavy.triangles + carry;
         const int in_view = features_between(seen, heavy.first, end);
         int part = 0;
+        ranges.origin = the_records[id].origin;
         if (the_levels->has(id) && in_view <= wanted)
         {
             // What is seen of it fits as it is. A block out of view leaves nothing to others, so that turning it into
@@ -408,6 +419,65 @@ void dgGLGeometryStore::reserve(const dgPrimitiveRun& run)
         the_buffers->indices.reserve(indices);
 }
 
+// Gives those that will be copied their local origins: one that is in use here where it suits, since what has the same
+// is drawn together.
+void dgGLGeometryStore::choose_origins(const dgGraphicalPrimitive* const* primitives, std::size_t count)
+{
+    struct Known
+    {
+        unsigned origin;
+        double reach;
+    };
+    std::vector<Known> known;
+    std::vector<const dgGraphicalPrimitive*> changed;
+    for (std::size_t i = 0; i < count; ++i)
+    {
+        const Record& record = record_of(*primitives[i]);
+        const int is_new = record.stamp == 0;
+        const int is_changed = record.stamp != primitives[i]->stamp();
+        if (is_changed)
+            changed.push_back(primitives[i]);
+        if (is_new)
+            continue;
+        // What stays lets the others reach on a little, so that a growing shape keeps to one.
+        const double reach = is_changed ? record.reach : 2.0 * record.reach;
+        const auto same = [&](const Known& other) { return other.origin == record.origin; };
+        const auto found = std::find_if(known.begin(), known.end(), same);
+        if (found == known.end())
+            known.push_back({record.origin, reach});
+        else
+            found->reach = std::max(found->reach, reach);
+    }
+
+    const auto place = [&](const dgGraphicalPrimitive& primitive, const giBox3& box, const giPoint3& at)
+    {
+        Record& record = record_of(primitive);
+        const unsigned origin = the_origins.acquire(at);
+        the_origins.release(record.origin);
+        record.origin = origin;
+        record.reach = static_cast<float>(dgGLOrigins::reach(box, at));
+    };
+    std::vector<giBox3> boxes;
+    std::size_t n_left = 0;
+    for (const dgGraphicalPrimitive* primitive : changed)
+    {
+        const giBox3 box = primitive->bounding_box();
+        const auto suits = [&](const Known& one)
+        { return dgGLOrigins::reach(box, origin(one.origin)) <= std::max(one.reach, dgGLOrigins::farthest(box)); };
+        const auto found = std::find_if(known.begin(), known.end(), suits);
+        if (found != known.end())
+            place(*primitive, box, giPoint3(origin(found->origin)));
+        else
+        {
+            changed[n_left++] = primitive;
+            boxes.push_back(box);
+        }
+    }
+    const std::vector<giPoint3> places = dgGLOrigins::for_boxes(boxes);
+    for (std::size_t i = 0; i < n_left; ++i)
+        place(*changed[i], boxes[i], places[i]);
+}
+
 dgGLGeometryStore::Record& dgGLGeometryStore::record_of(const dgGraphicalPrimitive& primitive)
 {
     const unsigned id = primitive.geometry_id();
@@ -422,6 +492,7 @@ void dgGLGeometryStore::free_ranges(Record& record)
         the_buffers->vertices.release(record.first_vertex, record.vertex_count);
     if (record.index_count)
         the_buffers->indices.release(record.first_index, record.index_count);
+    the_origins.release(record.origin);
     record = Record();
 }
 
@@ -434,7 +505,10 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
     const bool copied_before = record.stamp != 0;
     if (record.vertex_count != npoints || record.index_count != nindices)
     {
-        free_ranges(record);
+        if (record.vertex_count)
+            the_buffers->vertices.release(record.first_vertex, record.vertex_count);
+        if (record.index_count)
+            the_buffers->indices.release(record.first_index, record.index_count);
         if (npoints)
             record.first_vertex = the_buffers->vertices.allocate(npoints);
         if (nindices)
@@ -445,10 +519,11 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
     record.stamp = primitive.stamp();
     the_levels->forget(primitive.geometry_id());
 
+    const giVector3 origin = the_origins.place(record.origin).vector();
     vertices.move_to(record.first_vertex);
     for (unsigned i = 0; i < npoints; ++i)
     {
-        const giPoint3& p = geometry.points[i];
+        const giPoint3 p = geometry.points[i] - origin;
         vertices.add(Vertex{{static_cast<float>(p.x()), static_cast<float>(p.y()), static_cast<float>(p.z())},
                             geometry.normals ? packed(geometry.normals[i]) : 0});
     }

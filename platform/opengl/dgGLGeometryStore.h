@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgGLIndexRanges.h"
+#include "dgGLOrigins.h"
 #include "dgGeometry.h"
 #include "dgGeometryListener.h"
 #include "dgRunSampling.h"
@@ -19,7 +20,7 @@ struct dgPrimitiveRun;
 /// Vertices of all primitives lie in one buffer and their indices in another. Each primitive has a range in both and a
 /// record of it under its geometry number; only a primitive whose stamp has grown is copied again. The triangles of a
 /// block are stored in chunks of neighbours, and the chunks in an order that spreads evenly, so that the first part
-/// of a block's range is an even sample of the block.
+/// of a block's range is an even sample of the block. Positions are relative to the local origin of their primitive.
 class DG_OPENGL_EXPORT dgGLGeometryStore : public dgGeometryListener
 {
 public:
@@ -34,6 +35,8 @@ public:
         unsigned vertex_count = 0;
         unsigned first_index = 0;
         unsigned index_count = 0;
+        unsigned origin = 0; ///< number of the local origin that its positions are relative to
+        float reach = 0;     ///< largest difference of a coordinate from the origin's
     };
 
     /// A context must be current here and in all calls but geometry_released and those that only ask.
@@ -68,6 +71,9 @@ public:
     /// Waits until all levels that are under way are made, and takes them over.
     void complete_levels();
 
+    /// The place of a local origin, in the coordinates of the primitives.
+    const giPoint3& origin(unsigned number) const { return the_origins.place(number); }
+
     /// Binds the vertex array that holds both buffers.
     void bind() const;
 
@@ -91,11 +97,13 @@ private:
     void add_spans(const dgGLIndexRanges& all, dgTopology topology, const std::vector<dgFeatureSpan>& spans,
                    dgGLIndexRanges& ranges) const;
     void reserve(const dgPrimitiveRun& run);
+    void choose_origins(const dgGraphicalPrimitive* const* primitives, std::size_t count);
     Record& record_of(const dgGraphicalPrimitive& primitive);
     void free_ranges(Record& record);
     void copy(const dgGraphicalPrimitive& primitive, Record& record, Upload& vertices, Upload& indices);
 
     std::unique_ptr<Buffers> the_buffers;
+    dgGLOrigins the_origins;
     std::unique_ptr<dgGLLevels> the_levels;
     std::vector<Record> the_records;      // by geometry number
     unsigned long long the_triangles = 0; // copied so far

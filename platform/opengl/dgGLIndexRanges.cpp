@@ -1,18 +1,20 @@
 #include "dgGLIndexRanges.h"
 
-#include <cstddef>
 #include <cstdint>
 
 void dgGLIndexRanges::clear()
 {
     counts.clear();
     offsets.clear();
+    parts.clear();
+    origin = 0;
 }
 
 void dgGLIndexRanges::add(unsigned first_index, unsigned count)
 {
     const auto* offset = reinterpret_cast<const char*>(std::uintptr_t(first_index) * sizeof(std::uint32_t));
-    if (!counts.empty() &&
+    const int same_part = !parts.empty() && parts.back().origin == origin;
+    if (same_part &&
         static_cast<const char*>(offsets.back()) + static_cast<std::size_t>(counts.back()) * sizeof(std::uint32_t) ==
             offset)
     {
@@ -21,4 +23,8 @@ void dgGLIndexRanges::add(unsigned first_index, unsigned count)
     }
     counts.push_back(static_cast<int>(count));
     offsets.push_back(offset);
+    if (same_part)
+        parts.back().end = counts.size();
+    else
+        parts.push_back({origin, counts.size()});
 }

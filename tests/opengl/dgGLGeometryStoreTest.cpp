@@ -2,7 +2,11 @@
 
 #include "dgGLGeometryStore.h"
 #include "dgGLTriangleOrder.h"
+#include "dgPointSet.h"
 #include "dgPolyline.h"
+#include "dgText.h"
+#include "dgTextHeight.h"
+#include "dgTransform.h"
 #include "dgTriangleBlock.h"
 #include "giTriBlock.h"
 
@@ -112,6 +116,66 @@ TEST(dgGLGeometryStore, gives_the_room_of_deleted_elements_to_new_ones)
         scene.root->clear();
     }
     EXPECT_EQ(store.bytes_used(), at_first);
+}
+
+namespace
+{
+// A part near a place: blocks with and without normals, lines, points and a text, and the box about them all.
+dgImage picture_at(const giPoint3& place, int far_neighbour, int through_transform)
+{
+    const giPoint3 near = through_transform ? giPoint3() : place;
+    Scene scene;
+    scene.view.camera().orientation(giXform3::translation(-place.vector()));
+    if (far_neighbour)
+        scene.add(rectangle(-20, 3, -10, 9));
+    if (through_transform)
+        scene.add(new dgTransform(giXform3::translation(place.vector())));
+    for (const int with_normals : {1, 0})
+    {
+        giTriBlock* block = sheet(16, 8 * with_normals, 7 + 8 * with_normals);
+        for (int i = 0; i < block->node_count(); ++i)
+        {
+            const giPoint3 p = block->nodes()[i];
+            block->nodes().set(i, near + giVector3(p.x(), p.y(), std::round(1024 * p.z()) / 1024));
+        }
+        if (!with_normals)
+            block->remove_normals();
+        scene.add(new dgTriangleBlock(block, 1));
+    }
+    auto* line = new dgPolyline;
+    std::vector<giPoint3> points;
+    for (const double x : {3.0, 20.0, 50.5})
+    {
+        line->add(near + giVector3(x, 1.25 * x - 9, 0));
+        points.push_back(near + giVector3(x + 1, 21.5, 0));
+    }
+    scene.add(line);
+    scene.add(new dgPointSet(points));
+    scene.add(new dgTextHeight(8));
+    scene.add(new dgText(near + giVector3(8, 22, 0), "text"));
+    scene.draw();
+    // Drawn one by one, and by segments that nobody keeps.
+    scene.view.begin();
+    scene.renderer.push_structure();
+    for (int i = 0; i < scene.root->nelements(); ++i)
+        scene.view.execute(*scene.root->element(i));
+    scene.renderer.pop_structure();
+    if (!far_neighbour)
+        scene.renderer.draw_bounding_box(*scene.root);
+    scene.view.end();
+    return scene.picture();
+}
+}
+
+// The offsets are powers of two, so that the part itself is exactly the same.
+TEST(dgGLGeometryStore, a_part_far_from_the_origin_looks_exactly_like_one_there)
+{
+    for (const double away : {0x1p20, 0x1p30, 0x1p36})
+        for (const int far_neighbour : {0, 1})
+            for (const int through_transform : {0, 1})
+                EXPECT_TRUE(same_pictures(picture_at({away, -away, away}, far_neighbour, through_transform),
+                                          picture_at({}, far_neighbour, 0)))
+                    << away << far_neighbour << through_transform;
 }
 
 TEST(dgGLGeometryStore, windows_of_one_device_share_what_they_draw)
