@@ -2,7 +2,10 @@
 // the full, the fast and the time-out refresher, and how long it then is until the picture is complete. Beside that,
 // what flattening costs and what a thinned frame costs over a bare draw call of the same triangles.
 //
-//     bench_framerate [scene...]      scenes: one many placed mixed; all without
+//     bench_framerate [--rate N] [--levels] [scene...]      scenes: one many placed mixed; all without
+//
+// --rate asks for another number of frames a second. --levels draws shares by simplified levels, which are waited for;
+// without, shares are samples.
 #include "dgClientStructure.h"
 #include "dgCompiledStructure.h"
 #include "dgGLDevice.h"
@@ -39,7 +42,9 @@
 namespace
 {
 constexpr int width = 1280, height = 720;
-constexpr double framerate = 10, drag_seconds = 5;
+constexpr double drag_seconds = 5;
+double framerate = 10;
+int levels = 0;
 constexpr double two_pi = 6.283185307179586;
 
 class Stopwatch
@@ -204,10 +209,12 @@ struct Picture
     dgView view;
 };
 
-// The k-th step of the drag: to the right, then upwards, then back, as a hand does.
+// The k-th step of the drag: to the right, then upwards, then back, as a hand does, and little by little to another
+// side.
 void step(dgView& view, int k)
 {
     view.camera().rotate_view(k / 8 % 2 ? gi_X_AXIS : gi_Y_AXIS, k / 16 % 2 ? -0.03 : 0.03);
+    view.camera().rotate_view(gi_X_AXIS, 0.005);
 }
 
 const char* yes_no(bool answer)
@@ -319,6 +326,9 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
             median(flat) / median(network), 1e3 * median(network));
     }
     grViewRendererFast::minimum_framerate(framerate);
+    picture.renderer.simplified_levels(levels);
+    if (levels)
+        device->geometry().complete_levels();
     const dgViewcoDList views{&picture.view};
     {
         grViewRefresherFull refresher(views);
@@ -340,10 +350,19 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
 
 int main(int argc, char** argv)
 {
-    const auto wanted = [&](const char* scene) {
-        return argc < 2 ||
-               std::any_of(argv + 1, argv + argc, [&](const char* arg) { return !std::strcmp(arg, scene); });
-    };
+    std::vector<std::string> scenes;
+    for (int i = 1; i < argc; ++i)
+    {
+        const std::string argument = argv[i];
+        if (argument == "--levels")
+            levels = 1;
+        else if (argument == "--rate" && i + 1 < argc)
+            framerate = std::max(std::atof(argv[++i]), 0.1);
+        else
+            scenes.push_back(argument);
+    }
+    const auto wanted = [&](const char* scene)
+    { return scenes.empty() || std::find(scenes.begin(), scenes.end(), scene) != scenes.end(); };
     std::string error;
     const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
     if (!device)

@@ -15,6 +15,7 @@ class dgStructure;
 class dgView;
 class giBox2;
 class giBox3;
+class grFollowedShare;
 class gsStructureFlattener;
 class gsStructureSlicer;
 
@@ -56,11 +57,14 @@ public:
     /// Null once the view is destroyed.
     dgView* view() const { return the_view; }
 
-    /// The share of primitives drawn in a frame, from 0 to 1, the number of them in the network, and in a slice; as
-    /// measured, 0 before and for grFAST_DRAW_ALL.
+    /// The share of primitives that frames start with, from 0 to 1, the number of them in the network, and in a slice;
+    /// as measured, 0 before and for grFAST_DRAW_ALL.
     double draw_ratio() const { return the_draw_ratio; }
     int total_prims() const { return the_total_prims; }
     int slice_prims() const { return the_slice_prims; }
+
+    /// The share of primitives that the next frame draws: from draw_ratio on it follows what frames take.
+    double followed_ratio() const;
 
     /// When the renderer was made.
     const apHighResTime& start_time() const { return the_start_time; }
@@ -155,6 +159,8 @@ private:
     double the_refresh_time = -1.0;
 
     std::unique_ptr<ViewWatch> the_watch;
+    std::unique_ptr<grFollowedShare> the_share;
+    double the_frame_start = 0;
     std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn
     dgRef<dgStructure> the_root;                         // that the_flat was made from
 

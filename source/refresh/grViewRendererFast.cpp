@@ -8,6 +8,7 @@
 #include "dgRenderer.h"
 #include "dgView.h"
 #include "grFlatDump.h"
+#include "grFollowedShare.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
@@ -125,7 +126,7 @@ private:
 
 grViewRendererFast::grViewRendererFast(dgView* view)
     : the_view(view), the_frame_limited(the_minimum_framerate > no_framerate),
-      the_frame_time(the_frame_limited ? 1 / the_minimum_framerate : 0)
+      the_frame_time(the_frame_limited ? 1 / the_minimum_framerate : 0), the_share(std::make_unique<grFollowedShare>())
 {
     debug();
     the_view->reference();
@@ -173,6 +174,7 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
         timed([this] { the_view->render_network(nullptr); });
         return;
     }
+    the_frame_start = apHighResTime::time();
     the_slicer.reset();
     the_picture_simplified = 0;
     the_icon.reset();
@@ -229,6 +231,7 @@ void grViewRendererFast::draw_frame(dgStructure* icon)
         if (the_view->renderer()->simplifies() && draws_slices() && !transparent(*the_view))
         {
             const double calibration_time = the_refresh_time;
+            the_frame_start = apHighResTime::time();
             the_view->erase(dgERASE_ZBUFFER_YES);
             draw_share();
             the_refresh_time = calibration_time;
@@ -239,7 +242,7 @@ void grViewRendererFast::draw_frame(dgStructure* icon)
 void grViewRendererFast::draw_share()
 {
     dgRenderer& renderer = *the_view->renderer();
-    gsStructureSkipper skipper(the_total_prims, the_draw_ratio);
+    gsStructureSkipper skipper(the_total_prims, the_share->share());
     const InstalledAction installed(renderer, &skipper);
     // What lies under a transparent view cannot be drawn anew when its picture is completed.
     const int simplified_levels = renderer.simplified_levels();
@@ -247,6 +250,14 @@ void grViewRendererFast::draw_share()
     timed([this] { the_view->render_network(drawn_structure()); });
     renderer.simplified_levels(simplified_levels);
     the_picture_simplified = skipper.simplified();
+    if (the_frame_limited && the_total_prims > 0)
+        the_share->frame_drawn(static_cast<double>(skipper.prims_drawn()) / the_total_prims,
+                               apHighResTime::time_diff(the_frame_start, apHighResTime::time()) / the_frame_time);
+}
+
+double grViewRendererFast::followed_ratio() const
+{
+    return the_draw_method == grFAST_DRAW_SHARE ? the_share->share() : 0;
 }
 
 void grViewRendererFast::draw_final_frame()
@@ -303,6 +314,7 @@ void grViewRendererFast::calibrate()
         the_total_prims = calibration.prims_total(1) + calibration.prims_total(0);
         the_draw_ratio = the_total_prims < 1 ? 1.0 : std::clamp(static_cast<double>(drawn) / the_total_prims, 0.0, 1.0);
         the_slice_prims = static_cast<int>(std::lround(the_total_prims * the_draw_ratio));
+        the_share->start(the_draw_ratio);
     }
     else
         the_draw_method = grFAST_DRAW_ALL;
@@ -384,7 +396,11 @@ int grViewRendererFast::draw_a_slice()
     // Each box draws the slice again, all of them together in the time of one.
     const int first = !the_slicer;
     if (first)
-        the_slicer = std::make_unique<gsStructureSlicer>(std::max(the_slice_prims / static_cast<int>(boxes.size()), 1));
+    {
+        const auto followed = static_cast<int>(std::lround(the_total_prims * followed_ratio()));
+        const int prims = std::max(the_slice_prims, followed);
+        the_slicer = std::make_unique<gsStructureSlicer>(std::max(prims / static_cast<int>(boxes.size()), 1));
+    }
     the_slicer->next_slice();
     if (!the_picture_simplified)
         draw_slice_in_boxes(boxes, stale);

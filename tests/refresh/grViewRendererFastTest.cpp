@@ -55,6 +55,29 @@ TEST(grViewRendererFast, draws_the_share_that_fitted_on_heavier_scenes)
     }
 }
 
+TEST(grViewRendererFast, follows_what_frames_take_and_comes_to_rest)
+{
+    // The part turns a side that costs so many times more or less, and single frames come late.
+    for (const double times : {0.5, 0.7, 1.2, 3.0})
+    {
+        tsHeavyView heavy(n_segments, 10);
+        grViewRendererFast fast(&heavy.view());
+        frames(fast, 5);
+        EXPECT_EQ(fast.followed_ratio(), fast.draw_ratio());
+        heavy.window().cost_per_feature(10.0 * times / n_segments);
+        frames(fast, 15);
+        const double share = fast.followed_ratio();
+        for (int i = 0; i < 20; ++i)
+        {
+            heavy.window().cost_per_feature((i % 5 == 4 ? 30.0 : 10.0) * times / n_segments);
+            frames(fast, 1);
+            EXPECT_EQ(fast.followed_ratio(), share) << times;
+            EXPECT_GE(fast.refresh_time(), 0.79) << times;
+            EXPECT_LE(fast.refresh_time(), i % 5 == 4 ? 3.1 : 1.02) << times;
+        }
+    }
+}
+
 TEST(grViewRendererFast, hands_on_what_it_draws)
 {
     tsHeavyView heavy(n_segments, 10);

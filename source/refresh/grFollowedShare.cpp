@@ -1,0 +1,43 @@
+#include "grFollowedShare.h"
+
+#include <algorithm>
+
+namespace
+{
+// In times that a frame may take.
+constexpr double too_little = 0.8, wanted = 0.9, too_much = 1.01, far_too_much = 1.5;
+
+// By how much one step may change the share.
+constexpr double largest_fall = 0.5, largest_rise = 1.5;
+}
+
+void grFollowedShare::start(double share)
+{
+    the_share = share;
+    the_nloads = 0;
+}
+
+void grFollowedShare::frame_drawn(double drawn, double load)
+{
+    if (!(load > 0) || !(drawn > 0))
+        return;
+    the_loads[2] = the_loads[1];
+    the_loads[1] = the_loads[0];
+    the_loads[0] = load;
+    the_nloads = std::min(the_nloads + 1, 3);
+    double middle = 0;
+    if (the_nloads == 3)
+        middle = std::max(std::min(the_loads[0], the_loads[1]),
+                          std::min(std::max(the_loads[0], the_loads[1]), the_loads[2]));
+    else if (the_nloads == 2 && std::min(the_loads[0], the_loads[1]) > far_too_much)
+        middle = std::min(the_loads[0], the_loads[1]); // two that are far too late are enough
+    else
+        return;
+    if (middle >= too_little && middle <= too_much)
+        return;
+    const double next = drawn * std::clamp(wanted / middle, largest_fall, largest_rise);
+    const double before = the_share;
+    the_share = middle > too_much ? std::min(the_share, next) : std::clamp(next, the_share, 1.0);
+    if (the_share != before)
+        the_nloads = 0;
+}
