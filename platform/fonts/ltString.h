@@ -7,6 +7,7 @@
 /// Text whose parts look differently: runs one after another, each with its attributes.
 struct ltString
 {
+    /// A piece of the text whose letters all look alike.
     struct Run
     {
         utString text; ///< UTF-8

@@ -14,10 +14,11 @@
 class GW_EXPORT gwResourceText
 {
 public:
+    /// One "key: value", with the positions of both in the text, in bytes from 0.
     struct Setting
     {
-        utString key;   // without blanks and control characters
-        utString value; // may be empty
+        utString key;   ///< without blanks and control characters
+        utString value; ///< may be empty; lines are joined
         std::size_t key_position = 0;
         std::size_t value_position = 0;
     };

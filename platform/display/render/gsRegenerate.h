@@ -5,6 +5,7 @@
 class gsRegenerate
 {
 public:
+    /// A value, and whether it is used in place of the one in force: 0 or 1.
     struct Override
     {
         int enabled;
