@@ -164,7 +164,7 @@ const dgStepTree& dgCompiledStructure::update_tree(const std::vector<const dgStr
     for (const int step : the_changed_runs)
         the_tree->run_changed(step);
     the_changed_runs.clear();
-    for (const dgStructure* called : changed_calls)
-        the_tree->call_changed(*called);
+    the_tree->calls_changed(changed_calls);
+    the_tree->update();
     return *the_tree;
 }

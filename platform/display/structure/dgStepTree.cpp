@@ -8,6 +8,7 @@
 #include "dgStructure.h"
 
 #include <cmath>
+#include <unordered_set>
 #include <utility>
 
 namespace
@@ -198,57 +199,60 @@ dgBounds dgStepTree::find(Leaf& leaf, const giXform3& placement, bool world)
     return found;
 }
 
-void dgStepTree::refresh(int leaf)
+// In one pass, so that any number of changes costs no more than to find all leaves.
+void dgStepTree::update()
 {
-    place(leaf, leaf + 1);
-}
-
-// Finds the bounds of some leaves again.
-void dgStepTree::place(int first_leaf, int end_leaf)
-{
+    std::sort(the_changed.begin(), the_changed.end(), [](const Range& a, const Range& b) { return a.first < b.first; });
     giXform3 placement;
     bool world = false;
-    int passed = -1;
-    for (int i = first_leaf; i < end_leaf; ++i)
-    {
-        Leaf& leaf = the_leaves[static_cast<std::size_t>(i)];
-        if (passed < 0)
-            placement = product(passed = leaf.transforms, world);
-        for (; passed < leaf.transforms; ++passed)
+    int passed = -1, done = 0;
+    for (const Range& range : the_changed)
+        for (done = std::max(done, range.first); done < range.end; ++done)
         {
-            const dgGraphicalElement& transform = element(the_transforms[static_cast<std::size_t>(passed)]);
-            world |= transform.type() == dgTYPE_WORLD_TRANSFORM;
-            dg_pass_transform(transform, placement);
+            Leaf& leaf = the_leaves[static_cast<std::size_t>(done)];
+            if (passed < 0)
+                placement = product(passed = leaf.transforms, world);
+            for (; passed < leaf.transforms; ++passed)
+            {
+                const dgGraphicalElement& transform = element(the_transforms[static_cast<std::size_t>(passed)]);
+                world |= transform.type() == dgTYPE_WORLD_TRANSFORM;
+                dg_pass_transform(transform, placement);
+            }
+            const Leaf before = leaf;
+            the_tree.set(done, find(leaf, placement, world).box);
+            the_inexact += before.exact - leaf.exact;
+            if (leaf.open != before.open)
+                mark(the_open, done, leaf.open);
+            if (leaf.vague != before.vague)
+                mark(the_vague, done, leaf.vague);
         }
-        const Leaf before = leaf;
-        the_tree.set(i, find(leaf, placement, world).box);
-        the_inexact += before.exact - leaf.exact;
-        if (leaf.open != before.open)
-            mark(the_open, i, leaf.open);
-        if (leaf.vague != before.vague)
-            mark(the_vague, i, leaf.vague);
-    }
+    the_changed.clear();
+    the_moved = {0, 0};
 }
 
-void dgStepTree::call_changed(const dgStructure& called)
+void dgStepTree::calls_changed(const std::vector<const dgStructure*>& called)
 {
     const auto& steps = the_form.steps();
-    const auto calls = [&](int step)
+    const auto called_at = [&](int step) -> const dgStructure*
     {
         const dgGraphicalElement* element = steps[static_cast<std::size_t>(step)].element;
-        return element && element->called_structure() == &called;
+        return element ? element->called_structure() : nullptr;
     };
-    const int hint = called.call_hint();
-    if (called.times_called_by(the_form.structure()) == 1 && hint < static_cast<int>(steps.size()) && calls(hint))
+    std::unordered_set<const dgStructure*> sought;
+    for (const dgStructure* structure : called)
     {
-        refresh(leaf_from(hint));
-        return;
+        const int hint = structure->call_hint();
+        if (structure->times_called_by(the_form.structure()) == 1 && hint < static_cast<int>(steps.size()) &&
+            called_at(hint) == structure)
+            leaf_changed(leaf_from(hint));
+        else
+            sought.insert(structure);
     }
-    for (int leaf = 0; leaf < drawing_steps(); ++leaf)
-        if (calls(step(leaf)))
+    for (int leaf = 0; leaf < drawing_steps() && !sought.empty(); ++leaf)
+        if (const dgStructure* structure = called_at(step(leaf)); structure && sought.count(structure))
         {
-            called.call_hint(step(leaf));
-            refresh(leaf);
+            structure->call_hint(step(leaf));
+            leaf_changed(leaf);
         }
 }
 
@@ -256,18 +260,19 @@ void dgStepTree::element_changed(int step)
 {
     const dgGraphicalElement& changed = element(step);
     if (changed.kind() != dgELEMENT_ATTRIBUTE)
-    {
-        refresh(leaf_from(step));
-        return;
-    }
+        return leaf_changed(leaf_from(step));
     if (!is_transform(changed))
     {
         the_reach = std::max(the_reach, static_cast<const dgGraphicalAttribute&>(changed).reach());
         return;
     }
-    // It holds until another takes its place.
+    // It holds until another takes its place, as the one before it does.
+    const int first = leaf_from(step);
+    if (the_moved.first <= first && first < the_moved.end)
+        return;
     const auto next =
         std::find_if(std::upper_bound(the_transforms.begin(), the_transforms.end(), step), the_transforms.end(),
                      [this](int i) { return element(i).type() == dgTYPE_WORLD_TRANSFORM; });
-    place(leaf_from(step), next == the_transforms.end() ? drawing_steps() : leaf_from(*next));
+    the_moved = {first, next == the_transforms.end() ? drawing_steps() : leaf_from(*next)};
+    the_changed.push_back(the_moved);
 }

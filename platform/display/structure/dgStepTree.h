@@ -62,10 +62,12 @@ public:
             execute(element(*i));
     }
 
-    // What has changed in place. A step is one of an attribute or of an element that draws by itself.
-    void run_changed(int step) { refresh(leaf_from(step)); }
-    void call_changed(const dgStructure& called);
+    // What has changed in place, before update finds it again. A step is one of an attribute or of an element that
+    // draws by itself.
+    void run_changed(int step) { leaf_changed(leaf_from(step)); }
+    void calls_changed(const std::vector<const dgStructure*>& called);
     void element_changed(int step);
+    void update();
 
 private:
     struct Leaf
@@ -80,6 +82,10 @@ private:
         int type;
         std::vector<int> steps;
     };
+    struct Range
+    {
+        int first, end; // leaves
+    };
     using Steps = std::vector<int>::const_iterator;
 
     const dgGraphicalElement& element(int step) const;
@@ -87,12 +93,13 @@ private:
     giXform3 product(int transforms, bool& world) const;
     void note_attribute(int step, const dgGraphicalElement& attribute);
     dgBounds find(Leaf& leaf, const giXform3& placement, bool world);
-    void refresh(int leaf);
-    void place(int first_leaf, int end_leaf);
+    void leaf_changed(int leaf) { the_changed.push_back({leaf, leaf + 1}); }
 
     const dgCompiledStructure& the_form;
     std::vector<Leaf> the_leaves;
     dgBoxTree the_tree;
+    std::vector<Range> the_changed;
+    Range the_moved{0, 0};                // by the transform that has changed last
     std::vector<int> the_open, the_vague; // leaves
     std::vector<int> the_transforms;      // steps
     std::vector<Attributes> the_attributes;
