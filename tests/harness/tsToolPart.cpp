@@ -468,6 +468,14 @@ private:
             const dgTransform* own = ut_cast<dgTransform>(the_hooks->the_structure->element(0));
             return point * (own ? own->transform() * the_placement : the_placement);
         };
+        // Puts the cursor of the part at an element, or tells where it is.
+        on("part_cursor") = [this](tsArguments& in)
+        {
+            if (in.more())
+                part().set_cursor(in.integer());
+            else
+                the_stage.note_values({double(part().cursor())});
+        };
         on("part_elements") = [this] { return the_hooks->the_structure->nelements(); };
         on("actions") = [this]
         {

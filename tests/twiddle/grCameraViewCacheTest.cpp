@@ -87,11 +87,15 @@ TEST(grSavedCameraPosition, puts_the_look_back_and_leaves_the_place_on_the_scree
     view->camera().orientation(turned);
     view->camera().front_back_plane(7, -8);
     view->user_clip_planes(1);
+    view->camera().projection(dgPROJECTION_PERSPECTIVE);
+    view->camera().projection_reference_point(giPoint3(1, 2, 9));
     look(view, 3);
     const grSavedCameraPosition saved(*view);
     EXPECT_EQ(saved.is_position_of(*view), 1);
 
     view->camera().reset_orientation();
+    view->camera().projection(dgPROJECTION_PARALLEL);
+    view->camera().projection_reference_point(giPoint3(0, 0, 5));
     view->camera().front_back_plane(1, -1);
     view->user_clip_planes(0);
     look(view, 1);
@@ -102,6 +106,8 @@ TEST(grSavedCameraPosition, puts_the_look_back_and_leaves_the_place_on_the_scree
     EXPECT_EQ(saved.is_position_of(*view), 1);
     EXPECT_EQ(view->camera().orientation(), turned);
     EXPECT_EQ(view->camera().front_plane(), 7);
+    EXPECT_EQ(view->camera().projection(), dgPROJECTION_PERSPECTIVE);
+    EXPECT_EQ(view->camera().projection_reference_point(), giPoint3(1, 2, 9));
     EXPECT_EQ(view->user_clip_planes(), 1);
     EXPECT_EQ(view->camera().view_port_dc(), resized);
 }
