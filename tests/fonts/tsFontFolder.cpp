@@ -65,22 +65,6 @@ std::string tsRenamedFont(const std::string& name)
     return font;
 }
 
-tsFontFolder::tsFontFolder()
-{
-    static int number = 0;
-    const std::string name = std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "-" +
-                             std::to_string(reinterpret_cast<std::uintptr_t>(this)) + "-" + std::to_string(++number);
-    the_path = fs::path(testing::TempDir()) / ("gr-fonts-" + name);
-    fs::remove_all(the_path);
-    fs::create_directories(the_path);
-}
-
-tsFontFolder::~tsFontFolder()
-{
-    std::error_code ignored;
-    fs::remove_all(the_path, ignored);
-}
-
 void tsFontFolder::link(const std::string& stem, const std::string& htmldoc_stem)
 {
     link_file(stem + ".pfa", tsHtmldocFont(htmldoc_stem + ".pfa"));
@@ -89,18 +73,12 @@ void tsFontFolder::link(const std::string& stem, const std::string& htmldoc_stem
 
 void tsFontFolder::link_file(const std::string& name, const std::string& target)
 {
-    fs::create_symlink(target, the_path / name);
-}
-
-utString tsFontFolder::write(const std::string& name, const std::string& text)
-{
-    std::ofstream(the_path / name, std::ios::binary) << text;
-    return *this / name;
+    fs::create_symlink(target, tsFolder::operator/(name));
 }
 
 void tsFontFolder::make_folder(const std::string& name)
 {
-    fs::create_directory(the_path / name);
+    fs::create_directory(tsFolder::operator/(name));
 }
 
 const grOutlineFontListElement* tsFind(const grOutlineFontFamilyReader& reader, ltFontType type, const char* family)

@@ -5,8 +5,8 @@
 #include "apSystemFontsOverride.h"
 #include "giBox2.h"
 #include "grOutlineFontListElement.h"
+#include "tsFolder.h"
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -23,26 +23,18 @@ std::string tsRenamedFont(const std::string& name);
 
 std::string tsFileText(const std::string& file);
 
-/// A folder of its own that is gone with the object.
-class tsFontFolder
+/// A folder with fonts.
+class tsFontFolder : public tsFolder
 {
 public:
-    tsFontFolder();
-    ~tsFontFolder();
-    tsFontFolder(const tsFontFolder&) = delete;
-    tsFontFolder& operator=(const tsFontFolder&) = delete;
-
-    utString path() const { return the_path.string(); }
-    utString operator/(const std::string& name) const { return (the_path / name).string(); }
+    utString path() const { return tsFolder::path(); }
+    utString operator/(const std::string& name) const { return tsFolder::operator/(name); }
 
     /// Puts a real font of htmldoc-common, with its metrics, under another stem.
     void link(const std::string& stem, const std::string& htmldoc_stem = "Courier");
     void link_file(const std::string& name, const std::string& target);
-    utString write(const std::string& name, const std::string& text);
+    utString write(const std::string& name, const std::string& text) { return tsFolder::write(name, text); }
     void make_folder(const std::string& name);
-
-private:
-    std::filesystem::path the_path;
 };
 
 /// A system without a single font.

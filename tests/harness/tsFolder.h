@@ -25,6 +25,7 @@ public:
     tsFolder& operator=(const tsFolder&) = delete;
     ~tsFolder() { std::filesystem::remove_all(the_path); }
 
+    std::string path() const { return the_path.string(); }
     std::string operator/(const std::string& name) const { return (the_path / name).string(); }
     /// The names of what it holds now, in order, with blanks between them.
     std::string names() const

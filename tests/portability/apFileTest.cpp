@@ -1,5 +1,6 @@
 #include "apFile.h"
 #include "apProgram.h"
+#include "tsFolder.h"
 
 #include <gtest/gtest.h>
 
@@ -8,35 +9,11 @@
 #include <iterator>
 #include <string>
 
-namespace
-{
-// A folder of its own for one test, removed with all that is in it.
-class TemporaryFolder
-{
-public:
-    TemporaryFolder()
-        : the_path(std::filesystem::path(testing::TempDir()) /
-                   (std::string("ap_file_") + testing::UnitTest::GetInstance()->current_test_info()->name()))
-    {
-        std::filesystem::create_directories(the_path);
-    }
-    ~TemporaryFolder()
-    {
-        std::error_code error;
-        std::filesystem::remove_all(the_path, error);
-    }
-    apPathName path() const { return apPathName(the_path.string()); }
-
-private:
-    std::filesystem::path the_path;
-};
-}
-
 TEST(apFile, opens_plain_files_only)
 {
-    const TemporaryFolder folder;
-    const apPathName file = folder.path() / apPathName("gr\xC3\xBC\xC3\x9F"
-                                                       "e.txt");
+    const tsFolder temporary;
+    const apPathName folder(temporary.path()), file(temporary / "gr\xC3\xBC\xC3\x9F"
+                                                                "e.txt");
     std::ifstream stream;
     EXPECT_FALSE(ap_file_exists(file));
     EXPECT_FALSE(ap_open_for_reading(file, stream));
@@ -47,8 +24,8 @@ TEST(apFile, opens_plain_files_only)
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "a\r\nb");
 
     std::ifstream folder_stream;
-    EXPECT_FALSE(ap_file_exists(folder.path()));
-    EXPECT_FALSE(ap_open_for_reading(folder.path(), folder_stream));
+    EXPECT_FALSE(ap_file_exists(folder));
+    EXPECT_FALSE(ap_open_for_reading(folder, folder_stream));
     EXPECT_FALSE(folder_stream.is_open());
     EXPECT_FALSE(ap_file_exists(apPathName("\xFF\xFE")));
 }

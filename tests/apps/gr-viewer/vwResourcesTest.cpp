@@ -1,6 +1,7 @@
 #include "vwResources.h"
 
 #include "gwResourceDB.h"
+#include "tsFolder.h"
 #include "tsTable.h"
 
 #include <gtest/gtest.h>
@@ -10,30 +11,13 @@
 #include <sstream>
 #include <string>
 
-namespace
-{
-// A resource file that is gone with the object.
-class File
-{
-public:
-    explicit File(const std::string& text) : the_path(testing::TempDir() + "vw-test.res")
-    {
-        std::ofstream(the_path, std::ios::binary) << text;
-    }
-    ~File() { std::filesystem::remove(the_path); }
-    const std::string& path() const { return the_path; }
-
-private:
-    std::string the_path;
-};
-}
-
 TEST(vwResources, the_built_in_text_passes_the_checks_of_a_file)
 {
-    const File file(vw_default_resources());
+    const tsFolder folder;
+    const std::string file = folder.write("x.res", vw_default_resources());
     gwResourceDB db;
     std::string error;
-    EXPECT_EQ(vw_load_resources(file.path(), db, error), 1) << error;
+    EXPECT_EQ(vw_load_resources(file, db, error), 1) << error;
     utString value;
     EXPECT_EQ(db.get_resource("translations", value), 1);
     EXPECT_NE(value.str().find("mouse_button 1 : trackball"), std::string::npos);
@@ -41,10 +25,11 @@ TEST(vwResources, the_built_in_text_passes_the_checks_of_a_file)
 
 TEST(vwResources, a_file_replaces_the_keys_that_it_names)
 {
-    const File file("invert_zoom: yes\n");
+    const tsFolder folder;
+    const std::string file = folder.write("x.res", "invert_zoom: yes\n");
     gwResourceDB db;
     std::string error;
-    ASSERT_EQ(vw_load_resources(file.path(), db, error), 1) << error;
+    ASSERT_EQ(vw_load_resources(file, db, error), 1) << error;
     utString value;
     EXPECT_EQ(db.get_resource("invert_zoom", value), 1);
     EXPECT_EQ(value, "yes");
@@ -55,24 +40,26 @@ TEST(vwResources, mistakes_are_named_by_file_and_line)
 {
     for (const auto& row : ts_table(TS_TABLES "mistakes.table", "resources"))
     {
-        const File file(row[1]);
+        const tsFolder folder;
+        const std::string file = folder.write("x.res", row[1]);
         gwResourceDB db;
         std::string error;
-        EXPECT_EQ(vw_load_resources(file.path(), db, error), 0) << row[0];
-        EXPECT_EQ(error, file.path() + row[2]) << row[0];
+        EXPECT_EQ(vw_load_resources(file, db, error), 0) << row[0];
+        EXPECT_EQ(error, file + row[2]) << row[0];
         EXPECT_EQ(db.count(), 0) << row[0];
     }
 }
 
 TEST(vwResources, what_has_no_effect_is_reported)
 {
-    const File file("invert_zoom: no\nframe_rate: 20\n! a note\ninvert_zoom: yes\n");
+    const tsFolder folder;
+    const std::string file = folder.write("x.res", "invert_zoom: no\nframe_rate: 20\n! a note\ninvert_zoom: yes\n");
     gwResourceDB db;
     std::string error;
     std::ostringstream warnings;
-    EXPECT_EQ(vw_load_resources(file.path(), "", db, error, &warnings), 1) << error;
-    EXPECT_EQ(warnings.str(), file.path() + ":2: no tool reads 'frame_rate'\n" + file.path() +
-                                  ":4: invert_zoom: replaces what line 1 sets\n");
+    EXPECT_EQ(vw_load_resources(file, "", db, error, &warnings), 1) << error;
+    EXPECT_EQ(warnings.str(),
+              file + ":2: no tool reads 'frame_rate'\n" + file + ":4: invert_zoom: replaces what line 1 sets\n");
 }
 
 TEST(vwResources, a_missing_file_is_named)
