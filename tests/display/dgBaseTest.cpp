@@ -1,13 +1,19 @@
 #include "dgLabel.h"
 #include "dgRef.h"
 #include "dgSerr.h"
+#include "dgTextAlignment.h"
+#include "dgTextDirection.h"
+#include "dgTextHeight.h"
+#include "dgTransform.h"
 #include "dgView.h"
+#include "dgWorldTransform.h"
 #include "gsColour.h"
 #include "gsHeap.h"
 #include "gsRGB.h"
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <sstream>
 
 namespace
@@ -59,6 +65,30 @@ TEST(dgBase, reports_a_count_below_zero_and_destroys_all_the_same)
     EXPECT_EQ(destroyed, 1);
 }
 
+TEST(dgGraphicalAttribute, equals_one_of_its_type_and_value_alone)
+{
+    const giXform3 place = giXform3::translation({1, 0, 0});
+    const giVector3 x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+    using Attribute = dgRef<dgGraphicalAttribute>;
+    const std::function<Attribute()> makers[] = {
+        [&] { return new dgTransform(place); },
+        [] { return new dgTransform(giXform3()); },
+        [&] { return new dgWorldTransform(place); },
+        [] { return new dgWorldTransform(giXform3()); },
+        [&] { return new dgTextDirection(x, y); },
+        [&] { return new dgTextDirection(x, z); },
+        [&] { return new dgTextDirection(z, y); },
+        [] { return new dgTextAlignment(dgTEXT_LEFT, dgTEXT_TOP); },
+        [] { return new dgTextAlignment(dgTEXT_LEFT, dgTEXT_MIDDLE); },
+        [] { return new dgTextAlignment(dgTEXT_RIGHT, dgTEXT_TOP); },
+        [] { return new dgTextHeight(2); },
+        [] { return new dgTextHeight(3); },
+    };
+    for (const auto& make : makers)
+        for (const auto& other : makers)
+            EXPECT_EQ(make()->equal(*other()), &make == &other) << &make - makers << ' ' << &other - makers;
+}
+
 TEST(gsColour, rounds_and_clamps_to_8_bits)
 {
     gsRGB rgb;
@@ -66,6 +96,7 @@ TEST(gsColour, rounds_and_clamps_to_8_bits)
     EXPECT_EQ(rgb, (gsRGB{0, 128, 255}));
     gsColour(0.49 / 255, 0.51 / 255, 254.4 / 255).rgb(rgb);
     EXPECT_EQ(rgb, (gsRGB{0, 1, 254}));
+    EXPECT_EQ(gsColour(gsRGB{51, 102, 255}), gsColour(0.2, 0.4, 1));
 }
 
 TEST(gsColour, compares_indices_only_with_indices)
