@@ -36,7 +36,7 @@ struct tsOr
 struct tsRest : std::string
 {};
 
-/// Views, one at least, up to the end of a command or to a "+".
+/// Views, up to the end of a command or to a "+".
 struct tsViews : dgViewcoDList
 {};
 
