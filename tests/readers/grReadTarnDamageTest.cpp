@@ -1,5 +1,7 @@
 #include "tsTarn.h"
 
+#include "tsTable.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -7,45 +9,6 @@
 
 namespace
 {
-const struct
-{
-    const char* name;
-    std::string text;
-    int count;
-    const char* complaint = ""; // empty: not looked at
-} damaged_files[] = {
-    {"empty", "", 0, "this is no tarn file: no line starts with '*'"},
-    {"no line with a star", "title\n1 *\n1\n1\n" + tarn_triangle("1", "1"), 0},
-    {"no count", "*\nmany\n", 0, "line 2: the number of blocks should be where 'many' is"},
-    {"count beyond an int", tarn_file("4294967297", tarn_triangle("1", "1")), 0},
-    {"fewer blocks than counted", tarn_file("2", tarn_triangle("1", "1")), 2,
-     "line 21: the file ends where block 2 of 2 should be"},
-    {"more index lines than lines", tarn_file("2147483647", tarn_triangle("1", "1")), 2147483647},
-    {"node count below 0", tarn_file("1", tarn_block_head("1 1 -3 1 0") + "1 2 3\n"), 1,
-     "line 8: -3 nodes and 1 triangles are no block"},
-    {"triangle count below 0", tarn_file("1", tarn_block_head("1 1 3 -1 0") + tarn_three_nodes), 1},
-    {"node count that exhausts memory", tarn_file("1", tarn_block_head("1 1 2147483647 1 0") + tarn_three_nodes), 1},
-    {"triangle count that exhausts memory",
-     tarn_file("1", tarn_block_head("1 1 3 2147483647 0") + tarn_three_nodes + "1 2 3\n"), 1},
-    {"one node too many", tarn_file("1", tarn_block_head("1 1 4 1 0") + tarn_three_nodes + "1 2 3\n"), 1,
-     "line 21: the file ends where a finite number of node 4 should be"},
-    {"one triangle too many", tarn_file("1", tarn_block_head("1 1 3 2 0") + tarn_three_nodes + "1 2 3\n"), 1},
-    {"node number 0", tarn_file("1", tarn_block_head("1 1 3 1 0") + tarn_three_nodes + "0 1 2\n"), 1},
-    {"negative node number", tarn_file("1", tarn_block_head("1 1 3 1 0") + tarn_three_nodes + "1 -2 3\n"), 1},
-    {"node number beyond the last", tarn_file("1", tarn_block_head("1 1 3 1 0") + tarn_three_nodes + "1 2 4\n"), 1,
-     "line 20: triangle 1 has node 4 of 3"},
-    {"node number with decimals", tarn_file("1", tarn_block_head("1 1 3 1 0") + tarn_three_nodes + "1 2.0 3\n"), 1},
-    {"word for a number", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 zero 0 0 1 0 0\n"), 1},
-    {"nan", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 nan 0 0 1 0 0\n"), 1,
-     "line 17: a finite number of node 1 should be where 'nan' is"},
-    {"infinity", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 -inf 0 0 1 0 0\n"), 1},
-    {"two signs", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 +-1 0 0 1 0 0\n"), 1},
-    {"the lowest double rounded outwards",
-     tarn_file("1", tarn_block_head("0 0 1 0 0") + "0 0 0 -1.7976931348623159e308 0 0 0 0\n"), 1},
-    {"a zero byte", tarn_file("1", tarn_block_head("1 1 1 0 0") + "0 0 " + std::string(1, '\0') + "0 0 0 1 0 0\n"), 1,
-     "line 17: a finite number of node 1 should be where '?0' is"},
-};
-
 // A source of characters that cannot be positioned, such as a pipe, and hands out a few at a time.
 class tsPipe : public std::streambuf
 {
@@ -71,19 +34,22 @@ private:
 
 TEST(gr_read_tarn_tblock, damaged_files_fail_and_keep_nothing)
 {
-    for (const auto& c : damaged_files)
+    for (const auto& row : ts_table(TS_TABLES "damage.table", "damage"))
     {
-        const tsTarn tarn(c.text);
-        EXPECT_EQ(tarn.first, nullptr) << c.name;
-        EXPECT_EQ(tarn.blocks.size(), 0u) << c.name;
-        EXPECT_EQ(tarn.count, c.count) << c.name;
-        EXPECT_TRUE(tarn.failed) << c.name;
+        const std::string& name = row[0];
+        const std::string block = (row[2].empty() ? "" : tarn_block_head(row[2])) + row[3];
+        const std::string text = row[1].empty() ? row[3] : tarn_file(row[1], block);
+        const tsTarn tarn(text);
+        EXPECT_EQ(tarn.first, nullptr) << name;
+        EXPECT_EQ(tarn.blocks.size(), 0u) << name;
+        EXPECT_EQ(tarn.count, std::stoi(row[4])) << name;
+        EXPECT_TRUE(tarn.failed) << name;
 
-        std::istringstream stream(c.text);
+        std::istringstream stream(text);
         int count = 0;
         std::string complaint;
-        EXPECT_EQ(gr_read_tarn_tblock(stream, count, nullptr, complaint), nullptr) << c.name << ", without a list";
-        EXPECT_TRUE(*c.complaint ? complaint == c.complaint : !complaint.empty()) << c.name << ": " << complaint;
+        EXPECT_EQ(gr_read_tarn_tblock(stream, count, nullptr, complaint), nullptr) << name << ", without a list";
+        EXPECT_TRUE(row[5].empty() ? !complaint.empty() : complaint == row[5]) << name << ": " << complaint;
     }
 }
 

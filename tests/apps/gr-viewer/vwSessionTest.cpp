@@ -14,22 +14,7 @@
 
 namespace
 {
-const std::string every_kind = "gr-session 1\n"
-                               "size 640 480\n"
-                               "views 3\n"
-                               "0 press mouse_button 1 10 20\n"
-                               "0.016 move 12 21\n"
-                               "0.016 idle\n"
-                               "0.1 release mouse_button 1 12 21 3\n"
-                               "0.1 press qwerty_key 82 12 21\n"
-                               "0.1 release other_key 5 12 21 16384\n"
-                               "0.2 wheel 5 6 -1 1\n"
-                               "0.3 spaceball 5 6 0.1 0.2 0.3 -0.1 -0.2 -0.3\n"
-                               "0.3 spaceball 5 6 1 0 0 0 0 0 2 0.05\n"
-                               "0.3 spaceball 5 6 1 0 0 0 0 0 0 0.05\n"
-                               "1.25 resize 800 600\n"
-                               "1.5 idle 4 0.25\n"
-                               "2.25 picture the-end_1\n";
+const std::string every_kind = tsFolder().text(VW_TEST_DATA "/every-kind.session");
 
 vwSession parsed(const std::string& text)
 {
