@@ -1,9 +1,15 @@
+#include "dgAttributeArray.h"
 #include "dgLabel.h"
+#include "dgLineColour.h"
+#include "dgLineWidth.h"
 #include "dgRef.h"
 #include "dgSerr.h"
 #include "dgTextAlignment.h"
+#include "dgTextColour.h"
 #include "dgTextDirection.h"
 #include "dgTextHeight.h"
+#include "dgTextSpacing.h"
+#include "dgTextWidthFactor.h"
 #include "dgTransform.h"
 #include "dgView.h"
 #include "dgWorldTransform.h"
@@ -57,8 +63,12 @@ TEST(dgBase, is_destroyed_when_the_last_holder_lets_go)
 
 TEST(dgBase, reports_a_count_below_zero_and_destroys_all_the_same)
 {
-    const HandlerGuard guard;
     int destroyed = 0;
+    testing::internal::CaptureStderr();
+    (new CountedLabel(destroyed))->unreference();
+    EXPECT_EQ(testing::internal::GetCapturedStderr() + std::to_string(destroyed), "Display structure error 110\n1");
+    const HandlerGuard guard;
+    destroyed = 0;
     dgLabel* label = new CountedLabel(destroyed);
     label->unreference();
     EXPECT_EQ(the_last_code, 110);
@@ -87,6 +97,22 @@ TEST(dgGraphicalAttribute, equals_one_of_its_type_and_value_alone)
     for (const auto& make : makers)
         for (const auto& other : makers)
             EXPECT_EQ(make()->equal(*other()), &make == &other) << &make - makers << ' ' << &other - makers;
+}
+
+TEST(dgAttributeArray, holds_the_defaults)
+{
+    const dgAttributeArray defaults;
+    const dgRef<dgGraphicalAttribute> expected[] = {new dgLineColour(gsColour(1, 1, 1)),
+                                                    new dgLineWidth(1),
+                                                    new dgTextHeight(1),
+                                                    new dgTextWidthFactor(1),
+                                                    new dgTextSpacing(0),
+                                                    new dgTextDirection({1, 0, 0}, {0, 1, 0}),
+                                                    new dgTextAlignment(dgTEXT_LEFT, dgTEXT_BASELINE),
+                                                    new dgTextColour(gsColour(1, 1, 1))};
+    for (const auto& attribute : expected)
+        EXPECT_TRUE(defaults.query(attribute->type()) && defaults.query(attribute->type())->equal(*attribute))
+            << attribute->type();
 }
 
 TEST(gsColour, rounds_and_clamps_to_8_bits)

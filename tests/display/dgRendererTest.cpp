@@ -123,16 +123,19 @@ TEST(dgRenderer, draws_what_an_element_before_it_moves_into_view)
     EXPECT_EQ(starting_with(scene.draw(), "draw"), Lines());
 }
 
-TEST(dgRenderer, takes_up_a_colour_changed_in_place)
+TEST(dgRenderer, takes_up_a_colour_and_a_width_changed_in_place)
 {
     Scene scene;
     scene.window.record_state(1);
     auto* colour = new dgLineColour(gsColour(1, 0, 0));
+    auto* width = new dgLineWidth(1);
     scene.root->add(colour);
+    scene.root->add(width);
     scene.root->add(line());
     scene.draw();
     colour->colour(gsColour(0, 0, 1));
-    EXPECT_EQ(starting_with(scene.draw(), "state line 0 0 1 ").size(), 1u);
+    width->value(3);
+    EXPECT_EQ(starting_with(scene.draw(), "state line 0 0 1 3 ").size(), 1u);
 }
 
 TEST(dgRenderer, ends_on_cycles_and_bears_deep_networks)

@@ -190,6 +190,15 @@ TEST(dgStructure, an_element_in_several_structures_tells_them_all)
     colour->colour(gsColour(0, 0, 1));
     EXPECT_GT(structures[1]->stamp(), once);
     EXPECT_EQ(colour->reference_count(), 3);
+
+    // One that has left its only structure tells it nothing.
+    dgClientStructure left;
+    const dgRef<dgLineColour> leaver(new dgLineColour(gsColour()));
+    left.add(leaver.get());
+    left.clear();
+    const auto after = left.stamp();
+    leaver->colour(gsColour(0, 0, 1));
+    EXPECT_EQ(left.stamp(), after);
 }
 
 TEST(dgCompiledStructure, breaks_runs_at_state_changes_but_not_at_labels)
