@@ -1,5 +1,6 @@
 #include "gr_surface_point.h"
 
+#include "dgFeatureTree.h"
 #include "dgNetworkWalk.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
@@ -75,7 +76,7 @@ public:
                        [this](const dgGraphicalElement& element, const giXform3& to_world)
                        {
                            if (const dgTriangleBlock* block = ut_cast<dgTriangleBlock>(&element))
-                               in(block->block(), to_world);
+                               in(*block, to_world);
                            return true;
                        });
     }
@@ -83,16 +84,37 @@ public:
     double nearest() const { return the_nearest; }
 
 private:
-    void in(const giTriBlock& block, const giXform3& to_world)
+    void in(const dgTriangleBlock& element, const giXform3& to_world)
     {
+        const giTriBlock& block = element.block();
         // An affine map keeps shares of a segment.
         const Segment sight = the_sight.through(to_world.inverse());
         if (block.triangle_count() == 0 || !meets(sight, block.box(), the_nearest))
             return;
         const giPoint3* nodes = block.nodes().data();
-        for (const giTriangle& triangle : block.triangles())
+        const auto look_at = [&](const giTriangle& triangle) {
             the_nearest =
                 std::min(the_nearest, crossing(sight, nodes[triangle[0]], nodes[triangle[1]], nodes[triangle[2]]));
+        };
+        if (block.triangle_count() < dgFeatureTree::least_features)
+        {
+            std::for_each(block.triangles().begin(), block.triangles().end(), look_at);
+            return;
+        }
+        // Rounding must not part a box from what lies on its side.
+        const double slack = 1e-9 * block.box().diagonal().length();
+        const dgFeatureTree& features = element.feature_tree();
+        features.tree().find(
+            [&](giBox3 box)
+            {
+                box.grow(slack);
+                return meets(sight, box, the_nearest) ? dgBOX_PARTLY : dgBOX_OUTSIDE;
+            },
+            [&](int group, bool)
+            {
+                for (const unsigned triangle : features.features(group))
+                    look_at(block.triangles()[triangle]);
+            });
     }
 
     const Segment the_sight;

@@ -48,6 +48,14 @@ TEST(dgCulling, leaves_every_byte_of_random_pictures_as_it_is)
                 pictures[culling] = scene.picture();
             }
             ASSERT_TRUE(same_pictures(pictures[0], pictures[1])) << number << " " << i;
+            if (i % 3 == 1)
+            {
+                gsRenderAction one_by_one;
+                scene.renderer.render_action(&one_by_one);
+                scene.renderer.erase(0);
+                scene.draw();
+                ASSERT_TRUE(same_pictures(pictures[0], scene.picture())) << number << " " << i << " one by one";
+            }
             if (i % 3 == 0)
             {
                 gsStructureSlicer slicer(network.whole(1, 300));

@@ -129,6 +129,8 @@ void dgRenderer::execute(const dgGraphicalElement& element)
 
 void dgRenderer::draw_primitive(const dgGraphicalPrimitive& primitive)
 {
+    if (out_of_view(primitive))
+        return;
     flush_state();
     driver()->draw_primitive(primitive);
 }
@@ -172,6 +174,15 @@ void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
         return;
     flush_state();
     driver()->draw_features(run, the_seen_spans);
+}
+
+// Blocks alone know their boxes without a look at all points.
+bool dgRenderer::out_of_view(const dgGraphicalPrimitive& primitive) const
+{
+    if (!culls() || primitive.type() != dgTYPE_TRIANGLE_BLOCK)
+        return false;
+    const giBox3 box = primitive.bounding_box();
+    return !box.empty() && volume().test(box) == dgBOX_OUTSIDE;
 }
 
 // True when some of a run is out of view: the_seen are the features that may be in it.
