@@ -22,6 +22,7 @@
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -98,6 +99,12 @@ int read_session(const std::string& file, vwSession& session, std::string& error
     return 0;
 }
 
+bool stands_still(const vwSession& session)
+{
+    return std::all_of(session.steps.begin(), session.steps.end(),
+                       [](const vwStep& step) { return step.kind == vwSTEP_PICTURE || step.kind == vwSTEP_RESIZE; });
+}
+
 int make_folder(const std::string& folder, std::string& error)
 {
     std::error_code failure;
@@ -162,6 +169,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     model.note_flaws(std::cerr);
     if (!make_folder(options.out, error))
         return 0;
+    if (stands_still(session))
+        device->make_no_levels();
     vwReport report;
     add_facts(report, options, session, model, *device);
     dgGLWindow window(device, session.width, session.height);

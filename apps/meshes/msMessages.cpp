@@ -136,14 +136,15 @@ std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease
         return nullptr;
     auto block = std::make_unique<giTriBlock>();
     const auto room = [](int count) { return static_cast<std::size_t>(std::min(count, most_reserved)); };
-    // Lists of corners are joined as they come.
-    const bool joined = !header.has_normals && !header.has_texture && header.n_nodes > header.n_faces;
+    // Nodes that have nothing beside their place are joined as they come.
+    const bool joined = !header.has_normals && !header.has_texture;
     std::vector<int> place_of;
     std::vector<giPoint3> nodes;
     if (joined)
     {
         msPlaces places;
-        places.points().reserve(room(header.n_nodes) / 5); // six triangles meet at a place
+        const bool lists_corners = header.n_nodes > header.n_faces; // of which six meet at a place
+        places.points().reserve(room(lists_corners ? header.n_nodes / 5 : header.n_nodes));
         place_of.reserve(room(header.n_nodes));
         if (!receive_pieces<float, 3>(is, header.n_nodes,
                                       [&](const float* v, int count) { places.add(v, count, place_of); }))

@@ -111,6 +111,11 @@ std::string dgGLDevice::name() const
     return text(GL_RENDERER) + ", OpenGL " + text(GL_VERSION) + ", " + the_context->name();
 }
 
+void dgGLDevice::make_no_levels()
+{
+    the_geometry->make_no_levels();
+}
+
 void dgGLDevice::stream_points(const float* xyz, int npoints)
 {
     glBindVertexArray(the_stream_array);

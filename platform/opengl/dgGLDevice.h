@@ -71,6 +71,10 @@ public:
     float line_width_limit() const { return the_line_width_limit; }
     void line_width_limit(float pixels) { the_line_width_limit = pixels; }
 
+    /// Lets no simplified levels of large blocks be made from now on: for pictures of what does not move. The
+    /// environment variable GR_LEVELS does the same when it is 0.
+    void make_no_levels();
+
     /// Fills a vertex buffer that is used once, with positions of three floats, and binds its vertex array.
     void stream_points(const float* xyz, int npoints);
 

@@ -343,6 +343,11 @@ int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const 
     return std::max(used, 1);
 }
 
+void dgGLGeometryStore::make_no_levels()
+{
+    the_levels->on(0);
+}
+
 int dgGLGeometryStore::any_levels() const
 {
     return the_levels->any();

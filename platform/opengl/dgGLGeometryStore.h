@@ -61,6 +61,9 @@ public:
     int simplify(const dgPrimitiveRun& run, int triangles, const std::vector<dgFeatureSpan>& seen,
                  dgGLIndexRanges& ranges);
 
+    /// Lets no simplified levels be made from now on.
+    void make_no_levels();
+
     /// Whether any block has simplified levels.
     int any_levels() const;
 

@@ -23,7 +23,9 @@ public:
     /// Off when the environment variable GR_LEVELS is 0.
     explicit dgGLLevels(dgGLArena& indices);
 
+    /// Whether levels are made from now on.
     int on() const { return the_on; }
+    void on(int on) { the_on = on; }
 
     /// Forgets what there is of a block, and what is under way.
     void forget(unsigned geometry_id);
