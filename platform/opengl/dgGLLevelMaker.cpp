@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
+#include <system_error>
 #include <utility>
 
 namespace
@@ -27,7 +29,16 @@ void dgGLLevelMaker::add(unsigned geometry_id, unsigned long long stamp, dgGLMes
         the_waiting[geometry_id] = the_jobs.emplace(size, Job{geometry_id, stamp, std::move(mesh)});
     }
     if (the_threads.size() < thread_count())
-        the_threads.emplace_back([this](const std::stop_token& stop) { work(stop); });
+    {
+        try
+        {
+            the_threads.emplace_back([this](const std::stop_token& stop) { work(stop); });
+        }
+        catch (const std::system_error&)
+        {
+            // The system has no more threads to give; there may be some already.
+        }
+    }
     the_change.notify_all();
 }
 
@@ -54,7 +65,10 @@ bool dgGLLevelMaker::take(Made& made)
 
 void dgGLLevelMaker::wait()
 {
+    // Whoever waits works too, and at its own priority.
     std::unique_lock lock(the_mutex);
+    while (!the_jobs.empty())
+        make_largest(lock, {});
     the_change.wait(lock, [this] { return the_jobs.empty() && !the_under_way; });
 }
 
@@ -62,24 +76,33 @@ void dgGLLevelMaker::work(const std::stop_token& stop)
 {
     ap_lower_thread_priority();
     std::unique_lock lock(the_mutex);
-    while (the_change.wait(lock, stop, [this] { return !the_jobs.empty(); }))
+    while (the_change.wait(lock, stop, [this] { return !the_jobs.empty(); }) && !stop.stop_requested())
+        make_largest(lock, stop);
+}
+
+void dgGLLevelMaker::make_largest(std::unique_lock<std::mutex>& lock, const std::stop_token& stop)
+{
+    const auto largest = std::prev(the_jobs.end());
+    Job job = std::move(largest->second);
+    the_jobs.erase(largest);
+    the_waiting.erase(job.geometry_id);
+    ++the_under_way;
+    lock.unlock();
+    Made made{job.geometry_id, job.stamp, {}};
+    try
     {
-        if (stop.stop_requested())
-            return;
-        const auto largest = std::prev(the_jobs.end());
-        Job job = std::move(largest->second);
-        the_jobs.erase(largest);
-        the_waiting.erase(job.geometry_id);
-        ++the_under_way;
-        lock.unlock();
-        Made made{job.geometry_id, job.stamp, dg_gl_simplify(std::move(job.mesh), stop)};
-        lock.lock();
-        --the_under_way;
-        if (!made.levels.empty())
-        {
-            the_made.push_back(std::move(made));
-            ++the_ready;
-        }
-        the_change.notify_all();
+        made.levels = dg_gl_simplify(std::move(job.mesh), stop);
     }
+    catch (const std::bad_alloc&)
+    {
+        // Then the block has no levels, and samples of it are drawn.
+    }
+    lock.lock();
+    --the_under_way;
+    if (!made.levels.empty())
+    {
+        the_made.push_back(std::move(made));
+        ++the_ready;
+    }
+    the_change.notify_all();
 }

@@ -50,6 +50,7 @@ private:
         dgGLMesh mesh;
     };
     void work(const std::stop_token& stop);
+    void make_largest(std::unique_lock<std::mutex>& lock, const std::stop_token& stop);
 
     using Jobs = std::multimap<std::size_t, Job>; // by number of indices
 

@@ -5,6 +5,6 @@
 
 void ap_lower_thread_priority()
 {
-    // On Linux nice values belong to threads. The weight of this one is about a tenth of the usual.
-    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), 10);
+    // On Linux nice values belong to threads. The weight of this one is about a third of the usual.
+    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), 5);
 }
