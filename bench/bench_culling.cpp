@@ -16,6 +16,7 @@
 #include "dgSurfaceColour.h"
 #include "dgTransform.h"
 #include "dgView.h"
+#include "grViewRendererFast.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -282,6 +283,58 @@ void compare_pick(const char* name, const std::shared_ptr<dgGLDevice>& device, d
         name, ms(median(times)), found, ms(first), first / redraw);
 }
 
+// Frames of the fast refresher's renderer when there is nothing to draw.
+void compare_fast_empty(const std::shared_ptr<dgGLDevice>& device)
+{
+    const StructureRef root(new dgClientStructure);
+    for (int i = 0; i < 100000; ++i)
+        root->add(new dgStructureCall(StructureRef(new dgClientStructure).get()));
+    Picture picture(device, root.get());
+    std::vector<double> erasures;
+    for (int i = 0; i < 9; ++i)
+        erasures.push_back(seconds(
+            [&]
+            {
+                picture.view.erase(dgERASE_ZBUFFER_YES);
+                picture.renderer.finish();
+            }));
+    grViewRendererFast fast(&picture.view);
+    for (int i = 0; i < 3; ++i)
+        fast.refresh(nullptr, 0);
+    std::vector<double> times;
+    for (int i = 0; i < 21; ++i)
+        times.push_back(seconds(
+            [&]
+            {
+                fast.refresh(nullptr, 0);
+                fast.slice_needed();
+            }));
+    std::printf("fast refresher, 100,000 empty structures: %.3f ms a frame, of which erasing takes %.3f\n",
+                ms(median(times)), ms(median(erasures)));
+}
+
+// Frames of the fast refresher's renderer, and idle slices until the picture is complete.
+void compare_fast(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure)
+{
+    Picture picture(device, structure);
+    const double full = picture.time(3);
+    grViewRendererFast fast(&picture.view);
+    for (int i = 0; i < 2; ++i)
+        fast.refresh(nullptr, 0); // flattens, then measures
+    const double frame = seconds([&] { fast.refresh(nullptr, 0); });
+    int slices = 0;
+    const double idle = seconds(
+        [&]
+        {
+            for (; fast.slice_needed(); ++slices)
+                fast.draw_a_slice();
+        });
+    std::printf(
+        "fast refresher, 100,000 structures: a share of %.3f takes %.3f of a redraw; complete after %d slices, %.2f "
+        "redraws (goal at most 1.5)\n",
+        fast.draw_ratio(), frame / full, slices, idle / full);
+}
+
 // The exponent with which times grow from one size to a larger one.
 void print_growth(const char* name, const std::vector<std::pair<double, double>>& times)
 {
@@ -389,6 +442,9 @@ int main(int argc, char** argv)
                          static_cast<dgPolyline*>(many_lines->element(1 + 1001 * i))
                              ->points({start, start + giVector3(size, 0, size)});
                      });
+        grViewRendererFast::minimum_framerate(20);
+        compare_fast(device, structures.get());
+        compare_fast_empty(device);
         compare_pick("100,000 structures", device, structures.get());
         compare_pick("1,000,000 lines", device, many_lines.get());
     }
