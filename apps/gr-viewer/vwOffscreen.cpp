@@ -65,7 +65,8 @@ protected:
     void read_picture(dgImage& image) override { the_window.read_front(image); }
     int keep_picture(vwPicture& picture) override
     {
-        const std::string file = the_folder + "/" + picture.name + ".png";
+        const std::string file =
+            the_options.output.empty() ? the_folder + "/" + picture.name + ".png" : the_options.output;
         if (!vw_keeps_inputs(the_options, file, the_error))
             return 0;
         if (!the_window.device().no_errors())
@@ -86,6 +87,16 @@ private:
     vwReport& the_report;
     std::string the_error;
 };
+
+// Of nothing but a picture as the viewer first shows it.
+vwSession one_picture(const std::string& name)
+{
+    vwSession session;
+    session.steps.resize(1);
+    session.steps[0].kind = vwSTEP_PICTURE;
+    session.steps[0].name = name;
+    return session;
+}
 
 int read_session(const std::string& file, vwSession& session, std::string& error)
 {
@@ -145,8 +156,10 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwSession session;
     vwModel model;
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr) ||
-        !read_session(options.play, session, error))
+        (options.output.empty() && !read_session(options.play, session, error)))
         return 0;
+    if (!options.output.empty())
+        session = one_picture(options.output);
     vwLoading loading(model, options.files);
     if (options.width)
     {
@@ -167,7 +180,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
         return 0;
     }
     model.note_flaws(std::cerr);
-    if (!make_folder(options.out, error))
+    if (options.output.empty() && !make_folder(options.out, error))
         return 0;
     if (stands_still(session))
         device->make_no_levels();
@@ -189,6 +202,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
         error = player.error();
         return 0;
     }
+    if (!options.output.empty())
+        return 1;
     report.frame_times = scene.frame_times();
     const std::string page = options.out + "/index.html";
     if (!vw_keeps_inputs(options, page, error) || !write_report(page, report, error))

@@ -48,7 +48,11 @@ std::vector<std::string> modes(const vwOptions& options)
     add(options.dump_structure, "--dump-structure");
     add(!options.dump_xml.empty() && !options.dump_structure, "--dump-xml");
     add(!options.bench.empty(), "--bench");
-    add(options.offscreen, "--offscreen");
+    if (!options.output.empty())
+        add(true, "--output");
+    else
+        add(options.offscreen, options.play.empty() ? "--offscreen" : "--play");
+    add(!options.output.empty() && !options.play.empty(), "--play");
     add(!options.record.empty(), "--record");
     return found;
 }
@@ -61,20 +65,20 @@ std::string contradiction(const vwOptions& options)
         return asked[0] + " and " + asked[1] + " exclude each other";
     if (!options.font.empty() && options.text.empty())
         return "--font is the font of a text: add --text TEXT";
-    if (!options.offscreen && !options.play.empty())
-        return "--play works off-screen alone: add --offscreen";
     if (options.print_resources || options.list_bindings || options.list_fonts)
         return options.files.empty() ? "" : asked[0] + " shows no file: leave " + fl_quoted(options.files[0]) + " out";
     if (options.files.empty() && options.text.empty())
         return "no file to show: name at least one tarn file (or " + ms_readable_endings() + ")";
     if (options.dumps() && !options.text.empty())
         return "--dump-structure and --dump-xml write files alone: leave --text out";
-    if (options.offscreen && options.play.empty())
-        return "--offscreen needs a session to play: --play SESSION";
+    if (options.offscreen && options.play.empty() && options.output.empty())
+        return "--offscreen needs a session to play, --play SESSION, or a picture to write, --output PICTURE";
+    if (!options.output.empty() && !options.output.ends_with(".png"))
+        return "--output writes PNG pictures: end the name in .png, unlike " + fl_quoted(options.output);
     if (!options.play.empty() && options.out.empty())
         return "--play needs a folder for its pictures: --out DIR";
     if (options.play.empty() && !options.out.empty())
-        return "--out belongs to --offscreen --play SESSION";
+        return "--out belongs to --play SESSION";
     return {};
 }
 
@@ -164,8 +168,9 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.add_option("--seconds", read.seconds, "How long each probe runs (with --bench)")
         ->check(number_in(0, 3600))
         ->type_name("S");
-    app.add_flag("--offscreen", read.offscreen, "Open no window");
-    app.add_option("--play", read.play, "Play a session (with --offscreen)")->type_name("SESSION");
+    app.add_option("--output", read.output, "Write a picture, and open no window")->type_name("PICTURE.png");
+    app.add_flag("--offscreen", read.offscreen, "Open no window (as with --play and --output)");
+    app.add_option("--play", read.play, "Play a session, and open no window")->type_name("SESSION");
     app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");
     app.add_flag("--dump-structure", read.dump_structure, "Print the display structure as a tree, and show nothing");
     app.add_option("--dump-xml", read.dump_xml, "Write the display structure as XML, and show nothing")
@@ -199,6 +204,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         return vwOPTIONS_DONE;
     }
 
+    read.offscreen = read.offscreen || !read.play.empty() || !read.output.empty();
     std::string complaint = size.empty() ? std::string() : parse_size(size, read.width, read.height);
     if (complaint.empty())
         complaint = contradiction(read);

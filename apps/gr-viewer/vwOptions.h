@@ -13,6 +13,7 @@ struct vwOptions
     std::string resources; ///< resource file, empty: built-in resources alone
     std::string play;      ///< session to play, empty: none
     std::string out;       ///< folder for what playing makes
+    std::string output;    ///< picture to write, empty: none
     std::string record;    ///< session file to write, empty: none
     int width = 0;         ///< device pixels, 0: not given
     int height = 0;
@@ -24,7 +25,7 @@ struct vwOptions
     double seconds = 2;             ///< for each probe
     int cursor = 0;
     vwRubberBanding rubber_banding = vwRUBBER_BAND_BY_RESOURCES;
-    int offscreen = 0;
+    int offscreen = 0; ///< 1 also for a session to play and for a picture to write
     int print_resources = 0;
     std::string text;         ///< to be shown with the model, UTF-8; empty: none
     std::string font;         ///< family of the text, empty: any

@@ -44,6 +44,23 @@ TEST(vwOffscreen, playing_writes_the_pictures_and_a_page_that_shows_them)
         EXPECT_NE(page.find(part), std::string::npos) << part;
 }
 
+TEST(vwOffscreen, a_picture_needs_no_session)
+{
+    const tsFolder folder;
+    vwOptions options = options_for(tetrahedron, "", "");
+    options.output = folder / "p.png";
+    options.width = 40;
+    options.height = 30;
+    std::ostringstream messages;
+    std::string error;
+    ASSERT_EQ(vw_play_offscreen(options, messages, error), 1) << error;
+    EXPECT_EQ(folder.names(), "p.png");
+    EXPECT_EQ(folder.text("p.png").substr(12, 12), std::string("IHDR\0\0\0\x28\0\0\0\x1e", 12)) << "its size";
+    options.output = folder / "none/p.png";
+    EXPECT_EQ(vw_play_offscreen(options, messages, error), 0);
+    EXPECT_NE(error.find("none/p.png"), std::string::npos) << error;
+}
+
 TEST(vwOffscreen, what_is_wrong_is_named_and_nothing_is_written)
 {
     const tsFolder folder;
