@@ -2,6 +2,8 @@
 #include "dgNetworkWalk.h"
 #include "dgPickAperture.h"
 #include "dgPickResult.h"
+#include "dgText.h"
+#include "dgTextHeight.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
 #include "tsRandomNetwork.h"
@@ -105,6 +107,33 @@ TEST(dgPicker, finds_each_place_and_heeds_the_settings)
     scene.renderer.pick_settings({0, 1, 0});
     EXPECT_EQ(scene.picked(middle), 2);
     scene.root->clear(); // breaks the circle of references
+}
+
+// The empty frame that stands for a character without a font is 0.08 to 0.52 heights wide, 0.7 high and 0.05 thick.
+TEST(dgPicker, finds_texts_by_their_letters_under_the_attributes_in_force)
+{
+    Scene scene;
+    const dgRef<dgStructure> part(new dgClientStructure);
+    part->add(new dgText(giPoint3(), "x"));
+    part->add(new dgTextHeight(1));
+    scene.root->add(new dgTextHeight(60));
+    scene.root->add(new dgTransform(giXform3::translation({-30, -30, 0})));
+    scene.root->add(new dgStructureCall(part.get()));
+    const struct
+    {
+        const char* where;
+        giBox2 aperture;
+        int picked, picked_by_box;
+    } cases[] = {{"wholly inside a stroke", {26, 40, 26, 40}, 1, 1},
+                 {"in the hole", {30, 40, 45, 45}, 0, 1},
+                 {"across a stroke", {20, 40, 45, 45}, 1, 1},
+                 {"below the room of the text", {26, 1, 26, 2}, 0, 0},
+                 {"above it", {26, 70, 26, 70}, 0, 0}};
+    for (const auto& c : cases)
+    {
+        EXPECT_EQ(scene.picked(c.aperture), c.picked) << c.where;
+        EXPECT_EQ(scene.picked(c.aperture, dgPICK_BOX), c.picked_by_box) << c.where;
+    }
 }
 
 // Picks in random networks, beside picks of each triangle, line and point alone.

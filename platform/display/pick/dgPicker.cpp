@@ -1,7 +1,12 @@
 #include "dgPicker.h"
 
+#include "dgAttributeContext.h"
+#include "dgColourTable.h"
 #include "dgCompiledStructure.h"
+#include "dgDrawState.h"
 #include "dgFeatureTree.h"
+#include "dgGlyphOutline.h"
+#include "dgGraphicalAttribute.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgNetworkWalk.h"
 #include "dgPickAperture.h"
@@ -9,10 +14,13 @@
 #include "dgPrimitiveRun.h"
 #include "dgRunBounds.h"
 #include "dgStepTree.h"
+#include "dgText.h"
+#include "dgTextLayout.h"
 #include "dgViewVolume.h"
 #include "giBox3.h"
 
 #include <algorithm>
+#include <cmath>
 #include <memory>
 #include <numeric>
 #include <utility>
@@ -82,13 +90,13 @@ void clip(std::vector<giPoint3>& corners, double limit, int sign)
 }
 
 dgPicker::dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPickMode mode,
-                   const dgPickSettings& settings, dgPickResult& result)
+                   const dgPickSettings& settings, const dgTextFontSlots& fonts, dgPickResult& result)
     : the_camera(camera), the_box(intersection(aperture.device_box(), camera.view_port_dc())),
       the_corners{{the_box.low().x(), the_box.low().y()},
                   {the_box.high().x(), the_box.low().y()},
                   {the_box.high().x(), the_box.high().y()},
                   {the_box.low().x(), the_box.high().y()}},
-      the_mode(mode), the_settings(settings), the_result(result)
+      the_mode(mode), the_settings(settings), the_fonts(fonts), the_result(result)
 {
     camera.shown_depths(the_front, the_back);
     // Whatever meets the aperture is shown no farther from it than this.
@@ -121,6 +129,7 @@ private:
     std::shared_ptr<const dgStepTree> the_tree;
     std::vector<int> the_leaves;
     std::size_t the_next = 0;
+    int the_passed = 0; // steps whose attributes are in force
 };
 
 class dgPicker::Walk : public dgNetworkVisitor<Cursor>
@@ -131,22 +140,30 @@ public:
     bool enter(const dgStructure&)
     {
         the_transforms.push_back(the_transform);
+        the_attributes.push();
         return true;
     }
     Cursor cursor(const dgStructure& structure) { return Cursor(structure, *this); }
     bool visit(const dgCompiledStructure::Step* step)
     {
-        if (step->run)
+        if (step->run && step->run->topology == dgTOPOLOGY_TEXT)
+            the_picker.pick_texts(*step->run, the_attributes, the_transform);
+        else if (step->run)
             the_picker.pick_in(*step->run, the_transform);
         return !the_picker.full();
     }
-    void leave(const dgStructure&) { the_transforms.pop_back(); }
+    void leave(const dgStructure&)
+    {
+        the_transforms.pop_back();
+        the_attributes.pop();
+    }
 
 private:
     friend class dgPicker::Cursor;
     dgPicker& the_picker;
     std::vector<giXform3> the_transforms; // to world space, of the structures under way
     giXform3 the_transform;               // of the step that was met last
+    dgAttributeContext the_attributes;    // those of texts, in force there
 };
 
 dgPicker::Cursor::Cursor(const dgStructure& structure, Walk& walk) : the_walk(&walk)
@@ -167,7 +184,9 @@ dgPicker::Cursor::Cursor(const dgStructure& structure, Walk& walk) : the_walk(&w
     const dgViewVolume volume = picker.volume(to_view);
     the_tree->tree().find([&](const giBox3& box) { return picker.look(box, to_view, volume); },
                           [&](int leaf, bool) { the_leaves.push_back(leaf); });
-    the_leaves.insert(the_leaves.end(), the_tree->vague_leaves().begin(), the_tree->vague_leaves().end());
+    // Where texts reach is not known to boxes.
+    for (const std::vector<int>* leaves : {&the_tree->open_leaves(), &the_tree->vague_leaves()})
+        the_leaves.insert(the_leaves.end(), leaves->begin(), leaves->end());
     std::sort(the_leaves.begin(), the_leaves.end());
     the_leaves.erase(std::unique(the_leaves.begin(), the_leaves.end()), the_leaves.end());
 }
@@ -180,7 +199,14 @@ dgPicker::Cursor::Item dgPicker::Cursor::next()
     bool world = false;
     const giXform3 placement = the_tree->placement(leaf, world);
     the_walk->the_transform = world ? placement : placement * the_walk->the_transforms.back();
-    return &(*the_steps)[static_cast<std::size_t>(the_tree->step(leaf))];
+    const int step = the_tree->step(leaf);
+    const auto set = [&](const dgGraphicalElement& element)
+    {
+        if (element.type() >= dgTYPE_TEXT_FONT_SLOT && element.type() <= dgTYPE_TEXT_ALIGNMENT)
+            the_walk->the_attributes.set(static_cast<const dgGraphicalAttribute&>(element));
+    };
+    the_tree->attributes_between(std::exchange(the_passed, step), step, set);
+    return &(*the_steps)[static_cast<std::size_t>(step)];
 }
 
 void dgPicker::pick(const dgStructure& root)
@@ -211,6 +237,73 @@ void dgPicker::pick_in(const dgPrimitiveRun& run, const giXform3& to_world)
             if (picks(*primitive, to_view, volume))
                 the_result.add(const_cast<dgGraphicalPrimitive*>(primitive));
         }
+}
+
+void dgPicker::pick_texts(const dgPrimitiveRun& run, const dgAttributeContext& attributes, const giXform3& to_world)
+{
+    if (!the_settings.lines)
+        return;
+    dgDrawState state;
+    attributes.resolve(the_fonts, dgColourTable(), state);
+    const giXform3 to_view = to_world * the_camera.orientation();
+    for (const dgGraphicalPrimitive* primitive : run.primitives)
+        if (!full() && picks(static_cast<const dgText&>(*primitive), state.text, to_view))
+            the_result.add(const_cast<dgGraphicalPrimitive*>(primitive));
+}
+
+bool dgPicker::picks(const dgText& text, const dgTextStyle& style, const giXform3& to_view)
+{
+    // No letter is wider than two of its heights, nor are lines farther apart.
+    const double letters = static_cast<double>(text.text().length()) + 1;
+    const double reach =
+        std::abs(style.height) * letters * (2 + 2 * std::abs(style.width_factor) + std::abs(style.spacing));
+    giBox3 about(text.position(), text.position());
+    about.grow(reach * std::max(style.baseline.length(), style.up.length()));
+    const dgViewVolume volume = this->volume(to_view);
+    if (look(about, to_view, volume) == dgBOX_OUTSIDE)
+        return false;
+    if (the_mode != dgPICK_EXACT)
+        return shown_part(dg_text_box(text, style), to_view).overlap(the_box);
+    for (const dgPlacedGlyph& placed : dg_lay_out_text(text.text(), style))
+    {
+        dgGlyphOutline letter;
+        dg_glyph_outline(style, placed.glyph, letter);
+        const giVector3 x = style.baseline, y = style.up, z = x.cross(y);
+        const giVector3 o = text.position().vector() + x * placed.origin.x() + y * placed.origin.y();
+        const double width = style.height * style.width_factor, height = style.height;
+        const giXform3 from_ems({width * x.x(), width * x.y(), width * x.z(), 0, height * y.x(), height * y.y(),
+                                 height * y.z(), 0, z.x(), z.y(), z.z(), 0, o.x(), o.y(), o.z(), 1});
+        if (meets(letter, from_ems * to_view))
+            return true;
+    }
+    return false;
+}
+
+// Whether the aperture meets an outline or lies wholly inside it, by the rule by which letters are filled.
+bool dgPicker::meets(const dgGlyphOutline& letter, const giXform3& to_view)
+{
+    const Point& inside = the_corners[0];
+    int winding = 0;
+    bool whole = true;
+    for (const std::vector<giPoint2>& contour : letter.contours)
+        for (std::size_t i = 0; i < contour.size(); ++i)
+        {
+            const giPoint2& a = contour[i];
+            const giPoint2& b = contour[(i + 1) % contour.size()];
+            const giPoint3 ends[] = {giPoint3(a.x(), a.y(), 0) * to_view, giPoint3(b.x(), b.y(), 0) * to_view};
+            if (meets(ends, 2))
+                return true;
+            whole &= ends[0].z() <= the_front && ends[0].z() >= the_back;
+            if (!whole)
+                continue;
+            const Point p = device(ends[0]), q = device(ends[1]);
+            const double side = (q.x - p.x) * (inside.y - p.y) - (q.y - p.y) * (inside.x - p.x);
+            if (p.y <= inside.y && q.y > inside.y)
+                winding += side > 0;
+            else if (q.y <= inside.y && p.y > inside.y)
+                winding -= side < 0;
+        }
+    return whole && winding != 0;
 }
 
 bool dgPicker::picks(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume)

@@ -7,24 +7,30 @@
 
 #include <vector>
 
+class dgAttributeContext;
 class dgGraphicalPrimitive;
 class dgPickAperture;
 class dgPickResult;
 class dgStructure;
+class dgText;
+class dgTextFontSlots;
 class dgViewVolume;
 class giBox3;
 struct dgGeometry;
+struct dgGlyphOutline;
+struct dgTextStyle;
 struct dgPrimitiveRun;
 
-/// Finds the primitives of a network that a camera shows in an aperture: between its clipping planes, before its eye
-/// and inside its viewport. What hides them makes no difference. It looks into what lies about the aperture alone, by
-/// the boxes that structures, runs and large primitives keep; those of the last are made when they are first needed.
+/// Finds the primitives of a network, texts by their letters, that a camera shows in an aperture: between its clipping
+/// planes, before its eye and inside its viewport. What hides them makes no difference. It looks into what lies about
+/// the aperture alone, by the boxes that structures, runs and large primitives keep; those of the last are made when
+/// they are first needed.
 class DG_EXPORT dgPicker
 {
 public:
     /// All but the aperture must outlive the picker.
     dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPickMode mode, const dgPickSettings& settings,
-             dgPickResult& result);
+             const dgTextFontSlots& fonts, dgPickResult& result);
 
     /// Appends to the result, in drawing order, until the settings' largest count is reached.
     void pick(const dgStructure& root);
@@ -40,6 +46,9 @@ private:
     class Cursor;
     bool full() const;
     void pick_in(const dgPrimitiveRun& run, const giXform3& to_world);
+    void pick_texts(const dgPrimitiveRun& run, const dgAttributeContext& attributes, const giXform3& to_world);
+    bool picks(const dgText& text, const dgTextStyle& style, const giXform3& to_view);
+    bool meets(const dgGlyphOutline& letter, const giXform3& to_view);
     bool picks(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume);
     giBox2 shown_part(const giBox3& box, const giXform3& to_view);
     dgViewVolume volume(const giXform3& to_view) const;
@@ -59,6 +68,7 @@ private:
     Point the_corners[4]; // of the box
     dgPickMode the_mode;
     const dgPickSettings& the_settings;
+    const dgTextFontSlots& the_fonts;
     dgPickResult& the_result;
 
     // Kept from one primitive to the next.

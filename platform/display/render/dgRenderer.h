@@ -69,6 +69,8 @@ public:
     /// The font of a numbered slot, from 0 without a limit; null when the slot is free.
     dgTextFont* get_text_font(int slot) const;
 
+    const dgTextFontSlots& text_fonts() const { return the_text_fonts; }
+
     /// References the font in place of the one before; null clears the slot.
     void set_text_font(dgTextFont* font, int slot);
 

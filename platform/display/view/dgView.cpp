@@ -178,7 +178,8 @@ dgPickResult* dgView::pick_all(const dgPickAperture& aperture, dgPickMode mode) 
     dgCamera camera(the_camera);
     if (!the_user_clip_planes)
         camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
-    dgPicker(camera, aperture, mode, the_renderer->pick_settings(), *result).pick(*the_root);
+    dgPicker(camera, aperture, mode, the_renderer->pick_settings(), the_renderer->text_fonts(), *result)
+        .pick(*the_root);
     return result;
 }
 
