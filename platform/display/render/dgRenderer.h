@@ -78,7 +78,7 @@ public:
     const dgColourTable& colour_table() const { return the_colour_table; }
     void colour_table(const dgColourTable& table);
 
-    /// Whether frames are accumulated for smooth edges.
+    /// Whether smooth edges are wanted, for elements that draw by themselves; off during frames of a twiddle.
     int accumulate() const { return the_accumulate; }
     void accumulate(int on) { the_accumulate = on; }
 
