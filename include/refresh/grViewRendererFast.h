@@ -22,9 +22,10 @@ class gsStructureSlicer;
 /// Draws one view at a frame rate, however heavy its network is.
 ///
 /// The first frame draws everything and makes a flattened copy of the network; the second draws as much as one frame's
-/// time allows and measures. If that was not all, every later frame draws the same share, a sample spread evenly over
-/// the network, and slices drawn in between complete the picture. Once the network is edited, it is drawn itself, in
-/// the same share. Primitives are counted as triangles, line segments and points.
+/// time allows and measures. If that was not all, later frames draw a share: simplified levels of heavy blocks, and a
+/// sample spread evenly over the rest. It starts as measured and follows what frames take. Slices drawn in between
+/// complete the picture. Once the network is edited, it is drawn itself, in such a share. Primitives are counted as
+/// triangles, line segments and points.
 class GR_EXPORT grViewRendererFast
 {
 public:

@@ -98,6 +98,12 @@ void dgGLLevelMaker::make_largest(std::unique_lock<std::mutex>& lock, const std:
         // Then the block has no levels, and samples of it are drawn.
     }
     lock.lock();
+    if (the_jobs.empty())
+    {
+        lock.unlock();
+        ap_give_memory_back();
+        lock.lock();
+    }
     --the_under_way;
     if (!made.levels.empty())
     {
