@@ -161,7 +161,7 @@ TEST(dgPicker, finds_in_any_network_what_it_finds_in_its_pieces)
                            });
     };
     int found = 0;
-    for (unsigned number = 0; number < 60; ++number)
+    for (unsigned number = 0; number < 80; ++number)
     {
         tsRandomNetwork random(number);
         for (int i = 0; i < 4; ++i)

@@ -57,6 +57,11 @@ public:
             width->value(real(0, 20));
         else if (auto* colour = dgColourAttribute::ut_dynamic_cast(element))
             colour->colour(any_colour());
+        else if (auto* block = dgTriangleBlock::ut_dynamic_cast(element))
+        {
+            block->block().nodes().transform(giXform3::translation(point().vector() * 3));
+            block->block_changed();
+        }
         if (whole(0, 3) == 0)
         {
             structure.set_cursor(place);
@@ -105,15 +110,16 @@ private:
     dgTriangleBlock* block()
     {
         auto* made = new giTriBlock;
-        const int large = whole(0, 9) == 0, count = large ? 1500 : whole(1, 60);
+        const int large = whole(0, 4) == 0, count = large ? 1500 : whole(1, 60);
         const giVector3 place = point().vector() * 3;
         std::vector<giVector3> normals;
         for (int i = 0; i < count; ++i)
         {
-            const giPoint3 middle = point() + place;
+            // Neighbours of a large one lie together, so that parts of it are out of view.
+            const giPoint3 middle = large ? giPoint3(6.0 * i / count - 3, 0, 0) + place : point() + place;
             for (int corner = 0; corner < 3; ++corner)
             {
-                made->nodes().append(middle + point().vector() * (large ? 0.05 : 0.3));
+                made->nodes().append(middle + point().vector() * (large ? 0.2 : 0.3));
                 normals.push_back(point().vector());
             }
             made->triangles().emplace_back(3 * i, 3 * i + 1, 3 * i + 2);

@@ -77,3 +77,22 @@ TEST(dgCulling, leaves_every_byte_of_random_pictures_as_it_is)
     test_device()->line_width_limit(line_width_limit);
     EXPECT_GT(drawn, 180); // not a test of black pictures
 }
+
+TEST(dgCulling, follows_a_large_block_that_moves)
+{
+    Scene scene;
+    std::vector<giPoint3> points;
+    for (int i = 0; i < 2000; ++i)
+        for (const giPoint3& corner : {giPoint3(0, 0, 0), giPoint3(2, 20, 0), giPoint3(0, 40, 0)})
+            points.push_back(corner + giVector3(0.4 * i, 0, 0));
+    dgTriangleBlock* block = triangles(points);
+    scene.add(block);
+    scene.draw();
+    block->block().nodes().transform(giXform3::translation({-400, 0, 0}));
+    block->block_changed();
+    scene.draw();
+    const dgImage culled = scene.picture();
+    scene.renderer.culling(0);
+    scene.draw();
+    EXPECT_TRUE(same_pictures(culled, scene.picture()));
+}
