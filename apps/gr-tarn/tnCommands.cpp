@@ -42,33 +42,33 @@ struct tn_outlets
 };
 
 // Files of different formats: the one that is read would be lost.
-int replaces_input(const tn_options& options, std::string& error)
+bool replaces_input(const tn_options& options, std::string& error)
 {
     if (!fl_same_file(options.input, options.output))
-        return 0;
+        return false;
     error = fl_name(options.output) + ": this is the file that is read, it would be lost";
-    return 1;
+    return true;
 }
 
-int import_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool import_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     if (replaces_input(options, error))
-        return 0;
+        return false;
     ms_blocks blocks;
     {
         flProgress bar(outlets.progress, "reading");
         if (!ms_read(options.input, giAngleDegrees(options.crease_degrees), blocks, error, bar.reporter()))
-            return 0;
+            return false;
     }
     flProgress bar(outlets.progress, "writing");
     return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 
-int export_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool export_mesh(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     // Asked first: a long file should not be read for nothing.
     if (replaces_input(options, error) || !ms_check_writable(options.output, error))
-        return 0;
+        return false;
     ms_blocks blocks;
     flProgress bar(outlets.progress, "reading");
     return ms_read_tarn(options.input, blocks, error, bar.reporter()) && ms_write(options.output, blocks, error);
@@ -93,13 +93,13 @@ void print_row(std::ostream& out, const std::string& name, long long nodes, long
             << three(box.high().x(), box.high().y(), box.high().z()) << '\n';
 }
 
-int print_info(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool print_info(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     ms_blocks blocks;
     {
         flProgress bar(outlets.progress, "reading");
         if (!ms_read_tarn(options.input, blocks, error, bar.reporter()))
-            return 0;
+            return false;
     }
     outlets.out << "block       nodes  triangles  vectors    texture box\n";
     long long nodes = 0, triangles = 0;
@@ -115,22 +115,22 @@ int print_info(const tn_options& options, const tn_outlets& outlets, std::string
         box.merge(block->box());
     }
     print_row(outlets.out, "all", nodes, triangles, "", "", box);
-    return 1;
+    return true;
 }
 
-int write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool write_sample(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     const ms_blocks blocks = sp_make_part(options.triangles);
     flProgress bar(outlets.progress, "writing");
     return ms_write_tarn(options.output, blocks, error, bar.reporter());
 }
 
-int cut_blocks(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool cut_blocks(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     return tn_cut(options.cut, outlets.notes, outlets.progress, error);
 }
 
-int sort_by_visibility(const tn_options& options, const tn_outlets& outlets, std::string& error)
+bool sort_by_visibility(const tn_options& options, const tn_outlets& outlets, std::string& error)
 {
     return tn_visibility(options.visibility, outlets.out, outlets.progress, error);
 }
@@ -159,7 +159,7 @@ CLI::Option* add_numbers(CLI::App& command, const std::string& name, std::size_t
 
 int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& errors, int show_progress)
 {
-    using command = int (*)(const tn_options&, const tn_outlets&, std::string&);
+    using command = bool (*)(const tn_options&, const tn_outlets&, std::string&);
     tn_options options;
     command chosen = nullptr;
     CLI::App app("Converts triangle meshes to and from tarn files.", "gr-tarn");

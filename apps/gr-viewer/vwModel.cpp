@@ -28,16 +28,16 @@ constexpr double largest_coordinate = 1e15;
 // In sizes of the model.
 constexpr double largest_distance = 1e9;
 
-int can_be_drawn(const giTriBlock& block, const std::string& file, std::string& error)
+bool can_be_drawn(const giTriBlock& block, const std::string& file, std::string& error)
 {
     const giBox3 box = block.box();
     for (int axis = 0; axis < 3 && !box.empty(); ++axis)
         if (box.low()[axis] < -largest_coordinate || box.high()[axis] > largest_coordinate)
         {
             error = fl_name(file) + ": it cannot be shown: there are coordinates beyond 1e15";
-            return 0;
+            return false;
         }
-    return 1;
+    return true;
 }
 
 std::string name_without_folder(const std::string& file)

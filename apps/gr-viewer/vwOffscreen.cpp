@@ -36,12 +36,12 @@ std::string size_text(int width, int height)
 }
 
 // A window is smaller than it was asked to be where its surfaces cannot be made.
-int has_size(const dgGLWindow& window, int width, int height, std::string& error)
+bool has_size(const dgGLWindow& window, int width, int height, std::string& error)
 {
     if (window.width() == width && window.height() == height)
-        return 1;
+        return true;
     error = "a window of " + size_text(width, height) + " is more than OpenGL or its memory allows";
-    return 0;
+    return false;
 }
 
 // Plays on framebuffers and writes the pictures to a folder.
@@ -98,16 +98,16 @@ vwSession one_picture(const std::string& name)
     return session;
 }
 
-int read_session(const std::string& file, vwSession& session, std::string& error)
+bool read_session(const std::string& file, vwSession& session, std::string& error)
 {
     std::ifstream stream;
     if (!fl_open_for_reading(file, stream, error))
-        return 0;
+        return false;
     std::string complaint;
     if (vw_read_session(stream, session, complaint))
-        return 1;
+        return true;
     error = fl_name(file) + ": " + complaint;
-    return 0;
+    return false;
 }
 
 bool stands_still(const vwSession& session)
@@ -116,14 +116,14 @@ bool stands_still(const vwSession& session)
                        [](const vwStep& step) { return step.kind == vwSTEP_PICTURE || step.kind == vwSTEP_RESIZE; });
 }
 
-int make_folder(const std::string& folder, std::string& error)
+bool make_folder(const std::string& folder, std::string& error)
 {
     std::error_code failure;
     std::filesystem::create_directories(folder, failure);
     if (!failure)
-        return 1;
+        return true;
     error = fl_name(folder) + ": the folder cannot be made: " + failure.message();
-    return 0;
+    return false;
 }
 
 void add_facts(vwReport& report, const vwOptions& options, const vwSession& session, const vwModel& model,

@@ -95,12 +95,12 @@ private:
 };
 
 // Loads the text of a file, unless it has a fault.
-int load_checked(const std::string& text, const std::string& file, gwResourceDB& db, std::string& error,
+bool load_checked(const std::string& text, const std::string& file, gwResourceDB& db, std::string& error,
                  std::ostream* warnings)
 {
     const Checker checker(file, text);
     if (!checker.check(error))
-        return 0;
+        return false;
     if (warnings)
         checker.warn(*warnings);
     int line = 0;

@@ -188,7 +188,7 @@ void read_step(Words& words, vwStep& step)
 }
 
 // Answers 1 when the line belongs to the head.
-int read_head_line(std::string_view line, vwSession& session, std::string& complaint)
+bool read_head_line(std::string_view line, vwSession& session, std::string& complaint)
 {
     Words words(line);
     const std::string_view key = words.word();
@@ -200,13 +200,13 @@ int read_head_line(std::string_view line, vwSession& session, std::string& compl
     else if (key == "views")
         words.number("number of views", session.views, 1, vw_max_views);
     else
-        return 0;
+        return false;
     if (words.more())
         words.complain(fl_quoted(words.word()) + " is too much");
     if (!session.steps.empty())
         words.complain(fl_quoted(key) + " must come before all events");
     complaint = words.complaint();
-    return 1;
+    return true;
 }
 }
 

@@ -65,7 +65,7 @@ int print_resources()
 }
 
 template <class Words, class Convert>
-int print_words(const char* heading, const Words& words, Convert convert)
+bool print_words(const char* heading, const Words& words, Convert convert)
 {
     std::cout << "| Word | " << heading << " |\n|---|---|\n";
     for (const char* word : words)
@@ -74,15 +74,15 @@ int print_words(const char* heading, const Words& words, Convert convert)
         if (!convert(word, number))
         {
             std::cerr << "gr-reference-tables: the library does not know the word " << word << '\n';
-            return 0;
+            return false;
         }
         std::cout << "| `" << word << "` | " << number << " |\n";
     }
-    return 1;
+    return true;
 }
 
 // The tools of the factory by number, named by the words in backquotes of a document; each must stand in it.
-int print_tools(const std::string& file)
+bool print_tools(const std::string& file)
 {
     const grStdToolFactory factory(nullptr, nullptr);
     std::ifstream document(file);
@@ -95,10 +95,10 @@ int print_tools(const std::string& file)
         if (!found.contains(tool))
         {
             std::cerr << "gr-reference-tables: " << file << " does not name tool number " << tool << '\n';
-            return 0;
+            return false;
         }
     std::cout << grStdToolFactory::num_tools() << '\n';
-    return 1;
+    return true;
 }
 }
 
