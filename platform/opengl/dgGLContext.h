@@ -6,7 +6,8 @@
 #include <memory>
 #include <string>
 
-/// An OpenGL context, version 3.3 core or later and not forward-compatible, that everything is drawn in.
+/// An OpenGL context, version 3.3 or later, that everything is drawn in. Of a core profile, or a compatible one; a
+/// forward-compatible one serves as well, but has lines wider than a pixel drawn as quads.
 ///
 /// A window back end derives from it to hand over a context of its window system; without a window,
 /// create_off_screen makes one.
