@@ -96,7 +96,7 @@ private:
 
 // Loads the text of a file, unless it has a fault.
 bool load_checked(const std::string& text, const std::string& file, gwResourceDB& db, std::string& error,
-                 std::ostream* warnings)
+                  std::ostream* warnings)
 {
     const Checker checker(file, text);
     if (!checker.check(error))
