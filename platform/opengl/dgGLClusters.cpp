@@ -50,18 +50,7 @@ dgFeatureClusters clusters_of(const dgGeometry& geometry)
             close();
     }
     close();
-    std::sort(large.begin(), large.end());
-    for (const unsigned number : dg_gl_chunk_order((ntriangles + chunk - 1) / chunk))
-    {
-        const unsigned first = number * chunk, end = std::min(first + chunk, ntriangles);
-        auto skipped = std::lower_bound(large.begin(), large.end(), first);
-        for (unsigned triangle = first; triangle != end; ++triangle)
-            if (skipped != large.end() && *skipped == triangle)
-                ++skipped;
-            else
-                add(triangle);
-        close();
-    }
+    dg_gl_add_chunks(std::move(large), ntriangles, chunk, add, close);
     clusters.tree = dgBoxTree(std::move(boxes));
     return clusters;
 }

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <utility>
 
 namespace
 {
@@ -564,18 +565,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
             large = dg_gl_large_triangles(geometry.points, npoints, geometry.triangles, nfeatures);
         for (const unsigned triangle : large)
             add(triangle);
-        std::sort(large.begin(), large.end());
-        const unsigned nchunks = (nfeatures + chunk_triangles - 1) / chunk_triangles;
-        for (const unsigned chunk : dg_gl_chunk_order(nchunks))
-        {
-            const unsigned first = chunk * chunk_triangles, end = std::min(first + chunk_triangles, nfeatures);
-            auto skipped = std::lower_bound(large.begin(), large.end(), first);
-            for (unsigned triangle = first; triangle != end; ++triangle)
-                if (skipped != large.end() && *skipped == triangle)
-                    ++skipped;
-                else
-                    add(triangle);
-        }
+        dg_gl_add_chunks(std::move(large), nfeatures, chunk_triangles, add, [] {});
         the_triangles += nfeatures;
         if (!copied_before && nfeatures >= dgGLLevels::least_in_block && the_triangles >= dgGLLevels::least_in_store)
             the_levels->make(primitive.geometry_id(), record.stamp, geometry);
