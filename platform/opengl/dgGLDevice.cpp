@@ -9,6 +9,8 @@
 
 #include <epoxy/gl.h>
 
+#include <utility>
+
 std::shared_ptr<dgGLDevice> dgGLDevice::create(std::unique_ptr<dgGLContext> context, std::string& error)
 {
     error.clear();
@@ -87,19 +89,23 @@ void dgGLDevice::begin_use()
     const int current = make_current();
     if (the_uses++ > 0 || !current || !the_context->shared())
         return;
-    the_application_state = std::make_unique<dgGLSavedState>();
-    the_application_state->put_initial();
+    if (!the_application_state)
+        the_application_state = std::make_unique<dgGLSavedState>();
+    the_application_state->record();
+    if (!the_initial_state)
+        the_initial_state = std::make_unique<dgGLSavedState>(the_application_state->initial());
+    the_initial_state->put_back();
+    the_state_is_put_away = 1;
     the_modes_owner = nullptr;
     the_programs->forget_current();
 }
 
 void dgGLDevice::end_use()
 {
-    if (--the_uses > 0 || !the_application_state)
+    if (--the_uses > 0 || !std::exchange(the_state_is_put_away, 0))
         return;
     if (make_current())
         the_application_state->put_back();
-    the_application_state.reset();
     the_modes_owner = nullptr;
 }
 

@@ -103,5 +103,7 @@ private:
     const void* the_modes_owner = nullptr;
     int the_lost = 0;
     int the_uses = 0;
-    std::unique_ptr<dgGLSavedState> the_application_state; // while in use, of a shared context
+    std::unique_ptr<dgGLSavedState> the_application_state; // of a shared context, kept for its room
+    std::unique_ptr<dgGLSavedState> the_initial_state;
+    int the_state_is_put_away = 0;
 };

@@ -122,7 +122,7 @@ void set_capability(unsigned name, bool on)
 }
 }
 
-dgGLSavedState::dgGLSavedState()
+void dgGLSavedState::record()
 {
     static_assert(std::size(capabilities) == n_capabilities && std::size(pixel_storage) == n_pixel_storage &&
                   std::size(int_values) == n_ints && std::size(float_values) == n_floats);
@@ -239,7 +239,7 @@ void dgGLSavedState::put_back() const
     glActiveTexture(unsigned(the_active_texture));
 }
 
-void dgGLSavedState::put_initial() const
+dgGLSavedState dgGLSavedState::initial() const
 {
     dgGLSavedState fresh = *this;
     for (std::size_t i = 0; i < fresh.the_capabilities.size(); ++i)
@@ -263,5 +263,5 @@ void dgGLSavedState::put_initial() const
     fresh.the_clip_control[1] = GL_NEGATIVE_ONE_TO_ONE;
     fresh.the_active_texture = GL_TEXTURE0;
     fresh.the_texture = fresh.the_sampler = 0;
-    fresh.put_back();
+    return fresh;
 }

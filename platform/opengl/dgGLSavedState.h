@@ -9,14 +9,14 @@
 class dgGLSavedState
 {
 public:
-    /// Records the state of the current context.
-    dgGLSavedState();
+    /// Records the state of the current context, in place of what was recorded before.
+    void record();
 
     /// Puts the current context into the state that was recorded.
     void put_back() const;
 
-    /// Puts the current context into the state of a new one, but for viewport and scissor box.
-    void put_initial() const;
+    /// The state of a new context, but with the viewports and scissor boxes of this one.
+    dgGLSavedState initial() const;
 
 private:
     static constexpr std::size_t n_capabilities = 32;
