@@ -1,6 +1,7 @@
 // A drag of five seconds that asks for ten frames a second, on scenes that take longer to draw: what frames take with
 // the full, the fast and the time-out refresher, and how long it then is until the picture is complete. Beside that,
-// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles.
+// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles. The same is asked of
+// the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the fast refresher.
 //
 //     bench_framerate [--rate N] [--levels] [scene...]      scenes: one many placed mixed; all without
 //
@@ -21,11 +22,19 @@
 #include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "giTriBlock.h"
+#include "grStdTwiddleHooks.h"
+#include "grStdTwiddling.h"
 #include "grTimeoutRendererCache.h"
+#include "grTwiddleMan.h"
 #include "grViewRefresherFast.h"
 #include "grViewRefresherFull.h"
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
+#include "gwHeadlessWindow.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "gwResourceDB.h"
+#include "gwSpaceballEvent.h"
 
 #include <epoxy/gl.h>
 
@@ -173,7 +182,7 @@ Root mixed()
 struct Picture
 {
     Picture(const std::shared_ptr<dgGLDevice>& device, dgStructure* root)
-        : window(device, width, height), renderer(&window, nullptr), view(&renderer)
+        : window(device, width, height), renderer(&window, nullptr, &input_window), view(&renderer)
     {
         view.root(root);
         view.camera().orientation(giPoint3(), giVector3(-1, 2, -1.5), giVector3(0, 0, 1));
@@ -204,6 +213,7 @@ struct Picture
         return image;
     }
 
+    gwHeadlessWindow input_window{width, height};
     dgGLWindow window;
     dgRenderer renderer;
     dgView view;
@@ -222,47 +232,144 @@ const char* yes_no(bool answer)
     return answer ? "yes" : "NO";
 }
 
-void drag(const char* name, Picture& picture, grViewRefresher& refresher, const dgCamera& start)
+// What is done for five seconds, then left alone until idle calls have nothing more to do, and ended.
+template <class Frame, class Idle, class End>
+void drag(const char* name, Picture& picture, Frame frame, Idle idle, End end)
 {
-    picture.view.camera() = start;
     std::vector<double> times;
-    refresher.base_start_twiddle();
     const Stopwatch whole;
-    double idle_seconds = 0;
     for (int k = 0; whole.seconds() < drag_seconds; ++k)
     {
         times.push_back(seconds(
             [&]
             {
-                step(picture.view, k);
-                refresher.base_refresh();
+                frame(k);
                 picture.renderer.finish();
             }));
     }
     int calls = 0;
-    idle_seconds = seconds(
+    const double idle_seconds = seconds(
         [&]
         {
-            while (refresher.base_idle() != grIDLE_DONE && calls < 100000)
+            while (idle() != grIDLE_DONE && calls < 100000)
                 ++calls;
             picture.renderer.finish();
         });
     const dgImage completed = picture.front();
-    refresher.base_end_twiddle();
+    end();
     const dgImage ended = picture.front();
     dgImage full;
     const double full_seconds = picture.full_redraw(full);
     const double budget = 1 / framerate;
     const double mid = median(times), late = quantile(times, 0.95);
-    std::printf("  %-8s %3zu frames: median %6.1f ms = %3.0f %% of the budget, 95 %% below %6.1f ms = %.2f budgets; "
+    std::printf("  %-9s %3zu frames: median %6.1f ms = %3.0f %% of the budget, 95 %% below %6.1f ms = %.2f budgets; "
                 "first %6.1f, second %6.1f ms\n",
                 name, times.size(), 1e3 * mid, 100 * mid / budget, 1e3 * late, late / budget, 1e3 * times[0],
                 1e3 * times[1]);
     std::printf(
-        "           complete after %6.1f ms of %d idle calls = %.2f full redraws; complete picture the same: %s, "
+        "            complete after %6.1f ms of %d idle calls = %.2f full redraws; complete picture the same: %s, "
         "end the same: %s\n",
         1e3 * idle_seconds, calls, idle_seconds / full_seconds, yes_no(completed.rgba == full.rgba),
         yes_no(ended.rgba == full.rgba));
+}
+
+void drag(const char* name, Picture& picture, grViewRefresher& refresher, const dgCamera& start)
+{
+    picture.view.camera() = start;
+    refresher.base_start_twiddle();
+    drag(
+        name, picture,
+        [&](int k)
+        {
+            step(picture.view, k);
+            refresher.base_refresh();
+        },
+        [&] { return refresher.base_idle(); }, [&] { refresher.base_end_twiddle(); });
+}
+
+// An application's tools over the picture.
+class Tools
+{
+public:
+    Tools(Picture& picture, const dgCamera& start) : the_picture(picture)
+    {
+        picture.view.camera() = start;
+        the_hooks.use_refresher_fast(1);
+        the_hooks.allow_spinning(1);
+        the_hooks.draw_trackball_icon(0);
+        the_db.set_resource("translations", "mouse_button 1 : trackball, mouse_button 3 : view_index (previous)");
+        the_db.set_resource("spin_in_frame_time", "yes");
+        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds - 0.5));
+        the_twiddling =
+            std::make_unique<grStdTwiddling>(&picture.input_window.input(), &the_db, &the_hooks, nullptr);
+        idle();
+    }
+    grIdleAction idle() { return the_twiddling->twiddle_man()->idle(); }
+    void key(gwKeyType type, int number, int transition, double delta = 0)
+    {
+        the_picture.input_window.input().post(gwKeyEvent(&the_picture.input_window, the_x, height / 2, 0, transition,
+                                                         type, number, delta));
+    }
+    void move(int x)
+    {
+        the_x = x;
+        the_picture.input_window.input().post(gwMouseEvent(&the_picture.input_window, x, height / 2));
+    }
+    void deflect(const giVector3& turn, const giVector3& push)
+    {
+        the_picture.input_window.input().post(gwSpaceballEvent(&the_picture.input_window, the_x, height / 2, 0, turn,
+                                                               push, gwSpaceballEvent::usual_seconds));
+    }
+    // A drag and its release, which ends as a throw.
+    void throw_view()
+    {
+        key(gwMOUSE_BUTTON, 1, gwPRESSED);
+        for (int i = 1; i <= 10; ++i)
+            move(width / 2 + 10 * i);
+        key(gwMOUSE_BUTTON, 1, gwRELEASED);
+    }
+    void stop() { the_twiddling->twiddle_man()->stop_twiddling(); }
+
+private:
+    Picture& the_picture;
+    int the_x = width / 2;
+    grStdTwiddleHooks the_hooks;
+    gwResourceDB the_db;
+    std::unique_ptr<grStdTwiddling> the_twiddling;
+};
+
+void compare_tools(Picture& picture, const dgCamera& start)
+{
+    const auto nothing = [] { return grIDLE_DONE; };
+    {
+        // A notch, or a report of the spaceball, comes for each frame.
+        Tools tools(picture, start);
+        drag(
+            "wheel", picture, [&](int k) { tools.key(gwMOUSE_WHEEL, 1, gwPRESSED, k / 8 % 2 ? -1 : 1); },
+            [&] { return tools.idle(); }, [&] { tools.stop(); });
+    }
+    {
+        Tools tools(picture, start);
+        tools.key(gwSPACEBALL, 321, gwPRESSED);
+        drag(
+            "spaceball", picture,
+            [&](int k) { tools.deflect(giVector3(k / 16 % 2 ? -1 : 1, 0.5, 0), giVector3(0, 0, k / 8 % 2 ? -1 : 1)); },
+            [&] { return tools.idle(); }, [&] { tools.key(gwSPACEBALL, 321, gwRELEASED); });
+    }
+    {
+        // To the camera that the first turn has left, in idle calls.
+        Tools tools(picture, start);
+        tools.throw_view();
+        tools.throw_view();
+        tools.key(gwMOUSE_BUTTON, 3, gwPRESSED);
+        tools.key(gwMOUSE_BUTTON, 3, gwRELEASED);
+        drag("glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); });
+    }
+    {
+        Tools tools(picture, start);
+        tools.throw_view();
+        drag("spin", picture, [&](int) { tools.idle(); }, nothing, [&] { tools.stop(); });
+    }
 }
 
 // Thinned frames of the fast renderer beside bare draws of the same triangles, on a scene of one block.
@@ -343,6 +450,7 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
         grViewRefresherTimeout refresher(views, &cache, framerate, 1, 1, 1);
         drag("timeout", picture, refresher, start);
     }
+    compare_tools(picture, start);
     if (one_block)
         compare_bare(picture, *root);
 }

@@ -1,42 +1,18 @@
 #include "vwHooks.h"
 
-#include "dgRenderer.h"
 #include "dgView.h"
-#include "grStdTwiddleTool.h"
 #include "grStringConverter.h"
-#include "grTimeoutRendererCache.h"
-#include "grTwiddleOverlayCallback.h"
 #include "grViewPaperParent.h"
-#include "grViewRefresherTimeout.h"
 
 #include "gwResourceDB.h"
 
 namespace
 {
 constexpr double standard_framerate = 20, most_framerate = 1000;
-
-// The time-out refresher shows no overlays; the viewer's frame times are one.
-class TimeoutRefresher : public grViewRefresherTimeout
-{
-public:
-    using grViewRefresherTimeout::grViewRefresherTimeout;
-
-    void refresh() override
-    {
-        grViewRefresherTimeout::refresh();
-        if (use_full_refresh())
-            return;
-        for (int i = 0; i < nviews(); ++i)
-        {
-            views()[i]->renderer()->select_buffer(dgFRONT_BUFFER);
-            grTwiddleOverlayCallback::call_callback(*views()[i]);
-        }
-    }
-};
 }
 
 vwHooks::vwHooks(const gwResourceDB& db, double framerate, vwRefresher refresher)
-    : grStdTwiddleHooks(&db), the_framerate(framerate), the_refresher(refresher)
+    : grStdTwiddleHooks(&db), the_framerate(framerate)
 {
     allow_spinning(1);
     utString text;
@@ -62,13 +38,4 @@ dgView* vwHooks::identify_views(const gwKeyEvent& event, dgViewcoDList& views)
             break;
         }
     return target;
-}
-
-grViewRefresher* vwHooks::view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views)
-{
-    if (the_refresher != vwREFRESHER_TIMEOUT || !tool || !tool->flags().can_timeout_twiddle())
-        return grStdTwiddleHooks::view_refresher(tool, views);
-    auto* refresher = new TimeoutRefresher(views, &timeout_renderer_cache(), the_framerate, 1, 1, 1);
-    refresher->allow_full_refresh(allow_full_refresh());
-    return refresher;
 }

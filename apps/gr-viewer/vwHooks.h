@@ -13,7 +13,6 @@ public:
 
     /// A sheet of paper comes last, which is drawn first: its views lie on it.
     dgView* identify_views(const gwKeyEvent& event, dgViewcoDList& views) override;
-    grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views) override;
 
     /// The rate that moving views shall hold, in frames per second.
     double framerate() const { return the_framerate; }
@@ -25,5 +24,4 @@ public:
 private:
     dgStructure* the_structure = nullptr;
     double the_framerate;
-    vwRefresher the_refresher;
 };

@@ -36,6 +36,9 @@ public:
     /// Releases the twiddle icons after the last drawing.
     void base_end_twiddle();
 
+    /// Whether base_idle would draw: the last frame left something out, and idle calls complete it.
+    int base_idle_needed() { return idle_needed(); }
+
     grTwidState state() const { return the_state; }
     int nviews() const { return the_views.count(); }
     const dgViewcoDList& views() const { return the_views; }
@@ -71,11 +74,17 @@ protected:
     virtual grIdleAction idle() { return grIDLE_DONE; }
     virtual void end_twiddle() = 0;
 
+    /// Draws a frame by another refresher from inside refresh(): rubber bands are off already.
+    static void refresh_by(grViewRefresher& other);
+
     /// Takes the rubber bands of a renderer off for the rest of a call of idle().
     void take_rubber_bands_off(dgRenderer* renderer);
 
     /// Called after a view has left views(); it may be half destroyed.
     virtual void view_removed(dgView* view);
+
+    /// Whether idle() would draw.
+    virtual int idle_needed() { return 0; }
 
     /// Whether every view has a renderer.
     int check_views() const;

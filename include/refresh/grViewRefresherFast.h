@@ -23,6 +23,10 @@ public:
     grIdleAction idle() override;
     void end_twiddle() override;
 
+    /// Whether idle calls complete no picture of these views, because a render-network action or their first renderer
+    /// has it so.
+    static int idle_slices_forbidden(const dgViewcoDList& views);
+
     /// Whether the fast view renderers are kept from one twiddle to the next on the same views; 0 by default. They show
     /// what they have seen until graphics_state_changed. 0 drops them.
     static int cache_graphics();
@@ -40,9 +44,11 @@ protected:
     /// Deletes the renderers or keeps them for the next twiddle.
     void finish_with_renderers();
     void view_removed(dgView* view) override;
+    int idle_needed() override;
 
 private:
     void make_renderers();
+    bool draws_slices() const;
     void refresh_renderer(grViewRendererFast& fast);
 
     // Grouped by renderer; empty before the first refresh. The cache may share them.

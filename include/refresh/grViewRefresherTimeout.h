@@ -40,6 +40,7 @@ public:
 
 protected:
     void view_removed(dgView* view) override;
+    int idle_needed() override;
 
 private:
     void initialise(double frame_rate, int point_weight, int line_weight, int triangle_weight);

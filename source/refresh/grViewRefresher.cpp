@@ -118,6 +118,18 @@ void grViewRefresher::end_if_asked()
         base_end_twiddle();
 }
 
+void grViewRefresher::refresh_by(grViewRefresher& other)
+{
+    if (other.the_drawing)
+        return;
+    {
+        const Drawing drawing(other.the_drawing);
+        other.collect_renderers();
+        other.refresh();
+    }
+    other.end_if_asked();
+}
+
 void grViewRefresher::take_rubber_bands_off(dgRenderer* renderer)
 {
     if (the_idle_rubber_bands)

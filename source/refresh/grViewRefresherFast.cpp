@@ -121,12 +121,31 @@ void grViewRefresherFast::refresh_renderer(grViewRendererFast& fast)
     timing_cache()->find_timeout_renderer(view)->twiddle_refresh_time(fast.refresh_time());
 }
 
+int grViewRefresherFast::idle_slices_forbidden(const dgViewcoDList& views)
+{
+    const dgRenderer* first = views.count() ? views.first()->renderer() : nullptr;
+    return !first || first->idle_slicing_forbidden() ||
+           std::any_of(views.begin(), views.end(), [](const dgView* view) { return idle_slices_blocked(*view); });
+}
+
+// Whether idle() may draw at all.
+bool grViewRefresherFast::draws_slices() const
+{
+    if (state() != grTWID_TWIDDLING || the_idle_blocked || !nviews())
+        return false;
+    const dgRenderer* first = views().first()->renderer();
+    return first && !first->idle_slicing_forbidden();
+}
+
+int grViewRefresherFast::idle_needed()
+{
+    return draws_slices() && std::any_of(the_fast_renderers.begin(), the_fast_renderers.end(),
+                                         [](const auto& fast) { return fast->slice_needed(); });
+}
+
 grIdleAction grViewRefresherFast::idle()
 {
-    if (state() != grTWID_TWIDDLING || the_fast_renderers.empty() || the_idle_blocked || !nviews())
-        return grIDLE_DONE;
-    const dgRenderer* first = views().first()->renderer();
-    if (!first || first->idle_slicing_forbidden())
+    if (!draws_slices())
         return grIDLE_DONE;
     int drawn = 0;
     // Those whose views the overlay callback destroys leave the refresher, but not this list.

@@ -127,6 +127,13 @@ void grViewRefresherTimeout::draw_within_time(dgView& view)
         view.render_network(icon);
 }
 
+int grViewRefresherTimeout::idle_needed()
+{
+    return state() != grTWID_ENDED && !the_use_full_refresh &&
+           std::any_of(the_sorted_views.begin(), the_sorted_views.end(),
+                       [this](dgView* view) { return timeout_renderer(view)->idle_draw_needed(); });
+}
+
 grIdleAction grViewRefresherTimeout::idle()
 {
     if (state() == grTWID_ENDED || the_use_full_refresh)

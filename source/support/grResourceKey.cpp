@@ -61,6 +61,9 @@ constexpr grResourceKey keys[] = {
      "and at 48 with one of 1000 Hz; set, speed is measured by the clock, and is the hand's at all rates"},
     {"spin_decay", grRESOURCE_NUMBER, grResourceKey::FROM_0, "0",
      "a spin never ends; a number of seconds is the time in which its speed halves"},
+    {"spin_in_frame_time", grRESOURCE_FLAG, grResourceKey::ANY, "no",
+     "every step of a spin draws everything, whatever it takes; set, steps hold the frame rate as a drag does, and the "
+     "spin's last picture is complete"},
     {"trackball_round", grRESOURCE_FLAG, grResourceKey::ANY, "no",
      "on a view twice as wide as it is high the ball is an ellipse, and a vertical drag turns twice as far; set, it "
      "is round"},

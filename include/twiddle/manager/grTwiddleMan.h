@@ -19,7 +19,7 @@ class gwInput;
 /// A press that pulls the trigger of an action makes its tool and starts it; the tool then gets every mouse, spaceball
 /// and idle event, and its end with the next release of any key, or the next press. It stays current, and goes on
 /// getting events, until the next press destroys it. There is never more than one tool. A tool that zooms with the
-/// wheel begins, ends and goes within the one event. Factories and tools may let further events in; presses then start
+/// wheel begins, ends and goes within the one event; what its picture lacks is drawn in idle calls. Factories and tools may let further events in; presses then start
 /// nothing.
 class GR_EXPORT grTwiddleMan : public coReceiver
 {
@@ -30,11 +30,13 @@ public:
     ~grTwiddleMan() override;
 
     void process_event(const gwEvent& event);
-    /// To be called while the application has nothing else to do, again and again as long as it answers non-zero.
+    /// To be called while the application has nothing else to do, again and again as long as it answers non-zero. Goes
+    /// to the current tool; without one it completes the picture of the last turn of the wheel, if that is left to do.
     grIdleAction idle();
 
-    /// Ends the current tool's twiddle as if its mouse button had been released at (0, 0) of no window, and destroys
-    /// the tool; from inside a call into the tool it only ends it, and from inside its end it does nothing.
+    /// Ends the current tool's twiddle as if its mouse button had been released at (0, 0) of no window, destroys the
+    /// tool, and completes the picture of the last turn of the wheel. From inside a call into the tool it only ends it,
+    /// and from inside its end it does nothing.
     void stop_twiddling();
     /// Destroys the current tool unless it is active or this is called from inside a call into it.
     void delete_current_tool();
@@ -91,6 +93,7 @@ private:
     gwInput* the_input;
     grActioncoDListPtr the_actions;
     std::unique_ptr<grTwiddleTool> the_current_tool;
+    int the_idle_calls_come = 0;
     int the_in_call = 0;
     int the_in_end = 0;
 };

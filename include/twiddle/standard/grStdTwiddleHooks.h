@@ -46,7 +46,8 @@ public:
     virtual int locked_view(const dgView* view, const grStdTwiddleTool* tool);
     /// What redraws the views during the twiddle; the caller owns it. With time-out twiddling on, tools that may be
     /// drawn within the time of a frame get the time-out refresher; otherwise the fast refresher is taken when it is in
-    /// use, and else the full one, which is also that of the wheel: its step is one picture.
+    /// use, and else the full one. A notch of the wheel is drawn by what draws the notches around it as one drag, in
+    /// the way that is set here, and completed in idle calls; where none come, it is drawn in full.
     virtual grViewRefresher* view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views);
     /// The plane that tools may act about, which must outlive the twiddle; null by default.
     virtual grWorkPlane* identify_workplane();
@@ -125,6 +126,10 @@ protected:
     grStdTwiddleHooks& operator=(const grStdTwiddleHooks&) = delete;
 
 private:
+    grViewRefresher* timeout_refresher(const dgViewcoDList& views);
+    grViewRefresher* fast_refresher(const dgViewcoDList& views);
+    grViewRefresher* wheel_refresher(const dgViewcoDList& views);
+
     int the_timeout_twiddling = 0;
     int the_allow_full_refresh = 1;
     dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_BOX;

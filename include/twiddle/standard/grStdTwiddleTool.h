@@ -37,10 +37,10 @@ protected:
 
     /// The course that standard tools share, with the refresher of what they work on, which may be null. The start
     /// tells the hooks and starts the refresher. Idle time is spent on what the refresher has left to draw, and moved
-    /// on in idle time draws what has just been moved; the hooks are told the answer.
+    /// on in idle time draws what has just been moved, in full or as a frame; the hooks are told the answer.
     void start_course(const gwKeyEvent& event, grViewRefresher* refresher);
     grIdleAction idle_course(grViewRefresher* refresher);
-    grIdleAction moved_in_idle_time(grViewRefresher* refresher);
+    grIdleAction moved_in_idle_time(grViewRefresher* refresher, int in_full);
 
 private:
     grStdTwiddleHooks* the_hooks;

@@ -13,7 +13,8 @@ class grTwiddleTimer;
 /// that and the button is let go while the pointer moves.
 ///
 /// Resources: "rotate_about_cursor", yes/no (no), takes the point of the surface under the pointer as the centre, where
-/// there is one; how a spin goes on is said by "spin_time_true" and "spin_decay", see docs/view-tools.md.
+/// there is one; how a spin goes on is said by "spin_time_true", "spin_decay" and "spin_in_frame_time", see
+/// docs/view-tools.md.
 class GR_EXPORT grTurnViewTool : public grStdViewTwiddleTool
 {
 public:
@@ -32,6 +33,7 @@ protected:
     virtual int find_spin_step(const grTwiddleTimer& timer) = 0;
 
     grIdleAction idle_event() override;
+    void destruction_twiddle() override;
 
     /// Keeps where a twiddle starts, and tells the hooks and the refresher.
     void start_turning(const giPoint3& centre_world, const gwKeyEvent& event);

@@ -71,6 +71,7 @@ int dgView::renderer_height() const
 
 void dgView::erase(dgEraseZbuffer zbuffer)
 {
+    ++the_erasures;
     if (!the_renderer)
         return;
     const dgSelectedDriver main_driver(*the_renderer, 0);

@@ -55,6 +55,9 @@ public:
     /// driver 0, whichever driver is selected; it is selected again afterwards.
     void erase(dgEraseZbuffer zbuffer);
 
+    /// How often erase was called: tells whoever draws a picture bit by bit that another one was begun meanwhile.
+    unsigned erasures() const { return the_erasures; }
+
     /// Draws the whole network (null) or one structure through the renderer's render action. Unless the user set the
     /// clipping planes, they are first fitted to the network. A view without a root draws nothing for null.
     void render_network(dgStructure* structure);
@@ -116,6 +119,7 @@ private:
     int the_user_clip_planes = 0;
     dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_SPHERE;
     int the_begun = 0;
+    unsigned the_erasures = 0;
     dgHLHSRMode the_renderers_hlhsr_mode = dgHLHSR_OFF; // before begin
     dgRenderNetworkAction* the_render_network_action = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include "grToolFactory.h"
 #include "grTwiddleTool.h"
+#include "grWheelPictureRegistry.h"
 #include "grWheelToolRegistry.h"
 #include "gwInput.h"
 #include "gwMouseEvent.h"
@@ -77,16 +78,22 @@ void grTwiddleMan::process_event(const gwEvent& event)
 
 grIdleAction grTwiddleMan::idle()
 {
-    if (!the_current_tool)
+    the_idle_calls_come = 1;
+    if (the_in_call && !the_current_tool)
         return grIDLE_DONE;
     const InCall in_call(the_in_call);
-    return the_current_tool->base_idle_event();
+    return the_current_tool ? the_current_tool->base_idle_event() : gr_complete_wheel_picture();
 }
 
 void grTwiddleMan::stop_twiddling()
 {
     end_twiddle(synthetic_release());
     delete_current_tool();
+    if (!the_in_call)
+    {
+        const InCall in_call(the_in_call);
+        gr_finish_wheel_picture();
+    }
 }
 
 void grTwiddleMan::delete_current_tool()
@@ -184,8 +191,13 @@ void grTwiddleMan::start_tool(const gwKeyEvent& event)
     // The factory may change the actions.
     const utString args = action->trigger().args();
     the_current_tool.reset(action->binding()->factory()->create_tool(action->binding()->tool(), args));
-    if (the_current_tool)
-        the_current_tool->base_start_twiddle(event);
+    if (!the_current_tool)
+        return;
+    if (the_current_tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type()))
+        gr_before_wheel_notch(the_idle_calls_come);
+    else
+        gr_finish_wheel_picture();
+    the_current_tool->base_start_twiddle(event);
 }
 
 bool grTwiddleMan::tool_claims(const gwKeyEvent& event)

@@ -18,6 +18,9 @@
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
 #include "grViewTwiddleDetail.h"
+#include "grWheelCourse.h"
+#include "grWheelRefresher.h"
+#include "grWheelPictureRegistry.h"
 #include "grWheelToolRegistry.h"
 #include "gwKeyEvent.h"
 #include "gwResourceDB.h"
@@ -110,21 +113,46 @@ int grStdTwiddleHooks::locked_view(const dgView* view, const grStdTwiddleTool* t
 
 grViewRefresher* grStdTwiddleHooks::view_refresher(const grStdTwiddleTool* tool, const dgViewcoDList& views)
 {
+    if (tool && tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type()))
+        return wheel_refresher(views);
     if (the_timeout_twiddling && tool && tool->flags().can_timeout_twiddle())
-    {
-        auto* timeout =
-            new grViewRefresherTimeout(views, the_timeout_renderer_cache.get(), get_timeout_twiddling(), 1, 1, 1);
-        timeout->allow_full_refresh(the_allow_full_refresh);
-        return timeout;
-    }
-    // A step of the wheel is one picture: what the fast refresher prepares for further ones would only cost, and at the
-    // end it draws the picture again.
-    if (!the_use_refresher_fast || (tool && tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type())))
-        return new grViewRefresherFull(views);
+        return timeout_refresher(views);
+    return the_use_refresher_fast ? fast_refresher(views) : new grViewRefresherFull(views);
+}
+
+grViewRefresher* grStdTwiddleHooks::timeout_refresher(const dgViewcoDList& views)
+{
+    auto* timeout =
+        new grViewRefresherTimeout(views, the_timeout_renderer_cache.get(), get_timeout_twiddling(), 1, 1, 1);
+    timeout->allow_full_refresh(the_allow_full_refresh);
+    return timeout;
+}
+
+grViewRefresher* grStdTwiddleHooks::fast_refresher(const dgViewcoDList& views)
+{
     auto* fast = new grViewRefresherFast(views);
     if (the_timeout_renderer_cache->refresh_stats() > 0)
         fast->enable_twiddle_timings(the_timeout_renderer_cache.get());
     return fast;
+}
+
+// A notch is a twiddle of its own, which ends at once: only where idle calls complete the picture may it lack anything.
+grViewRefresher* grStdTwiddleHooks::wheel_refresher(const dgViewcoDList& views)
+{
+    const bool timeout = the_timeout_twiddling;
+    if (!(timeout || the_use_refresher_fast) || !grWheelCourse::idle_calls_come() ||
+        (!timeout && grViewRefresherFast::idle_slices_forbidden(views)))
+        return new grViewRefresherFull(views);
+    const grWheelCourse::Manner manner{this, timeout, get_timeout_twiddling()};
+    std::shared_ptr<grWheelCourse> course = grWheelCourse::find(manner, views);
+    if (!course)
+    {
+        // The picture before it first: fast refreshers may share what they keep.
+        gr_finish_wheel_picture();
+        course = grWheelCourse::start(
+            manner, std::unique_ptr<grViewRefresher>(timeout ? timeout_refresher(views) : fast_refresher(views)));
+    }
+    return new grWheelRefresher(views, course);
 }
 
 void grStdTwiddleHooks::record_refresh_stats(int n)
@@ -163,7 +191,10 @@ giPoint3 grStdTwiddleHooks::get_world_centre(dgView& view)
 
 void grStdTwiddleHooks::update_rotation_centre(const dgView&, const gwKeyEvent&) {}
 
-grStdTwiddleHooks::~grStdTwiddleHooks() = default;
+grStdTwiddleHooks::~grStdTwiddleHooks()
+{
+    grWheelCourse::hooks_end(this);
+}
 
 int grStdTwiddleHooks::locked_gr_view(const dgView* view, const grStdTwiddleTool* tool) const
 {

@@ -61,10 +61,12 @@ grIdleAction grStdTwiddleTool::idle_course(grViewRefresher* refresher)
     return action;
 }
 
-grIdleAction grStdTwiddleTool::moved_in_idle_time(grViewRefresher* refresher)
+grIdleAction grStdTwiddleTool::moved_in_idle_time(grViewRefresher* refresher, int in_full)
 {
-    if (refresher)
+    if (refresher && in_full)
         refresher->base_idle_refresh();
+    else if (refresher)
+        refresher->base_refresh();
     twiddle_idle(grIDLE_AGAIN);
     return grIDLE_AGAIN;
 }

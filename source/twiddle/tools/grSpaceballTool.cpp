@@ -22,7 +22,9 @@ UT_DEFINE_TYPE(grSpaceballTool, grStdViewTwiddleTool);
 
 grSpaceballTool::grSpaceballTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
     : grStdViewTwiddleTool(args, db, hooks), the_settings(db)
-{}
+{
+    flags().can_timeout_twiddle(1);
+}
 
 void grSpaceballTool::start_twiddle(const gwKeyEvent& event)
 {

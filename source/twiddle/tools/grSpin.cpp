@@ -30,6 +30,7 @@ grSpin::grSpin(const gwResourceDB* db, int time_true)
     the_timer.time_true(time_true);
     gr_read_number(db, "spin_decay", the_half_life);
     the_half_life = std::max(the_half_life, 0.0);
+    gr_read_flag(db, "spin_in_frame_time", the_in_frame_time);
 }
 
 void grSpin::start()

@@ -3,6 +3,7 @@
 #include "grSpin.h"
 #include "grStdTwiddleHooks.h"
 #include "grToolResources.h"
+#include "grViewRefresher.h"
 #include "gwKeyEvent.h"
 
 UT_DEFINE_TYPE(grTurnViewTool, grStdViewTwiddleTool);
@@ -54,5 +55,13 @@ grIdleAction grTurnViewTool::idle_event()
     spin_action();
     if (the_spin->over())
         the_spinning = 0;
-    return moved_in_idle_time(refresher());
+    return moved_in_idle_time(refresher(), !the_spin->in_frame_time() || !the_spinning);
+}
+
+void grTurnViewTool::destruction_twiddle()
+{
+    // What stops a spin need not draw.
+    if (the_spinning && the_spin->in_frame_time() && target_view() && refresher())
+        refresher()->base_idle_refresh();
+    grStdViewTwiddleTool::destruction_twiddle();
 }

@@ -23,6 +23,7 @@ UT_DEFINE_TYPE(grViewIndexTool, grStdViewTwiddleTool);
 grViewIndexTool::grViewIndexTool(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks)
     : grStdViewTwiddleTool(args, db, hooks), the_forwards(args == "next")
 {
+    flags().can_timeout_twiddle(1);
     double seconds = 0;
     if (gr_read_number(db, "view_index_seconds", seconds) && seconds >= 0)
         the_seconds = seconds;
@@ -105,11 +106,8 @@ grIdleAction grViewIndexTool::idle_event()
     if (!the_moving || !target_view())
         return grStdViewTwiddleTool::idle_event();
     advance();
-    if (state() != grTWID_TWIDDLING)
-        return moved_in_idle_time(refresher());
-    refresh_views();
-    twiddle_idle(grIDLE_AGAIN);
-    return grIDLE_AGAIN;
+    // Once the key is let go nothing completes a frame but the last one, which draws everything.
+    return moved_in_idle_time(refresher(), state() != grTWID_TWIDDLING && !the_moving);
 }
 
 void grViewIndexTool::end_twiddle(const gwKeyEvent& event)
