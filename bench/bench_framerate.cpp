@@ -1,7 +1,7 @@
 // A drag of five seconds that asks for ten frames a second, on scenes that take longer to draw: what frames take with
 // the full, the fast and the time-out refresher, and how long it then is until the picture is complete. Beside that,
-// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles. The same is asked of
-// the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the fast refresher.
+// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles. The same is asked
+// of the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the fast refresher.
 //
 //     bench_framerate [--rate N] [--levels] [scene...]      scenes: one many placed mixed; all without
 //
@@ -299,16 +299,15 @@ public:
         the_hooks.draw_trackball_icon(0);
         the_db.set_resource("translations", "mouse_button 1 : trackball, mouse_button 3 : view_index (previous)");
         the_db.set_resource("spin_in_frame_time", "yes");
-        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds - 0.5));
-        the_twiddling =
-            std::make_unique<grStdTwiddling>(&picture.input_window.input(), &the_db, &the_hooks, nullptr);
+        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds + 0.1));
+        the_twiddling = std::make_unique<grStdTwiddling>(&picture.input_window.input(), &the_db, &the_hooks, nullptr);
         idle();
     }
     grIdleAction idle() { return the_twiddling->twiddle_man()->idle(); }
     void key(gwKeyType type, int number, int transition, double delta = 0)
     {
-        the_picture.input_window.input().post(gwKeyEvent(&the_picture.input_window, the_x, height / 2, 0, transition,
-                                                         type, number, delta));
+        the_picture.input_window.input().post(
+            gwKeyEvent(&the_picture.input_window, the_x, height / 2, 0, transition, type, number, delta));
     }
     void move(int x)
     {
@@ -340,7 +339,6 @@ private:
 
 void compare_tools(Picture& picture, const dgCamera& start)
 {
-    const auto nothing = [] { return grIDLE_DONE; };
     {
         // A notch, or a report of the spaceball, comes for each frame.
         Tools tools(picture, start);
@@ -350,11 +348,11 @@ void compare_tools(Picture& picture, const dgCamera& start)
     }
     {
         Tools tools(picture, start);
-        tools.key(gwSPACEBALL, 321, gwPRESSED);
+        tools.key(gwSPACEBALL_BUTTON, gwSPACEBALL_MOVED, gwPRESSED);
         drag(
             "spaceball", picture,
             [&](int k) { tools.deflect(giVector3(k / 16 % 2 ? -1 : 1, 0.5, 0), giVector3(0, 0, k / 8 % 2 ? -1 : 1)); },
-            [&] { return tools.idle(); }, [&] { tools.key(gwSPACEBALL, 321, gwRELEASED); });
+            [&] { return tools.idle(); }, [&] { tools.key(gwSPACEBALL_BUTTON, gwSPACEBALL_MOVED, gwRELEASED); });
     }
     {
         // To the camera that the first turn has left, in idle calls.
@@ -363,12 +361,19 @@ void compare_tools(Picture& picture, const dgCamera& start)
         tools.throw_view();
         tools.key(gwMOUSE_BUTTON, 3, gwPRESSED);
         tools.key(gwMOUSE_BUTTON, 3, gwRELEASED);
-        drag("glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); });
+        drag(
+            "glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); });
     }
     {
         Tools tools(picture, start);
         tools.throw_view();
-        drag("spin", picture, [&](int) { tools.idle(); }, nothing, [&] { tools.stop(); });
+        const auto stop = [&]
+        {
+            tools.stop();
+            return grIDLE_DONE;
+        };
+        drag(
+            "spin", picture, [&](int) { tools.idle(); }, stop, [] {});
     }
 }
 

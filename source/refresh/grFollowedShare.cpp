@@ -35,9 +35,11 @@ void grFollowedShare::frame_drawn(double drawn, double load)
         return;
     if (middle >= too_little && middle <= too_much)
         return;
-    const double next = drawn * std::clamp(wanted / middle, largest_fall, largest_rise);
     const double before = the_share;
-    the_share = middle > too_much ? std::min(the_share, next) : std::clamp(next, the_share, 1.0);
+    const double fitting = drawn * wanted / middle;
+    // What is drawn may be far less than the share, as levels come in steps: up it goes from the share.
+    the_share = middle > too_much ? std::min(the_share, std::max(fitting, drawn * largest_fall))
+                                  : std::clamp(std::min(fitting, the_share * largest_rise), the_share, 1.0);
     if (the_share != before)
         the_nloads = 0;
 }

@@ -29,6 +29,9 @@ namespace
 // Frames per second that count as no limit.
 constexpr double no_framerate = 1e-5;
 
+// Share of a frame's time below which a slice may be twice as large.
+constexpr double little_of_a_frame = 0.4;
+
 int the_adjust_clip_planes = 0;
 int the_disable_flattening = 0;
 double the_view_bbox_offset = 0.0;
@@ -401,6 +404,7 @@ int grViewRendererFast::draw_a_slice()
         const int prims = std::max(the_slice_prims, followed);
         the_slicer = std::make_unique<gsStructureSlicer>(std::max(prims / static_cast<int>(boxes.size()), 1));
     }
+    const double start = apHighResTime::time();
     the_slicer->next_slice();
     if (!the_picture_simplified)
         draw_slice_in_boxes(boxes, stale);
@@ -414,6 +418,11 @@ int grViewRendererFast::draw_a_slice()
             show_completed(boxes);
         renderer.select_buffer(dgFRONT_BUFFER);
     }
+    // A share that was measured while others took the processor may be tiny, and each slice has a cost of its own.
+    const double seconds = apHighResTime::time_diff(start, apHighResTime::time());
+    if (the_frame_limited && seconds > 0 && seconds < little_of_a_frame * the_frame_time &&
+        the_slicer->per_slice() < the_total_prims)
+        the_slicer->per_slice(2 * the_slicer->per_slice());
     return 1;
 }
 

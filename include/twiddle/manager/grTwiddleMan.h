@@ -19,8 +19,8 @@ class gwInput;
 /// A press that pulls the trigger of an action makes its tool and starts it; the tool then gets every mouse, spaceball
 /// and idle event, and its end with the next release of any key, or the next press. It stays current, and goes on
 /// getting events, until the next press destroys it. There is never more than one tool. A tool that zooms with the
-/// wheel begins, ends and goes within the one event; what its picture lacks is drawn in idle calls. Factories and tools may let further events in; presses then start
-/// nothing.
+/// wheel begins, ends and goes within the one event; what its picture lacks is drawn in idle calls. Factories and tools
+/// may let further events in; presses then start nothing.
 class GR_EXPORT grTwiddleMan : public coReceiver
 {
 public:

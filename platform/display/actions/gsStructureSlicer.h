@@ -14,6 +14,10 @@ public:
     /// Primitives in a slice, at least 1.
     explicit gsStructureSlicer(int per_slice);
 
+    /// Changes that from the next slice on.
+    int per_slice() const { return the_per_slice; }
+    void per_slice(int primitives) { the_per_slice = primitives; }
+
     /// 1 until the last primitive was drawn.
     int another_slice_needed() const { return the_total < 0 || the_end < the_total; }
 

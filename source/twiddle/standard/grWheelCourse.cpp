@@ -77,8 +77,12 @@ grWheelCourse::~grWheelCourse() = default;
 grWheelCourse::Seen grWheelCourse::seen(const dgView& view)
 {
     const dgCamera& camera = view.camera();
-    return {view.erasures(),      view.renderer_width(), view.renderer_height(),
-            camera.orientation(), camera.view_window(),  camera.view_port_dc(),
+    return {view.erasures(),
+            view.renderer_width(),
+            view.renderer_height(),
+            camera.orientation(),
+            camera.view_window(),
+            camera.view_port_dc(),
             camera.projection_reference_point()};
 }
 
