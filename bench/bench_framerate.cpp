@@ -299,7 +299,7 @@ public:
         the_hooks.draw_trackball_icon(0);
         the_db.set_resource("translations", "mouse_button 1 : trackball, mouse_button 3 : view_index (previous)");
         the_db.set_resource("spin_in_frame_time", "yes");
-        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds + 0.1));
+        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds + 0.5));
         the_twiddling = std::make_unique<grStdTwiddling>(&picture.input_window.input(), &the_db, &the_hooks, nullptr);
         idle();
     }

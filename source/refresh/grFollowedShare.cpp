@@ -8,18 +8,24 @@ namespace
 constexpr double too_little = 0.8, wanted = 0.9, too_much = 1.01, far_too_much = 1.5;
 
 // By how much one step may change the share.
-constexpr double largest_fall = 0.5, largest_rise = 1.5;
+constexpr double largest_fall = 0.5, largest_rise = 1.5, rise_from_next_to_nothing = 4;
+
+// In times that a frame may take: such a frame has drawn next to nothing.
+constexpr double next_to_nothing = 0.2;
+
+// Nothing can be learnt from a share of which nothing is seen.
+constexpr double smallest_share = 1e-4;
 }
 
 void grFollowedShare::start(double share)
 {
-    the_share = share;
+    the_share = std::max(share, smallest_share);
     the_nloads = 0;
 }
 
 void grFollowedShare::frame_drawn(double drawn, double load)
 {
-    if (!(load > 0) || !(drawn > 0))
+    if (!(load > 0))
         return;
     the_loads[2] = the_loads[1];
     the_loads[1] = the_loads[0];
@@ -36,10 +42,11 @@ void grFollowedShare::frame_drawn(double drawn, double load)
     if (middle >= too_little && middle <= too_much)
         return;
     const double before = the_share;
-    const double fitting = drawn * wanted / middle;
+    const double rise = middle < next_to_nothing ? rise_from_next_to_nothing : largest_rise;
+    const double fitting = (drawn > 0 ? drawn : the_share) * wanted / middle;
     // What is drawn may be far less than the share, as levels come in steps: up it goes from the share.
     the_share = middle > too_much ? std::min(the_share, std::max(fitting, drawn * largest_fall))
-                                  : std::clamp(std::min(fitting, the_share * largest_rise), the_share, 1.0);
+                                  : std::clamp(std::min(fitting, the_share * rise), the_share, 1.0);
     if (the_share != before)
         the_nloads = 0;
 }

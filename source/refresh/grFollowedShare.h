@@ -8,13 +8,13 @@
 class grFollowedShare
 {
 public:
-    /// Starts from a share that was measured, greater than 0.
+    /// Starts from a share that was measured; 0 is taken for a very small one.
     void start(double share);
 
     double share() const { return the_share; }
 
-    /// A frame has drawn so much of the network, as the share or less, and has taken so much of its time; 0 is not
-    /// known.
+    /// A frame has drawn so much of the network, as the share or less, and has taken so much of its time; a time of 0
+    /// is not known.
     void frame_drawn(double drawn, double load);
 
 private:
