@@ -135,8 +135,8 @@ void dgTraceDriver::set_state(const dgDrawState& state)
 {
     if (the_window.record_state())
         record(Line("state") << "line" << state.line_colour << state.line_width << state.line_style << "marker"
-                             << state.marker_colour << state.marker_size << "surface" << state.front_colour
-                             << state.back_colour << state.interior_style << state.lighting);
+                             << state.marker_colour << state.marker_size << "text" << state.text_colour << "surface"
+                             << state.front_colour << state.back_colour << state.interior_style << state.lighting);
 }
 
 void dgTraceDriver::draw_run(const dgPrimitiveRun& run)

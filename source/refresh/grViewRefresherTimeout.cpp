@@ -138,13 +138,14 @@ grIdleAction grViewRefresherTimeout::idle()
 {
     if (state() == grTWID_ENDED || the_use_full_refresh)
         return grIDLE_DONE;
-    for (dgView* view : the_sorted_views)
+    // Items that are taken off may destroy views, which then leave the refresher, but not this list.
+    const dgViewcoDList drawn_views = the_sorted_views;
+    for (dgView* view : drawn_views)
     {
-        grTimeoutRenderer* timeout = timeout_renderer(view);
-        if (!timeout->idle_draw_needed())
+        if (!the_sorted_views.contains(view) || !timeout_renderer(view)->idle_draw_needed())
             continue;
         take_rubber_bands_off(view->renderer());
-        if (timeout->idle_draw() != grIDLE_DONE)
+        if (the_sorted_views.contains(view) && timeout_renderer(view)->idle_draw() != grIDLE_DONE)
             return grIDLE_AGAIN;
     }
     return grIDLE_DONE;

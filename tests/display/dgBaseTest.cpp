@@ -138,6 +138,7 @@ TEST(gsColour, compares_indices_only_with_indices)
 
 TEST(gsHeap, reports_the_objects_that_live_by_class)
 {
+    std::make_unique<dgView>().reset();
     const dgView first, second;
     std::ostringstream report;
     gsHeap::print(report);

@@ -35,6 +35,7 @@ giPoint3 through(const dgCamera& camera, const giPoint3& point, dgCameraSpace fr
 
 TEST(dgCamera, window_and_viewport_middles_meet_and_pixels_are_square)
 {
+    EXPECT_EQ(through(dgCamera(), giPoint3(), dgSPACE_VIEW, dgSPACE_DEVICE), giPoint3(255.5, 255.5, 0));
     const dgCamera camera = test_camera(dgPROJECTION_PARALLEL);
     EXPECT_DOUBLE_EQ(camera.pixels_per_unit(), 25);
     EXPECT_EQ(through(camera, giPoint3(1, 1, 7), dgSPACE_VIEW, dgSPACE_DEVICE), giPoint3(199.5, 99.5, 7));

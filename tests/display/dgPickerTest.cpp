@@ -136,6 +136,32 @@ TEST(dgPicker, finds_texts_by_their_letters_under_the_attributes_in_force)
     }
 }
 
+// The points behind a block's last node, and before its first one, are nobody's.
+TEST(dgPicker, takes_a_node_that_does_not_exist_for_the_first_one)
+{
+    struct Middle : dgTriangleBlock
+    {
+        using dgTriangleBlock::dgTriangleBlock;
+        dgGeometry geometry() const override
+        {
+            dgGeometry middle = dgTriangleBlock::geometry();
+            ++middle.points;
+            middle.npoints -= 2;
+            return middle;
+        }
+    };
+    for (const int node : {-1, 2})
+    {
+        auto* block = new giTriBlock;
+        for (const giPoint3& point : {giPoint3(0, 40, 0), {-40, -40, 0}, {40, -40, 0}, {0, 40, 0}})
+            block->nodes().append(point);
+        block->triangles().emplace_back(0, 1, node);
+        Scene scene;
+        scene.root->add(new Middle(block, 1));
+        EXPECT_EQ(scene.picked(giBox2(48, 48, 51, 51)), 0) << node;
+    }
+}
+
 // Picks in random networks, beside picks of each triangle, line and point alone.
 TEST(dgPicker, finds_in_any_network_what_it_finds_in_its_pieces)
 {
@@ -189,6 +215,12 @@ TEST(dgPicker, finds_in_any_network_what_it_finds_in_its_pieces)
                 << number << " " << i;
             found += result->count();
             result->release();
+            dgPickResult* by_box = scene.view.pick_all(dgPickAperture(aperture), dgPICK_BOX);
+            auto next = expected.begin();
+            for (const dgBase* hit : by_box->elements())
+                next += next != expected.end() && *next == hit;
+            EXPECT_EQ(next, expected.end()) << "what is found exactly is found by its box: " << number << " " << i;
+            by_box->release();
             for (int edits = random.whole(0, 3); edits > 0; --edits)
                 random.edit();
         }

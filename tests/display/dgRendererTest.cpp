@@ -1,6 +1,7 @@
 #include "dgRenderer.h"
 
 #include "dgAppElement.h"
+#include "dgCameraIndex.h"
 #include "dgClientStructure.h"
 #include "dgLineColour.h"
 #include "dgLineWidth.h"
@@ -83,7 +84,27 @@ TEST(dgRenderer, draws_runs_in_order_between_begin_and_end)
     scene.root->add(line());
     scene.root->add(new dgLineWidth(2));
     scene.root->add(line());
-    EXPECT_EQ(scene.draw(), (Lines{"begin", "draw points 2 of 1", "draw lines 2 of 2", "draw lines 1 of 1", "end"}));
+    const Lines expected{"begin", "draw points 2 of 1", "draw lines 2 of 2", "draw lines 1 of 1", "end"};
+    EXPECT_EQ(scene.draw(), expected);
+    scene.window.clear_log();
+    scene.renderer.begin();
+    scene.renderer.execute(*dgRef<dgStructureCall>(new dgStructureCall(scene.root.get())));
+    scene.renderer.end();
+    EXPECT_EQ(scene.window.log(), expected) << "called by itself";
+}
+
+TEST(dgRenderer, sends_its_one_camera_again_when_that_is_selected)
+{
+    Scene scene;
+    scene.window.record_state(1);
+    scene.view.begin();
+    for (const int index : {0, 1})
+    {
+        scene.window.clear_log();
+        scene.view.execute(*dgRef<dgCameraIndex>(new dgCameraIndex(index)));
+        EXPECT_EQ(starting_with(scene.window.log(), "camera").size(), index == 0 ? 1u : 0u);
+    }
+    scene.view.end();
 }
 
 TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)

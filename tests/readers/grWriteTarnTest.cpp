@@ -40,7 +40,9 @@ TEST(gr_write_tarn_tblock, every_number_is_read_back_exactly)
     // Six blocks take two lines of index; the empty one stands first and last to show that it ends properly.
     const std::vector<const giTriBlock*> blocks = {&no_nodes,        &with_normals, &nodes_only,
                                                    &with_curvatures, &with_normals, &no_nodes};
-    const tsTarn tarn(written(blocks, 6));
+    const std::string text = written(blocks, 6);
+    EXPECT_EQ(text.find(" \n"), std::string::npos) << "no line ends in a blank";
+    const tsTarn tarn(text);
     ASSERT_EQ(tarn.blocks.size(), blocks.size());
     for (std::size_t number = 0; number < blocks.size(); ++number)
         EXPECT_EQ(tarn[number], *blocks[number]) << "block " << number;

@@ -1,6 +1,7 @@
 #include "grTimeoutRendererCache.h"
 
 #include "grTimeoutRenderer.h"
+#include "grViewRefresherTimeout.h"
 #include "tsScene.h"
 
 #include <gtest/gtest.h>
@@ -58,9 +59,14 @@ TEST(grTimeoutRendererCache, evicts_views_unused_for_more_than_ten_twiddles_down
     EXPECT_EQ(cache.size(), 2) << "the first ones go, and no more than must";
     EXPECT_EQ(cache.find_timeout_renderer(scene.view(2)), nullptr);
     EXPECT_NE(cache.find_timeout_renderer(scene.view(3)), nullptr);
-    // An evicted view may go, and come back.
+    // An evicted view may go, and come back, in the middle of its twiddle too.
+    grViewRefresherTimeout refresher({scene.view(1)}, &cache, 1, 1, 1, 1);
+    refresher.base_start_twiddle();
+    for (int i = 0; i < 12; ++i)
+        cache.add_timeout_renderers({scene.view(4), scene.view(5)});
+    EXPECT_EQ(cache.find_timeout_renderer(scene.view(1)), nullptr);
     scene.delete_view(0);
-    cache.add_timeout_renderer(scene.view(1));
+    refresher.base_refresh();
     EXPECT_NE(cache.find_timeout_renderer(scene.view(1)), nullptr);
 }
 

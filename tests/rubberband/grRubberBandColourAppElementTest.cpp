@@ -37,7 +37,7 @@ TEST(grRubberBandColourAppElement, colours_the_primitives_of_its_type)
     bands.main.record_state(1);
     const dgRef<grRubberBandColourAppElement> element(
         new grRubberBandColourAppElement(gsColour(1, 0, 0), grLINE_COLOUR));
-    const auto line_and_marker = [&](grPrimColourType type)
+    const auto line_marker_and_text = [&](grPrimColourType type)
     {
         element->set(gsColour(1, 0, 0), type);
         bands.main.clear_log();
@@ -48,14 +48,15 @@ TEST(grRubberBandColourAppElement, colours_the_primitives_of_its_type)
         std::string colours;
         for (const std::string& line : bands.main.log())
             if (line.starts_with("state line "))
-                colours = line.substr(11, 5) + "," + line.substr(line.find("marker ") + 7, 5);
+                colours = line.substr(11, 5) + "," + line.substr(line.find("marker ") + 7, 5) + "," +
+                          line.substr(line.find("text ") + 5, 5);
         return colours;
     };
-    EXPECT_EQ(line_and_marker(grLINE_COLOUR), "1 0 0,1 1 1");
-    EXPECT_EQ(line_and_marker(grMARKER_COLOUR), "1 1 1,1 0 0");
-    EXPECT_EQ(line_and_marker(grTEXT_COLOUR), "1 1 1,1 1 1");
-    EXPECT_EQ(line_and_marker(grALL_PRIM_COLOUR), "1 0 0,1 0 0");
-    EXPECT_EQ(line_and_marker(static_cast<grPrimColourType>(4)), "1 1 1,1 1 1");
+    EXPECT_EQ(line_marker_and_text(grLINE_COLOUR), "1 0 0,1 1 1,1 1 1");
+    EXPECT_EQ(line_marker_and_text(grMARKER_COLOUR), "1 1 1,1 0 0,1 1 1");
+    EXPECT_EQ(line_marker_and_text(grTEXT_COLOUR), "1 1 1,1 1 1,1 0 0");
+    EXPECT_EQ(line_marker_and_text(grALL_PRIM_COLOUR), "1 0 0,1 0 0,1 0 0");
+    EXPECT_EQ(line_marker_and_text(static_cast<grPrimColourType>(4)), "1 1 1,1 1 1,1 1 1");
     std::ostringstream os;
     element->set(gsColour(0, 0, 1), grTEXT_COLOUR);
     element->print(os);

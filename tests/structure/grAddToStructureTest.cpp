@@ -4,6 +4,7 @@
 #include "tsTable.h"
 
 #include "dgAttributeArray.h"
+#include "dgAttributeTypes.h"
 #include "dgBackSurfaceColour.h"
 #include "dgClientStructure.h"
 #include "dgColourTable.h"
@@ -228,4 +229,24 @@ TEST(grAddToStructureFlags, a_null_array_puts_the_defaults_back_and_a_copy_has_e
     EXPECT_EQ(copy.str(), original.str());
     EXPECT_EQ(copied.single_attribute_type(), 26);
     EXPECT_EQ(&copied.colour_table(), &table);
+}
+
+// What waits for a primitive is written for one that it applies to.
+TEST(dgGraphicalAttribute, has_the_category_of_a_primitive_that_it_applies_to)
+{
+    const dgGraphicalPrimitiveType of_category[] = {dgPRIMITIVE_LINES, dgPRIMITIVE_TEXT, dgPRIMITIVE_MARKERS,
+                                                    dgPRIMITIVE_SURFACE, dgPRIMITIVE_SURFACE};
+    const auto applies = [](int type, dgGraphicalPrimitiveType primitive)
+    {
+        const auto ranges = dg_attribute_types(primitive);
+        return std::any_of(ranges.begin(), ranges.end(),
+                           [&](const dgTypeRange& range) { return range.first <= type && type <= range.last; });
+    };
+    for (int type = 0; type <= 74; ++type)
+    {
+        const int category = tsAttribute(type, 0).category();
+        EXPECT_EQ(category == 5, type == 67 || type == 68 || type == 70) << type;
+        EXPECT_TRUE(category == 5 || applies(type, of_category[category])) << type;
+        EXPECT_LE(applies(type, dgPRIMITIVE_FILL_AREA), applies(type, dgPRIMITIVE_SURFACE)) << type;
+    }
 }

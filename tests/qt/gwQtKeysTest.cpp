@@ -1,0 +1,37 @@
+#include "gwQtKeys.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+TEST(gwQtKeys, names_every_key_by_type_and_number)
+{
+    const auto expect = [](int key, gwKeyType type, int number)
+    {
+        EXPECT_EQ(gw_qt_key(key).type, type) << key;
+        EXPECT_EQ(gw_qt_key(key).number, number) << key;
+    };
+    const std::pair<int, int> characters[] = {
+        {Qt::Key_Escape, 27},   {Qt::Key_Return, 13}, {Qt::Key_Enter, 13}, {Qt::Key_Tab, 9}, {Qt::Key_Backtab, 9},
+        {Qt::Key_Backspace, 8}, {Qt::Key_Space, ' '}, {Qt::Key_Z, 'Z'},    {Qt::Key_7, '7'}, {0, 0}};
+    for (const auto& [key, character] : characters)
+        expect(key, gwQWERTY_KEY, character);
+    int number = 0;
+    for (const int key : {Qt::Key_Insert, Qt::Key_Delete, Qt::Key_Home, Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown,
+                          Qt::Key_Left, Qt::Key_Up, Qt::Key_Right, Qt::Key_Down, Qt::Key_Print, Qt::Key_Pause,
+                          Qt::Key_Shift, Qt::Key_Control, Qt::Key_Alt})
+        expect(key, gwOTHER_KEY, ++number);
+    expect(Qt::Key_F1, gwFUNCTION_KEY, 1);
+    expect(Qt::Key_F35, gwFUNCTION_KEY, 35);
+}
+
+TEST(gwQtKeys, numbers_buttons_from_left_to_right_and_translates_modifiers)
+{
+    int number = 0;
+    for (const Qt::MouseButton button :
+         {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton, Qt::ExtraButton1, Qt::ExtraButton2})
+        EXPECT_EQ(gw_qt_button(button), ++number);
+    EXPECT_EQ(gw_qt_modifiers(Qt::ControlModifier | Qt::KeypadModifier), 1);
+    EXPECT_EQ(gw_qt_modifiers(Qt::ShiftModifier), 2);
+    EXPECT_EQ(gw_qt_modifiers(Qt::AltModifier | Qt::MetaModifier), 4);
+}
