@@ -144,7 +144,7 @@ void combine(GLdouble position[3], void* [4], GLfloat[4], void** vertex, void* d
 template <class Function>
 void set_callback(GLUtesselator* tessellator, GLenum which, Function* function)
 {
-    gluTessCallback(tessellator, which, reinterpret_cast<_GLUfuncptr>(function));
+    gluTessCallback(tessellator, which, reinterpret_cast<void (*)()>(function));
 }
 
 // Corners are given for all nodes that the loops name.

@@ -33,7 +33,7 @@ void take_vertex(void* vertex, void* data)
 template <class Function>
 void set_callback(GLUtesselator* tessellator, GLenum which, Function* function)
 {
-    gluTessCallback(tessellator, which, reinterpret_cast<_GLUfuncptr>(function));
+    gluTessCallback(tessellator, which, reinterpret_cast<void (*)()>(function));
 }
 }
 

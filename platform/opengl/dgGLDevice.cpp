@@ -2,6 +2,7 @@
 
 #include "dgGLClusters.h"
 #include "dgGLContext.h"
+#include "dgGLEntryPoints.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
 #include "dgGLSavedState.h"
@@ -19,6 +20,7 @@ std::shared_ptr<dgGLDevice> dgGLDevice::create(std::unique_ptr<dgGLContext> cont
         error = context->name() + ": the context cannot be made current";
         return nullptr;
     }
+    dg_gl_update_entry_points();
     if (epoxy_gl_version() < 33)
     {
         error = context->name() + ": OpenGL 3.3 is needed, " + std::to_string(epoxy_gl_version() / 10) + "." +
@@ -81,6 +83,8 @@ int dgGLDevice::make_current()
 {
     if (!the_lost && !the_context->make_current())
         the_lost = 1;
+    if (!the_lost)
+        dg_gl_update_entry_points();
     return !the_lost;
 }
 
