@@ -31,7 +31,7 @@ struct gwGLFWWindow::Native
 
 namespace
 {
-// Spaceballs are not among the events that the window system waits for; they are looked for as often as this.
+// Where spaceballs are not among the events that the window system waits for, they are looked for as often as this.
 constexpr double spaceball_interval = 1.0 / 60;
 
 // There is one connection in a process; all windows share it.
@@ -190,7 +190,7 @@ void gwGLFWWindow::process_events(int wait, double timeout)
     if (the_native->exposed || the_native->framebuffers->front_changed())
         show();
     const int spaceball = the_native->spaceball && glfwGetWindowAttrib(the_native->window, GLFW_FOCUSED);
-    if (wait && spaceball && !(timeout > 0 && timeout < spaceball_interval))
+    if (wait && spaceball && !the_native->spaceball->wakes_windows() && !(timeout > 0 && timeout < spaceball_interval))
         timeout = spaceball_interval;
     if (!wait)
         glfwPollEvents();

@@ -8,6 +8,11 @@ std::unique_ptr<gwSpaceballDevice> gwSpaceballDevice::open()
 
 gwSpaceballDevice::~gwSpaceballDevice() = default;
 
+int gwSpaceballDevice::wakes_windows() const
+{
+    return 0;
+}
+
 int gwSpaceballDevice::read(gwSpaceballReports&)
 {
     return 0;

@@ -26,6 +26,11 @@ gwSpaceballDevice::~gwSpaceballDevice()
     the_opened = 0;
 }
 
+int gwSpaceballDevice::wakes_windows() const
+{
+    return 0;
+}
+
 int gwSpaceballDevice::read(gwSpaceballReports& reports)
 {
     int count = 0;

@@ -2,6 +2,7 @@
 
 #include "gwHeadlessWindow.h"
 #include "gwKeyEvent.h"
+#include "gwSpaceballHid.h"
 #include "tsEventLog.h"
 #include "tsTable.h"
 
@@ -14,23 +15,24 @@
 namespace
 {
 // Plays reports to a window that has the focus: pointer X Y MODS, motion X Y Z RX RY RZ MILLISECONDS, button N 0 or 1,
-// focus 0 or 1, flush; key TYPE 0 or 1 is another key of the window.
+// focus 0 or 1, flush; hid BYTE... is a report of a device, rest the end of them; key TYPE 0 or 1 is another key of the
+// window.
 std::string played(const std::string& script)
 {
     gwHeadlessWindow window(400, 300);
     tsEventLog log(window.input());
     gwSpaceballReports reports(window);
+    gwSpaceballHid device;
     reports.focus(1);
     std::istringstream words(script);
     for (std::string command; words >> command;)
     {
-        int n[7] = {};
-        for (int& number : n)
-            if (!(words >> number))
-            {
-                words.clear();
-                break;
-            }
+        std::vector<int> n;
+        for (int number; words >> number;)
+            n.push_back(number);
+        words.clear();
+        const std::vector<unsigned char> bytes(n.begin(), n.end());
+        n.resize(7);
         if (command == "pointer")
             reports.pointer(n[0], n[1], n[2]);
         else if (command == "motion")
@@ -41,6 +43,10 @@ std::string played(const std::string& script)
             window.input().post(gwKeyEvent(&window, 0, 0, 0, n[1], static_cast<gwKeyType>(n[0]), 1));
         else if (command == "focus")
             reports.focus(n[0]);
+        else if (command == "hid")
+            device.report(bytes.data(), bytes.size(), reports);
+        else if (command == "rest")
+            device.flush(reports);
         else
             reports.flush();
     }
