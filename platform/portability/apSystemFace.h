@@ -19,6 +19,6 @@ struct apSystemFace
     int italic = 0;
     int character_set = 0; ///< number of a Windows character set: 0 Western, 2 symbols, 204 Cyrillic, ...
     int font_type = apFONT_TYPE_TRUETYPE;
-    std::string file; ///< UTF-8; empty where the system names no file
+    std::string file; ///< UTF-8; empty on Windows, where looking for it is left to apSystemFonts::find_face
     int face_index = 0;
 };

@@ -1,5 +1,6 @@
 #include "apSystemFontHost.h"
 
+#include "apCharacterSet.h"
 #include "apFile.h"
 
 #include <fontconfig/fontconfig.h>
@@ -71,38 +72,19 @@ FT_Library free_type()
     return library;
 }
 
-// Bits of the field of code pages in the OS/2 table, as OpenType numbers them, in the order in which they stand for a
-// font: what makes a font an East Asian one counts more than the Latin letters beside.
-const struct
-{
-    int bit, character_set;
-} code_pages[] = {{31, 2},  {17, 128}, {18, 134}, {19, 129}, {20, 136}, {0, 0},   {2, 204}, {1, 238},
-                  {3, 161}, {4, 162},  {5, 177},  {6, 178},  {7, 186},  {8, 163}, {16, 222}};
-constexpr int western = 0, symbol = 2, unspecified = 1;
-
-// All four East Asian pages at once say that the font serves all of the world rather than one of them.
-int character_set(unsigned long pages)
-{
-    const unsigned long east_asian = 0xful << 17;
-    if ((pages & east_asian) == east_asian && (pages & 1))
-        return western;
-    for (const auto& page : code_pages)
-        if (pages >> page.bit & 1)
-            return page.character_set;
-    return unspecified;
-}
+constexpr int western = 0, symbol = 2;
 
 int character_set(const std::string& file, int index)
 {
     FT_Face face = nullptr;
     if (!free_type() || FT_New_Face(free_type(), file.c_str(), index, &face) != 0)
-        return unspecified;
-    int found = unspecified;
+        return apCHARACTER_SET_UNSPECIFIED;
+    int found = apCHARACTER_SET_UNSPECIFIED;
     if (const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
         os2 && os2->version != 0xffff)
-        found = character_set(os2->ulCodePageRange1);
+        found = ap_character_set(os2->ulCodePageRange1);
     // Old fonts claim no pages.
-    if (found == unspecified)
+    if (found == apCHARACTER_SET_UNSPECIFIED)
         found = FT_Select_Charmap(face, FT_ENCODING_MS_SYMBOL) == 0 ? symbol : western;
     FT_Done_Face(face);
     return found;
@@ -146,8 +128,8 @@ public:
     explicit FontconfigListing(std::vector<apSystemFace> faces) : the_faces(std::move(faces))
     {
         for (apSystemFace& face : the_faces)
-            face.character_set =
-                face.font_type == apFONT_TYPE_TRUETYPE ? ::character_set(face.file, face.face_index) : unspecified;
+            face.character_set = face.font_type == apFONT_TYPE_TRUETYPE ? ::character_set(face.file, face.face_index)
+                                                                        : apCHARACTER_SET_UNSPECIFIED;
         // fontconfig has no order. A TrueType face speaks for its family, where other formats of it are there too.
         std::sort(the_faces.begin(), the_faces.end(),
                   [](const apSystemFace& a, const apSystemFace& b)

@@ -52,8 +52,12 @@ TEST(apSystemFonts, families_are_listed_once_and_faces_with_their_names_weights_
 {
     std::ostringstream faces;
     for (const auto& [name, face] : faces_of("Liberation Sans"))
+    {
+        apFaceData data;
+        EXPECT_EQ(apSystemFonts::find_face(name, data), 1) << name;
         faces << name << ' ' << face.weight << ' ' << face.italic << ' ' << face.font_type << ' ' << face.character_set
-              << ' ' << std::filesystem::path(face.file).filename().string() << '\n';
+              << ' ' << std::filesystem::path(data.file).filename().string() << '\n';
+    }
     EXPECT_EQ(faces.str(), "Liberation Sans 400 0 4 0 LiberationSans-Regular.ttf\n"
                            "Liberation Sans Bold 700 0 4 0 LiberationSans-Bold.ttf\n"
                            "Liberation Sans Bold Italic 700 1 4 0 LiberationSans-BoldItalic.ttf\n"

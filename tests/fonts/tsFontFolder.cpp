@@ -73,7 +73,11 @@ void tsFontFolder::link(const std::string& stem, const std::string& htmldoc_stem
 
 void tsFontFolder::link_file(const std::string& name, const std::string& target)
 {
-    fs::create_symlink(target, tsFolder::operator/(name));
+    // Not everybody may make links on Windows.
+    std::error_code failure;
+    fs::create_symlink(target, tsFolder::operator/(name), failure);
+    if (failure)
+        fs::copy_file(target, tsFolder::operator/(name));
 }
 
 void tsFontFolder::make_folder(const std::string& name)
