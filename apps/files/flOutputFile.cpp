@@ -4,7 +4,6 @@
 #include "flSystem.h"
 
 #include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <streambuf>
 #include <system_error>
@@ -167,7 +166,8 @@ void flOutputFile::close()
     the_buffer->end();
     if (the_temporary.empty())
         return;
-    std::remove(the_temporary.c_str());
+    std::error_code failure;
+    fs::remove(the_temporary, failure);
     fl_forget(the_temporary);
     the_temporary.clear();
 }

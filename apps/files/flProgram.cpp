@@ -2,6 +2,7 @@
 
 #include "flOutputFile.h"
 #include "flSystem.h"
+#include "flTerminal.h"
 
 #include <iostream>
 #include <new>
@@ -9,6 +10,7 @@
 int fl_run_program(const char* program, const std::function<int(std::ostream& out)>& run)
 {
     fl_keep_memory();
+    const flTerminalText text;
     int status = 1;
     std::string error;
     try

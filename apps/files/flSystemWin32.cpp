@@ -1,43 +1,112 @@
 #include "flSystem.h"
 
+#include "apPathName.h"
+
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
 #include <fcntl.h>
 #include <io.h>
-#include <windows.h>
 
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
-#include <filesystem>
+#include <mutex>
 #include <random>
+#include <set>
+#include <system_error>
+
+namespace
+{
+// Files to be removed when the process ends by the console. Windows calls the handler on a thread of its own.
+class Doomed
+{
+public:
+    static Doomed& get()
+    {
+        static Doomed* const doomed = new Doomed;
+        return *doomed;
+    }
+    void add(const std::wstring& name)
+    {
+        const std::lock_guard lock(the_mutex);
+        the_names.insert(name);
+    }
+    void remove(const std::wstring& name)
+    {
+        const std::lock_guard lock(the_mutex);
+        the_names.erase(name);
+    }
+
+private:
+    Doomed() { SetConsoleCtrlHandler(ended, TRUE); }
+    static BOOL WINAPI ended(DWORD)
+    {
+        const std::lock_guard lock(get().the_mutex);
+        for (const std::wstring& name : get().the_names)
+            DeleteFileW(name.c_str());
+        return FALSE; // the process ends
+    }
+
+    std::mutex the_mutex;
+    std::set<std::wstring> the_names;
+};
+
+std::wstring wide(const std::string& path)
+{
+    return apPathName(path).wide();
+}
+
+int failed()
+{
+    const std::error_code error(static_cast<int>(GetLastError()), std::system_category());
+    errno = error.default_error_condition().value();
+    return -1;
+}
+}
 
 void fl_keep_memory() {}
 
 int fl_create_beside(const std::string& place, std::string& temporary)
 {
+    const DWORD there = GetFileAttributesW(wide(place).c_str());
+    if (there != INVALID_FILE_ATTRIBUTES && (there & FILE_ATTRIBUTE_READONLY))
+    {
+        errno = EACCES;
+        return -1;
+    }
     std::random_device random;
     for (;;)
     {
         char name[40];
         std::snprintf(name, sizeof name, ".gr-%08x%08x.part", random(), random());
-        temporary = place.substr(0, place.find_last_of("/\\") + 1) + name;
+        // A drive's letter may stand right before the name.
+        temporary = place.substr(0, place.find_last_of("/\\:") + 1) + name;
         // Shared for deletion, so that it can be given its name while it is open.
-        const HANDLE file = CreateFileA(temporary.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                                        CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (file != INVALID_HANDLE_VALUE)
-            return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY);
-        if (GetLastError() == ERROR_FILE_EXISTS)
+        const HANDLE file = CreateFileW(wide(temporary).c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                        nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE && GetLastError() == ERROR_FILE_EXISTS)
             continue;
-        errno = GetLastError() == ERROR_PATH_NOT_FOUND ? ENOENT : EACCES;
-        return -1;
+        if (file == INVALID_HANDLE_VALUE)
+            return failed();
+        Doomed::get().add(wide(temporary));
+        return _open_osfhandle(reinterpret_cast<std::intptr_t>(file), _O_BINARY);
     }
 }
 
-// What the end of a process by the console leaves behind can be told by its name.
-void fl_forget(const std::string&) {}
+void fl_forget(const std::string& temporary)
+{
+    Doomed::get().remove(wide(temporary));
+}
 
 int fl_open_through(const std::string& path)
 {
-    return path == "-" ? _dup(1) : _open(path.c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT);
+    if (path != "-")
+        return _wopen(wide(path).c_str(), _O_WRONLY | _O_BINARY | _O_NOINHERIT);
+    const int descriptor = _dup(1);
+    if (descriptor >= 0)
+        _setmode(descriptor, _O_BINARY);
+    return descriptor;
 }
 
 long fl_write_some(int descriptor, const char* bytes, std::size_t count)
@@ -62,9 +131,5 @@ int fl_close(int descriptor)
 
 int fl_replace(const std::string& temporary, const std::string& place)
 {
-    std::error_code failure;
-    std::filesystem::rename(temporary, place, failure);
-    if (failure)
-        errno = failure.default_error_condition().value();
-    return failure ? -1 : 0;
+    return MoveFileExW(wide(temporary).c_str(), wide(place).c_str(), MOVEFILE_REPLACE_EXISTING) ? 0 : failed();
 }

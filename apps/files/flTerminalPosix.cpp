@@ -6,3 +6,8 @@ int fl_errors_on_terminal()
 {
     return isatty(STDERR_FILENO);
 }
+
+flTerminalText::flTerminalText() = default;
+
+// What terminals take does not belong to a process.
+flTerminalText::~flTerminalText() = default;

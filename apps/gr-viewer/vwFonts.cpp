@@ -1,5 +1,6 @@
 #include "vwFonts.h"
 
+#include "vwFontFolders.h"
 #include "vwModel.h"
 #include "vwOptions.h"
 #include "vwScene.h"
@@ -32,10 +33,6 @@
 
 namespace
 {
-// Where Debian and the systems made from it keep Type 1 fonts, and their metrics.
-const char* const default_font_path = "/usr/share/fonts/X11/Type1;/usr/share/htmldoc/fonts";
-const char* const default_metrics_path = "/usr/share/fonts/type1/urw-base35;/usr/share/htmldoc/fonts";
-
 const char* const preferred_families[] = {"DejaVu Sans", "Liberation Sans", "Arial", "Helvetica", "Nimbus Sans"};
 
 // Of the model's size.
@@ -55,10 +52,11 @@ struct Fonts
 
 int read_fonts(const vwOptions& options, Fonts& fonts, std::string& error)
 {
-    const auto or_default = [](const std::string& given, const char* otherwise)
-    { return utString(given.empty() ? std::string(otherwise) : given); };
-    fonts.reader = std::make_unique<grOutlineFontFamilyReader>(or_default(options.font_path, default_font_path),
-                                                               or_default(options.metrics_path, default_metrics_path));
+    const auto or_default = [](const std::string& given, const std::string& otherwise)
+    { return utString(given.empty() ? otherwise : given); };
+    fonts.reader =
+        std::make_unique<grOutlineFontFamilyReader>(or_default(options.font_path, vw_system_font_path()),
+                                                    or_default(options.metrics_path, vw_system_metrics_path()));
     fonts.n_builtin = fonts.reader->num_families();
     const std::string list = options.font_list.empty() ? default_font_list() : options.font_list;
     if (options.font_list.empty() && !ap_file_exists(list))
