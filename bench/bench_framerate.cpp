@@ -7,6 +7,8 @@
 //
 // --rate asks for another number of frames a second. --levels draws shares by simplified levels, which are waited for;
 // without, shares are samples.
+#include "benchRing.h"
+#include "benchTiming.h"
 #include "dgClientStructure.h"
 #include "dgCompiledStructure.h"
 #include "dgGLDevice.h"
@@ -15,13 +17,13 @@
 #include "dgImage.h"
 #include "dgLineColour.h"
 #include "dgPolyline.h"
+#include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
 #include "dgStructureCall.h"
 #include "dgSurfaceColour.h"
 #include "dgTransform.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "giTriBlock.h"
 #include "grStdTwiddleHooks.h"
 #include "grStdTwiddling.h"
 #include "grTimeoutRendererCache.h"
@@ -54,7 +56,6 @@ constexpr int width = 1280, height = 720;
 constexpr double drag_seconds = 5;
 double framerate = 10;
 int levels = 0;
-constexpr double two_pi = 6.283185307179586;
 
 class Stopwatch
 {
@@ -68,56 +69,12 @@ private:
     std::chrono::steady_clock::time_point the_start = std::chrono::steady_clock::now();
 };
 
-template <class Work>
-double seconds(Work work)
-{
-    const Stopwatch stopwatch;
-    work();
-    return stopwatch.seconds();
-}
-
 // The value that at least share of the values do not exceed.
 double quantile(std::vector<double> values, double share)
 {
     std::sort(values.begin(), values.end());
     const auto rank = static_cast<std::size_t>(std::ceil(share * static_cast<double>(values.size())));
     return values[std::max<std::size_t>(rank, 1) - 1];
-}
-
-double median(const std::vector<double>& values)
-{
-    return quantile(values, 0.5);
-}
-
-giPoint3 on_ring(double u, double v)
-{
-    const double thickness = 30 + 2 * std::sin(12 * u) * std::cos(3 * v);
-    return giPoint3((70 + thickness * std::cos(v)) * std::cos(u), (70 + thickness * std::cos(v)) * std::sin(u),
-                    thickness * std::sin(v));
-}
-
-// Rows and columns of squares of two triangles each, of a ring with waves that has around by across of them.
-giTriBlock* ring(int around, int across, int first_row, int rows, int first_column, int columns)
-{
-    auto* block = new giTriBlock;
-    block->nodes().reserve((rows + 1) * (columns + 1));
-    std::vector<giVector3> normals;
-    for (int row = first_row; row <= first_row + rows; ++row)
-        for (int column = first_column; column <= first_column + columns; ++column)
-        {
-            const double u = two_pi * row / around, v = two_pi * column / across;
-            block->nodes().append(on_ring(u, v));
-            normals.emplace_back(std::cos(v) * std::cos(u), std::cos(v) * std::sin(u), std::sin(v));
-        }
-    block->create_normals() = std::move(normals);
-    for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
-        {
-            const int node = row * (columns + 1) + column;
-            block->triangles().emplace_back(node, node + columns + 1, node + columns + 2);
-            block->triangles().emplace_back(node, node + columns + 2, node + 1);
-        }
-    return block;
 }
 
 using Root = dgRef<dgClientStructure>;
@@ -384,18 +341,21 @@ void compare_bare(Picture& picture, dgStructure& root)
     fast.refresh(nullptr, 0);
     fast.refresh(nullptr, 0);
     fast.refresh(nullptr, 0);
-    const auto& record =
-        picture.window.device().geometry().store(static_cast<const dgGraphicalPrimitive&>(*root.element(0)));
+    const auto& run = *root.compiled().steps()[0].run;
+    const int count = static_cast<int>(std::lround(run.sampling().features() * fast.draw_ratio()));
+    std::vector<dgFeatureSpan> spans;
+    run.sampling().sample(0, count, spans);
+    dgGLIndexRanges ranges;
+    picture.window.device().geometry().store(run, spans, ranges);
     int vertex_array = 0;
     glGetIntegerv(GL_VERTEX_ARRAY_BINDING, &vertex_array);
-    const auto count = static_cast<GLsizei>(std::lround(record.index_count / 3 * fast.draw_ratio()) * 3);
     const auto bare = [&]
     {
         glBindVertexArray(static_cast<unsigned>(vertex_array));
         glClearColor(0, 0, 0, 1);
         glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
-        glDrawElements(GL_TRIANGLES, count, GL_UNSIGNED_INT,
-                       reinterpret_cast<const void*>(std::size_t(record.first_index) * 4));
+        glMultiDrawElements(GL_TRIANGLES, ranges.counts.data(), GL_UNSIGNED_INT, ranges.offsets.data(),
+                            static_cast<GLsizei>(ranges.counts.size()));
         glFinish();
     };
     std::vector<double> ours, bares;
@@ -406,7 +366,7 @@ void compare_bare(Picture& picture, dgStructure& root)
     }
     std::printf(
         "  a thinned frame of %d triangles: %.2f ms, bare draw of the same %.2f ms: ratio %.3f (goal at most 1.10)\n",
-        count / 3, 1e3 * median(ours), 1e3 * median(bares), median(ours) / median(bares));
+        count, 1e3 * median(ours), 1e3 * median(bares), median(ours) / median(bares));
 }
 
 void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const Root& root, int one_block)

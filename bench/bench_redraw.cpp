@@ -2,6 +2,7 @@
 // once on the very buffers that the view is drawn from, and once on buffers in the triangles' own order, which a
 // program for this one picture would fill. Each frame is erased, drawn and finished; the three take turns.
 #include "benchBareDraw.h"
+#include "benchRing.h"
 #include "benchTiming.h"
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
@@ -10,10 +11,8 @@
 #include "dgRenderer.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "giTriBlock.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -21,36 +20,6 @@
 
 namespace
 {
-constexpr double two_pi = 6.283185307179586;
-
-// Rows first_row to last_row of a ring with waves on it, of across by around squares of two triangles each.
-giTriBlock* ring(int around, int across, int first_row, int last_row, int first_column, int last_column)
-{
-    auto* block = new giTriBlock;
-    const int rows = last_row - first_row, columns = last_column - first_column;
-    block->nodes().reserve((rows + 1) * (columns + 1));
-    std::vector<giVector3> normals;
-    for (int row = first_row; row <= last_row; ++row)
-        for (int column = first_column; column <= last_column; ++column)
-        {
-            const double u = two_pi * row / around, v = two_pi * column / across;
-            const double thickness = 30 + 2 * std::sin(12 * u) * std::cos(3 * v);
-            const giVector3 outwards(std::cos(v) * std::cos(u), std::cos(v) * std::sin(u), std::sin(v));
-            const giPoint3 middle(70 * std::cos(u), 70 * std::sin(u), 0);
-            block->nodes().append(middle + outwards * thickness);
-            normals.push_back(outwards);
-        }
-    block->create_normals() = std::move(normals);
-    for (int row = 0; row < rows; ++row)
-        for (int column = 0; column < columns; ++column)
-        {
-            const int node = row * (columns + 1) + column;
-            block->triangles().emplace_back(node, node + columns + 1, node + columns + 2);
-            block->triangles().emplace_back(node, node + columns + 2, node + 1);
-        }
-    return block;
-}
-
 struct Picture
 {
     Picture(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure)
@@ -149,8 +118,7 @@ int main(int argc, char** argv)
 
     const dgRef<dgClientStructure> many(new dgClientStructure);
     for (int i = 0; i < 10000; ++i)
-        many->add(
-            new dgTriangleBlock(ring(400, 300, 4 * (i / 100), 4 * (i / 100) + 4, 3 * (i % 100), 3 * (i % 100) + 3), 1));
+        many->add(new dgTriangleBlock(ring(400, 300, 4 * (i / 100), 4, 3 * (i % 100), 3), 1));
     compare("10,000 elements of 24 triangles", device, many.get(), frames, 1.25);
     compare_edit(device, many.get(), frames);
     return EXIT_SUCCESS;

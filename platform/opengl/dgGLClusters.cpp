@@ -1,8 +1,8 @@
 #include "dgGLClusters.h"
 
 #include "dgGLGeometryStore.h"
-#include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
+#include "dgTriangleOrder.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
 
@@ -17,7 +17,7 @@ constexpr int least_features = 2 * chunk;
 // Large triangles stand in the order of their areas, not of their places: few of them are put together.
 constexpr unsigned large_in_cluster = 16;
 
-dgFeatureClusters clusters_of(const dgGeometry& geometry)
+dgFeatureClusters clusters_of(const dgGraphicalPrimitive& primitive, const dgGeometry& geometry)
 {
     const auto npoints = static_cast<unsigned>(geometry.npoints),
                ntriangles = static_cast<unsigned>(geometry.nfeatures);
@@ -42,7 +42,7 @@ dgFeatureClusters clusters_of(const dgGeometry& geometry)
         boxes.push_back(std::exchange(box, giBox3()));
     };
     clusters.starts.push_back(0);
-    std::vector<unsigned> large = dg_gl_large_triangles(geometry.points, npoints, geometry.triangles, ntriangles);
+    std::vector<unsigned> large = primitive.large_triangles();
     for (unsigned i = 0; i < large.size(); ++i)
     {
         add(large[i]);
@@ -50,7 +50,7 @@ dgFeatureClusters clusters_of(const dgGeometry& geometry)
             close();
     }
     close();
-    dg_gl_add_chunks(std::move(large), ntriangles, chunk, add, close);
+    dg_add_others(std::move(large), ntriangles, chunk, add, close);
     clusters.tree = dgBoxTree(std::move(boxes));
     return clusters;
 }
@@ -64,7 +64,7 @@ const dgFeatureClusters* dgGLClusters::find(const dgGraphicalPrimitive& primitiv
     Entry& entry = the_clusters[primitive.geometry_id()];
     if (entry.stamp != primitive.stamp())
     {
-        entry.clusters = clusters_of(geometry);
+        entry.clusters = clusters_of(primitive, geometry);
         entry.stamp = primitive.stamp();
     }
     return &entry.clusters;

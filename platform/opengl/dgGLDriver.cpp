@@ -25,6 +25,9 @@ namespace
 // How many half windows away from the middle of view space positions are still fine enough to tell slopes from.
 constexpr double most_windows = 4096;
 
+// Up to how many indices drawing may cost less than changing the colour of fragments.
+constexpr int few_indices = 1200;
+
 // A device box as OpenGL takes boxes. Positions are cut off towards zero, as everywhere in device space.
 struct PixelBox
 {
@@ -122,6 +125,7 @@ void dgGLDriver::begin()
     the_device.begin_use();
     if (!the_device.lost())
         the_device.geometry().take_levels();
+    the_colours_change = the_last_colour_known = false;
     own_modes();
 }
 
@@ -320,8 +324,29 @@ void dgGLDriver::update_transforms()
     }
 }
 
-// Puts the program, its values and the modes in force that draw under the current state.
-void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin)
+const float* dgGLDriver::colour_of(dgTopology topology) const
+{
+    switch (topology)
+    {
+    case dgTOPOLOGY_POINTS: return the_state.marker_colour;
+    case dgTOPOLOGY_LINES: return the_state.line_colour;
+    case dgTOPOLOGY_TRIANGLES: return the_state.front_colour;
+    case dgTOPOLOGY_TEXT: return the_state.text_colour;
+    }
+    return the_state.marker_colour;
+}
+
+// Whether what was drawn before had another colour; once it had, that is taken for granted until the next picture.
+bool dgGLDriver::colours_change(const float* colour)
+{
+    the_colours_change |= the_last_colour_known && !std::equal(colour, colour + 3, the_last_colour);
+    std::copy(colour, colour + 3, the_last_colour);
+    the_last_colour_known = true;
+    return the_colours_change;
+}
+
+// Puts the program, its values and the modes in force that draw under the current state, few features or more.
+void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few)
 {
     own_modes();
     if (the_transforms_changed || origin != the_origin)
@@ -331,7 +356,6 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     }
     const int triangles = topology == dgTOPOLOGY_TRIANGLES;
     const int lines = topology == dgTOPOLOGY_LINES;
-    const int text = topology == dgTOPOLOGY_TEXT;
     dgGLProgramKind kind;
     // What inverts has no shades: every pixel that it covers is treated alike.
     if (triangles && the_state.lighting && !the_inverting)
@@ -339,6 +363,10 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     kind.depth_cueing = the_camera.depth_cueing && !the_inverting;
     kind.line_style = lines && the_state.line_style;
     kind.wide_lines = lines && the_state.line_width > the_device.line_width_limit();
+    kind.two_coloured =
+        triangles && !std::equal(the_state.front_colour, the_state.front_colour + 3, the_state.back_colour);
+    const float* const front = colour_of(topology);
+    kind.passed_colour = few && !kind.two_coloured && !kind.wide_lines && colours_change(front);
     dgGLProgram* program = the_device.programs().find(kind);
     if (!program)
         program = the_device.programs().find({});
@@ -356,10 +384,6 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     {
         program->state_stamp = the_state_stamp;
         program->topology = topology;
-        const float* front = triangles ? the_state.front_colour
-                             : lines   ? the_state.line_colour
-                             : text    ? the_state.text_colour
-                                       : the_state.marker_colour;
         glUniform3fv(program->front_colour, 1, front);
         glUniform3fv(program->back_colour, 1, triangles ? the_state.back_colour : front);
         glUniform3fv(program->cue_colour, 1, the_camera.cue_colour);
@@ -478,10 +502,13 @@ void dgGLDriver::draw_ranges(dgTopology topology, int has_normals, const dgGLInd
 {
     const dgGLGeometryStore& store = the_device.geometry();
     const unsigned mode = mode_of(topology);
+    GLsizei indices = 0;
+    for (std::size_t i = 0; i < ranges.counts.size() && indices < few_indices; ++i)
+        indices += ranges.counts[i];
     std::size_t first = 0;
     for (const dgGLIndexRanges::Part& part : ranges.parts)
     {
-        prepare(topology, has_normals, store.origin(part.origin));
+        prepare(topology, has_normals, store.origin(part.origin), indices < few_indices);
         store.bind();
         if (part.end - first == 1)
             glDrawElements(mode, ranges.counts[first], GL_UNSIGNED_INT, ranges.offsets[first]);
@@ -518,7 +545,7 @@ void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
     for (int i = 0; i < npoints; ++i)
         for (int axis = 0; axis < 3; ++axis)
             xyz.push_back(static_cast<float>(points[i][axis] - origin[axis]));
-    prepare(dgTOPOLOGY_LINES, 0, origin);
+    prepare(dgTOPOLOGY_LINES, 0, origin, false);
     the_device.stream_points(xyz.data(), npoints);
     glDrawArrays(GL_LINES, 0, npoints - npoints % 2);
 }

@@ -56,8 +56,10 @@ private:
     void own_modes();
     void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
-    void prepare(dgTopology topology, int has_normals, const giPoint3& origin);
+    void prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few);
     void update_transforms();
+    const float* colour_of(dgTopology topology) const;
+    bool colours_change(const float* colour);
     void draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);
     void flush();
     void draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals);
@@ -104,4 +106,9 @@ private:
     dgGLIndexRanges the_pending;
 
     dgGLIndexRanges the_selected; // the features that were drawn last
+
+    // Of the drawings of few features since begin.
+    bool the_colours_change = false;
+    bool the_last_colour_known = false;
+    float the_last_colour[3];
 };

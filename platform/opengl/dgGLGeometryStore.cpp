@@ -2,9 +2,9 @@
 
 #include "dgGLArena.h"
 #include "dgGLLevels.h"
-#include "dgGLTriangleOrder.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgPrimitiveRun.h"
+#include "dgTriangleOrder.h"
 #include "giBox3.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
@@ -562,10 +562,10 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         };
         std::vector<unsigned> large;
         if (nfeatures > chunk_triangles)
-            large = dg_gl_large_triangles(geometry.points, npoints, geometry.triangles, nfeatures);
+            large = primitive.large_triangles();
         for (const unsigned triangle : large)
             add(triangle);
-        dg_gl_add_chunks(std::move(large), nfeatures, chunk_triangles, add, [] {});
+        dg_add_others(std::move(large), nfeatures, chunk_triangles, add, [] {});
         the_triangles += nfeatures;
         if (!copied_before && nfeatures >= dgGLLevels::least_in_block && the_triangles >= dgGLLevels::least_in_store)
             the_levels->make(primitive.geometry_id(), record.stamp, geometry);

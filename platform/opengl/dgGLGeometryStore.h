@@ -18,9 +18,9 @@ struct dgPrimitiveRun;
 /// The copies of the geometry of primitives that an OpenGL device draws from.
 ///
 /// Vertices of all primitives lie in one buffer and their indices in another. Each primitive has a range in both and a
-/// record of it under its geometry number; only a primitive whose stamp has grown is copied again. The triangles of a
-/// block are stored in chunks of neighbours, and the chunks in an order that spreads evenly, so that the first part
-/// of a block's range is an even sample of the block. Positions are relative to the local origin of their primitive.
+/// record of it under its geometry number; only a primitive whose stamp has grown is copied again. The
+/// triangles of a block are stored in their own order, but for the large ones before them. Positions are relative to
+/// the local origin of their primitive.
 class DG_OPENGL_EXPORT dgGLGeometryStore : public dgGeometryListener
 {
 public:

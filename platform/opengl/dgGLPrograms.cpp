@@ -27,6 +27,10 @@ out vec3 position_in_view;
 flat out vec2 end_in_pixels;
 noperspective out vec2 point_in_pixels;
 #endif
+#ifdef PASSED_COLOUR
+uniform vec3 front_colour;
+flat out vec3 passed_colour;
+#endif
 invariant gl_Position;
 void main()
 {
@@ -42,6 +46,9 @@ void main()
 #endif
 #ifdef PLAIN
     gl_PointSize = point_size;
+#endif
+#ifdef PASSED_COLOUR
+    passed_colour = front_colour;
 #endif
 }
 )";
@@ -92,14 +99,21 @@ void main()
 }
 )";
 
+// On a software driver a choice between colours costs a third of the shading, so that most programs have one colour;
+// and a normal is scaled and turned to the viewer where it has become one number.
+//
 // The light stands by the eye, a little to the upper left of it: surfaces that face the viewer stay bright while those
 // that turn away shade off differently to every side. Highlights are a power of 32, by squaring.
 //
 // Gaps of lines are counted along the axis that the line follows more closely, so that a pattern runs on from one short
 // segment of a curve to the next.
 constexpr char fragment_source[] = R"(
+#ifdef PASSED_COLOUR
+flat in vec3 passed_colour;
+#else
 uniform vec3 front_colour;
 uniform vec3 back_colour;
+#endif
 uniform vec3 cue;         // share of the cue colour: dot(cue, (window z, clip w, 1))
 uniform vec3 cue_colour;
 uniform int line_style;
@@ -125,22 +139,30 @@ void main()
     if (((patterns[line_style & 3] >> (place & 15)) & 1) == 0)
         discard;
 #endif
+#if defined(TWO_COLOURED)
     vec3 colour = gl_FrontFacing ? front_colour : back_colour;
+#elif defined(PASSED_COLOUR)
+    vec3 colour = passed_colour;
+#else
+    vec3 colour = front_colour;
+#endif
 #ifdef SMOOTH
-    vec3 normal = normalize(normal_in_view);
-    normal = gl_FrontFacing ? normal : -normal;
+    vec3 normal = normal_in_view;
+    float scale = inversesqrt(dot(normal, normal));
+    scale = gl_FrontFacing ? scale : -scale;
 #endif
 #ifdef FLAT
-    vec3 normal = normalize(cross(dFdx(position_in_view), dFdy(position_in_view)));
+    vec3 normal = cross(dFdx(position_in_view), dFdy(position_in_view));
+    float scale = inversesqrt(dot(normal, normal));
 #endif
 #ifndef PLAIN
-    float shine = max(dot(normal, halfway), 0.0);
+    float shine = max(scale * dot(normal, halfway), 0.0);
     shine *= shine;
     shine *= shine;
     shine *= shine;
     shine *= shine;
     shine *= shine;
-    colour = colour * (0.26 + 0.07 * normal.y + 0.69 * max(dot(normal, light), 0.0)) + 0.16 * shine;
+    colour = colour * (0.26 + 0.07 * scale * normal.y + 0.69 * max(scale * dot(normal, light), 0.0)) + 0.16 * shine;
 #endif
 #ifdef CUED
     colour = mix(colour, cue_colour, clamp(cue.x * gl_FragCoord.z + cue.y / gl_FragCoord.w + cue.z, 0.0, 1.0));
@@ -278,6 +300,10 @@ dgGLProgram* dgGLPrograms::find(const dgGLProgramKind& kind)
         defines += "#define CUED\n";
     if (kind.line_style)
         defines += "#define STYLED\n";
+    if (kind.two_coloured)
+        defines += "#define TWO_COLOURED\n";
+    if (kind.passed_colour)
+        defines += "#define PASSED_COLOUR\n";
     program.name = link(defines, vertex_source, kind.wide_lines ? wide_line_source : nullptr, fragment_source, the_log);
     if (!program.name)
         return nullptr;

@@ -16,12 +16,20 @@ struct dgGLProgramKind
 {
     dgGLShading shading = dgGL_SHADE_PLAIN;
     int depth_cueing = 0;
-    int line_style = 0; ///< not 0: lines with gaps
-    int wide_lines = 0; ///< lines become quads
+    int line_style = 0;   ///< not 0: lines with gaps
+    int wide_lines = 0;   ///< lines become quads
+    int two_coloured = 0; ///< back sides have another colour
+    /// The colour comes with the vertices, the only one, and not for wide lines. On a software driver that saves more
+    /// than half of what a change of colour takes, but takes more for each triangle.
+    int passed_colour = 0;
 
     /// A number from 0 to count - 1.
-    static constexpr int count = 32;
-    int number() const { return shading + 4 * (depth_cueing != 0) + 8 * (line_style != 0) + 16 * (wide_lines != 0); }
+    static constexpr int count = 128;
+    int number() const
+    {
+        return shading + 4 * (depth_cueing != 0) + 8 * (line_style != 0) + 16 * (wide_lines != 0) +
+               32 * (two_coloured != 0) + 64 * (passed_colour != 0);
+    }
 };
 
 /// One linked program: where its uniforms are, and which values they were last given.

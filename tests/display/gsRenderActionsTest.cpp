@@ -14,6 +14,7 @@
 #include "dgTraceWindow.h"
 #include "dgTransform.h"
 #include "dgTriangleBlock.h"
+#include "dgTriangleOrder.h"
 #include "dgView.h"
 #include "giTriBlock.h"
 #include "gsStructureCallibration.h"
@@ -127,6 +128,53 @@ TEST(dgRunSampling, takes_every_feature_once_and_every_prefix_evenly)
         }
         EXPECT_EQ(std::count(taken.begin(), taken.end(), 1), n);
     }
+}
+
+TEST(dgRunSampling, takes_chunks_of_a_block_evenly_spread_behind_its_large_triangles)
+{
+    for (const int count : {2, 7, 100, 1000, 3907})
+    {
+        Scene scene;
+        dgTriangleBlock* const whole = block(count * 256);
+        scene.add(whole);
+        giTriBlock& mesh = whole->block();
+        mesh.nodes().append(giPoint3(30, 0, 0));
+        mesh.triangles()[500] = giTriangle(0, 1, 3);
+        ASSERT_EQ(whole->large_triangle_count(), 1); // one chunk is taken before all others
+        for (int taken = 1; taken < count - 1; taken = taken * 3 + 1)
+        {
+            std::vector<dgFeatureSpan> spans;
+            scene.root->compiled().steps()[0].run->sampling().sample(0, (taken + 1) * 256, spans);
+            std::vector<int> places;
+            for (const dgFeatureSpan& span : spans)
+                for (int first = span.first; first < span.first + span.count; first += 256)
+                    places.push_back(first / 256);
+            ASSERT_EQ(places.size(), static_cast<std::size_t>(taken + 1));
+            EXPECT_EQ(places[0], 0);
+            int gap = count - places.back() + places[1]; // round the end
+            for (std::size_t i = 2; i < places.size(); ++i)
+                gap = std::max(gap, places[i] - places[i - 1]);
+            // Golden section: the widest gap is below 2.62 times the mean.
+            EXPECT_LE(gap, 2.7 * count / taken + 2) << count << " " << taken;
+        }
+    }
+}
+
+TEST(dg_large_triangles, are_those_of_more_than_four_times_the_mean_area)
+{
+    const std::vector<giPoint3> points{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {10, 0, 0}, {0, 10, 0}};
+    std::vector<giTriangle> triangles(1000, giTriangle{0, 1, 2});
+    dgGeometry geometry;
+    geometry.points = points.data();
+    geometry.npoints = 5;
+    geometry.triangles = triangles.data();
+    geometry.nfeatures = 1000;
+    EXPECT_EQ(dg_large_triangles(geometry), std::vector<unsigned>());
+    triangles[300] = giTriangle{0, 1, 4}; // 10 times the area
+    triangles[700] = giTriangle{0, 3, 4}; // 100 times
+    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 300}));
+    triangles[5] = giTriangle{0, 99, 4}; // a node that does not exist
+    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 300}));
 }
 
 TEST(dgRunSampling, spreads_small_primitives_over_the_whole_run)

@@ -1,7 +1,6 @@
 #include "renderScene.h"
 
 #include "dgGLGeometryStore.h"
-#include "dgGLTriangleOrder.h"
 #include "dgPointSet.h"
 #include "dgPolyline.h"
 #include "dgText.h"
@@ -12,9 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cmath>
-#include <set>
 
 namespace
 {
@@ -225,36 +222,4 @@ TEST(dgGLGeometryStore, an_index_out_of_range_reaches_no_other_element)
     scene.draw();
     EXPECT_NE(pixel_at(scene.picture(), 10, 20), (Pixel{0, 0, 0}));
     EXPECT_EQ(pixel_at(scene.picture(), 31, 5), (Pixel{0, 0, 0})); // the broken triangle is missing
-}
-
-TEST(dgGLGeometryStore, any_first_part_of_the_chunks_is_an_even_sample)
-{
-    for (const unsigned count : {1u, 2u, 7u, 100u, 1000u, 3907u})
-    {
-        const std::vector<unsigned> order = dg_gl_chunk_order(count);
-        EXPECT_EQ(std::set<unsigned>(order.begin(), order.end()).size(), count);
-        EXPECT_LT(*std::max_element(order.begin(), order.end()), count);
-        for (unsigned taken = 1; taken < count; taken = taken * 3 + 1)
-        {
-            std::vector<unsigned> places(order.begin(), order.begin() + taken);
-            std::sort(places.begin(), places.end());
-            unsigned gap = count - places.back() + places.front(); // round the end
-            for (unsigned i = 1; i < taken; ++i)
-                gap = std::max(gap, places[i] - places[i - 1]);
-            // Golden section: the widest gap is below 2.62 times the mean.
-            EXPECT_LE(gap, 2.7 * count / taken + 2) << count << " " << taken;
-        }
-    }
-}
-
-TEST(dgGLGeometryStore, much_larger_triangles_come_first)
-{
-    std::vector<giPoint3> points{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {10, 0, 0}, {0, 10, 0}};
-    std::vector<giTriangle> block(1000, giTriangle{0, 1, 2});
-    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), std::vector<unsigned>());
-    block[300] = giTriangle{0, 1, 4}; // 10 times the area
-    block[700] = giTriangle{0, 3, 4}; // 100 times
-    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), (std::vector<unsigned>{700, 300}));
-    block[5] = giTriangle{0, 99, 4}; // a node that does not exist
-    EXPECT_EQ(dg_gl_large_triangles(points.data(), 5, block.data(), 1000), (std::vector<unsigned>{700, 300}));
 }

@@ -3,6 +3,7 @@
 #include "dgFeatureTree.h"
 #include "dgGeometryListener.h"
 #include "dgRenderer.h"
+#include "dgTriangleOrder.h"
 #include "giBox3.h"
 
 #include <vector>
@@ -63,6 +64,19 @@ const dgFeatureTree& dgGraphicalPrimitive::feature_tree() const
 void dgGraphicalPrimitive::forget()
 {
     the_feature_tree.reset();
+    the_large_count = -1;
+}
+
+std::vector<unsigned> dgGraphicalPrimitive::large_triangles() const
+{
+    std::vector<unsigned> large = dg_large_triangles(geometry());
+    the_large_count = static_cast<int>(large.size());
+    return large;
+}
+
+int dgGraphicalPrimitive::large_triangle_count() const
+{
+    return the_large_count < 0 ? static_cast<int>(large_triangles().size()) : the_large_count;
 }
 
 giBox3 dgGraphicalPrimitive::bounding_box() const

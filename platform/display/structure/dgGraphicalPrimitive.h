@@ -4,6 +4,7 @@
 #include "dgGraphicalElement.h"
 
 #include <memory>
+#include <vector>
 
 class dgFeatureTree;
 
@@ -34,6 +35,11 @@ public:
     /// Where its features lie; made when first asked for after a change. For those of dgFeatureTree::least_features.
     const dgFeatureTree& feature_tree() const;
 
+    /// Of a block, numbers of the triangles that drivers store before the others, see dg_large_triangles; their count
+    /// is kept until the next change.
+    std::vector<unsigned> large_triangles() const;
+    int large_triangle_count() const;
+
     /// Of all points of the geometry.
     giBox3 bounding_box() const override;
 
@@ -49,5 +55,6 @@ protected:
 
 private:
     mutable unsigned the_geometry_id = 0; // 0 until first asked for
+    mutable int the_large_count = -1;     // -1 until first asked for after a change
     mutable std::unique_ptr<dgFeatureTree> the_feature_tree;
 };

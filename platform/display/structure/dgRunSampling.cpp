@@ -12,12 +12,26 @@ namespace
 // Lines and points are cut finer than triangles: a gap among lines is seen sooner, and fewer of them are drawn at once.
 constexpr int gathered_triangles = dgRunSampling::chunk_triangles / 2;
 constexpr int gathered_others = 64;
+
+// Multiples of the golden section, taken round, lie evenly on the circle however many are taken. In units of 2^-32 of a
+// turn no two of them meet.
+constexpr std::uint32_t golden_section = 2654435769u;
+
+// In which order count things that lie in a row are taken, so that however many of them lie evenly spread: the k-th
+// place is that of the k-th multiple among all of them.
+void even_places(int count, std::vector<int>& places)
+{
+    places.resize(static_cast<std::size_t>(count));
+    std::iota(places.begin(), places.end(), 0);
+    std::sort(places.begin(), places.end(),
+              [](int a, int b)
+              { return static_cast<unsigned>(a) * golden_section < static_cast<unsigned>(b) * golden_section; });
+}
 }
 
 double dg_even_sequence(unsigned k)
 {
-    // Multiples of the golden section, in units of 2^-32, started in the middle.
-    constexpr std::uint32_t golden_section = 2654435769u;
+    // Started in the middle.
     return (static_cast<std::uint32_t>(k * golden_section + 0x80000000u)) / 4294967296.0;
 }
 
@@ -33,8 +47,9 @@ dgRunSampling::dgRunSampling(const dgPrimitiveRun& run) : the_run_stamp(run.stam
         values.push_back(value);
         the_features += count;
     };
-    unsigned n_gathered = 0, n_large = 0;
+    unsigned n_gathered = 0, n_blocks = 0;
     int gathered = 0;
+    std::vector<int> places;
     const auto close = [&]
     {
         if (gathered)
@@ -53,13 +68,19 @@ dgRunSampling::dgRunSampling(const dgPrimitiveRun& run) : the_run_stamp(run.stam
         }
         close();
         const int n_units = (n + unit_size - 1) / unit_size;
-        const double offset = dg_even_sequence(n_large++);
-        for (int i = 0; i < n_units; ++i)
+        const double offset = dg_even_sequence(n_blocks++);
+        const int n_large = triangles ? (primitive->large_triangle_count() + unit_size - 1) / unit_size : 0;
+        if (triangles)
+            even_places(n_units - n_large, places);
+        const auto value = [&](int unit)
         {
-            // The chunks of a block are in an even order already, so that it grows from its first one.
-            const double value = triangles ? (i + offset) / n_units : dg_even_sequence(i);
-            add(std::min(unit_size, n - i * unit_size), value);
-        }
+            if (!triangles)
+                return dg_even_sequence(static_cast<unsigned>(unit));
+            const int place = unit < n_large ? unit : n_large + places[static_cast<std::size_t>(unit - n_large)];
+            return (place + offset) / n_units;
+        };
+        for (int i = 0; i < n_units; ++i)
+            add(std::min(unit_size, n - i * unit_size), value(i));
     }
     close();
 

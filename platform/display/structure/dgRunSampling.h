@@ -17,11 +17,12 @@ struct dgFeatureSpan
 /// An order of a run's features of which every first part, however long, is an even sample of the run.
 ///
 /// Features are taken in units of neighbours, which lie together for the driver: chunks of a large primitive, or
-/// several small primitives that follow on each other. The places of the units follow the golden section.
+/// several small primitives that follow on each other. The places of the units follow the golden section, behind those
+/// of the large triangles of blocks.
 class DG_EXPORT dgRunSampling
 {
 public:
-    /// Triangles that drivers keep together in a block. Chunks of a block are stored in an order that spreads evenly.
+    /// Triangles of a block that are taken together.
     static constexpr int chunk_triangles = 256;
 
     explicit dgRunSampling(const dgPrimitiveRun& run);
