@@ -57,7 +57,9 @@ if(WIN32 AND PROJECT_IS_TOP_LEVEL)
     include(GrWindows)
 endif()
 if(MSVC)
-    target_compile_options(gr_build INTERFACE /W4 /utf-8 $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:/WX>)
+    # Members of exported classes are of the standard library's types, which are the same for all that one compiler makes;
+    # getenv and its like are the standard's.
+    target_compile_options(gr_build INTERFACE /W4 /wd4251 /wd4275 /wd4996 /utf-8 $<$<BOOL:${GR_WARNINGS_AS_ERRORS}>:/WX>)
 else()
     # Two of GCC's warnings are wrong about sound code: a guard that enters itself into its object's list for its own
     # scope is no dangling pointer, and in GCC 12 joining strings is no overlapping copy.
@@ -84,6 +86,15 @@ function(gr_folder_targets variable)
     set(${variable} ${targets} PARENT_SCOPE)
 endfunction()
 
+# gr_exporting(<target> <library>): objects of a shared library, which define what its classes export.
+function(gr_exporting target library)
+    target_compile_definitions(${target} PRIVATE ${library}_EXPORTS)
+    if(WIN32)
+        # Others refer to constants and inline functions of exported classes by the library, by whatever compiler.
+        set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN OFF)
+    endif()
+endfunction()
+
 # gr_platform_library(<name> LIBRARY ... ROOMS ... SOURCES ... PRIVATE_HEADERS ... USES ... PRIVATE_USES ...): one lower
 # library, linked into the shared library LIBRARY. It sees its own headers and those of the lower libraries that it USES. ROOMS
 # are folders of a library that has several. All headers are installed but the PRIVATE_HEADERS.
@@ -102,7 +113,7 @@ function(gr_platform_library name)
     target_link_libraries(${target}_headers INTERFACE ${used_headers})
 
     add_library(${target}_objects OBJECT ${arg_SOURCES})
-    target_compile_definitions(${target}_objects PRIVATE ${arg_LIBRARY}_EXPORTS)
+    gr_exporting(${target}_objects ${arg_LIBRARY})
     target_link_libraries(${target}_objects PRIVATE ${target}_headers gr_build ${private_uses})
 
     # What others in the tree link: these headers alone, however much more the shared library holds.
@@ -123,7 +134,7 @@ function(gr_subsystem target)
     cmake_parse_arguments(arg "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
     file(RELATIVE_PATH room ${PROJECT_SOURCE_DIR}/source ${CMAKE_CURRENT_SOURCE_DIR})
     add_library(${target} OBJECT ${arg_SOURCES})
-    target_compile_definitions(${target} PRIVATE gr_EXPORTS)
+    gr_exporting(${target} gr)
     target_include_directories(${target}
         PUBLIC ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/${room} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
     foreach(folder shared registration)

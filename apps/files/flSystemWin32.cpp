@@ -1,6 +1,6 @@
 #include "flSystem.h"
 
-#include "apPathName.h"
+#include "apNativePath.h"
 
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
@@ -54,7 +54,7 @@ private:
 
 std::wstring wide(const std::string& path)
 {
-    return apPathName(path).wide();
+    return ap_opened_path(apPathName(path)).wstring();
 }
 
 int failed()

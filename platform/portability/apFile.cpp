@@ -16,14 +16,14 @@ constexpr std::string_view list_separators = ";:";
 int ap_file_exists(const apPathName& path)
 {
     std::error_code error;
-    return path.valid() && std::filesystem::is_regular_file(ap_native_path(path), error);
+    return path.valid() && std::filesystem::is_regular_file(ap_opened_path(path), error);
 }
 
 int ap_open_for_reading(const apPathName& path, std::ifstream& stream)
 {
     if (!ap_file_exists(path))
         return 0;
-    std::ifstream file(ap_native_path(path), std::ios::binary);
+    std::ifstream file(ap_opened_path(path), std::ios::binary);
     if (!file)
         return 0;
     stream = std::move(file);

@@ -258,7 +258,7 @@ void print_geometry(std::ostream& os)
        << giXform3::translation(giVector3(1, 2, 3));
 }
 
-// With addresses numbered in the order of their appearance.
+// With addresses numbered in the order of their appearance. Columns of a table stay as wide as they are.
 std::string without_addresses(const std::string& text)
 {
     static const std::regex address("0x[0-9a-f]{6,}");
@@ -268,6 +268,8 @@ std::string without_addresses(const std::string& text)
     {
         const std::string name = "@" + std::to_string(names.size() + 1);
         result += found.prefix().str() + names.emplace(found.str(), name).first->second;
+        if (found.suffix().str().starts_with("  "))
+            result.append(std::size_t(found.length()) - name.size(), ' ');
     }
     return result + rest;
 }

@@ -1,4 +1,5 @@
 #include "apFile.h"
+#include "apNativePath.h"
 #include "apProgram.h"
 #include "tsFolder.h"
 
@@ -14,14 +15,21 @@ TEST(apFile, opens_plain_files_only)
     const tsFolder temporary;
     const apPathName folder(temporary.path()), file(temporary / "gr\xC3\xBC\xC3\x9F"
                                                                 "e.txt");
-    std::ifstream stream;
-    EXPECT_FALSE(ap_file_exists(file));
-    EXPECT_FALSE(ap_open_for_reading(file, stream));
+    // Longer than Windows takes as it is.
+    const apPathName deep = folder / std::string(200, 'd'), deepest = deep / std::string(200, 'f');
+    std::filesystem::create_directories(ap_opened_path(deep));
+    for (const apPathName& name : {file, deepest})
+    {
+        std::ifstream stream;
+        EXPECT_FALSE(ap_file_exists(name));
+        EXPECT_FALSE(ap_open_for_reading(name, stream));
 
-    std::ofstream(file.utf8(), std::ios::binary) << "a\r\nb";
-    EXPECT_TRUE(ap_file_exists(file));
-    ASSERT_TRUE(ap_open_for_reading(file, stream));
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "a\r\nb");
+        std::ofstream(ap_opened_path(name), std::ios::binary) << "a\r\nb";
+        EXPECT_TRUE(ap_file_exists(name));
+        ASSERT_TRUE(ap_open_for_reading(name, stream));
+        EXPECT_EQ(std::string(std::istreambuf_iterator<char>(stream), {}), "a\r\nb");
+    }
+    std::filesystem::remove_all(ap_opened_path(deep));
 
     std::ifstream folder_stream;
     EXPECT_FALSE(ap_file_exists(folder));
@@ -37,6 +45,10 @@ TEST(apFile, splits_path_lists_in_order)
     EXPECT_EQ(entries[0].utf8(), "one dir");
     EXPECT_EQ(entries[1].utf8(), "two");
     EXPECT_TRUE(ap_split_path_list("").empty());
+    // Only where no colon follows the letter of a drive it parts names.
+    const bool has_drives = std::filesystem::path::preferred_separator == '\\';
+    EXPECT_EQ(ap_split_path_list("c:\\fonts;d:/more").size(), has_drives ? 2u : 4u);
+    EXPECT_EQ(apPathName("c:\\fonts").is_absolute(), has_drives);
 }
 
 TEST(apPathName, joins_and_keeps_absolute_names)
@@ -51,5 +63,6 @@ TEST(apPathName, joins_and_keeps_absolute_names)
 
 TEST(apProgram, a_program_finds_what_lies_beside_it)
 {
-    EXPECT_TRUE(ap_file_exists(ap_program_folder() / "test_portability"));
+    const apPathName program = ap_program_folder() / "test_portability";
+    EXPECT_TRUE(ap_file_exists(program) || ap_file_exists(program.utf8() + ".exe"));
 }

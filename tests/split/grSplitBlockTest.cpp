@@ -11,7 +11,7 @@ namespace
 {
 // A visibility class and a rule; {-1, -1} where nothing is decided.
 using Outcome = std::pair<int, int>;
-const Outcome open{-1, -1};
+const Outcome undecided{-1, -1};
 
 template <class Classify>
 Outcome outcome_of(Classify classify)
@@ -25,7 +25,7 @@ Outcome outcome_of(Classify classify)
 
 std::string text_of(const Outcome& outcome)
 {
-    return outcome == open ? "" : std::to_string(outcome.first) + ',' + std::to_string(outcome.second);
+    return outcome == undecided ? "" : std::to_string(outcome.first) + ',' + std::to_string(outcome.second);
 }
 
 Outcome classified(const grSplitBlock& block)
@@ -71,19 +71,19 @@ TEST(grSplitBlock, undecided_block_zoom_asks_for_vertical_triangles_and_an_empty
 {
     grSplitBlock block = with_overview(0, 0, 0);
     // No zoom was measured: a total of -1 is not 0, and neither is the vertical count of -1.
-    EXPECT_EQ(classified(block), open);
+    EXPECT_EQ(classified(block), undecided);
     block.set_point_zoom_counts(0, 0, 0);
     EXPECT_FALSE(block.point_zoom_test_pending());
-    EXPECT_EQ(classified(block), open);
+    EXPECT_EQ(classified(block), undecided);
     block.set_block_zoom_counts(0, 0, 0, 0, 0);
     EXPECT_TRUE(std::isnan(block.stubbyness()));
     EXPECT_EQ(classified(block), Outcome(2, 5));
     block.set_point_zoom_counts(61, 9, 100);
     EXPECT_EQ(classified(block), Outcome(0, 3));
     block.set_block_zoom_counts(5, 5, 10, 100, 100);
-    EXPECT_EQ(classified(block), open);
+    EXPECT_EQ(classified(block), undecided);
     block.set_vertical_count(3);
-    EXPECT_EQ(classified(block), open);
+    EXPECT_EQ(classified(block), undecided);
     block.set_vertical_count(0);
     EXPECT_EQ(classified(block), Outcome(2, 11));
     block.set_block_zoom_counts(91, 0, 1000, 30, 40); // 1000 pixels in a rim of 8 pi times 35.4

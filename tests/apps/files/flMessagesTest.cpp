@@ -15,14 +15,16 @@ TEST(flMessages, what_comes_from_a_file_is_printable_and_short)
 TEST(flMessages, say_why_a_file_is_not_read)
 {
     const tsFolder folder;
-    std::filesystem::create_symlink("nowhere", folder / "link");
+    std::error_code no_links; // for everybody, as on Windows
+    std::filesystem::create_symlink("nowhere", folder / "link", no_links);
     std::string text = "as it was", error;
     const struct
     {
         const char *name, *reason;
-    } rows[] = {{"none", "none: there is no such file"},
-                {"link", "link: this is a link to a file that is not there"},
-                {".", ".: this is a folder, no file"}};
+    } rows[] = {
+        {"none", "none: there is no such file"},
+        {no_links ? "none" : "link", no_links ? "such file" : "link: this is a link to a file that is not there"},
+        {".", ".: this is a folder, no file"}};
     for (const auto& row : rows)
     {
         EXPECT_FALSE(fl_read_text(folder / row.name, text, error)) << row.name;
