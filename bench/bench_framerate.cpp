@@ -1,12 +1,15 @@
 // A drag of five seconds that asks for ten frames a second, on scenes that take longer to draw: what frames take with
 // the full, the fast and the time-out refresher, and how long it then is until the picture is complete. Beside that,
-// what flattening costs and what a thinned frame costs over a bare draw call of the same triangles. The same is asked
-// of the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the fast refresher.
+// what flattening costs, what a thinned frame costs over a bare draw call of the same triangles, and what the idle
+// calls take that smooth the edges of the view at rest, the longest of which is how long an event may have to wait. The
+// same as of drags is asked of the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the
+// fast refresher.
 //
-//     bench_framerate [--rate N] [--levels] [scene...]      scenes: one many placed mixed; all without
+//     bench_framerate [--rate N] [--seconds S] [--levels] [scene...]    scenes: one many placed structures mixed; all
+//                                                                       without
 //
-// --rate asks for another number of frames a second. --levels draws shares by simplified levels, which are waited for;
-// without, shares are samples.
+// --rate asks for another number of frames a second, --seconds for another length of the drag. --levels draws shares by
+// simplified levels, which are waited for; without, shares are samples.
 #include "benchRing.h"
 #include "benchTiming.h"
 #include "dgClientStructure.h"
@@ -32,6 +35,7 @@
 #include "grViewRefresherFull.h"
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
+#include "grViewSmoother.h"
 #include "gwHeadlessWindow.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
@@ -53,8 +57,7 @@
 namespace
 {
 constexpr int width = 1280, height = 720;
-constexpr double drag_seconds = 5;
-double framerate = 10;
+double framerate = 10, drag_seconds = 5;
 int levels = 0;
 
 class Stopwatch
@@ -334,6 +337,29 @@ void compare_tools(Picture& picture, const dgCamera& start)
     }
 }
 
+void rest(Picture& picture, double full_seconds)
+{
+    grViewSmoother smoother(picture.renderer);
+    picture.renderer.accumulate(1);
+    // As after a drag: what slices take is learnt in the first one.
+    smoother.idle();
+    smoother.restart();
+    std::vector<double> times;
+    const double whole = seconds(
+        [&]
+        {
+            for (bool again = true; again;)
+                times.push_back(seconds([&] { again = smoother.idle() != grIDLE_DONE; }));
+        });
+    picture.renderer.accumulate(0);
+    const double longest = quantile(times, 1);
+    std::printf(
+        "  at rest  %zu idle calls: median %.1f ms, 95 %% below %.1f ms, the longest %.1f ms = %.3f full redraws; "
+        "edges smooth after %.0f ms = %.2f times %d full redraws\n",
+        times.size(), 1e3 * median(times), 1e3 * quantile(times, 0.95), 1e3 * longest, longest / full_seconds,
+        1e3 * whole, whole / (grViewSmoother::n_pictures * full_seconds), grViewSmoother::n_pictures);
+}
+
 // Thinned frames of the fast renderer beside bare draws of the same triangles, on a scene of one block.
 void compare_bare(Picture& picture, dgStructure& root)
 {
@@ -416,6 +442,7 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
         drag("timeout", picture, refresher, start);
     }
     compare_tools(picture, start);
+    rest(picture, picture.full_redraw(image));
     if (one_block)
         compare_bare(picture, *root);
 }
@@ -431,6 +458,8 @@ int main(int argc, char** argv)
             levels = 1;
         else if (argument == "--rate" && i + 1 < argc)
             framerate = std::max(std::atof(argv[++i]), 0.1);
+        else if (argument == "--seconds" && i + 1 < argc)
+            drag_seconds = std::atof(argv[++i]);
         else
             scenes.push_back(argument);
     }

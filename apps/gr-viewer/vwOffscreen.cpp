@@ -88,13 +88,14 @@ private:
     std::string the_error;
 };
 
-// Of nothing but a picture as the viewer first shows it.
+// Of nothing but a picture as the viewer first shows it, with edges that are smooth where that is asked for.
 vwSession one_picture(const std::string& name)
 {
     vwSession session;
-    session.steps.resize(1);
-    session.steps[0].kind = vwSTEP_PICTURE;
-    session.steps[0].name = name;
+    session.steps.resize(2);
+    session.steps[0].kind = vwSTEP_IDLE;
+    session.steps[1].kind = vwSTEP_PICTURE;
+    session.steps[1].name = name;
     return session;
 }
 
@@ -113,7 +114,9 @@ bool read_session(const std::string& file, vwSession& session, std::string& erro
 bool stands_still(const vwSession& session)
 {
     return std::all_of(session.steps.begin(), session.steps.end(),
-                       [](const vwStep& step) { return step.kind == vwSTEP_PICTURE || step.kind == vwSTEP_RESIZE; });
+                       [](const vwStep& step) {
+                           return step.kind == vwSTEP_PICTURE || step.kind == vwSTEP_RESIZE || step.kind == vwSTEP_IDLE;
+                       });
 }
 
 bool make_folder(const std::string& folder, std::string& error)
@@ -193,7 +196,8 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwSessionClock clock;
     vwScene scene(&window, window.overlay(), area, db, model.root(),
                   {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent, options.perspective, options.paper});
+                   options.refresher, options.multi, options.independent, options.perspective, options.paper,
+                   options.smooth_edges > 0});
     if (!vw_add_text(options, scene, model, error))
         return 0;
     FolderPlayer player(clock, scene, area, window, options, report);

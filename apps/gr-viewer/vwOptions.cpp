@@ -141,6 +141,8 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         ->excludes(multi)
         ->excludes("--views")
         ->excludes("--independent");
+    app.add_flag("--smooth-edges,!--no-smooth-edges", read.smooth_edges,
+                 "Smooth the edges of views at rest, whatever the resources say, and of a picture too");
     app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
         ->check(number_in(0.1, 1000))
         ->type_name("F");

@@ -37,7 +37,8 @@ struct vwOptions
     int multi = 0;       ///< tools act on all views
     int independent = 0; ///< views do not follow the first one
     int perspective = 0;
-    int paper = 0; ///< a sheet of paper with three views
+    int paper = 0;         ///< a sheet of paper with three views
+    int smooth_edges = -1; ///< -1: as the resources say in a window, no otherwise
     int list_fonts = 0;
     int dump_structure = 0;
     std::string dump_xml; ///< file to write the display structure to, empty: none

@@ -18,6 +18,7 @@
 #include "grViewOperations.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
+#include "grViewSmoother.h"
 #include "gr_rubber_band.h"
 
 #include "apHighResTime.h"
@@ -44,13 +45,15 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     : the_area(area),
       the_canvas(main, settings.rubber_banding <= vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
       the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
-      the_tools(std::make_unique<vwTools>(the_hooks.get())), the_start_time(apHighResTime::time()),
+      the_tools(std::make_unique<vwTools>(the_hooks.get())),
+      the_smoother(std::make_unique<grViewSmoother>(*the_canvas.renderer())), the_start_time(apHighResTime::time()),
       the_cursor(settings.cursor)
 {
     // What is asked for wins over the resources, which the canvas has read.
     if (settings.rubber_banding != vwRUBBER_BAND_BY_RESOURCES)
         grRubberBandManager::rubber_band_via_redraw(settings.rubber_banding == vwRUBBER_BAND_REDRAW);
     renderer().background_colour(gsColour(0.05, 0.06, 0.07));
+    renderer().accumulate(settings.smooth_edges);
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     the_hooks->structure(&model);
@@ -229,7 +232,12 @@ grIdleAction vwScene::idle()
     start_timing();
     const grIdleAction action = the_twiddling->twiddle_man()->idle();
     end_timing();
-    return action;
+    if (action != grIDLE_DONE || the_twiddling->twiddle_man()->current_tool_state() == grTWID_TWIDDLING)
+        return action;
+    const int drawn = the_frames_drawn;
+    the_smooths = the_smoother->idle() != grIDLE_DONE;
+    the_frames_drawn = drawn; // a mean is no frame
+    return the_smooths ? grIDLE_AGAIN : grIDLE_DONE;
 }
 
 int vwScene::has_tool() const
@@ -263,8 +271,10 @@ void vwScene::follow_cursor(void*, void* data)
         gr_set_cursor_echo_type(1, &renderer());
 }
 
+// Before whatever events, idle calls and redraws draw.
 void vwScene::start_timing()
 {
+    the_smooths = 0;
     the_stopwatch = vwStopwatch();
     the_frames_before = the_frames_drawn;
 }

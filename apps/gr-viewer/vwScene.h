@@ -16,6 +16,7 @@ class dgStructure;
 class dgView;
 class dgWindow;
 class grStdTwiddling;
+class grViewSmoother;
 class gwDrawingArea;
 class gwResourceDB;
 class vwHooks;
@@ -35,7 +36,8 @@ struct vwSceneSettings
     int multi = 0;                            ///< every tool acts on all views alike
     int independent = 0;                      ///< views do not follow the first one; with multi they never do
     int perspective = 0;
-    int paper = 0; ///< in place of the grid a sheet, the first view, with three views on it
+    int paper = 0;        ///< in place of the grid a sheet, the first view, with three views on it
+    int smooth_edges = 0; ///< idle calls smooth the edges of views at rest
 };
 
 /// A model in one or several views, in a grid or on a sheet of paper, on a window, with the library's tools on the
@@ -64,8 +66,11 @@ public:
     void title(const std::string& text, int font_slot);
     /// Makes all of the model seen in every view, however much of it came late, and draws them.
     void fit();
-    /// One idle call of the twiddle manager: 0 when there is nothing more to do.
+    /// One idle call of the twiddle manager, and when that has nothing to do, of the one who smooths edges: 0 when
+    /// there is nothing more to do.
     grIdleAction idle();
+    /// 1 as long as idle calls do nothing but smooth edges: since the last one no event has come.
+    int smooths() const { return the_smooths; }
 
     /// The frames that events, idle calls and redraws have drawn, with the library's time since the scene was made.
     const vwFrameTimes& frame_times() const { return the_frame_times; }
@@ -96,6 +101,8 @@ private:
     std::unique_ptr<vwSheet> the_sheet; // null: not asked for
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<vwStatsBars> the_stats_bars; // null: not asked for
+    std::unique_ptr<grViewSmoother> the_smoother;
+    int the_smooths = 0;
     vwFrameTimes the_frame_times;
     vwStopwatch the_stopwatch;
     double the_start_time;

@@ -169,6 +169,16 @@ private:
     int the_pending = 0;
 };
 
+// Whether a resource says yes; no when it is not there.
+int flag(const gwResourceDB& db, const char* key)
+{
+    utString text;
+    int on = 0;
+    if (db.get_resource(key, text))
+        grStringConverter::to_bool(text, on);
+    return on;
+}
+
 // Draws while there is something to draw, and waits for events otherwise. A view that spins turns by one step at every
 // idle call, so that these calls are kept at the pace of a screen; idle calls that fill in a picture are not.
 // Answers 0 with error set when a file cannot be read.
@@ -185,7 +195,7 @@ int run(gwGLFWWindow& window, vwScene& scene, vwRecorder* recorder, Title& title
         grIdleAction action = grIDLE_AGAIN;
         if (now >= next_idle)
         {
-            if (recorder && scene.has_tool())
+            if (recorder && scene.has_tool() && !scene.smooths())
                 recorder->idle();
             const int drawn = scene.frames_drawn();
             action = scene.idle();
@@ -240,16 +250,13 @@ int vw_run_window(const vwOptions& options, std::string& error)
         if (!vw_keeps_inputs(options, options.record, error) || !recorder->start(options.record, head, error))
             return 0;
     }
-    utString proportional;
-    int fine_wheel = 0;
-    if (db.get_resource("mouse_wheel_zoom_proportional", proportional))
-        grStringConverter::to_bool(proportional, fine_wheel);
-    window->fine_wheel(fine_wheel);
+    window->fine_wheel(flag(db, "mouse_wheel_zoom_proportional"));
     vwRecorder* const recording = recorder ? &*recorder : nullptr;
     Keys keys(*window, recording);
     vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
                   {head.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent, options.perspective, options.paper});
+                   options.refresher, options.multi, options.independent, options.perspective, options.paper,
+                   options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges});
     if (!vw_add_text(options, scene, model, error))
         return 0;
     Resizing resizing(scene);

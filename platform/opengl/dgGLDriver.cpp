@@ -115,6 +115,7 @@ int dgGLDriver::capability(int, dgDriverCapability capability) const
     case dgCAPABILITY_DEPTH_CUEING: return 1;
     case dgCAPABILITY_STENCIL: return 1;
     case dgCAPABILITY_OVERLAY:
+    case dgCAPABILITY_ACCUMULATION:
     case dgCAPABILITY_DOUBLE_BUFFERING: return !the_overlay;
     }
     return 0;
@@ -460,6 +461,18 @@ int dgGLDriver::simplifies() const
 void dgGLDriver::show_back_buffer(const giBox2& device_box)
 {
     the_window.show_back(device_box);
+}
+
+int dgGLDriver::add_to_sums(const giBox2& device_box, int anew)
+{
+    flush();
+    return the_window.add_to_sums(device_box, anew);
+}
+
+void dgGLDriver::put_mean(const giBox2& device_box, int pictures)
+{
+    flush();
+    the_window.put_mean(device_box, pictures);
 }
 
 // What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.

@@ -39,6 +39,8 @@ public:
     int draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen) override;
     int simplifies() const override;
     void show_back_buffer(const giBox2& device_box) override;
+    int add_to_sums(const giBox2& device_box, int anew) override;
+    void put_mean(const giBox2& device_box, int pictures) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;

@@ -201,6 +201,16 @@ void main()
 }
 )";
 
+constexpr char scaled_source[] = R"(
+uniform sampler2D layer;
+uniform float factor;
+layout(location = 0) out vec4 pixel;
+void main()
+{
+    pixel = factor * texelFetch(layer, ivec2(gl_FragCoord.xy), 0);
+}
+)";
+
 constexpr char version_source[] = "#version 330 core\n";
 
 template <class Query, class Log>
@@ -272,6 +282,7 @@ dgGLPrograms::~dgGLPrograms()
         glDeleteProgram(program.name);
     glDeleteProgram(the_graduated);
     glDeleteProgram(the_keyed);
+    glDeleteProgram(the_scaled);
     glDeleteVertexArrays(1, &the_empty_array);
 }
 
@@ -340,18 +351,34 @@ void dgGLPrograms::draw_graduated(const float (&bottom)[3], const float (&top)[3
     glDrawArrays(GL_TRIANGLES, 0, 3);
 }
 
-void dgGLPrograms::draw_keyed(unsigned texture, int x, int y, int width, int height)
+void dgGLPrograms::draw_keyed(unsigned texture, const dgGLPixels& pixels)
 {
     // The current program belongs to the context, which may be another one than the device's.
     glUseProgram(the_keyed);
+    glUniform1i(glGetUniformLocation(the_keyed, "layer"), 0);
+    draw_texture(texture, pixels);
+    glUseProgram(0);
     the_current = 0;
+}
+
+void dgGLPrograms::draw_scaled(unsigned texture, float factor, const dgGLPixels& pixels)
+{
+    if (!the_scaled)
+        the_scaled = link("", cover_source, nullptr, scaled_source, the_log);
+    use(the_scaled);
+    glUniform1i(glGetUniformLocation(the_scaled, "layer"), 0);
+    glUniform1f(glGetUniformLocation(the_scaled, "factor"), factor);
+    glBindVertexArray(the_empty_array);
+    draw_texture(texture, pixels);
+}
+
+void dgGLPrograms::draw_texture(unsigned texture, const dgGLPixels& pixels)
+{
     glActiveTexture(GL_TEXTURE0);
     glBindTexture(GL_TEXTURE_2D, texture);
-    glUniform1i(glGetUniformLocation(the_keyed, "layer"), 0);
     glEnable(GL_SCISSOR_TEST);
-    glScissor(x, y, width, height);
-    glViewport(x, y, width, height);
+    glScissor(pixels.x, pixels.y, pixels.width, pixels.height);
+    glViewport(pixels.x, pixels.y, pixels.width, pixels.height);
     glDrawArrays(GL_TRIANGLES, 0, 3);
     glBindTexture(GL_TEXTURE_2D, 0);
-    glUseProgram(0);
 }

@@ -54,6 +54,12 @@ struct dgGLProgram
     int topology = -1;
 };
 
+/// A box of pixels, as OpenGL takes boxes.
+struct dgGLPixels
+{
+    int x, y, width, height;
+};
+
 /// The shader programs of a device. A context must be current in every call that does not say otherwise.
 class dgGLPrograms
 {
@@ -80,12 +86,18 @@ public:
     void draw_graduated(const float (&bottom)[3], const float (&top)[3], int low, int high);
 
     /// Copies a texture where its alpha is not 0, pixel by pixel. A vertex array of the current context must be bound.
-    void draw_keyed(unsigned texture, int x, int y, int width, int height);
+    void draw_keyed(unsigned texture, const dgGLPixels& pixels);
+
+    /// Copies a texture times a factor, pixel by pixel.
+    void draw_scaled(unsigned texture, float factor, const dgGLPixels& pixels);
 
 private:
+    void draw_texture(unsigned texture, const dgGLPixels& pixels);
+
     std::array<dgGLProgram, dgGLProgramKind::count> the_programs;
     unsigned the_graduated = 0;
     unsigned the_keyed = 0;
+    unsigned the_scaled = 0; // made when first asked for
     unsigned the_empty_array = 0;
     unsigned the_current = 0; // 0 when not known
     int the_abandoned = 0;

@@ -4,6 +4,7 @@
 #include "dgGLDevice.h"
 #include "dgGLDriver.h"
 #include "dgGLPrograms.h"
+#include "dgGLSums.h"
 #include "dgImage.h"
 
 #include <epoxy/gl.h>
@@ -86,6 +87,7 @@ struct Corners
         glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
         glBlitFramebuffer(low_x, low_y, end_x, end_y, low_x, low_y, end_x, end_y, GL_COLOR_BUFFER_BIT, GL_NEAREST);
     }
+    dgGLPixels pixels() const { return {low_x, low_y, end_x - low_x, end_y - low_y}; }
     int low_x, low_y, end_x, end_y;
 };
 
@@ -185,8 +187,11 @@ dgGLWindow::~dgGLWindow()
 {
     const dgGLDevice::Use use(*the_device);
     the_device->modes_owner(nullptr);
-    if (use)
-        the_buffers->free();
+    if (!use)
+        return;
+    the_buffers->free();
+    if (the_sums)
+        the_sums->free();
 }
 
 void dgGLWindow::begin()
@@ -217,6 +222,9 @@ void dgGLWindow::make_buffers(int width, int height)
     if (!use)
         return;
     the_buffers->free();
+    if (the_sums)
+        the_sums->free();
+    the_sums.reset();
     const auto made = [this](int wide, int high)
     {
         discard_errors();
@@ -278,6 +286,39 @@ void dgGLWindow::show_back(const giBox2& box)
     the_front_changed = 1;
 }
 
+unsigned dgGLWindow::selected_texture() const
+{
+    return (the_selected == dgFRONT_BUFFER ? the_buffers->front : the_buffers->back).texture;
+}
+
+int dgGLWindow::add_to_sums(const giBox2& box, int anew)
+{
+    const dgGLDevice::Use use(*the_device);
+    if (!use)
+        return 0;
+    the_device->modes_owner(nullptr);
+    if (!the_sums)
+        the_sums = std::make_unique<dgGLSums>();
+    if (!the_sums->made() && !(anew && the_sums->make(the_width, the_height)))
+        return 0;
+    const Corners corners(box, the_width, the_height);
+    if (!corners.empty())
+        the_sums->add(the_device->programs(), selected_texture(), corners.pixels(), anew);
+    return 1;
+}
+
+void dgGLWindow::put_mean(const giBox2& box, int pictures)
+{
+    const Corners corners(box, the_width, the_height);
+    const dgGLDevice::Use use(*the_device);
+    if (!use || !the_sums || !the_sums->made() || corners.empty())
+        return;
+    the_device->modes_owner(nullptr);
+    bind_layer(0);
+    the_sums->put_mean(the_device->programs(), corners.pixels(), pictures);
+    layer_drawn(0);
+}
+
 void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
 {
     const Corners corners(box, the_width, the_height);
@@ -308,8 +349,7 @@ void dgGLWindow::blit_front_to(unsigned draw_framebuffer, const giBox2& box)
     for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP, GL_BLEND})
         glDisable(capability);
     glPolygonMode(GL_FRONT_AND_BACK, GL_FILL);
-    the_device->programs().draw_keyed(the_buffers->overlay.texture, corners.low_x, corners.low_y,
-                                      corners.end_x - corners.low_x, corners.end_y - corners.low_y);
+    the_device->programs().draw_keyed(the_buffers->overlay.texture, corners.pixels());
     glDeleteVertexArrays(1, &vertex_array);
 }
 

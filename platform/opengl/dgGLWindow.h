@@ -7,6 +7,7 @@
 #include <memory>
 
 class dgGLDevice;
+class dgGLSums;
 struct dgImage;
 
 /// A surface in framebuffer objects: a front and a back colour buffer that share one depth and stencil buffer, and an
@@ -51,6 +52,10 @@ public:
     /// Copies a device box of the back buffer to the front one.
     void show_back(const giBox2& box);
 
+    /// See dgDriver: sums of the pictures in the selected buffer.
+    int add_to_sums(const giBox2& box, int anew);
+    void put_mean(const giBox2& box, int pictures);
+
     /// 1 when what is to be seen has changed since the last blit_front_to: a swap, drawing on the front buffer or on
     /// the overlay. Window back ends present then, when no event waits.
     int front_changed() const { return the_front_changed; }
@@ -73,10 +78,12 @@ private:
     struct Buffers;
 
     void make_buffers(int width, int height);
+    unsigned selected_texture() const;
 
     std::shared_ptr<dgGLDevice> the_device;
     std::unique_ptr<Buffers> the_buffers;
     std::unique_ptr<Overlay> the_overlay;
+    std::unique_ptr<dgGLSums> the_sums; // null until pictures are added
     dgDoubleBuffer the_selected = dgBACK_BUFFER;
     int the_width;
     int the_height;

@@ -179,6 +179,23 @@ void dgTraceDriver::finish()
     record(Line("finish"));
 }
 
+void dgTraceDriver::show_back_buffer(const giBox2& device_box)
+{
+    record(Line("show_back") << device_box);
+}
+
+int dgTraceDriver::add_to_sums(const giBox2& device_box, int anew)
+{
+    if (the_window.capability(dgCAPABILITY_ACCUMULATION))
+        record(Line(anew ? "begin_sums" : "add_to_sums") << device_box);
+    return the_window.capability(dgCAPABILITY_ACCUMULATION);
+}
+
+void dgTraceDriver::put_mean(const giBox2& device_box, int pictures)
+{
+    record(Line("put_mean") << pictures << device_box);
+}
+
 void dgTraceDriver::gl_enable(unsigned capability)
 {
     the_depth_clamped |= capability == depth_clamp;

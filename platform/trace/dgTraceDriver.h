@@ -31,6 +31,9 @@ public:
     void draw_segments(const giPoint3*, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
     void finish() override;
+    void show_back_buffer(const giBox2& device_box) override;
+    int add_to_sums(const giBox2& device_box, int anew) override;
+    void put_mean(const giBox2& device_box, int pictures) override;
 
     // What only OpenGL drivers do is seen only on a surface that reports to be one.
     int cuts_at_planes() const override { return !the_depth_clamped; }

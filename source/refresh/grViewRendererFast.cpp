@@ -9,6 +9,7 @@
 #include "dgView.h"
 #include "grFlatDump.h"
 #include "grFollowedShare.h"
+#include "grInstalledAction.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
@@ -44,22 +45,6 @@ std::string& dump_prefix_text()
     static auto* const prefix = new std::string(gr_default_flat_dump_prefix());
     return *prefix;
 }
-
-// Installs an action for the life of the object.
-class InstalledAction
-{
-public:
-    InstalledAction(dgRenderer& renderer, gsRenderAction* action) : the_renderer(renderer)
-    {
-        renderer.render_action(action);
-    }
-    ~InstalledAction() { the_renderer.render_action(nullptr); }
-    InstalledAction(const InstalledAction&) = delete;
-    InstalledAction& operator=(const InstalledAction&) = delete;
-
-private:
-    dgRenderer& the_renderer;
-};
 
 // Keeps a renderer from accumulating frames for the life of the object.
 class SingleFrames
@@ -246,7 +231,7 @@ void grViewRendererFast::draw_share()
 {
     dgRenderer& renderer = *the_view->renderer();
     gsStructureSkipper skipper(the_total_prims, the_share->share());
-    const InstalledAction installed(renderer, &skipper);
+    const grInstalledAction installed(renderer, &skipper);
     // What lies under a transparent view cannot be drawn anew when its picture is completed.
     const int simplified_levels = renderer.simplified_levels();
     renderer.simplified_levels(simplified_levels && !transparent(*the_view));
@@ -289,7 +274,7 @@ void grViewRendererFast::flatten()
     the_flattener = std::make_unique<gsStructureFlattener>(the_root.get(), the_flat.get(),
                                                            the_frame_limited ? the_frame_time : -1.0);
     {
-        const InstalledAction installed(*the_view->renderer(), the_flattener.get());
+        const grInstalledAction installed(*the_view->renderer(), the_flattener.get());
         timed([this] { the_view->render_network(nullptr); });
     }
     if (debug())
@@ -304,7 +289,7 @@ void grViewRendererFast::calibrate()
     const double budget = the_frame_limited ? the_frame_time : -1.0;
     gsStructureCallibration calibration(budget);
     {
-        const InstalledAction installed(*the_view->renderer(), &calibration);
+        const grInstalledAction installed(*the_view->renderer(), &calibration);
         the_view->render_network(drawn_structure());
     }
     the_refresh_time = calibration.elapsed_time();
@@ -429,7 +414,7 @@ int grViewRendererFast::draw_a_slice()
 void grViewRendererFast::draw_slice_in_boxes(const std::vector<giBox2>& boxes, int anew)
 {
     const BoxPlanes box_planes(*the_view, the_bbox);
-    const InstalledAction installed(*the_view->renderer(), the_slicer.get());
+    const grInstalledAction installed(*the_view->renderer(), the_slicer.get());
     dgStructure* const structure = drawn_structure();
     gr_draw_in_boxes(*the_view, boxes,
                      [&]

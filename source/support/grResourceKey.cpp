@@ -49,6 +49,8 @@ constexpr grResourceKey keys[] = {
     {"framerate", grRESOURCE_NUMBER, grResourceKey::FROM_0, "0",
      "frames a second that a drag asks for, of an assembly that is made without hooks; 0: none"},
     {"disable_refresher_fast", grRESOURCE_FLAG, grResourceKey::ANY, "no", "hooks never use the fast refresher"},
+    {"smooth_edges", grRESOURCE_FLAG, grResourceKey::ANY, "yes",
+     "gr-viewer smooths the edges of views at rest; other applications set `dgRenderer::accumulate`"},
 
     {"mouse_wheel_zoom_reversible", grRESOURCE_FLAG, grResourceKey::ANY, "no",
      "ten steps in and ten out leave the picture at 0.9^10 x 1.1^10 = 0.904 of its scale; set, a step out undoes a "

@@ -1,3 +1,4 @@
+#include "apHighResTime.h"
 #include "dgClientStructure.h"
 #include "dgPointSet.h"
 #include "dgPolyline.h"
@@ -13,10 +14,12 @@
 #include "grViewRefresherFull.h"
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
+#include "grViewSmoother.h"
 #include "tsCommand.h"
 #include "tsScene.h"
 #include "utTypeID.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace
@@ -84,6 +87,7 @@ public:
         add_refreshers();
         add_renderers();
         add_timeout_renderer();
+        add_smoother();
     }
     ~RefreshPart()
     {
@@ -304,11 +308,46 @@ private:
         };
     }
 
+    // One smoother of the first window at a time.
+    void add_smoother()
+    {
+        on("smoother") = [this]
+        {
+            the_stage.window().surface.capability(dgCAPABILITY_ACCUMULATION, 1);
+            the_stage.window().renderer->accumulate(1);
+            the_smoother = std::make_unique<grViewSmoother>(*the_stage.window().renderer);
+        };
+        on("accumulate") = [this](int on) { the_stage.window().renderer->accumulate(on); };
+        on("s_idle") = [this] { return smoother().idle() == grIDLE_AGAIN ? "again" : "done"; };
+        // Calls until it has done, 10000 at most; how many, and the seconds of the longest.
+        on("s_idle_on") = [this]
+        {
+            double longest = 0;
+            int calls = 0;
+            for (bool again = true; again && calls < 10000; ++calls)
+            {
+                const double start = apHighResTime::time();
+                again = smoother().idle() == grIDLE_AGAIN;
+                longest = std::max(longest, apHighResTime::time_diff(start, apHighResTime::time()));
+            }
+            return std::vector<double>{double(calls), longest};
+        };
+        on("s_restart") = [this] { smoother().restart(); };
+        on("s_complete") = [this] { return smoother().complete(); };
+    }
+    grViewSmoother& smoother()
+    {
+        if (!the_smoother || !the_stage.window().renderer)
+            throw std::runtime_error("no smoother");
+        return *the_smoother;
+    }
+
     grTimeoutRendererCache the_cache{16};
     std::vector<std::unique_ptr<grViewRefresher>> the_refreshers;
     dgRef<dgStructure> the_icon;
     std::unique_ptr<grViewRendererFast> the_fast;
     std::unique_ptr<grTimeoutRenderer> the_timeout;
+    std::unique_ptr<grViewSmoother> the_smoother;
     BlockSlices the_blocking{1}, the_passing{0};
 };
 }

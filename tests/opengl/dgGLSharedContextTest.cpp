@@ -73,6 +73,9 @@ std::vector<State> states()
         {GL_COLOR_WRITEMASK, integer, [] { glColorMask(0, 1, 0, 1); }},
         {GL_STENCIL_WRITEMASK, integer, [] { glStencilMask(1); }},
         {GL_STENCIL_BACK_FUNC, integer, [] { glStencilFuncSeparate(GL_BACK, GL_NEVER, 3, 1); }},
+        {GL_BLEND_SRC_RGB, integer, [] { glBlendFunc(GL_ZERO, GL_DST_COLOR); }},
+        {GL_BLEND_DST_ALPHA, integer, [] { glBlendFuncSeparate(GL_ONE, GL_ZERO, GL_ONE, GL_DST_COLOR); }},
+        {GL_BLEND_EQUATION_RGB, integer, [] { glBlendEquation(GL_MAX); }},
         {GL_FRONT_FACE, integer, [] { glFrontFace(GL_CW); }},
         {GL_POLYGON_MODE, integer, [] { glPolygonMode(GL_FRONT_AND_BACK, GL_POINT); }},
         {GL_PROVOKING_VERTEX, integer, [] { glProvokingVertex(GL_FIRST_VERTEX_CONVENTION); }},
@@ -155,6 +158,9 @@ struct Host
         view.begin();
         view.execute(*block);
         view.end();
+        for (const int anew : {1, 0})
+            EXPECT_EQ(renderer.add_to_sums(window.device_box(), anew), 1);
+        renderer.put_mean(window.device_box(), 2);
         renderer.swap_buffers(dgSWAP_PLAIN);
         window.read_front(picture);
         window.blit_front_to(framebuffer, window.device_box());

@@ -28,3 +28,10 @@ int dgDriver::simplifies() const
 }
 
 void dgDriver::show_back_buffer(const giBox2&) {}
+
+int dgDriver::add_to_sums(const giBox2&, int)
+{
+    return 0;
+}
+
+void dgDriver::put_mean(const giBox2&, int) {}

@@ -100,4 +100,12 @@ public:
 
     /// Copies a device box, low and high pixels included, of the back buffer's colours to the front one.
     virtual void show_back_buffer(const giBox2& device_box);
+
+    /// Adds the colours of the selected buffer inside a device box, low and high pixels included, to the sums that are
+    /// kept for its pixels; anew has the sums start with them. Sums have room for 256 pictures, and are forgotten when
+    /// the window gets another size. 0 when there can be none.
+    virtual int add_to_sums(const giBox2& device_box, int anew);
+
+    /// Puts the means of so many pictures in their place.
+    virtual void put_mean(const giBox2& device_box, int pictures);
 };

@@ -9,13 +9,21 @@
 
 dgRenderTargets::dgRenderTargets(dgWindow* main, dgWindow* overlay, const gwWindow* input_window)
     : the_windows{main, overlay ? overlay : main}, the_input_window(input_window)
-{}
+{
+    touch_picture();
+}
 
 dgRenderTargets::~dgRenderTargets() = default;
 
 giBox2 dgRenderTargets::window_box() const
 {
     return the_windows[0]->device_box();
+}
+
+void dgRenderTargets::touch_picture()
+{
+    static unsigned long long last = 0;
+    the_picture_stamp = ++last;
 }
 
 dgDriver* dgRenderTargets::driver(int index) const
@@ -39,10 +47,7 @@ int dgRenderTargets::select_driver(int index)
         driver()->end();
     the_current_driver = index;
     if (the_begun)
-    {
-        driver()->begin();
-        driver_begun();
-    }
+        begin_driver();
     return 1;
 }
 
@@ -61,13 +66,26 @@ void dgRenderTargets::swap_buffers(dgDoubleBufferSwap mode)
 {
     if (!driver_capability(the_mode, dgCAPABILITY_DOUBLE_BUFFERING))
         return;
+    touch_picture();
     driver(0)->swap_buffers(mode);
     the_windows[0]->present();
 }
 
 void dgRenderTargets::show_back_buffer(const giBox2& device_box)
 {
+    touch_picture();
     driver()->show_back_buffer(device_box);
+}
+
+int dgRenderTargets::add_to_sums(const giBox2& device_box, int anew)
+{
+    return driver(0)->add_to_sums(device_box, anew);
+}
+
+void dgRenderTargets::put_mean(const giBox2& device_box, int pictures)
+{
+    touch_picture();
+    driver(0)->put_mean(device_box, pictures);
 }
 
 int dgRenderTargets::driver_capability(int mode, dgDriverCapability capability, int) const
@@ -78,6 +96,8 @@ int dgRenderTargets::driver_capability(int mode, dgDriverCapability capability, 
 void dgRenderTargets::erase(int window)
 {
     const int overlay = window == 1 && the_windows[0] != the_windows[1];
+    if (!overlay)
+        touch_picture();
     dgDriver* target = driver(overlay);
     target->begin();
     target->clear(window_box(), dgBackground::plain(overlay ? gsColour(0, 0, 0) : the_background),
@@ -92,8 +112,14 @@ void dgRenderTargets::clip(const giBox2& device_box)
 
 void dgRenderTargets::begin()
 {
-    if (the_begun++ > 0)
-        return;
+    if (the_begun++ == 0)
+        begin_driver();
+}
+
+void dgRenderTargets::begin_driver()
+{
+    if (the_current_driver == 0)
+        touch_picture();
     driver()->begin();
     driver_begun();
 }
@@ -109,9 +135,11 @@ void dgRenderTargets::end()
 
 void dgRenderTargets::read_pixels(const giBox2& device_box, dgImage& image)
 {
+    const unsigned long long picture_stamp = the_picture_stamp;
     begin();
     driver()->read_pixels(device_box, image);
     end();
+    the_picture_stamp = picture_stamp;
 }
 
 void dgRenderTargets::finish()

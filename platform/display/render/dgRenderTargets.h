@@ -43,6 +43,15 @@ public:
     /// Copies a device box, low and high pixels included, of the back buffer's colours to the front one.
     void show_back_buffer(const giBox2& device_box);
 
+    /// Add the selected buffer to the sums of the main window's pixels inside a device box, and put the means of so
+    /// many pictures in its place, see dgDriver. 0 when there can be no sums.
+    int add_to_sums(const giBox2& device_box, int anew);
+    void put_mean(const giBox2& device_box, int pictures);
+
+    /// Grows whenever driver 0 may have drawn, and when what is seen was exchanged. No two renderers have had the same
+    /// number.
+    unsigned long long picture_stamp() const { return the_picture_stamp; }
+
     /// 1 when a mode, or any mode for -1, has the capability. The last argument is ignored.
     int driver_capability(int mode, dgDriverCapability capability, int ignored = 0) const;
     int mode() const { return the_mode; }
@@ -79,11 +88,15 @@ protected:
     virtual void driver_ended() = 0;
 
 private:
+    void touch_picture();
+    void begin_driver();
+
     dgWindow* the_windows[2];
     const gwWindow* the_input_window;
     mutable std::unique_ptr<dgDriver> the_drivers[2];
     int the_current_driver = 0;
     int the_mode = 0;
     int the_begun = 0;
+    unsigned long long the_picture_stamp = 0;
     gsColour the_background{0, 0, 0};
 };

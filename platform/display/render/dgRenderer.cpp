@@ -61,10 +61,14 @@ void dgRenderer::set_camera(const dgCamera* camera)
     state.depth_test = the_hlhsr_mode != dgHLHSR_OFF;
     state.depth_cueing = the_depth_cueing;
     the_cue_colour.channels(state.cue_colour);
-    driver()->set_camera(state);
-    the_world_to_clip = state.world_to_view * state.projection;
     the_port_width = state.view_port.width() + 1;
     the_port_height = state.view_port.height() + 1;
+    if (the_picture_shift.x() != 0 || the_picture_shift.y() != 0)
+        state.projection =
+            state.projection * giXform3::translation(giVector3(2 * the_picture_shift.x() / the_port_width,
+                                                               2 * the_picture_shift.y() / the_port_height, 0));
+    driver()->set_camera(state);
+    the_world_to_clip = state.world_to_view * state.projection;
     the_camera_known = true;
 }
 

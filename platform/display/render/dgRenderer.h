@@ -8,6 +8,7 @@
 #include "dgPickSettings.h"
 #include "dgRenderTargets.h"
 #include "dgTextFontSlots.h"
+#include "giVector2.h"
 #include "gsColour.h"
 
 #include <vector>
@@ -78,9 +79,15 @@ public:
     const dgColourTable& colour_table() const { return the_colour_table; }
     void colour_table(const dgColourTable& table);
 
-    /// Whether smooth edges are wanted, for elements that draw by themselves; off during frames of a twiddle.
+    /// Whether the edges of views at rest are smoothed in idle time, by a grViewSmoother; 0 by default. It is off
+    /// during frames of a twiddle, so that elements that draw by themselves can tell these.
     int accumulate() const { return the_accumulate; }
     void accumulate(int on) { the_accumulate = on; }
+
+    /// Pixels to the right and upwards by which all that cameras show is moved, for pictures that are averaged. None at
+    /// first.
+    const giVector2& picture_shift() const { return the_picture_shift; }
+    void picture_shift(const giVector2& pixels) { the_picture_shift = pixels; }
 
     /// Whether shares of heavy blocks are drawn by simplified levels, where the driver has them; 1 by default. A sample
     /// of the triangles is drawn otherwise.
@@ -149,6 +156,7 @@ private:
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_depth_cueing = 0;
     int the_accumulate = 0;
+    giVector2 the_picture_shift{0, 0};
     int the_simplified_levels = 1;
     int the_idle_slicing_forbidden = 0;
     dgHLHSRMode the_hlhsr_mode = dgHLHSR_ZBUFFER;
