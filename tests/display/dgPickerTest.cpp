@@ -11,8 +11,6 @@
 
 #include <gtest/gtest.h>
 
-#include <iterator>
-#include <sstream>
 #include <vector>
 
 namespace
@@ -55,15 +53,10 @@ dgGraphicalElement* shape(const std::vector<giPoint3>& points)
 
 TEST(dgPicker, finds_what_is_shown_in_the_aperture)
 {
-    const auto numbers = [](const std::string& text)
-    {
-        std::istringstream stream(text);
-        return std::vector<double>(std::istream_iterator<double>(stream), {});
-    };
     for (const auto& row : ts_table(TS_TABLES "picks.table", "picks"))
         for (const dgPickMode mode : {dgPICK_EXACT, dgPICK_BOX})
         {
-            const std::vector<double> c = numbers(row[1]), planes = numbers(row[3]), box = numbers(row[4]);
+            const std::vector<double> c = ts_numbers(row[1]), planes = ts_numbers(row[3]), box = ts_numbers(row[4]);
             std::vector<giPoint3> points;
             for (std::size_t i = 0; i < c.size(); i += 3)
                 points.emplace_back(c[i], c[i + 1], c[i + 2]);

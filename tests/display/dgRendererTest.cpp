@@ -6,12 +6,12 @@
 #include "dgLineColour.h"
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
-#include "dgPolyline.h"
 #include "dgStructureCall.h"
 #include "dgTraceWindow.h"
 #include "dgTransform.h"
 #include "dgView.h"
 #include "gsRenderAction.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -22,11 +22,6 @@
 namespace
 {
 using Lines = std::vector<std::string>;
-
-dgPolyline* line()
-{
-    return new dgPolyline({{0, 0, 0}, {1, 0, 0}});
-}
 
 Lines starting_with(const Lines& log, const std::string& start)
 {
@@ -80,10 +75,10 @@ TEST(dgRenderer, draws_runs_in_order_between_begin_and_end)
 {
     Scene scene;
     scene.root->add(new dgPointSet({{0, 0, 0}, {1, 1, 1}}));
-    scene.root->add(line());
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
+    scene.root->add(ts_line(1));
     scene.root->add(new dgLineWidth(2));
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
     const Lines expected{"begin", "draw points 2 of 1", "draw lines 2 of 2", "draw lines 1 of 1", "end"};
     EXPECT_EQ(scene.draw(), expected);
     scene.window.clear_log();
@@ -114,10 +109,10 @@ TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)
     const dgRef<dgStructure> part(new dgClientStructure);
     part->add(new dgLineWidth(5));
     part->add(new dgTransform(giXform3::translation({0.5, 0, 0})));
-    part->add(line());
+    part->add(ts_line(1));
     scene.root->add(new dgLineWidth(3));
     scene.root->add(new dgStructureCall(part.get()));
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
     scene.draw();
     const Lines states = starting_with(scene.window.log(), "state line 1 1 1 ");
     ASSERT_EQ(states.size(), 2u);
@@ -137,7 +132,7 @@ TEST(dgRenderer, draws_what_an_element_before_it_moves_into_view)
     part->add(new Meddler([&](dgRenderer&) { move->transform(giXform3()); }));
     scene.root->add(new dgStructureCall(part.get()));
     scene.root->add(move);
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
     EXPECT_EQ(starting_with(scene.draw(), "draw"), (Lines{"draw lines 1 of 1"}));
     move->transform(giXform3::translation({100, 0, 0}));
     part->clear();
@@ -152,7 +147,7 @@ TEST(dgRenderer, takes_up_a_colour_and_a_width_changed_in_place)
     auto* width = new dgLineWidth(1);
     scene.root->add(colour);
     scene.root->add(width);
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
     scene.draw();
     colour->colour(gsColour(0, 0, 1));
     width->value(3);
@@ -162,7 +157,7 @@ TEST(dgRenderer, takes_up_a_colour_and_a_width_changed_in_place)
 TEST(dgRenderer, ends_on_cycles_and_bears_deep_networks)
 {
     Scene cyclic;
-    cyclic.root->add(line());
+    cyclic.root->add(ts_line(1));
     cyclic.root->add(new dgStructureCall(cyclic.root.get()));
     EXPECT_EQ(starting_with(cyclic.draw(), "draw").size(), 1u);
     cyclic.root->clear(); // breaks the cycle of references
@@ -175,7 +170,7 @@ TEST(dgRenderer, ends_on_cycles_and_bears_deep_networks)
         level->add(new dgStructureCall(next));
         level = next;
     }
-    level->add(line());
+    level->add(ts_line(1));
     EXPECT_EQ(starting_with(deep.draw(), "draw").size(), 1u);
 }
 
@@ -183,7 +178,7 @@ TEST(dgRenderer, shows_every_primitive_to_the_action_installed_until_it_is_remov
 {
     Scene scene;
     for (int i = 0; i < 5; ++i)
-        scene.root->add(line());
+        scene.root->add(ts_line(1));
     {
         EverySecond action;
         scene.renderer.render_action(&action);
@@ -225,9 +220,9 @@ TEST(dgRenderer, draws_to_the_end_what_an_element_edits_clears_or_drops_under_it
         {
             Scene scene;
             auto* part = new dgClientStructure;
-            part->add(line());
+            part->add(ts_line(1));
             part->add(new Meddler([&, part](dgRenderer&) { c.meddle(scene.view, *part); }));
-            part->add(line());
+            part->add(ts_line(1));
             scene.root->add(new dgStructureCall(part));
             scene.root.reset(); // the view alone holds it
             gsRenderAction watching;
@@ -240,7 +235,7 @@ TEST(dgRenderer, leaves_structures_that_nobody_counts_to_their_owner)
 {
     Scene scene;
     dgClientStructure on_the_stack;
-    on_the_stack.add(line());
+    on_the_stack.add(ts_line(1));
     scene.view.render_network(&on_the_stack);
     scene.view.render_network_normal(on_the_stack);
     EXPECT_EQ(on_the_stack.nelements(), 1);
@@ -253,7 +248,7 @@ TEST(dgRenderer, keeps_the_attributes_that_it_uses)
     {
         Scene scene;
         scene.window.record_state(1);
-        scene.root->add(line());
+        scene.root->add(ts_line(1));
         auto* red = new dgLineColour(gsColour(1, 0, 0));
         const dgRef<dgLineColour> released(counted ? red : nullptr);
         scene.renderer.execute(*red); // outside of any level
@@ -268,7 +263,7 @@ TEST(dgRenderer, draws_an_indexed_colour_as_its_table_says)
     Scene scene;
     scene.window.record_state(1);
     scene.root->add(new dgLineColour(gsColour::from_index(-1)));
-    scene.root->add(line());
+    scene.root->add(ts_line(1));
     EXPECT_EQ(starting_with(scene.draw(), "state line 1 1 1 ").size(), 1u);
     scene.renderer.colour_table(dgColourTable({gsColour(1, 0, 0), gsColour(0, 0, 1)}));
     EXPECT_EQ(starting_with(scene.draw(), "state line 0 0 1 ").size(), 1u);

@@ -7,20 +7,18 @@
 #include "dgLineColour.h"
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
-#include "dgPolyline.h"
 #include "dgRenderer.h"
 #include "dgStructureCall.h"
 #include "dgSurfaceColour.h"
 #include "dgTraceWindow.h"
 #include "dgTransform.h"
-#include "dgTriangleBlock.h"
 #include "dgTriangleOrder.h"
 #include "dgView.h"
-#include "giTriBlock.h"
 #include "gsStructureCallibration.h"
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -32,24 +30,6 @@
 namespace
 {
 using Lines = std::vector<std::string>;
-
-dgPolyline* line(int segments)
-{
-    std::vector<giPoint3> points;
-    for (int i = 0; i <= segments; ++i)
-        points.emplace_back(i, 0, 0);
-    return new dgPolyline(std::move(points));
-}
-
-dgTriangleBlock* block(int triangles)
-{
-    auto* made = new giTriBlock;
-    for (int i = 0; i < 3; ++i)
-        made->nodes().append(giPoint3(i, i % 2, 0));
-    for (int i = 0; i < triangles; ++i)
-        made->triangles().emplace_back(0, 1, 2);
-    return new dgTriangleBlock(made, 1);
-}
 
 struct Scene
 {
@@ -71,15 +51,15 @@ struct Scene
     // Large blocks and lines, and many small ones of both, in 4 runs. 42300 primitives.
     void fill()
     {
-        add(block(20000));
-        add(block(2000));
+        add(ts_block(20000));
+        add(ts_block(2000));
         for (int i = 0; i < 100; ++i)
-            add(block(100));
-        add(line(5000));
+            add(ts_block(100));
+        add(ts_line(5000));
         for (int i = 0; i < 5000; ++i)
-            add(line(1));
+            add(ts_line(1));
         add(new dgPointSet(std::vector<giPoint3>(200)));
-        call(block(100), 2);
+        call(ts_block(100), 2);
     }
     static constexpr int filled = 42300;
 
@@ -135,9 +115,9 @@ TEST(dgRunSampling, takes_chunks_of_a_block_evenly_spread_behind_its_large_trian
     for (const int count : {2, 7, 100, 1000, 3907})
     {
         Scene scene;
-        dgTriangleBlock* const whole = block(count * 256);
+        dgTriangleBlock* const whole = ts_block(count * 256);
         scene.add(whole);
-        giTriBlock& mesh = whole->block();
+        giTriBlock& mesh = whole->ts_block();
         mesh.nodes().append(giPoint3(30, 0, 0));
         mesh.triangles()[500] = giTriangle(0, 1, 3);
         ASSERT_EQ(whole->large_triangle_count(), 1); // one chunk is taken before all others
@@ -181,7 +161,7 @@ TEST(dgRunSampling, spreads_small_primitives_over_the_whole_run)
 {
     Scene scene;
     for (int i = 0; i < 10000; ++i)
-        scene.add(block(100));
+        scene.add(ts_block(100));
     std::vector<dgFeatureSpan> spans;
     const dgRunSampling& sampling = scene.root->compiled().steps()[0].run->sampling();
     sampling.sample(0, 200000, spans); // a fifth
@@ -214,7 +194,7 @@ TEST(gsStructureSkipper, leaves_out_whole_small_structures_evenly)
 {
     Scene scene;
     for (int i = 0; i < 1000; ++i)
-        scene.call(block(100), 1 + i % 2);
+        scene.call(ts_block(100), 1 + i % 2);
     gsStructureSkipper skipper(100000, 0.3);
     EXPECT_NEAR(static_cast<double>(scene.draw(skipper)), 30000, 500);
 }
@@ -256,7 +236,7 @@ TEST(gsStructureSlicer, goes_on_where_it_stands_until_the_network_changes)
     {
         const dgRef<dgStructure> part(new dgClientStructure);
         part->add(new dgLineWidth(i));
-        part->add(line(10));
+        part->add(ts_line(10));
         scene.add(new dgStructureCall(part.get()));
     }
     Counter slicer;
@@ -270,7 +250,7 @@ TEST(gsStructureSlicer, goes_on_where_it_stands_until_the_network_changes)
     };
     draw();
     draw();
-    scene.add(line(10));
+    scene.add(ts_line(10));
     draw();
     draw();
     EXPECT_EQ(met, (std::vector<int>{4, 4, 10, 4})); // three whole ones, and the first of the next slice
@@ -289,8 +269,8 @@ TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
 {
     apClockOverride clock;
     Scene scene;
-    scene.add(block(100000));
-    scene.add(line(300000));
+    scene.add(ts_block(100000));
+    scene.add(ts_line(300000));
     scene.window.cost_per_feature(1 / 1024.0); // 1024 primitives a second
     gsStructureCallibration calibration(10);
     const long long drawn = scene.draw(calibration);
@@ -308,7 +288,7 @@ TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
 TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)
 {
     Scene scene;
-    scene.add(block(10));
+    scene.add(ts_block(10));
     gsStructureCallibration calibration(-1);
     scene.window.clear_log();
     scene.draw(calibration);
@@ -321,7 +301,7 @@ TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_ru
 {
     Scene scene;
     for (int i = 0; i < 10; ++i)
-        scene.call(line(2), 3);
+        scene.call(ts_line(2), 3);
     const dgRef<dgStructure> flat(new dgClientStructure);
     gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
     EXPECT_EQ(scene.draw(flattener), 20);
@@ -337,17 +317,17 @@ TEST(gsStructureFlattener, keeps_states_and_places_and_takes_them_back)
     const dgRef<dgStructure> part(new dgClientStructure), inner(new dgClientStructure);
     inner->add(new dgTransform(giXform3::translation({0, 5, 0})));
     inner->add(new dgLineWidth(4));
-    inner->add(line(1));
+    inner->add(ts_line(1));
     part->add(new dgTransform(giXform3::translation({7, 0, 0})));
     part->add(new dgLineColour(gsColour(1, 0, 0)));
     part->add(new dgStructureCall(inner.get()));
-    part->add(line(2));
+    part->add(ts_line(2));
     part->add(new dgBackSurfaceColour(gsColour(0, 1, 0)));
-    part->add(block(3));
+    part->add(ts_block(3));
     scene.add(new dgStructureCall(part.get()));
-    scene.add(line(3));
+    scene.add(ts_line(3));
     scene.add(new dgSurfaceColour(gsColour(0, 0, 1)));
-    scene.add(block(4));
+    scene.add(ts_block(4));
 
     const dgRef<dgStructure> flat(new dgClientStructure);
     gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
@@ -386,7 +366,7 @@ TEST(gsStructureFlattener, sees_edits_anywhere_in_the_network)
     const dgRef<dgStructure> part(new dgClientStructure);
     auto* width = new dgLineWidth(2);
     part->add(width);
-    part->add(line(1));
+    part->add(ts_line(1));
     scene.add(new dgStructureCall(part.get()));
     const dgRef<dgStructure> flat(new dgClientStructure);
     gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);

@@ -1,12 +1,9 @@
 #include "apHighResTime.h"
 #include "dgClientStructure.h"
 #include "dgPointSet.h"
-#include "dgPolyline.h"
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
-#include "dgTriangleBlock.h"
 #include "dgView.h"
-#include "giTriBlock.h"
 #include "grTimeoutRenderer.h"
 #include "grTimeoutRendererCache.h"
 #include "grTimingStats.h"
@@ -17,6 +14,7 @@
 #include "grViewSmoother.h"
 #include "tsCommand.h"
 #include "tsScene.h"
+#include "tsShapes.h"
 #include "utTypeID.h"
 
 #include <algorithm>
@@ -67,16 +65,6 @@ public:
 private:
     int the_blocked;
 };
-
-giTriBlock* triangles(int n)
-{
-    auto* block = new giTriBlock;
-    for (int i = 0; i < 3; ++i)
-        block->nodes().append(giPoint3(i, i % 2, 0));
-    for (int i = 0; i < n; ++i)
-        block->triangles().emplace_back(0, 1, 2);
-    return block;
-}
 
 class RefreshPart : public tsPart
 {
@@ -134,7 +122,7 @@ private:
                 else if (kind == "points")
                     view.root()->add(new dgPointSet(std::vector<giPoint3>(static_cast<std::size_t>(size))));
                 else
-                    view.root()->add(new dgTriangleBlock(triangles(size), 1));
+                    view.root()->add(ts_block(size));
         };
         // Primitives drawn since the last time, in place of the records of their drawing.
         on("drawn") = [this]

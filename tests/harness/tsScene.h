@@ -1,28 +1,23 @@
 #pragma once
 
 #include "dgClientStructure.h"
-#include "dgPolyline.h"
 #include "dgRef.h"
 #include "dgRenderer.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
 #include "gwHeadlessWindow.h"
+#include "tsShapes.h"
 
 #include <memory>
 #include <string>
-#include <utility>
 #include <vector>
 
 /// A structure of one polyline with that many segments of length 1 along x, starting at the origin.
 inline dgRef<dgStructure> tsLine(int n_segments)
 {
-    auto* structure = new dgClientStructure;
-    dgRef<dgStructure> held(structure);
-    std::vector<giPoint3> points;
-    for (int i = 0; i <= n_segments; ++i)
-        points.emplace_back(i, 0, 0);
-    structure->add(new dgPolyline(std::move(points)));
-    return held;
+    const dgRef<dgStructure> structure(new dgClientStructure);
+    structure->add(ts_line(n_segments));
+    return structure;
 }
 
 /// Windows of the trace driver with a renderer each, and views on them. View i, counted from 0 through all windows, has

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <fstream>
+#include <iterator>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -73,4 +75,11 @@ inline std::vector<std::vector<std::string>> ts_table(const std::string& file, c
     if (rows.empty())
         throw std::runtime_error(file + ": there is no table " + name);
     return rows;
+}
+
+/// The numbers of a cell, with blanks between them, up to what is none.
+inline std::vector<double> ts_numbers(const std::string& cell)
+{
+    std::istringstream stream(cell);
+    return std::vector<double>(std::istream_iterator<double>(stream), {});
 }

@@ -8,6 +8,7 @@
 #include "dgTransform.h"
 #include "dgTriangleBlock.h"
 #include "giTriBlock.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -18,25 +19,10 @@ namespace
 // A sheet of n by n squares over the window, wavy, with normals; from row first_row up to but not last_row.
 giTriBlock* sheet(int n, int first_row, int last_row)
 {
-    auto* block = new giTriBlock;
-    for (int j = first_row; j <= last_row; ++j)
-        for (int i = 0; i <= n; ++i)
-            block->nodes().append(giPoint3(64.0 * i / n, 48.0 * j / n, 10 * std::sin(0.3 * i) * std::cos(0.2 * j)));
-    const int across = n + 1;
-    for (int j = 0; j < last_row - first_row; ++j)
-        for (int i = 0; i < n; ++i)
-        {
-            const int node = j * across + i;
-            block->triangles().emplace_back(node, node + 1, node + across + 1);
-            block->triangles().emplace_back(node, node + across + 1, node + across);
-        }
-    auto& normals = block->create_normals();
-    for (std::size_t i = 0; i < normals.size(); ++i)
-    {
-        const giPoint3& p = block->nodes()[static_cast<int>(i)];
-        normals[i] = giVector3(0.3 * std::cos(p.x()), 0.3 * std::sin(p.y()), 1);
-    }
-    return block;
+    return ts_sheet(
+        n, first_row, last_row,
+        [n](int i, int j) { return giPoint3(64.0 * i / n, 48.0 * j / n, 10 * std::sin(0.3 * i) * std::cos(0.2 * j)); },
+        [n](int i, int j) { return giVector3(0.3 * std::cos(64.0 * i / n), 0.3 * std::sin(48.0 * j / n), 1); });
 }
 
 unsigned long long uploaded(Scene& scene)

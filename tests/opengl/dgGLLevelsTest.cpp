@@ -2,12 +2,11 @@
 // that is complete.
 #include "dgGLGeometryStore.h"
 #include "dgGLSimplify.h"
-#include "dgTriangleBlock.h"
-#include "giTriBlock.h"
 #include "grViewRefresherFast.h"
 #include "grViewRendererFast.h"
 #include "gsStructureSkipper.h"
 #include "renderScene.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -104,25 +103,16 @@ int open_edges(const Edges& edges)
 // A bulge over the window, of n by n squares.
 dgTriangleBlock* bulge(int n)
 {
-    auto* block = new giTriBlock;
-    std::vector<giVector3> normals;
-    for (int row = 0; row <= n; ++row)
-        for (int column = 0; column <= n; ++column)
-        {
-            const double x = 120.0 * column / n, y = 120.0 * row / n;
-            block->nodes().append(giPoint3(x, y, 30 * std::sin(x / 20) * std::cos(y / 25)));
-            normals.emplace_back(-1.5 * std::cos(x / 20) * std::cos(y / 25), 1.2 * std::sin(x / 20) * std::sin(y / 25),
-                                 1);
-        }
-    block->create_normals() = std::move(normals);
-    for (int row = 0; row < n; ++row)
-        for (int column = 0; column < n; ++column)
-        {
-            const int node = row * (n + 1) + column;
-            block->triangles().emplace_back(node, node + 1, node + n + 2);
-            block->triangles().emplace_back(node, node + n + 2, node + n + 1);
-        }
-    return new dgTriangleBlock(block, 1);
+    const double a = 6.0 / n, b = 4.8 / n; // 120 pixels, by 20 and by 25 a radian
+    return new dgTriangleBlock(
+        ts_sheet(
+            n, 0, n,
+            [=](int i, int j)
+            { return giPoint3(120.0 * i / n, 120.0 * j / n, 30 * std::sin(a * i) * std::cos(b * j)); },
+            [=](int i, int j) {
+                return giVector3(-1.5 * std::cos(a * i) * std::cos(b * j), 1.2 * std::sin(a * i) * std::sin(b * j), 1);
+            }),
+        1);
 }
 
 struct Bulge : Scene

@@ -2,7 +2,6 @@
 
 #include "dgGLGeometryStore.h"
 #include "dgLighting.h"
-#include "dgStructureCall.h"
 #include "dgText.h"
 #include "dgTextAlignment.h"
 #include "dgTextColour.h"
@@ -15,8 +14,6 @@
 #include "dgTransform.h"
 #include "giXform3.h"
 #include "gsColour.h"
-#include "gsStructureFlattener.h"
-#include "gsStructureSlicer.h"
 
 #include <gtest/gtest.h>
 
@@ -278,48 +275,4 @@ TEST(dgGLText, one_text_under_two_styles_is_right_under_both)
         // Twice as wide: 88 x 70 outside, 68 x 60 inside.
         EXPECT_EQ(count_pixels(scene.picture(), white), frame_pixels + 88 * 70 - 68 * 60);
     }
-}
-
-TEST(dgGLText, slices_draw_every_text_once)
-{
-    Scene scene(640, 100);
-    scene.add(new dgTextHeight(50));
-    for (int i = 0; i < 20; ++i)
-        scene.add(text("x", giPoint3(30.5 * i, 0.5, 0)));
-    scene.draw();
-    const dgImage whole = scene.picture();
-    scene.view.erase(dgERASE_ZBUFFER_YES);
-    gsStructureSlicer slicer(3);
-    scene.renderer.render_action(&slicer);
-    for (int slices = 0; slices < 100; ++slices)
-    {
-        scene.view.render_network(nullptr);
-        if (!slicer.another_slice_needed())
-            break;
-        slicer.next_slice();
-    }
-    EXPECT_TRUE(same_pictures(scene.picture(), whole));
-}
-
-TEST(dgGLText, flattened_text_looks_the_same)
-{
-    Scene scene(300, 200);
-    const dgRef<dgClientStructure> called(new dgClientStructure), flat(new dgClientStructure);
-    called->add(new dgTextColour(gsColour(1, 0, 0)));
-    called->add(text("xy"));
-    scene.add(new dgTextHeight(60));
-    scene.add(new dgTransform(giXform3::rotation(giAngle(0.4), gi_Z_AXIS)));
-    scene.add(new dgStructureCall(called.get()));
-    scene.add(text("z", giPoint3(120, 40, 0)));
-    scene.view.erase(dgERASE_ZBUFFER_YES);
-    gsStructureFlattener flattener(scene.root.get(), flat.get(), -1);
-    scene.renderer.render_action(&flattener);
-    scene.view.render_network(nullptr);
-    scene.renderer.render_action(nullptr);
-    const dgImage picture = scene.picture();
-    EXPECT_GT(count_pixels(picture, red), 500);
-    EXPECT_GT(count_pixels(picture, white), 250);
-    scene.view.erase(dgERASE_ZBUFFER_YES);
-    scene.view.render_network(flat.get());
-    EXPECT_TRUE(same_pictures(scene.picture(), picture));
 }

@@ -4,12 +4,12 @@
 #include "dgLineColour.h"
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
-#include "dgPolyline.h"
 #include "dgStructureCall.h"
 #include "dgSurfaceColour.h"
+#include "dgText.h"
+#include "dgTextColour.h"
+#include "dgTextHeight.h"
 #include "dgTransform.h"
-#include "dgTriangleBlock.h"
-#include "giTriBlock.h"
 #include "grTimeoutRendererCache.h"
 #include "grViewRefresherFast.h"
 #include "grViewRefresherFull.h"
@@ -19,6 +19,7 @@
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
 #include "renderScene.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -32,28 +33,19 @@ namespace
 // A sheet with waves of n by n squares over the pixels from (0, 0) to (size, size).
 dgTriangleBlock* sheet(int n, double size, double depth)
 {
-    auto* block = new giTriBlock;
-    std::vector<giVector3> normals;
-    for (int row = 0; row <= n; ++row)
-        for (int column = 0; column <= n; ++column)
-        {
-            const double x = size * column / n, y = size * row / n;
-            block->nodes().append(giPoint3(x, y, depth + 5 * std::sin(x / 7) * std::cos(y / 5)));
-            normals.emplace_back(std::sin(x), std::cos(y), 1);
-        }
-    block->create_normals() = std::move(normals);
-    for (int row = 0; row < n; ++row)
-        for (int column = 0; column < n; ++column)
-        {
-            const int node = row * (n + 1) + column;
-            block->triangles().emplace_back(node, node + 1, node + n + 2);
-            block->triangles().emplace_back(node, node + n + 2, node + n + 1);
-        }
-    return new dgTriangleBlock(block, 1);
+    const auto place = [=](int i, int j)
+    {
+        const double x = size * i / n, y = size * j / n;
+        return giPoint3(x, y, depth + 5 * std::sin(x / 7) * std::cos(y / 5));
+    };
+    return new dgTriangleBlock(ts_sheet(n, 0, n, place,
+                                        [=](int i, int j)
+                                        { return giVector3(std::sin(size * i / n), std::cos(size * j / n), 1); }),
+                               1);
 }
 
 // A network with everything that a flat copy has to get right: calls under transforms and attributes that end with
-// them, back colours, large and small primitives, and lines and points that lie on each other at one depth.
+// them, back colours, large and small primitives, texts, and lines and points that lie on each other at one depth.
 struct Network : Scene
 {
     Network() : Scene(160, 120)
@@ -64,6 +56,10 @@ struct Network : Scene
         part->add(sheet(8, 30, 20));
         part->add(new dgLineWidth(3));
         part->add(new dgPolyline({{0, 0, 30}, {30, 30, 30}}));
+        part->add(new dgTextColour(gsColour(1, 0, 0)));
+        part->add(new dgText(giPoint3(2, 2, 40), "xy"));
+        add(new dgTextHeight(9));
+        add(new dgText(giPoint3(100, 20, 70), "z"));
         add(new dgSurfaceColour(gsColour(0.4, 0.5, 0.9)));
         add(sheet(60, 150, 0));
         for (int i = 0; i < 20; ++i)

@@ -3,12 +3,11 @@
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
 #include "dgStructureCall.h"
-#include "dgTriangleBlock.h"
-#include "giTriBlock.h"
 #include "grTimingStat.h"
 #include "grTimingStats.h"
 #include "grView.h"
 #include "tsHeavyView.h"
+#include "tsShapes.h"
 
 #include <gtest/gtest.h>
 
@@ -18,21 +17,6 @@
 namespace
 {
 constexpr int lines = 1, triangles = 2, points = 19;
-
-dgTriangleBlock* block(int n)
-{
-    auto* made = new giTriBlock;
-    for (int i = 0; i < 3; ++i)
-        made->nodes().append(giPoint3(i, i % 2, 0));
-    for (int i = 0; i < n; ++i)
-        made->triangles().emplace_back(0, 1, 2);
-    return new dgTriangleBlock(made, 1);
-}
-
-dgPolyline* line(int segments)
-{
-    return new dgPolyline(std::vector<giPoint3>(static_cast<std::size_t>(segments + 1)));
-}
 
 // A polyline or point set in another form of storage.
 class OtherForm : public dgGraphicalPrimitive
@@ -84,13 +68,13 @@ TEST(grTimeoutRenderer, counts_primitives_by_category_through_calls)
 {
     Scene scene;
     const dgRef<dgStructure> part(new dgClientStructure);
-    part->add(line(7));
+    part->add(ts_line(7));
     part->add(new dgPointSet(std::vector<giPoint3>(5)));
-    scene.root->add(block(20));
+    scene.root->add(ts_block(20));
     scene.root->add(new dgStructureCall(part.get()));
     scene.root->add(new dgStructureCall(part.get()));
-    scene.root->add(block(0));
-    scene.root->add(line(0));
+    scene.root->add(ts_block(0));
+    scene.root->add(ts_line(0));
     grTimeoutRenderer renderer(&scene.view(), 0);
     renderer.get_ready(1, 1, 1, 1);
     EXPECT_EQ(renderer.count(triangles), 20 + 1) << "nothing counts as 1";
@@ -127,9 +111,9 @@ TEST(grTimeoutRenderer, counts_other_forms_of_lines_and_points)
 TEST(grTimeoutRenderer, applies_attributes_of_what_it_leaves_out)
 {
     Scene scene;
-    scene.add(40, [] { return line(64); });
+    scene.add(40, [] { return ts_line(64); });
     scene.root->add(new dgLineWidth(5));
-    scene.root->add(line(64));
+    scene.root->add(ts_line(64));
     grTimeoutRenderer renderer(&scene.view(), 0);
     renderer.get_ready(1, 1, 1, 1);
     renderer.refresh_draw();
@@ -151,7 +135,7 @@ TEST(grTimeoutRenderer, applies_attributes_of_what_it_leaves_out)
 TEST(grTimeoutRenderer, hidden_and_empty_views_take_no_time)
 {
     Scene scene;
-    scene.add(100, [] { return line(64); });
+    scene.add(100, [] { return ts_line(64); });
     grView companion(&scene.view());
     companion.hidden(1);
     grTimeoutRenderer renderer(&scene.view(), 0);

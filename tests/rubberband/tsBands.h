@@ -4,11 +4,11 @@
 #include "grRubberBandManager.h"
 
 #include "dgClientStructure.h"
-#include "dgPolyline.h"
 #include "dgRef.h"
 #include "dgRenderer.h"
 #include "dgTraceWindow.h"
 #include "dgView.h"
+#include "tsShapes.h"
 
 #include <string>
 #include <utility>
@@ -19,10 +19,7 @@ using tsLog = std::vector<std::string>;
 /// A polyline of that many segments; a log line "draw lines 3 of 1" is the drawing of one with 3.
 inline dgRef<dgPolyline> tsSegments(int n)
 {
-    std::vector<giPoint3> points;
-    for (int i = 0; i <= n; ++i)
-        points.emplace_back(i, 0, 0);
-    return dgRef<dgPolyline>(new dgPolyline(std::move(points)));
+    return dgRef<dgPolyline>(ts_line(n));
 }
 
 /// A renderer with one view, of 40 by 30 pixels in a window of 100 by 80, on the trace driver, which reports to be

@@ -16,11 +16,6 @@ void look(dgView* view, double size)
     view->camera().view_window(giBox2(-size, -size, size, size));
 }
 
-double seen(const grSavedCameraPosition* position)
-{
-    return position ? position->camera().view_window().high().x() : 0;
-}
-
 // The process-wide caches for the life of a test.
 struct Caches
 {
@@ -31,52 +26,6 @@ struct Caches
     }
     ~Caches() { grStdViewTwiddleTool::delete_camera_cache(); }
 };
-}
-
-TEST(grCameraViewCache, steps_through_pushed_cameras_and_drops_what_lies_beyond)
-{
-    tsScene scene;
-    dgView* view = scene.add_view();
-    grCameraViewCache cache(view, 10);
-    EXPECT_EQ(cache.current(), nullptr);
-    EXPECT_EQ(cache.previous(), nullptr);
-    EXPECT_EQ(cache.next(), nullptr);
-    for (double size : {1, 2, 2, 3})
-    {
-        look(view, size);
-        cache.push(*view);
-    }
-    EXPECT_EQ(cache.count(), 3) << "the second 2 was the current camera";
-    EXPECT_EQ(seen(cache.previous()), 2);
-    EXPECT_EQ(seen(cache.previous()), 1);
-    EXPECT_EQ(cache.previous(), nullptr);
-    EXPECT_EQ(seen(cache.next()), 2);
-
-    look(view, 2);
-    cache.push(*view);
-    EXPECT_EQ(seen(cache.next()), 3) << "an equal camera drops nothing";
-    cache.previous();
-    look(view, 5);
-    cache.push(*view);
-    EXPECT_EQ(cache.next(), nullptr);
-    EXPECT_EQ(cache.count(), 3);
-    EXPECT_EQ(seen(cache.previous()), 2);
-}
-
-TEST(grCameraViewCache, forgets_the_oldest_beyond_its_capacity)
-{
-    tsScene scene;
-    dgView* view = scene.add_view();
-    grCameraViewCache cache(view, 2);
-    for (double size : {1, 2, 3})
-    {
-        look(view, size);
-        cache.push(*view);
-    }
-    EXPECT_EQ(cache.count(), 2);
-    EXPECT_EQ(seen(cache.current()), 3);
-    EXPECT_EQ(seen(cache.previous()), 2);
-    EXPECT_EQ(cache.previous(), nullptr);
 }
 
 TEST(grSavedCameraPosition, puts_the_look_back_and_leaves_the_place_on_the_screen)
