@@ -127,6 +127,9 @@ TEST(dgPicker, finds_texts_by_their_letters_under_the_attributes_in_force)
         EXPECT_EQ(scene.picked(c.aperture), c.picked) << c.where;
         EXPECT_EQ(scene.picked(c.aperture, dgPICK_BOX), c.picked_by_box) << c.where;
     }
+    scene.view.user_clip_planes(1);
+    scene.view.camera().front_back_plane(9, 0);
+    EXPECT_EQ(scene.picked(cases[0].aperture), 1) << "in the back plane";
 }
 
 // The points behind a block's last node, and before its first one, are nobody's.

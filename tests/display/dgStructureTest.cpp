@@ -4,6 +4,7 @@
 #include "dgNetworkWalk.h"
 #include "dgRef.h"
 #include "dgStructureIterator.h"
+#include "gsStructureUtils.h"
 #include "tsRandomNetwork.h"
 
 #include <gtest/gtest.h>
@@ -62,6 +63,8 @@ TEST(dgStructure, cursor_stays_at_the_ends)
     structure.insert(new dgLabel(1));
     structure.insert(new dgLabel(2));
     EXPECT_EQ(structure.read()->label(), 2);
+    EXPECT_EQ(gsStructureUtils::element_index(structure.read(), &structure), 2);
+    EXPECT_EQ(gsStructureUtils::element_index(nullptr, &structure), 0);
     EXPECT_FALSE(structure.next());
     EXPECT_EQ(structure.cursor(), 1);
     EXPECT_TRUE(structure.previous());

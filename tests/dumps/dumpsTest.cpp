@@ -31,6 +31,7 @@
 #include "grPrimColourType.h"
 #include "grRubberBandCallback.h"
 #include "grRubberBandColourAppElement.h"
+#include "grRubberBandGraphicalElement.h"
 #include "grRubberBandIt.h"
 #include "grRubberBandItemState.h"
 #include "grRubberBandItemType.h"
@@ -141,6 +142,7 @@ void print_bands(std::ostream& os)
     const dgRef<grRubberBandColourAppElement> element(
         new grRubberBandColourAppElement(gsColour(0, 0, 1), grTEXT_COLOUR));
     element->print(os);
+    grRubberBandGraphicalElement(&scene.renderer(), nullptr, element.get(), nullptr).print(os);
     print_names<grRubberBandIt>(os, 2);
     print_names<grRubberBandSelectDriver>(os, 2);
     print_names<grRubberBandItemState>(os, 3);

@@ -70,9 +70,14 @@ TEST(grViewRefresher, idle_drawing_of_a_view_leaves_those_on_top_of_it_alone)
         const char* name;
         giBox2 inset;
         Log clips;
+        int hidden = 0;
+        grViewBackground background = grVIEW_BACKGROUND_OPAQUE;
     } cases[] = {
         {"inside", {20, 30, 39, 49}, {"clip 0 0 99 29", "clip 0 30 19 49", "clip 40 30 99 49", "clip 0 50 99 99"}},
         {"in a corner", {80, 80, 99, 99}, {"clip 0 0 99 79", "clip 0 80 79 99"}},
+        {"hidden", {80, 80, 99, 99}, {"clip 0 0 99 79", "clip 0 80 79 99"}, 1},
+        {"transparent", {80, 80, 99, 99}, {"clip 0 0 99 79", "clip 0 80 79 99"}, 0, grVIEW_BACKGROUND_TRANSPARENT},
+        {"hidden and transparent", {80, 80, 99, 99}, {}, 1, grVIEW_BACKGROUND_TRANSPARENT},
         {"beside", {100, 0, 120, 99}, {}},
         {"all over it", {0, 0, 99, 99}, {}},
     };
@@ -83,6 +88,9 @@ TEST(grViewRefresher, idle_drawing_of_a_view_leaves_those_on_top_of_it_alone)
             Scene scene;
             scene.scene.add_view();
             scene.scene.view(1)->camera().view_port_dc(c.inset);
+            grView companion(scene.scene.view(1));
+            companion.hidden(c.hidden);
+            companion.background(c.background);
             const auto refresher = scene.refresher(fast, {&scene.view()});
             Scene::thin(*refresher);
             scene.scene.take_log();

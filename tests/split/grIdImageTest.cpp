@@ -115,6 +115,8 @@ TEST(grIdImage, what_cannot_be_drawn_is_refused)
     EXPECT_FALSE(image.initialize(&scene.window, 10000000, 10, scene.blocks, box)); // more than any driver makes
     EXPECT_FALSE(image.initialize(&scene.window, 10, 10000000, scene.blocks, box));
     ASSERT_TRUE(image.initialize(&scene.window, 10, 10, scene.blocks, box));
+    const giBox3 thin(giPoint3(0, 0, 0), giPoint3(1e-6, 5, 1));
+    EXPECT_EQ(image.make_image(thin, {0}, grID_IMAGE_UPPER).width, 1);
     const giBox3 line(giPoint3(0, 0, 0), giPoint3(0, 0, 5)); // no extent to be enlarged
     EXPECT_EQ(image.make_image(line, {0}, grID_IMAGE_UPPER).rgba.size(), 0u);
 }

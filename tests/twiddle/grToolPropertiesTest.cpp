@@ -146,6 +146,7 @@ TEST(gr_surface_point, stays_under_the_cursor_when_views_turn_about_it)
         // From a distance of 5, depth 2 shows larger by 5 / 3.
         {"resource rotate_about_cursor yes; perspective a; bind trackball", "350 150", seen, 1},
         {"resource rotate_about_cursor yes; bind trackball", "250 100", giPoint3(0.5, 0, 2), 1}, // a corner
+        {"resource rotate_about_cursor yes; bind trackball", "350 100", giPoint3(1.5, 0, 2), 1}, // and another
         {"resource rotate_about_cursor yes; set_planes a 1 -9 1; bind trackball", "290 130", giPoint3(0.9, 0.3, 0.5),
          1},
         {"resource rotate_about_cursor yes; bind trackball", "20 20", giPoint3(), 1}, // beside: the view's centre
