@@ -22,6 +22,7 @@ int pc_write_png(const std::string& path, const dgImage& image, std::string& err
     png.width = static_cast<png_uint_32>(image.width);
     png.height = static_cast<png_uint_32>(image.height);
     png.format = PNG_FORMAT_RGB;
+    png.flags = PNG_IMAGE_FLAG_FAST;
     // A negative row length tells that the first row is the lowest one.
     png_alloc_size_t size = PNG_IMAGE_PNG_SIZE_MAX(png);
     std::vector<char> bytes(size);

@@ -67,6 +67,10 @@ public:
     /// The share of primitives that the next frame draws: from draw_ratio on it follows what frames take.
     double followed_ratio() const;
 
+    /// How many views are drawn in the time of one frame; 1 by default. What is measured at first is for this view
+    /// alone; the share that follows keeps to this view's part of the time.
+    void views_in_frame(int count);
+
     /// When the renderer was made.
     const apHighResTime& start_time() const { return the_start_time; }
 
@@ -132,6 +136,7 @@ private:
     void flatten();
     void calibrate();
     void draw_share();
+    double frame_part() const;
     void draw_slice_in_boxes(const std::vector<giBox2>& boxes, int anew);
     void show_completed(const std::vector<giBox2>& boxes);
     void find_bbox(dgStructure* icon);
@@ -162,6 +167,7 @@ private:
     std::unique_ptr<ViewWatch> the_watch;
     std::unique_ptr<grFollowedShare> the_share;
     double the_frame_start = 0;
+    int the_views_in_frame = 1;
     std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn
     dgRef<dgStructure> the_root;                         // that the_flat was made from
 

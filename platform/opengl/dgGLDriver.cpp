@@ -475,6 +475,13 @@ void dgGLDriver::put_mean(const giBox2& device_box, int pictures)
     the_window.put_mean(device_box, pictures);
 }
 
+giBox3 dgGLDriver::text_box(const dgText& text)
+{
+    if (the_device.lost())
+        return {};
+    return the_device.texts().triangles(text, the_state.text, the_inverting).bounding_box();
+}
+
 // What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.
 void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
 {

@@ -41,6 +41,7 @@ public:
     void show_back_buffer(const giBox2& device_box) override;
     int add_to_sums(const giBox2& device_box, int anew) override;
     void put_mean(const giBox2& device_box, int pictures) override;
+    giBox3 text_box(const dgText& text) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;

@@ -88,12 +88,15 @@ void grViewRefresherFast::refresh()
         make_renderers();
     // Those whose views the overlay callback destroys leave the refresher, but not this list.
     const FastRenderers drawn = the_fast_renderers;
+    const auto n_views = std::count_if(drawn.begin(), drawn.end(),
+                                       [](const auto& fast) { return fast->view() && fast->view()->root(); });
     for (auto fast = drawn.rbegin(); fast != drawn.rend(); ++fast)
     {
         dgRenderer* renderer = renderer_of(**fast);
         if (!renderer)
             continue;
         renderer->select_buffer(dgBACK_BUFFER);
+        (*fast)->views_in_frame(static_cast<int>(n_views));
         refresh_renderer(**fast);
         const auto next =
             std::find_if(fast + 1, drawn.rend(), [](const auto& other) { return other->view() != nullptr; });

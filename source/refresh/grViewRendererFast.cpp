@@ -240,7 +240,17 @@ void grViewRendererFast::draw_share()
     the_picture_simplified = skipper.simplified();
     if (the_frame_limited && the_total_prims > 0)
         the_share->frame_drawn(static_cast<double>(skipper.prims_drawn()) / the_total_prims,
-                               apHighResTime::time_diff(the_frame_start, apHighResTime::time()) / the_frame_time);
+                               apHighResTime::time_diff(the_frame_start, apHighResTime::time()) / frame_part());
+}
+
+void grViewRendererFast::views_in_frame(int count)
+{
+    the_views_in_frame = std::max(count, 1);
+}
+
+double grViewRendererFast::frame_part() const
+{
+    return the_frame_time / the_views_in_frame;
 }
 
 double grViewRendererFast::followed_ratio() const
@@ -405,7 +415,7 @@ int grViewRendererFast::draw_a_slice()
     }
     // A share that was measured while others took the processor may be tiny, and each slice has a cost of its own.
     const double seconds = apHighResTime::time_diff(start, apHighResTime::time());
-    if (the_frame_limited && seconds > 0 && seconds < little_of_a_frame * the_frame_time &&
+    if (the_frame_limited && seconds > 0 && seconds < little_of_a_frame * frame_part() &&
         the_slicer->per_slice() < the_total_prims)
         the_slicer->per_slice(2 * the_slicer->per_slice());
     return 1;

@@ -78,6 +78,18 @@ TEST(grViewRendererFast, follows_what_frames_take_and_comes_to_rest)
     }
 }
 
+TEST(grViewRendererFast, keeps_to_its_part_of_a_frame_of_several_views)
+{
+    tsHeavyView heavy(n_segments, 10);
+    grViewRendererFast fast(&heavy.view());
+    fast.views_in_frame(4);
+    frames(fast, 2);
+    EXPECT_NEAR(fast.followed_ratio(), 0.1, 0.001);
+    frames(fast, 20);
+    EXPECT_GE(fast.refresh_time(), 0.25 * 0.79);
+    EXPECT_LE(fast.refresh_time(), 0.25 * 1.02);
+}
+
 TEST(grViewRendererFast, hands_on_what_it_draws)
 {
     tsHeavyView heavy(n_segments, 10);

@@ -1,5 +1,7 @@
 #include "dgDriver.h"
 
+#include "giBox3.h"
+
 dgDriver::~dgDriver() = default;
 
 void dgDriver::prepare_run(const dgPrimitiveRun&) {}
@@ -35,3 +37,8 @@ int dgDriver::add_to_sums(const giBox2&, int)
 }
 
 void dgDriver::put_mean(const giBox2&, int) {}
+
+giBox3 dgDriver::text_box(const dgText&)
+{
+    return {};
+}

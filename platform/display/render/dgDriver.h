@@ -13,8 +13,10 @@ struct dgFeatureClusters;
 struct dgFeatureSpan;
 struct dgPrimitiveRun;
 class dgGraphicalPrimitive;
+class dgText;
 class dgWindow;
 class giBox2;
+class giBox3;
 class giPoint3;
 class giXform3;
 class gsColour;
@@ -108,4 +110,7 @@ public:
 
     /// Puts the means of so many pictures in their place.
     virtual void put_mean(const giBox2& device_box, int pictures);
+
+    /// Box of what a text is drawn as under the state in force, in its own coordinates. Empty where that is not known.
+    virtual giBox3 text_box(const dgText& text);
 };

@@ -29,7 +29,7 @@ public:
     static const dgGraphicalElement* element(Item step) { return step->element; }
 
 private:
-    void put_in_force(int end);
+    void put_in_force(int end, const dgStepTree* tree);
     void look_for_seen();
     Item next_seen();
     Item next_of_all();
@@ -132,19 +132,22 @@ StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
         look_for_seen();
     else if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
     {
-        put_in_force(drawing.the_start[depth - 1]);
+        // The tree is up to date where bounds are.
+        if (drawing.culls())
+            structure.bounds();
+        put_in_force(drawing.the_start[depth - 1], drawing.culls() ? structure.compiled().tree().get() : nullptr);
         if (depth == drawing.the_start.size())
             drawing.the_start.clear();
     }
 }
 
 // Moves on to a step, with the attributes before it.
-void StepCursor::put_in_force(int end)
+void StepCursor::put_in_force(int end, const dgStepTree* tree)
 {
     constexpr int few = 8;
     const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
-    if (const int first = static_cast<int>(the_next); the_tree && end - first > few)
-        the_tree->attributes_between(first, end, execute);
+    if (const int first = static_cast<int>(the_next); tree && end - first > few)
+        tree->attributes_between(first, end, execute);
     else
         for (int i = first; i < end; ++i)
             if (const dgGraphicalElement* element = (*the_steps)[static_cast<std::size_t>(i)].element;
@@ -195,7 +198,7 @@ StepCursor::Item StepCursor::next_seen()
     the_left &= the_left - 1;
     the_drawing->the_inside = words[the_first_word + the_words + the_word] >> bit & 1;
     const int step = the_tree->step(static_cast<int>(64 * the_word + bit));
-    put_in_force(step);
+    put_in_force(step, the_tree.get());
     return &(*the_steps)[the_next++];
 }
 

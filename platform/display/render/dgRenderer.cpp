@@ -11,6 +11,7 @@
 #include "dgPrimitiveRun.h"
 #include "dgSelectedDriver.h"
 #include "dgStructure.h"
+#include "dgText.h"
 #include "dgTextFont.h"
 #include "dgViewVolume.h"
 #include "dgWindow.h"
@@ -180,21 +181,38 @@ void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
     driver()->draw_features(run, the_seen_spans);
 }
 
-// Blocks alone know their boxes without a look at all points.
-bool dgRenderer::out_of_view(const dgGraphicalPrimitive& primitive) const
+// Blocks know their boxes without a look at all points, and the driver those of texts.
+bool dgRenderer::out_of_view(const dgGraphicalPrimitive& primitive)
 {
-    if (!culls() || primitive.type() != dgTYPE_TRIANGLE_BLOCK)
+    if (!culls() || (primitive.type() != dgTYPE_TRIANGLE_BLOCK && primitive.type() != dgTYPE_TEXT))
         return false;
-    const giBox3 box = primitive.bounding_box();
+    giBox3 box;
+    if (primitive.type() == dgTYPE_TEXT)
+    {
+        flush_state();
+        box = driver()->text_box(static_cast<const dgText&>(primitive));
+    }
+    else
+        box = primitive.bounding_box();
     return !box.empty() && volume().test(box) == dgBOX_OUTSIDE;
+}
+
+bool dgRenderer::find_seen_texts(const dgPrimitiveRun& run)
+{
+    the_seen.clear();
+    for (int i = 0; i < static_cast<int>(run.primitives.size()); ++i)
+        if (!out_of_view(*run.primitives[static_cast<std::size_t>(i)]))
+            the_seen.push_back({i, 1});
+    return the_seen.size() < run.primitives.size();
 }
 
 // True when some of a run is out of view: the_seen are the features that may be in it.
 bool dgRenderer::find_seen(const dgPrimitiveRun& run)
 {
-    // The extent of texts is the driver's to know.
-    if (!culls() || run.topology == dgTOPOLOGY_TEXT)
+    if (!culls())
         return false;
+    if (run.topology == dgTOPOLOGY_TEXT)
+        return find_seen_texts(run);
     constexpr int least_gap = 64; // features; a shorter one is drawn sooner than left out
     const dgRunBounds& bounds = run.bounds();
     const dgViewVolume view = volume();

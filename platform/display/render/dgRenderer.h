@@ -151,7 +151,8 @@ private:
     void draw_steps(const dgStructure& structure, bool through_action);
     double reach() const;
     bool find_seen(const dgPrimitiveRun& run);
-    bool out_of_view(const dgGraphicalPrimitive& primitive) const;
+    bool find_seen_texts(const dgPrimitiveRun& run);
+    bool out_of_view(const dgGraphicalPrimitive& primitive);
 
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_depth_cueing = 0;
