@@ -117,7 +117,7 @@ void compare_drawing(const std::shared_ptr<dgGLDevice>& device, const char* file
     for (int i = 1; i < root->nelements(); ++i)
     {
         const auto& text = static_cast<const dgText&>(*root->element(i));
-        const auto& record = device->geometry().store(device->texts().triangles(text, style, 0));
+        const auto& record = device->geometry().store(*device->texts().shape(text, style, 0).triangles);
         ranges.add(record.first_index, record.index_count);
     }
     if (ranges.counts.size() != 1)

@@ -19,6 +19,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace
 {
@@ -458,6 +459,40 @@ int dgGLDriver::simplifies() const
     return the_device.geometry().any_levels();
 }
 
+// The most pixels that a unit of length anywhere in a box of model space can take in view; infinitely many where the
+// box reaches behind the eye. By the derivatives of X / w, where no X in view is larger than w.
+double dgGLDriver::pixels_per_unit(const giBox3& box) const
+{
+    const giXform3 to_clip = the_model_to_world * the_camera.world_to_view * the_camera.projection;
+    const auto gradient = [&](int column)
+    { return std::hypot(to_clip(0, column), to_clip(1, column), to_clip(2, column)); };
+    double least_w = std::numeric_limits<double>::infinity();
+    for (int i = 0; i < 8; ++i)
+    {
+        const giPoint3 corner = box.corner(i);
+        least_w = std::min(least_w, corner.x() * to_clip(0, 3) + corner.y() * to_clip(1, 3) +
+                                        corner.z() * to_clip(2, 3) + to_clip(3, 3));
+    }
+    if (!(least_w > 0))
+        return std::numeric_limits<double>::infinity();
+    const PixelBox port(the_camera.view_port);
+    return std::hypot(0.5 * port.width * (gradient(0) + gradient(3)), 0.5 * port.height * (gradient(1) + gradient(3))) /
+           least_w;
+}
+
+int dgGLDriver::draw_coarsened(const dgPrimitiveRun& run, double pixels, const std::vector<dgFeatureSpan>& seen)
+{
+    flush();
+    if (the_device.lost() || the_inverting)
+        return 0;
+    const auto error = [&](const dgGraphicalPrimitive& block)
+    { return pixels / pixels_per_unit(block.bounding_box()); };
+    if (!the_device.geometry().coarsen(run, error, seen, the_selected))
+        return 0;
+    draw_ranges(run.topology, run.has_normals, the_selected);
+    return 1;
+}
+
 void dgGLDriver::show_back_buffer(const giBox2& device_box)
 {
     the_window.show_back(device_box);
@@ -479,15 +514,53 @@ giBox3 dgGLDriver::text_box(const dgText& text)
 {
     if (the_device.lost())
         return {};
-    return the_device.texts().triangles(text, the_state.text, the_inverting).bounding_box();
+    const dgGLTextStore::Shape& shape = the_device.texts().shape(text, the_state.text, the_inverting);
+    giBox3 box;
+    if (shape.triangles)
+        box = shape.triangles->bounding_box();
+    for (const dgRef<dgPolyline>& line : shape.lines)
+        box.merge(line->bounding_box());
+    return box;
 }
 
 // What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.
 void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
 {
-    for (int i = first; i < end; ++i)
-        draw_primitive(*run.primitives[static_cast<std::size_t>(i)]);
+    with_text_look(
+        [&]
+        {
+            for (int i = first; i < end; ++i)
+                draw_text(static_cast<const dgText&>(*run.primitives[static_cast<std::size_t>(i)]));
+        });
     flush();
+}
+
+// What is drawn of texts by lines has their colour. What inverts pixels shows letters: lines of them cross.
+template <class Draw>
+void dgGLDriver::with_text_look(Draw draw)
+{
+    if (the_state.text.look == dgTEXT_FILLED || the_inverting)
+        return draw();
+    const dgDrawState before = the_state;
+    dgDrawState lines = before;
+    std::copy(before.text_colour, before.text_colour + 3, lines.line_colour);
+    lines.line_width = 1;
+    lines.line_style = 0;
+    set_state(lines);
+    draw();
+    set_state(before);
+}
+
+void dgGLDriver::draw_text(const dgText& text)
+{
+    dgTextStyle style = the_state.text;
+    if (the_inverting)
+        style.look = dgTEXT_FILLED;
+    const dgGLTextStore::Shape& shape = the_device.texts().shape(text, style, the_inverting);
+    if (shape.triangles)
+        draw_stored(*shape.triangles, dgTOPOLOGY_TEXT, 0);
+    for (const dgRef<dgPolyline>& line : shape.lines)
+        draw_stored(*line, dgTOPOLOGY_LINES, 0);
 }
 
 void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
@@ -497,8 +570,7 @@ void dgGLDriver::draw_primitive(const dgGraphicalPrimitive& primitive)
     const dgGeometry geometry = primitive.geometry();
     if (geometry.topology != dgTOPOLOGY_TEXT)
         return draw_stored(primitive, geometry.topology, geometry.normals != nullptr);
-    const auto& text = static_cast<const dgText&>(primitive);
-    draw_stored(the_device.texts().triangles(text, the_state.text, the_inverting), dgTOPOLOGY_TEXT, 0);
+    with_text_look([&] { draw_text(static_cast<const dgText&>(primitive)); });
 }
 
 void dgGLDriver::draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals)

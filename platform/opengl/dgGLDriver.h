@@ -10,6 +10,8 @@
 
 class dgGLDevice;
 class dgGLWindow;
+class dgText;
+class giBox3;
 
 /// The driver that draws with OpenGL.
 class DG_OPENGL_EXPORT dgGLDriver : public dgDriver
@@ -38,6 +40,7 @@ public:
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans) override;
     int draw_simplified(const dgPrimitiveRun& run, int count, const std::vector<dgFeatureSpan>& seen) override;
     int simplifies() const override;
+    int draw_coarsened(const dgPrimitiveRun& run, double pixels, const std::vector<dgFeatureSpan>& seen) override;
     void show_back_buffer(const giBox2& device_box) override;
     int add_to_sums(const giBox2& device_box, int anew) override;
     void put_mean(const giBox2& device_box, int pictures) override;
@@ -67,6 +70,10 @@ private:
     void flush();
     void draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals);
     void draw_texts(const dgPrimitiveRun& run, int first, int end);
+    void draw_text(const dgText& text);
+    template <class Draw>
+    void with_text_look(Draw draw);
+    double pixels_per_unit(const giBox3& box) const;
 
     dgGLWindow& the_window;
     dgGLDevice& the_device;

@@ -281,18 +281,25 @@ void dgGLGeometryStore::add_spans(const dgGLIndexRanges& all, dgTopology topolog
     }
 }
 
+// What is kept of a run some blocks of which may have levels, which are asked for; null for any other.
+const dgGLGeometryStore::RunCache* dgGLGeometryStore::with_levels(const dgPrimitiveRun& run)
+{
+    if (run.topology != dgTOPOLOGY_TRIANGLES || !the_levels->on())
+        return nullptr;
+    const RunCache& cache = stored(run);
+    for (const RunCache::Heavy& heavy : cache.heavy)
+        the_levels->make_when_at_rest(heavy.block->geometry_id(), heavy.block->stamp(), heavy.block->geometry());
+    return cache.heavy.empty() || !the_levels->any() ? nullptr : &cache;
+}
+
 int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const std::vector<dgFeatureSpan>& seen,
                                 dgGLIndexRanges& ranges)
 {
     ranges.clear();
-    if (run.topology != dgTOPOLOGY_TRIANGLES || !the_levels->on())
+    const RunCache* const found = with_levels(run);
+    if (!found)
         return 0;
-    const RunCache& cache = stored(run);
-    for (const RunCache::Heavy& heavy : cache.heavy)
-        the_levels->make_when_at_rest(heavy.block->geometry_id(), heavy.block->stamp(), heavy.block->geometry());
-    if (cache.heavy.empty() || !the_levels->any())
-        return 0;
-
+    const RunCache& cache = *found;
     const dgRunSampling& sampling = run.sampling();
     const double share = static_cast<double>(triangles) / std::max(sampling.features(), 1);
     the_sample.clear();
@@ -342,6 +349,43 @@ int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const 
     used += add_sample(done, sampling.features());
     add_spans(cache.ranges, run.topology, the_exact, ranges);
     return std::max(used, 1);
+}
+
+bool dgGLGeometryStore::coarsen(const dgPrimitiveRun& run,
+                                const std::function<double(const dgGraphicalPrimitive&)>& error,
+                                const std::vector<dgFeatureSpan>& seen, dgGLIndexRanges& ranges)
+{
+    ranges.clear();
+    const RunCache* const cache = with_levels(run);
+    if (!cache)
+        return false;
+    the_exact.clear();
+    const auto add_exact = [&](int first, int end) {
+        each_between(seen, first, end, [this](int low, int high) { the_exact.push_back({low, high - low}); });
+    };
+    bool coarsened = false;
+    int done = 0; // triangles of the run
+    for (const RunCache::Heavy& heavy : cache->heavy)
+    {
+        const int end = heavy.first + heavy.triangles;
+        add_exact(done, heavy.first);
+        const unsigned id = heavy.block->geometry_id();
+        ranges.origin = the_records[id].origin;
+        if (features_between(seen, heavy.first, end) && the_levels->has(id) &&
+            the_levels->add_within(id, error(*heavy.block), ranges))
+            coarsened = true;
+        else
+            add_exact(heavy.first, end);
+        done = end;
+    }
+    if (!coarsened)
+    {
+        ranges.clear();
+        return false;
+    }
+    add_exact(done, run.sampling().features());
+    add_spans(cache->ranges, run.topology, the_exact, ranges);
+    return true;
 }
 
 void dgGLGeometryStore::make_no_levels()

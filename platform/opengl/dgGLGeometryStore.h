@@ -8,6 +8,7 @@
 #include "dg_openglExport.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -61,6 +62,11 @@ public:
     int simplify(const dgPrimitiveRun& run, int triangles, const std::vector<dgFeatureSpan>& seen,
                  dgGLIndexRanges& ranges);
 
+    /// Sets ranges to those of the spans seen of a run, with levels in place of heavy blocks that are off by no more
+    /// than the model units that error answers for a block. False when no block has such a level.
+    bool coarsen(const dgPrimitiveRun& run, const std::function<double(const dgGraphicalPrimitive&)>& error,
+                 const std::vector<dgFeatureSpan>& seen, dgGLIndexRanges& ranges);
+
     /// Lets no simplified levels be made from now on.
     void make_no_levels();
 
@@ -97,6 +103,7 @@ private:
     struct Buffers;
 
     RunCache& stored(const dgPrimitiveRun& run);
+    const RunCache* with_levels(const dgPrimitiveRun& run);
     void add_spans(const dgGLIndexRanges& all, dgTopology topology, const std::vector<dgFeatureSpan>& spans,
                    dgGLIndexRanges& ranges) const;
     void reserve(const dgPrimitiveRun& run);

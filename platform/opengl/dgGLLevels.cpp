@@ -139,6 +139,17 @@ unsigned dgGLLevels::add(unsigned geometry_id, double triangles, dgGLIndexRanges
                                   : add_mix(*(fits - 1), &*fits, triangles, ranges);
 }
 
+unsigned dgGLLevels::add_within(unsigned geometry_id, double error, dgGLIndexRanges& ranges) const
+{
+    const auto place = the_blocks.find(geometry_id);
+    if (place == the_blocks.end())
+        return 0;
+    const std::vector<Level>& levels = place->second.levels;
+    const auto coarsest =
+        std::find_if(levels.rbegin(), levels.rend(), [&](const Level& level) { return level.level.error <= error; });
+    return coarsest == levels.rend() ? 0 : add_mix(*coarsest, nullptr, 0, ranges);
+}
+
 // The coarser level with as many patches of the finer one in it as there is room for; the finer one alone for none.
 unsigned dgGLLevels::add_mix(const Level& fine, const Level* coarse, double triangles, dgGLIndexRanges& ranges) const
 {

@@ -66,6 +66,10 @@ public:
     /// are its coarsest level. Answers the number, 0 when it has no level as coarse.
     unsigned add(unsigned geometry_id, double triangles, dgGLIndexRanges& ranges) const;
 
+    /// Adds the ranges of the coarsest level of a block that is off by no more than so many model units. Answers its
+    /// triangles, 0 when there is none.
+    unsigned add_within(unsigned geometry_id, double error, dgGLIndexRanges& ranges) const;
+
 private:
     static constexpr unsigned long long most_at_once = 1 << 18; // indices
 

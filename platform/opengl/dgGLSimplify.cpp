@@ -59,6 +59,7 @@ private:
     Indices the_triangles;            // of places, of the level that is being made coarser
     float the_size = 0;
     float the_error_limit = 0; // distance; 0 at first
+    float the_pass_error = 0;  // of the last simplification
     Indices the_local;         // scratch: by place, its number in a patch
 };
 
@@ -245,6 +246,7 @@ Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_
             result.push_back(places[corner]);
         group_starts.push_back(static_cast<Index>(result.size() / 3));
     }
+    the_pass_error = errors.empty() ? 0 : *std::max_element(errors.begin(), errors.end());
     if (first && !whole)
     {
         const auto middle = errors.begin() + static_cast<std::ptrdiff_t>(errors.size() / 2);
@@ -327,6 +329,7 @@ std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
 {
     std::vector<dgGLLevel> all;
     std::vector<Index> group_starts, next_group_starts;
+    float error = 0;
     for (int pass = 0; !the_triangles.empty(); ++pass)
     {
         const std::size_t npatches = patch_count(ntriangles());
@@ -354,10 +357,12 @@ std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
             else
                 sort_by_patch(patch_of, npatches, group_starts, level);
             resolve(level.indices);
+            level.error = error;
             all.push_back(std::move(level));
         }
         if (last)
             break;
+        error += the_pass_error;
         the_triangles = std::move(next);
         group_starts = std::move(next_group_starts);
     }

@@ -22,6 +22,7 @@ struct dgGLMesh
 struct DG_OPENGL_EXPORT dgGLLevel
 {
     std::vector<std::uint32_t> indices;
+    float error = 0; ///< model units by which it may be off the block: of all collapses so far, estimated
 
     unsigned patches = 1;                 ///< that the next, coarser level replaces; 1 when there is none
     std::vector<std::uint32_t> starts{0}; ///< by group and by patch in it: first triangle; and the number of triangles

@@ -5,6 +5,7 @@
 #include "dgTextFont.h"
 #include "dgTextLayout.h"
 #include "giBox2.h"
+#include "giBox3.h"
 #include "giTriBlock.h"
 
 #include <algorithm>
@@ -58,12 +59,18 @@ Glyphs& glyphs_of(const dgTextStyle& style)
     return static_cast<Glyphs&>(*style.font->cache());
 }
 
+// A place in the plane of a text, in model units along its baseline and up.
+giPoint3 place(const dgText& text, const dgTextStyle& style, double x, double y)
+{
+    return text.position() + style.baseline * x + style.up * y;
+}
+
 // Puts triangles of glyphs into the plane of the text.
 class Plane
 {
 public:
     Plane(const dgText& text, const dgTextStyle& style, giTriBlock& block)
-        : the_origin(text.position()), the_style(style), the_block(block)
+        : the_text(text), the_style(style), the_block(block)
     {}
 
     // The triangles are those of a glyph in ems, when scale_x and scale_y are what an em is.
@@ -71,14 +78,14 @@ public:
     {
         const int first = the_block.node_count();
         for (const giPoint2& point : triangles.points)
-            the_block.nodes().append(the_origin + the_style.baseline * (origin.x() + point.x() * scale_x) +
-                                     the_style.up * (origin.y() + point.y() * scale_y));
+            the_block.nodes().append(
+                place(the_text, the_style, origin.x() + point.x() * scale_x, origin.y() + point.y() * scale_y));
         for (const giTriangle& triangle : triangles.triangles)
             the_block.triangles().emplace_back(first + triangle[0], first + triangle[1], first + triangle[2]);
     }
 
 private:
-    giPoint3 the_origin;
+    const dgText& the_text;
     const dgTextStyle& the_style;
     giTriBlock& the_block;
 };
@@ -176,6 +183,46 @@ void add_without_overlaps(const std::vector<dgPlacedGlyph>& placed, const dgText
     }
 }
 
+// A closed line through points in the plane of a text.
+dgRef<dgPolyline> closed_line(const dgText& text, const dgTextStyle& style, const std::vector<giPoint2>& points)
+{
+    std::vector<giPoint3> line;
+    line.reserve(points.size() + 1);
+    for (const giPoint2& point : points)
+        line.push_back(place(text, style, point.x(), point.y()));
+    line.push_back(line.front());
+    return dgRef<dgPolyline>(new dgPolyline(std::move(line)));
+}
+
+std::vector<dgRef<dgPolyline>> outlines_of_letters(const dgText& text, const dgTextStyle& style)
+{
+    dgGlyphOutline all, letter;
+    for (const dgPlacedGlyph& glyph : dg_lay_out_text(text.text(), style))
+    {
+        dg_glyph_outline(style, glyph.glyph, letter);
+        append_outline(letter, glyph.origin, style.height * style.width_factor, style.height, all);
+    }
+    std::vector<dgRef<dgPolyline>> lines;
+    for (const std::vector<giPoint2>& contour : all.contours)
+        if (!contour.empty())
+            lines.push_back(closed_line(text, style, contour));
+    return lines;
+}
+
+std::vector<dgRef<dgPolyline>> outline_of_room(const dgText& text, const dgTextStyle& style)
+{
+    // In the plane of the text, where it runs along x.
+    dgTextStyle straight = style;
+    straight.baseline = giVector3(1, 0, 0);
+    straight.up = giVector3(0, 1, 0);
+    const giBox3 room = dg_text_box(text, straight);
+    const giVector3 low = room.low() - text.position(), high = room.high() - text.position();
+    if (!(high.x() > low.x()))
+        return {};
+    return {
+        closed_line(text, style, {{low.x(), low.y()}, {high.x(), low.y()}, {high.x(), high.y()}, {low.x(), high.y()}})};
+}
+
 dgTriangleBlock* make_block(const dgText& text, const dgTextStyle& style, int inverting)
 {
     auto block = std::make_unique<giTriBlock>();
@@ -188,22 +235,33 @@ dgTriangleBlock* make_block(const dgText& text, const dgTextStyle& style, int in
         add_separately(placed, style, glyphs, plane);
     return new dgTriangleBlock(block.release(), 1);
 }
+
+dgGLTextStore::Shape make_shape(const dgText& text, const dgTextStyle& style, int inverting)
+{
+    switch (style.look)
+    {
+    case dgTEXT_FILLED: return {dgRef<dgTriangleBlock>(make_block(text, style, inverting)), {}};
+    case dgTEXT_LINES: return {nullptr, outlines_of_letters(text, style)};
+    case dgTEXT_BOX: return {nullptr, outline_of_room(text, style)};
+    }
+    return {};
+}
 }
 
-const dgTriangleBlock& dgGLTextStore::triangles(const dgText& text, const dgTextStyle& style, int inverting)
+const dgGLTextStore::Shape& dgGLTextStore::shape(const dgText& text, const dgTextStyle& style, int inverting)
 {
     Entry& entry = the_entries[text.geometry_id()];
     const unsigned long long serial = style.font ? style.font->serial() : 0;
     for (const Variant& variant : entry.variants)
         if (variant.text_stamp == text.stamp() && variant.font_serial == serial && variant.inverting == inverting &&
             variant.style == style)
-            return *variant.block;
+            return variant.shape;
     std::erase_if(entry.variants, [&](const Variant& variant) { return variant.text_stamp != text.stamp(); });
-    Variant made{text.stamp(), serial, style, inverting, dgRef<dgTriangleBlock>(make_block(text, style, inverting))};
+    Variant made{text.stamp(), serial, style, inverting, make_shape(text, style, inverting)};
     if (entry.variants.size() < most_variants)
-        return *entry.variants.emplace_back(std::move(made)).block;
+        return entry.variants.emplace_back(std::move(made)).shape;
     entry.oldest = (entry.oldest + 1) % most_variants;
-    return *(entry.variants[entry.oldest] = std::move(made)).block;
+    return (entry.variants[entry.oldest] = std::move(made)).shape;
 }
 
 void dgGLTextStore::geometry_released(unsigned geometry_id)

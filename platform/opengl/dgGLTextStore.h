@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgGeometryListener.h"
+#include "dgPolyline.h"
 #include "dgRef.h"
 #include "dgTextStyle.h"
 #include "dgTriangleBlock.h"
@@ -11,15 +12,21 @@
 
 class dgText;
 
-/// The triangles of texts, made when a text is first drawn under a style and kept until the text changes or goes.
+/// What is drawn of texts, made when a text is first drawn under a style and kept until the text changes or goes.
 ///
 /// Glyphs are triangulated once for each font. Of texts that invert pixels, glyphs that reach into each other are
 /// triangulated together, so that no pixel is covered twice.
 class DG_OPENGL_EXPORT dgGLTextStore : public dgGeometryListener
 {
 public:
-    /// A primitive that looks like the text, for the geometry store.
-    const dgTriangleBlock& triangles(const dgText& text, const dgTextStyle& style, int inverting);
+    /// Primitives that look like a text, for the geometry store.
+    struct Shape
+    {
+        dgRef<dgTriangleBlock> triangles; ///< null where it is drawn by lines
+        std::vector<dgRef<dgPolyline>> lines;
+    };
+    /// Good until the next call.
+    const Shape& shape(const dgText& text, const dgTextStyle& style, int inverting);
 
     void geometry_released(unsigned geometry_id) override;
 
@@ -30,7 +37,7 @@ private:
         unsigned long long font_serial;
         dgTextStyle style;
         int inverting;
-        dgRef<dgTriangleBlock> block;
+        Shape shape;
     };
     struct Entry
     {

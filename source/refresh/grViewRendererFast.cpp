@@ -13,6 +13,7 @@
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
+#include "gsFullQuality.h"
 #include "gsStructureCallibration.h"
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
@@ -21,6 +22,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 double grViewRendererFast::the_minimum_framerate = 1.0;
@@ -260,12 +262,15 @@ double grViewRendererFast::followed_ratio() const
 
 void grViewRendererFast::draw_final_frame()
 {
+    dgRenderer& renderer = *the_view->renderer();
+    std::optional<gsFullQuality> full_quality;
+    if (the_flattener)
+        full_quality.emplace(*the_flat, renderer, renderer.get_pipeline_draw_quality());
     if (the_clip_planes_resetCB && !the_bbox.empty())
         the_clip_planes_resetCB(the_view, the_bbox);
     // Asked again: the network may have been edited since it was flattened.
     if (the_flattener && the_flattener->final_refresh_non_flattened(the_frame_stamp))
         the_non_flattened_final = 1;
-    // The flat copy shares the network's primitives, so that there is no lesser quality to bring back from.
     dgStructure* structure = the_non_flattened_final ? the_view->root() : the_flat.get();
     timed([&] { the_view->render_network(structure); });
 }

@@ -187,6 +187,28 @@ TEST(dg_gl_simplify, any_mix_of_two_levels_is_closed_and_counts_as_it_says)
     }
 }
 
+TEST(dg_gl_simplify, levels_are_off_by_about_as_much_as_they_say)
+{
+    const dgGLMesh mesh = ring(200, 120, 1);
+    float before = 0;
+    for (const dgGLLevel& level : levels_of(mesh))
+    {
+        EXPECT_GE(level.error, before);
+        before = level.error;
+        double largest = 0;
+        for (std::size_t i = 0; i < level.indices.size(); i += 3)
+        {
+            double p[3] = {};
+            for (std::size_t corner = 0; corner < 3; ++corner)
+                for (std::size_t axis = 0; axis < 3; ++axis)
+                    p[axis] += mesh.positions[std::size_t(3) * level.indices[i + corner] + axis] / 3.0;
+            const double r = 3 + 0.3 * std::sin(7 * std::atan2(p[1], p[0]));
+            largest = std::max(largest, std::abs(std::hypot(std::hypot(p[0], p[1]) - 10, p[2]) - r));
+        }
+        EXPECT_LT(largest, 2 * level.error + 0.01) << level.triangles();
+    }
+}
+
 TEST(dg_gl_simplify, keeps_the_outline_by_which_blocks_meet)
 {
     const auto bump = [](double u, double v) { return giPoint3(u, v, 0.1 * std::sin(9 * u) * std::cos(7 * v)); };
@@ -304,4 +326,28 @@ TEST(dgGLLevels, idle_time_shows_the_full_picture_at_once_and_nothing_worse_befo
     }
     EXPECT_TRUE(same_pictures(scene.picture(), full));
     grViewRendererFast::minimum_framerate(rate);
+}
+
+TEST(dgGLLevels, facet_tolerance_chooses_the_level_by_the_pixels_that_it_is_off)
+{
+    Bulge bulge;
+    const dgImage exact = bulge.picture();
+    bulge.make_levels();
+    const auto off = [&](double tolerance)
+    {
+        dgDrawQuality quality;
+        quality.facet_tolerance_set = 1;
+        quality.facet_tolerance = tolerance;
+        bulge.renderer.set_in_pipeline_context(&quality);
+        bulge.draw();
+        return pixels_off(bulge.picture(), exact, 0);
+    };
+    EXPECT_EQ(off(0), 0);
+    EXPECT_EQ(off(1e-6), 0) << "no level is that good";
+    const int little = off(0.2), much = off(8);
+    EXPECT_GT(little, 0);
+    EXPECT_GT(much, little);
+    // The same surface farther away looks as good by a coarser level: tolerances are pixels.
+    bulge.view.camera().zoom(1000);
+    EXPECT_EQ(off(0.2), off(8)) << "all of it is less than a pixel";
 }

@@ -79,6 +79,39 @@ dgRef<dgTextFont> font(const std::string& name)
 }
 }
 
+TEST(dgGLText, quality_chooses_between_letters_their_outlines_and_boxes)
+{
+    const struct
+    {
+        double quality;
+        int pixels, inverted;
+    } cases[] = {
+        {1, frame_pixels, frame_pixels},
+        {0.5, 2 * (44 + 70) + 2 * (34 + 60), frame_pixels},
+        {0, 2 * (60 + 100), frame_pixels},
+    };
+    for (const auto& c : cases)
+        for (const int inverting : {0, 1})
+        {
+            Scene scene(120, 160);
+            dgDrawQuality quality;
+            quality.text_quality_set = 1;
+            quality.text_quality = c.quality;
+            scene.renderer.set_in_pipeline_context(&quality);
+            scene.renderer.select_driver(inverting);
+            const dgRef<dgText> letter(text("A", giPoint3(20.5, 40.5, 0)));
+            scene.view.begin();
+            scene.view.execute(*dgRef<dgTextHeight>(new dgTextHeight(100)));
+            scene.view.execute(*dgRef<dgTextColour>(new dgTextColour(gsColour(1, 0, 0))));
+            scene.view.execute(*letter);
+            scene.view.end();
+            scene.renderer.select_driver(0);
+            // Corners and the ends of lines may be drawn or not.
+            EXPECT_NEAR(count_pixels(scene.picture(), red), inverting ? c.inverted : c.pixels, c.quality < 1 ? 8 : 0)
+                << c.quality << ' ' << inverting;
+        }
+}
+
 TEST(dgGLText, attributes_act_on_the_text_behind_them)
 {
     Scene scene(400, 120);

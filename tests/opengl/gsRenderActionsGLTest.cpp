@@ -1,4 +1,5 @@
 // Render actions and refreshers on OpenGL: what is drawn in parts, in any order of parts, is the same to the last bit.
+#include "dgAppElement.h"
 #include "dgBackSurfaceColour.h"
 #include "dgGLGeometryStore.h"
 #include "dgLineColour.h"
@@ -15,6 +16,7 @@
 #include "grViewRefresherFull.h"
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
+#include "gsFullQuality.h"
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
@@ -267,4 +269,45 @@ TEST(grViewRefreshers, end_on_the_full_picture_after_resizes_edits_and_removals)
         const dgImage ended = network.front();
         EXPECT_TRUE(same_pictures(ended, network.full())) << kind.name;
     }
+}
+
+TEST(gsFullQuality, has_everything_stored_and_holds_a_quality_until_it_ends)
+{
+    // Tells the quality that it is drawn in.
+    class Asking : public dgAppElement
+    {
+    public:
+        explicit Asking(std::vector<double>& told) : the_told(told) {}
+        Asking* copy() const override { return new Asking(the_told); }
+        void draw(dgRenderer* renderer) const override
+        {
+            the_told.push_back(renderer->get_pipeline_draw_quality().text_quality);
+        }
+
+    private:
+        std::vector<double>& the_told;
+    };
+    std::vector<double> told;
+    Scene scene;
+    dgTriangleBlock* const block = sheet(4, 40, 0);
+    scene.add(block);
+    scene.add(new Asking(told));
+    dgDrawQuality of_renderer, full, own;
+    of_renderer.text_quality = 0.25;
+    full.text_quality = 0.5;
+    own.text_quality = 0.75;
+    scene.renderer.set_in_pipeline_context(&of_renderer);
+    for (const dgDrawQuality* before :
+         {static_cast<const dgDrawQuality*>(nullptr), static_cast<const dgDrawQuality*>(&own)})
+    {
+        scene.root->draw_quality(before);
+        block->block_changed(); // what is stored is out of date
+        const gsFullQuality full_quality(*scene.root, scene.renderer, full);
+        EXPECT_TRUE(scene.window.device().geometry().is_stored(*block));
+        scene.draw();
+    }
+    scene.draw();
+    scene.root->draw_quality(nullptr);
+    scene.draw();
+    EXPECT_EQ(told, (std::vector<double>{0.5, 0.5, 0.75, 0.25}));
 }

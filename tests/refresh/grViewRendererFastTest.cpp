@@ -108,7 +108,7 @@ TEST(grViewRendererFast, hands_on_what_it_draws)
     EXPECT_EQ(printed, heavy.view().root());
 }
 
-TEST(grViewRendererFast, fits_planes_to_a_box_with_the_icon_in_it)
+TEST(grViewRendererFast, fits_planes_to_a_box_with_the_icon_in_it_and_prepares_the_final_frame)
 {
     tsHeavyView heavy(100, 0.1);
     const tsSetting<int> guard(0, [](int on) { grViewRendererFast::adjust_clip_planes(on); });
@@ -118,8 +118,19 @@ TEST(grViewRendererFast, fits_planes_to_a_box_with_the_icon_in_it)
     grViewRendererFast::adjust_clip_planes(1);
     grViewRendererFast::view_bbox_offset(2);
     static giBox3 reset_box;
+    static const dgStructure* flat;
+    static bool prepared;
     reset_box = giBox3();
-    grViewRendererFast::set_clip_planes_resetCB([](dgView*, const giBox3& box) { reset_box = box; });
+    prepared = false;
+    const tsSetting<grViewRendererFast::PrintCallback> print_guard(
+        nullptr, [](grViewRendererFast::PrintCallback callback) { grViewRendererFast::set_print_callback(callback); });
+    grViewRendererFast::set_print_callback([](dgView*, dgStructure* structure) { flat = structure; });
+    grViewRendererFast::set_clip_planes_resetCB(
+        [](dgView*, const giBox3& box)
+        {
+            reset_box = box;
+            prepared = flat->draw_quality();
+        });
     const dgRef<dgStructure> icon(new dgClientStructure);
     icon->add(new dgPolyline({{0, 0, -500}, {0, 0, 300}}));
     grViewRendererFast fast(&heavy.view());
@@ -132,6 +143,8 @@ TEST(grViewRendererFast, fits_planes_to_a_box_with_the_icon_in_it)
     fast.refresh(icon.get(), 1);
     EXPECT_EQ(reset_box.low(), giPoint3(-2, -2, -502));
     EXPECT_EQ(reset_box.high(), giPoint3(102, 2, 302));
+    EXPECT_TRUE(prepared);
+    EXPECT_EQ(flat->draw_quality(), nullptr);
 }
 
 TEST(grViewRendererFast, puts_the_accumulation_of_frames_off_while_it_draws)

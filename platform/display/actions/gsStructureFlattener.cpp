@@ -11,6 +11,7 @@
 #include "dgRenderer.h"
 #include "dgStructureCall.h"
 #include "dgWorldTransform.h"
+#include "gsFullQuality.h"
 
 namespace
 {
@@ -56,12 +57,9 @@ void gsStructureFlattener::end_network(dgRenderer& renderer)
     {
         // What is made at the first drawing is made now, so that the frame that measures does not pay for it.
         for (const dgCompiledStructure::Step& step : the_target->compiled().steps())
-        {
-            if (!step.run)
-                continue;
-            step.run->sampling();
-            renderer.driver()->prepare_run(*step.run);
-        }
+            if (step.run)
+                step.run->sampling();
+        gsFullQuality::make_ready(*the_target, renderer);
     }
     the_written |= the_writing;
     the_writing = 0;

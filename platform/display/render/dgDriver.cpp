@@ -42,3 +42,8 @@ giBox3 dgDriver::text_box(const dgText&)
 {
     return {};
 }
+
+int dgDriver::draw_coarsened(const dgPrimitiveRun&, double, const std::vector<dgFeatureSpan>&)
+{
+    return 0;
+}

@@ -113,4 +113,8 @@ public:
 
     /// Box of what a text is drawn as under the state in force, in its own coordinates. Empty where that is not known.
     virtual giBox3 text_box(const dgText& text);
+
+    /// Draws a run of triangles of which spans of features are seen, with simplified levels of its heavy blocks that
+    /// are off by no more than so many pixels. 0, with nothing drawn, when none is.
+    virtual int draw_coarsened(const dgPrimitiveRun& run, double pixels, const std::vector<dgFeatureSpan>& seen);
 };

@@ -107,7 +107,11 @@ void dgRenderer::render_action(gsRenderAction* action)
 
 void dgRenderer::set_in_pipeline_context(const dgDrawQuality* quality)
 {
-    the_draw_quality = quality ? *quality : dgDrawQuality();
+    const dgDrawQuality now = quality ? *quality : dgDrawQuality();
+    if (now == the_draw_quality)
+        return;
+    the_draw_quality = now;
+    the_context.retell();
 }
 
 dgTextFont* dgRenderer::get_text_font(int slot) const
@@ -146,10 +150,24 @@ void dgRenderer::draw_run(const dgPrimitiveRun& run, bool in_view)
     if (partly && the_seen.empty())
         return;
     flush_state();
+    if (draw_coarsened(run, partly))
+        return;
     if (partly)
         driver()->draw_features(run, the_seen);
     else
         driver()->draw_run(run);
+}
+
+// Draws a run, of which the_seen is in view if partly, as coarsely as the quality in force allows; true when that is
+// more coarsely than it is.
+bool dgRenderer::draw_coarsened(const dgPrimitiveRun& run, bool partly)
+{
+    if (!the_draw_quality.facet_tolerance_set || !(the_draw_quality.facet_tolerance > 0) ||
+        run.topology != dgTOPOLOGY_TRIANGLES)
+        return false;
+    if (!partly)
+        the_seen.assign(1, {0, run.sampling().features()});
+    return driver()->draw_coarsened(run, the_draw_quality.facet_tolerance, the_seen);
 }
 
 void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans)
@@ -306,6 +324,10 @@ void dgRenderer::draw_structure(const dgStructure& structure)
 void dgRenderer::draw_network(const dgStructure& structure)
 {
     const auto held = dg_hold(structure); // between the passes too
+    const dgDrawQuality quality_before = the_draw_quality;
+    const dgDrawQuality* const own = structure.draw_quality();
+    if (own)
+        set_in_pipeline_context(own);
     gsRenderAction* action = the_render_action;
     if (action)
         action->start_network(*this, &structure);
@@ -314,6 +336,8 @@ void dgRenderer::draw_network(const dgStructure& structure)
     while (action && the_render_action == action && action->another_pass(*this));
     if (action && the_render_action == action)
         action->end_network(*this);
+    if (own)
+        set_in_pipeline_context(&quality_before);
 }
 
 void dgRenderer::draw_steps(const dgStructure& root, bool through_action)
@@ -354,5 +378,7 @@ void dgRenderer::flush_state()
         return;
     dgDrawState state;
     the_context.resolve(the_text_fonts, the_colour_table, state);
+    if (the_draw_quality.text_quality_set && the_draw_quality.text_quality < 1)
+        state.text.look = the_draw_quality.text_quality > 0 ? dgTEXT_LINES : dgTEXT_BOX;
     driver()->set_state(state);
 }

@@ -152,6 +152,7 @@ private:
     double reach() const;
     bool find_seen(const dgPrimitiveRun& run);
     bool find_seen_texts(const dgPrimitiveRun& run);
+    bool draw_coarsened(const dgPrimitiveRun& run, bool partly);
     bool out_of_view(const dgGraphicalPrimitive& primitive);
 
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live

@@ -1,6 +1,7 @@
 #include "dgStructure.h"
 
 #include "dgCompiledStructure.h"
+#include "dgDrawQuality.h"
 #include "dgGraphicalElement.h"
 #include "dgNetworkBox.h"
 #include "dgNetworkWalk.h"
@@ -352,6 +353,11 @@ void dgStructure::contents_changed()
     the_changed_calls.clear();
     network_changed();
     lose_bounds();
+}
+
+void dgStructure::draw_quality(const dgDrawQuality* quality)
+{
+    the_draw_quality.reset(quality ? new dgDrawQuality(*quality) : nullptr);
 }
 
 void dgStructure::print(std::ostream& os) const

@@ -13,6 +13,7 @@
 #include <vector>
 
 class dgCompiledStructure;
+struct dgDrawQuality;
 
 /// A display structure: an ordered list of graphical elements with a cursor of its own. Counted; it keeps a counted
 /// reference on each of its elements.
@@ -90,6 +91,10 @@ public:
     // For the renderer: the form in which the structure is drawn, made again after insertions and deletions.
     dgCompiledStructure& compiled() const;
 
+    // For gsFullQuality: the quality of drawings that begin here, in place of the renderer's; null for that. Copied.
+    const dgDrawQuality* draw_quality() const { return the_draw_quality.get(); }
+    void draw_quality(const dgDrawQuality* quality);
+
     // For walks through networks. While one is under way, what is taken out of the structure is kept for it.
     static unsigned long long new_walk();
     unsigned long long walk() const { return the_walk; }
@@ -136,6 +141,7 @@ private:
     mutable dgBounds the_bounds;                               // while known, so are those of all that is called
     mutable std::vector<const dgStructure*> the_changed_calls; // whose bounds were lost since this one's were known
     mutable unsigned long long the_walk = 0;                   // the walk that is under way here, 0: none
+    std::unique_ptr<const dgDrawQuality> the_draw_quality;
     mutable std::unique_ptr<dgCompiledStructure> the_compiled;
     mutable std::unique_ptr<Retired> the_retired; // until no walk is under way
 };

@@ -5,6 +5,14 @@
 
 class dgTextFont;
 
+/// What is drawn of a text.
+enum dgTextLook
+{
+    dgTEXT_FILLED = 0, ///< its letters
+    dgTEXT_LINES = 1,  ///< the outlines of its letters
+    dgTEXT_BOX = 2     ///< the outline of its room
+};
+
 /// The text attributes in force, resolved for a driver. Lengths are model units.
 struct dgTextStyle
 {
@@ -16,6 +24,7 @@ struct dgTextStyle
     giVector3 up{0, 1, 0};
     dgTextHorizontal horizontal = dgTEXT_LEFT;
     dgTextVertical vertical = dgTEXT_BASELINE;
+    dgTextLook look = dgTEXT_FILLED;
 
     bool operator==(const dgTextStyle&) const = default;
 };
