@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <set>
+#include <string_view>
 #include <utility>
 
 // The wide forms of the calls: the narrow ones cut names after 31 bytes, and know the code page's characters alone.
@@ -153,9 +154,10 @@ bool is_face(HDC context, const std::wstring& full_name)
     auto* metrics = reinterpret_cast<OUTLINETEXTMETRICW*>(room.data());
     if (!GetOutlineTextMetricsW(context, bytes, metrics))
         return false;
-    // The record holds offsets to its texts in the place of pointers.
+    // The record holds offsets to its texts in the place of pointers. What it calls the full name is the unique one,
+    // which may tell the maker and the version too.
     return same_name(
-        reinterpret_cast<const wchar_t*>(room.data() + reinterpret_cast<std::size_t>(metrics->otmpFullName)),
+        reinterpret_cast<const wchar_t*>(room.data() + reinterpret_cast<std::size_t>(metrics->otmpFaceName)),
         full_name.c_str());
 }
 
@@ -205,7 +207,9 @@ std::wstring path_of(IDWriteFontFile& file)
     if (FAILED(loader->GetFilePathFromKey(key, key_size, path.data(), length + 1)))
         return {};
     path.resize(length);
-    return path;
+    // Wine names it as its kernel does.
+    constexpr std::wstring_view kernel_prefix = L"\\??\\";
+    return path.starts_with(kernel_prefix) ? path.substr(kernel_prefix.size()) : path;
 }
 
 // Where the font of the context is on the disk, which GDI does not tell and DirectWrite does.

@@ -29,6 +29,30 @@ std::uint32_t number(const std::string& bytes, std::size_t at, int n_bytes)
     return value;
 }
 
+void put_number(std::string& bytes, std::size_t at, std::size_t value)
+{
+    for (std::size_t i = 0; i < 4; ++i)
+        bytes[at + i] = static_cast<char>(value >> (24 - 8 * i));
+}
+
+// The fonts one behind the other, with the places of their tables counted from the start of the file.
+std::string collection(const std::vector<std::string>& fonts)
+{
+    std::string file("ttcf\0\1\0\0", 8);
+    file.resize(12 + 4 * fonts.size());
+    put_number(file, 8, fonts.size());
+    for (std::size_t i = 0; i < fonts.size(); ++i)
+    {
+        file.resize((file.size() + 3) / 4 * 4);
+        put_number(file, 12 + 4 * i, file.size());
+        std::string font = fonts[i];
+        for (std::uint32_t table = 0; table < number(font, 4, 2); ++table)
+            put_number(font, 20 + 16 * table, number(font, 20 + 16 * table, 4) + file.size());
+        file += font;
+    }
+    return file;
+}
+
 // The same font with other code pages: the field stands 78 bytes into the OS/2 table, which the directory of 16 bytes a
 // table behind the first 12 bytes finds.
 std::string with_code_pages(std::string font, std::uint32_t pages)
@@ -114,6 +138,24 @@ TEST(apSystemFonts, faces_are_found_by_full_name_whatever_its_case)
     EXPECT_EQ(apSystemFonts::find_face("DejaVu Sans Bol", data), 0);
     EXPECT_EQ(apSystemFonts::find_face("", data), 0);
     EXPECT_EQ(data.file, file) << "untouched";
+    EXPECT_EQ(apSystemFonts::find_face("Liberation Sans Narrow Bold Italic", data), 1) << "longer than GDI asks for";
+}
+
+TEST(apSystemFonts, faces_of_collections_are_told_apart)
+{
+    tsFontFolder folder;
+    const std::vector<std::string> names{"Vantor Able", "Vantor Belt"};
+    const apPathName file(
+        folder.write("both.ttc", collection({tsRenamedFont(names[0]), tsRenamedFont(names[1])})).str());
+    ASSERT_EQ(apSystemFonts::add_private(file), 1);
+    for (int i = 0; i < 2; ++i)
+    {
+        apFaceData data;
+        EXPECT_EQ(apSystemFonts::find_face(names[i], data), 1) << names[i];
+        EXPECT_EQ(data.face_index, i);
+        EXPECT_TRUE(data.file.ends_with("both.ttc")) << data.file;
+    }
+    EXPECT_EQ(apSystemFonts::remove_private(file), 1);
 }
 
 TEST(apSystemFonts, overrides_nest)
