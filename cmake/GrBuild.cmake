@@ -90,7 +90,7 @@ endfunction()
 function(gr_exporting target library)
     target_compile_definitions(${target} PRIVATE ${library}_EXPORTS)
     if(WIN32)
-        # Others refer to constants and inline functions of exported classes by the library, by whatever compiler.
+        # As MSVC does: inline functions of exported classes are exported too, and have one address in a process.
         set_target_properties(${target} PROPERTIES VISIBILITY_INLINES_HIDDEN OFF)
     endif()
 endfunction()

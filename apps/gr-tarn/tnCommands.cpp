@@ -163,6 +163,7 @@ int tn_run(int argc, const char* const* argv, std::ostream& out, std::ostream& e
     tn_options options;
     command chosen = nullptr;
     CLI::App app("Converts triangle meshes to and from tarn files.", "gr-tarn");
+    app.allow_windows_style_options(false); // what begins with a slash is a file on every system
     app.set_version_flag("--version", "gr-tarn " GR_VERSION);
     app.require_subcommand(1);
 

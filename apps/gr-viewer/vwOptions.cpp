@@ -119,6 +119,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     std::string size;
     int version = 0;
     CLI::App app("Shows triangle meshes and turns them with the mouse.", "gr-viewer");
+    app.allow_windows_style_options(false); // what begins with a slash is a file on every system
     app.footer(
         "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
         "right zooms, the wheel zooms, R resets, I shows the isometric view, V perspective, control Q closes the "

@@ -131,8 +131,8 @@ TEST(dgTextFont, symbol_fonts_answer_to_the_codes_of_their_own_character_set)
     const dgRef<dgTextFont> symbol(new dgTextFont(tsHtmldocFont("Symbol.pfa"), tsHtmldocFont("Symbol.afm")));
     ASSERT_EQ(symbol->load_status(), dgTEXT_FONT_LOADED);
     EXPECT_EQ(symbol->glyph(U'a'), symbol->glyph(U'\u03B1')) << "alpha";
-    EXPECT_NE(symbol->glyph(U'a'), dgTextFont::missing_glyph);
-    EXPECT_EQ(symbol->glyph(U'\u4E00'), dgTextFont::missing_glyph);
+    EXPECT_NE(symbol->glyph(U'a'), unsigned{dgTextFont::missing_glyph});
+    EXPECT_EQ(symbol->glyph(U'\u4E00'), unsigned{dgTextFont::missing_glyph});
 }
 
 TEST(dgTextLayout, glyphs_follow_on_each_other_by_advance_kerning_factor_and_spacing)

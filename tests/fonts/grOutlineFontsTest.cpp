@@ -240,7 +240,7 @@ TEST(grOutlineFontFamilyReader, own_fonts_and_slanted_faces_have_their_marks)
     EXPECT_EQ(reader.add_morvex_fonts("/anywhere"), 0);
     grOutlineFontFamilyReader::set_morvex_font_finder(nullptr);
     EXPECT_EQ(reader.install_family(ltMORVEX_FONT, "Zeta", &renderer), 0);
-    EXPECT_NE(renderer.get_text_font(2)->glyph(U'A'), dgTextFont::missing_glyph);
+    EXPECT_NE(renderer.get_text_font(2)->glyph(U'A'), unsigned{dgTextFont::missing_glyph});
     EXPECT_EQ(renderer.get_text_font(5), renderer.get_text_font(2));
 }
 
