@@ -84,7 +84,6 @@ private:
     };
     void remove_views();
     void remove_renderer();
-    void erase_between_views(const giBox2& device_box) const;
     void draw_views(const giBox2& device_box, int erase, int render) const;
 
     grRubberBandManager the_rubber_band_manager;

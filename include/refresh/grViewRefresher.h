@@ -9,6 +9,7 @@
 #include "grViewListUtils.h"
 #include "gsRegenerate.h"
 
+#include <functional>
 #include <vector>
 
 class grRubberBandsOff;
@@ -76,6 +77,9 @@ protected:
 
     /// Draws a frame by another refresher from inside refresh(): rubber bands are off already.
     static void refresh_by(grViewRefresher& other);
+
+    /// What draws, in a buffer, the views of a renderer that are not views(), as bands may lie over them.
+    std::function<void(dgRenderer&)> picture_beside(dgDoubleBuffer buffer) const;
 
     /// Takes the rubber bands of a renderer off for the rest of a call of idle().
     void take_rubber_bands_off(dgRenderer* renderer);

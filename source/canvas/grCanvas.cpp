@@ -167,7 +167,7 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
         draw_views(window_box, 1, render);
         the_renderer->swap_buffers(grViewListUtils::erase_on_swap_buffers());
         // The buffer that was seen still has them; refreshers draw views over it, but nothing between them.
-        erase_between_views(window_box);
+        gr_erase_between_views(*the_renderer, window_box);
         the_renderer->select_buffer(dgFRONT_BUFFER);
         // An item that counts as erased is not undrawn: it would stay on an overlay that was left as it is.
         if (!grRubberBandManager::empty() &&
@@ -180,23 +180,10 @@ void grCanvas::erase_and_render_views(const giBox2& device_box, int erase, int r
     grRubberBandManager::temp_undraw(the_renderer.get());
     the_renderer->select_buffer(dgFRONT_BUFFER);
     if (erase)
-        erase_between_views(device_box);
+        gr_erase_between_views(*the_renderer, device_box);
     the_renderer->clip(device_box);
     draw_views(device_box, erase, render);
     the_renderer->clip(giBox2());
-}
-
-// Clears, in the selected buffer, what no view lies on.
-void grCanvas::erase_between_views(const giBox2& device_box) const
-{
-    for (const giBox2& box : gr_uncovered_boxes(*the_renderer))
-    {
-        if (!box.overlap(device_box))
-            continue;
-        the_renderer->clip(box.intersection(device_box));
-        the_renderer->erase(0);
-        the_renderer->clip(giBox2());
-    }
 }
 
 void grCanvas::draw_views(const giBox2& device_box, int erase, int render) const

@@ -3,6 +3,7 @@
 #include "dgRenderer.h"
 #include "dgStructure.h"
 #include "dgView.h"
+#include "grPictureBeside.h"
 #include "grRubberBandsOff.h"
 #include "utTypeID.h"
 
@@ -84,7 +85,7 @@ void grViewRefresher::draw_picture(void (grViewRefresher::*draw)())
     {
         const Drawing drawing(the_drawing);
         collect_renderers();
-        grRubberBandsOff rubber_bands(the_renderers);
+        grRubberBandsOff rubber_bands(the_renderers, picture_beside(dgBACK_BUFFER));
         rubber_bands.take_off_all();
         set_draw_quality();
         (this->*draw)();
@@ -92,6 +93,11 @@ void grViewRefresher::draw_picture(void (grViewRefresher::*draw)())
         rubber_bands.select_front_buffers();
     }
     end_if_asked();
+}
+
+std::function<void(dgRenderer&)> grViewRefresher::picture_beside(dgDoubleBuffer buffer) const
+{
+    return [this, buffer](dgRenderer& renderer) { gr_draw_picture_beside(renderer, the_views, buffer); };
 }
 
 grIdleAction grViewRefresher::base_idle()
@@ -102,7 +108,7 @@ grIdleAction grViewRefresher::base_idle()
     {
         const Drawing drawing(the_drawing);
         collect_renderers();
-        grRubberBandsOff rubber_bands(the_renderers);
+        grRubberBandsOff rubber_bands(the_renderers, picture_beside(dgFRONT_BUFFER));
         the_idle_rubber_bands = &rubber_bands;
         action = idle();
         the_idle_rubber_bands = nullptr;

@@ -187,7 +187,7 @@ void grViewRefresherFast::end_twiddle()
         the_in_refresh = 0;
         return;
     }
-    grRubberBandsOff rubber_bands(renderers());
+    grRubberBandsOff rubber_bands(renderers(), picture_beside(dgBACK_BUFFER));
     rubber_bands.take_off_all();
     the_final_frame = 1;
     refresh();

@@ -12,7 +12,11 @@ void grRubberBandsOff::take_off(dgRenderer* renderer)
     if (std::find(the_bare.begin(), the_bare.end(), renderer) != the_bare.end())
         return;
     the_bare.push_back(renderer);
+    const bool scene_takes_off =
+        the_clear_beside && grRubberBandManager::mode(renderer) == grRUBBER_BAND_IN_MAIN_PLANES;
     grRubberBandManager::temp_undraw(renderer);
+    if (scene_takes_off)
+        the_clear_beside(*renderer);
 }
 
 void grRubberBandsOff::take_off_all()

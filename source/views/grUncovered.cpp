@@ -56,3 +56,15 @@ std::vector<giBox2> gr_uncovered_boxes(const dgRenderer& renderer)
             cut_out(boxes, view->camera().view_port_dc());
     return boxes;
 }
+
+void gr_erase_between_views(dgRenderer& renderer, const giBox2& device_box)
+{
+    for (const giBox2& box : gr_uncovered_boxes(renderer))
+    {
+        if (!box.overlap(device_box))
+            continue;
+        renderer.clip(box.intersection(device_box));
+        renderer.erase(0);
+        renderer.clip(giBox2());
+    }
+}

@@ -2,8 +2,11 @@
 
 #include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvasRegistry.h"
+#include "grPictureBeside.h"
 #include "grRubberBandsOff.h"
 #include "grTwiddleOverlayCallback.h"
+#include "grUncovered.h"
 #include "grView.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
@@ -63,6 +66,20 @@ int live_view_before(const dgViewcoDList& views, int position)
     while (position >= 0 && !alive(views[position]));
     return position;
 }
+}
+
+void gr_draw_picture_beside(dgRenderer& renderer, const dgViewcoDList& views, dgDoubleBuffer buffer)
+{
+    renderer.select_buffer(buffer);
+    if (gr_find_canvas(&renderer))
+        gr_erase_between_views(renderer, renderer.window_box());
+    dgViewcoDList others;
+    for (dgView* view : dgS::views())
+        if (view->renderer() == &renderer && !views.contains(view))
+            others.add_last(view);
+    for (dgView* view : others)
+        if (alive(view) && view->renderer() == &renderer)
+            draw_view(*view);
 }
 
 void grViewListUtils::sort_views_by_renderer(dgViewcoDList& views)
@@ -187,7 +204,8 @@ void grViewListUtils::refresh_views(const dgViewcoDList& views, dgStructure* ext
 
 void grViewListUtils::refresh_views_and_rubber_banding(const dgViewcoDList& views, const dgRenderercoDList& renderers)
 {
-    grRubberBandsOff rubber_bands(renderers);
+    grRubberBandsOff rubber_bands(renderers, [&](dgRenderer& renderer)
+                                  { gr_draw_picture_beside(renderer, views, dgBACK_BUFFER); });
     rubber_bands.take_off_all();
     refresh_views(views, nullptr, nullptr);
 }

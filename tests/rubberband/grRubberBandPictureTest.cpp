@@ -6,6 +6,10 @@
 #include "grRubberBandGraphicalElement.h"
 #include "grRubberBandManager.h"
 #include "grRubberBandStructure.h"
+#include "grTimeoutRendererCache.h"
+#include "grViewRefresherFast.h"
+#include "grViewRefresherFull.h"
+#include "grViewRefresherTimeout.h"
 #include "gr_rubber_band.h"
 
 #include "dgLighting.h"
@@ -178,6 +182,50 @@ TEST(grRubberBandPicture, sequences_leave_the_scene_to_the_bit)
         grRubberBandManager::set_redraw_callback(technique.redraw ? via_redraw : nullptr, nullptr);
         play(canvas);
         EXPECT_EQ(grRubberBandManager::mode(canvas.renderer()), technique.mode);
+    }
+}
+
+// One of two views beside each other is redrawn, while a line over both has been elsewhere in the buffer that is not
+// seen.
+TEST(grRubberBandPicture, redrawing_one_view_leaves_nothing_of_bands_that_are_gone)
+{
+    for (const char* kind : {"full", "fast", "timeout"})
+    {
+        NoisyCanvas canvas(0);
+        const grRubberBandManager manager;
+        grRubberBandManager::set_redraw_callback(via_redraw, nullptr);
+        dgView& beside = canvas.canvas.add_view();
+        beside.camera() = canvas.view.camera();
+        beside.root(canvas.view.root());
+        canvas.view.camera().view_port_dc(giBox2(0, 0, 29, height - 1));
+        beside.camera().view_port_dc(giBox2(34, 0, width - 1, height - 1));
+        canvas.canvas.erase_and_render_views(canvas.window.device_box(), 1, 1);
+        for (const int y : {10, 20})
+        {
+            gr_undraw_rubber_banding();
+            gr_rubber_band_line(0, y, width - 1, y);
+            gr_draw_rubber_banding(canvas.renderer());
+        }
+        const dgImage before = canvas.picture();
+        const dgViewcoDList views{&canvas.view};
+        grTimeoutRendererCache cache(16);
+        std::unique_ptr<grViewRefresher> refresher;
+        if (kind[1] == 'u')
+            refresher = std::make_unique<grViewRefresherFull>(views);
+        else if (kind[0] == 'f')
+            refresher = std::make_unique<grViewRefresherFast>(views);
+        else
+            refresher = std::make_unique<grViewRefresherTimeout>(views, &cache, 1.0, 1, 1, 1);
+        refresher->base_start_twiddle();
+        for (int frame = 1; frame <= 3; ++frame)
+        {
+            refresher->base_refresh();
+            EXPECT_TRUE(same_pictures(canvas.picture(), before)) << kind << " frame " << frame;
+        }
+        refresher->force_redraw_on_end_twiddle();
+        refresher->base_end_twiddle();
+        EXPECT_TRUE(same_pictures(canvas.picture(), before)) << kind << " end";
+        gr_undraw_rubber_banding();
     }
 }
 

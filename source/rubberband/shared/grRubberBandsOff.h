@@ -2,15 +2,24 @@
 
 #include "dgS.h"
 
+#include <functional>
 #include <vector>
 
 /// Takes the rubber bands off that would lie under what is drawn, and puts them back at the end of its life. Nothing
 /// happens while grRubberBandManager::do_redraw is off or there are no bands.
+///
+/// Bands in main planes that go by drawing the scene again are taken off by what is drawn, and there alone. The rest of
+/// the picture is left to clear_beside.
 class grRubberBandsOff
 {
 public:
+    /// Draws what will not be drawn of a renderer's picture.
+    using ClearBeside = std::function<void(dgRenderer&)>;
+
     /// Takes nothing off yet. The list must outlive the object; a renderer that leaves it meanwhile is not used again.
-    explicit grRubberBandsOff(const dgRenderercoDList& renderers) : the_renderers(renderers) {}
+    explicit grRubberBandsOff(const dgRenderercoDList& renderers, ClearBeside clear_beside = nullptr)
+        : the_renderers(renderers), the_clear_beside(std::move(clear_beside))
+    {}
     ~grRubberBandsOff();
     grRubberBandsOff(const grRubberBandsOff&) = delete;
     grRubberBandsOff& operator=(const grRubberBandsOff&) = delete;
@@ -24,5 +33,6 @@ public:
 
 private:
     const dgRenderercoDList& the_renderers;
+    ClearBeside the_clear_beside;
     std::vector<dgRenderer*> the_bare; // whose bands are off
 };

@@ -13,6 +13,9 @@ std::vector<giBox2> gr_uncovered_boxes(const dgView& view);
 /// The parts of a renderer's window that no view lies on.
 std::vector<giBox2> gr_uncovered_boxes(const dgRenderer& renderer);
 
+/// Clears them, in the selected buffer, as far as they lie in a device box.
+void gr_erase_between_views(dgRenderer& renderer, const giBox2& device_box);
+
 /// Calls draw for a view that may lie under others, once for each of these boxes, to which the renderer is clipped
 /// meanwhile. A single box that is the whole viewport is not clipped to.
 template <class Draw>
