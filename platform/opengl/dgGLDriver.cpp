@@ -164,6 +164,13 @@ void dgGLDriver::own_modes()
     glStencilOp(the_stencil.operations[0], the_stencil.operations[1], the_stencil.operations[2]);
 }
 
+// Before something is drawn or read. An overlay is made only then, as many are never used.
+void dgGLDriver::need_layer()
+{
+    if (the_overlay && !the_window.overlay_made())
+        the_window.make_overlay();
+}
+
 void dgGLDriver::set_scissor(const giBox2& device_box) const
 {
     giBox2 visible = device_box;
@@ -211,6 +218,13 @@ void dgGLDriver::clear_box(const giBox2& device_box, unsigned planes, const floa
 {
     if (the_device.lost())
         return;
+    const int transparent = the_overlay && rgba[3] == 0;
+    if (transparent && !the_window.overlay_made())
+    {
+        the_window.overlay_cleared(device_box);
+        return;
+    }
+    need_layer();
     own_modes();
     set_scissor(device_box);
     glClearColor(rgba[0], rgba[1], rgba[2], rgba[3]);
@@ -222,7 +236,7 @@ void dgGLDriver::clear_box(const giBox2& device_box, unsigned planes, const floa
     set_scissor(the_camera.view_port);
     if (!(planes & GL_COLOR_BUFFER_BIT))
         return;
-    if (the_overlay && rgba[3] == 0)
+    if (transparent)
         the_window.overlay_cleared(device_box);
     else
         the_window.layer_drawn(the_overlay);
@@ -350,6 +364,7 @@ bool dgGLDriver::colours_change(const float* colour)
 // Puts the program, its values and the modes in force that draw under the current state, few features or more.
 void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few)
 {
+    need_layer();
     own_modes();
     if (the_transforms_changed || origin != the_origin)
     {
@@ -656,6 +671,7 @@ void dgGLDriver::read_pixels(const giBox2& device_box, dgImage& image)
     if (low_x >= end_x || low_y >= end_y || the_device.lost())
         return;
     begin();
+    need_layer();
     own_modes();
     glPixelStorei(GL_PACK_ROW_LENGTH, box.width);
     glReadPixels(low_x, low_y, end_x - low_x, end_y - low_y, GL_RGBA, GL_UNSIGNED_BYTE,

@@ -60,6 +60,7 @@ public:
 
 private:
     void own_modes();
+    void need_layer();
     void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
     void prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few);

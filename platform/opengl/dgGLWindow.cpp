@@ -91,8 +91,8 @@ struct Corners
     int low_x, low_y, end_x, end_y;
 };
 
-// Clears the framebuffer that is bound; false when it cannot be drawn to.
-bool cleared(float alpha)
+// Clears planes of the framebuffer that is bound; false when it cannot be drawn to.
+bool cleared(float alpha, unsigned planes)
 {
     if (glCheckFramebufferStatus(GL_FRAMEBUFFER) != GL_FRAMEBUFFER_COMPLETE)
         return false;
@@ -101,9 +101,11 @@ bool cleared(float alpha)
     glDepthMask(GL_TRUE);
     glStencilMask(~0u);
     glClearColor(0, 0, 0, alpha);
-    glClear(GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT);
+    glClear(planes);
     return true;
 }
+
+constexpr unsigned all_planes = GL_COLOR_BUFFER_BIT | GL_DEPTH_BUFFER_BIT | GL_STENCIL_BUFFER_BIT;
 }
 
 struct dgGLWindow::Buffers
@@ -127,7 +129,8 @@ struct dgGLWindow::Buffers
         {
             colour->texture = make_colour_texture(width, height);
             colour->framebuffer = make_framebuffer(colour->texture, depth_stencil);
-            complete = complete && cleared(1);
+            // They share the depth and stencil planes: in large surfaces every pass over one counts.
+            complete = complete && cleared(1, colour == &front ? all_planes : GL_COLOR_BUFFER_BIT);
         }
         return complete;
     }
@@ -136,7 +139,7 @@ struct dgGLWindow::Buffers
         overlay_depth_stencil = make_depth_stencil(width, height);
         overlay.texture = make_colour_texture(width, height);
         overlay.framebuffer = make_framebuffer(overlay.texture, overlay_depth_stencil);
-        return cleared(0);
+        return cleared(0, all_planes);
     }
     void free()
     {
@@ -228,8 +231,7 @@ void dgGLWindow::make_buffers(int width, int height)
     const auto made = [this](int wide, int high)
     {
         discard_errors();
-        const bool complete = the_buffers->make_main(wide, high) &&
-                              (!the_overlay || the_buffers->make_overlay(wide, high)) && glGetError() == GL_NO_ERROR;
+        const bool complete = the_buffers->make_main(wide, high) && glGetError() == GL_NO_ERROR;
         the_width = complete ? wide : 1;
         the_height = complete ? high : 1;
         return complete;
@@ -249,14 +251,19 @@ std::unique_ptr<dgDriver> dgGLWindow::make_driver(int inverting)
 dgWindow* dgGLWindow::overlay()
 {
     if (!the_overlay)
-    {
         the_overlay = std::make_unique<Overlay>(*this);
-        const dgGLDevice::Use use(*the_device);
-        the_device->modes_owner(nullptr);
-        if (use)
-            the_buffers->make_overlay(the_width, the_height);
-    }
     return the_overlay.get();
+}
+
+bool dgGLWindow::overlay_made() const
+{
+    return the_buffers->overlay.framebuffer != 0;
+}
+
+void dgGLWindow::make_overlay()
+{
+    the_buffers->make_overlay(the_width, the_height);
+    the_device->modes_owner(nullptr);
 }
 
 void dgGLWindow::select_buffer(dgDoubleBuffer buffer)

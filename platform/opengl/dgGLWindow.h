@@ -40,6 +40,7 @@ public:
     std::unique_ptr<dgDriver> make_driver(int inverting) override;
 
     /// The layer over this window, of the same size and owned by it. Pixels that nothing was drawn on are transparent.
+    /// It takes memory from when it is first drawn on.
     dgWindow* overlay();
 
     /// The colour buffer that drawing and reading use; the back one at first. All drivers of the window share it.
@@ -69,6 +70,8 @@ public:
     void read_front(dgImage& image);
 
     // For the drivers of the window and of its overlay.
+    bool overlay_made() const;
+    void make_overlay();
     void bind_layer(int overlay);
     void layer_drawn(int overlay);
     void overlay_cleared(const giBox2& box);
