@@ -16,11 +16,13 @@ constexpr double most_extents_of_one = 4 * most_extents;
 // Points have no extent; up to the distance of most_extents units they count as one unit wide.
 constexpr double extent_of_points = 1;
 
-// Shapes that are drawn together take no more origins of their own than this; each costs a draw call.
-constexpr std::size_t most_own_origins = 64;
+// Each origin costs a draw call: where shapes that are drawn together would take more of their own than this, they
+// share them in larger cells.
+constexpr std::size_t many_own_origins = 64;
 
-// Sides of the grid's cells, in extents.
-constexpr double cell_extents = 32;
+// Sides of the grid's cells, in extents, which become up to twice as long: in large ones a shape still reaches no
+// farther than most_extents_of_one from its origin.
+constexpr double small_cell_extents = 32, large_cell_extents = most_extents_of_one / 2;
 
 std::array<double, 3> key(const giPoint3& place)
 {
@@ -38,7 +40,7 @@ double extent_or_point(const giBox3& box)
     return size > 0 ? size : extent_of_points;
 }
 
-giPoint3 grid_place(const giBox3& box)
+giPoint3 grid_place(const giBox3& box, double cell_extents)
 {
     const giPoint3 middle = box.middle();
     const double size = extent(box);
@@ -82,7 +84,8 @@ void dgGLOrigins::release(unsigned origin)
 giPoint3 dgGLOrigins::for_box(const giBox3& box)
 {
     // Infinities and what is no number compare false, and stay what they are.
-    return reach(box, giPoint3()) > most_extents * extent_or_point(box) ? grid_place(box) : giPoint3();
+    return reach(box, giPoint3()) > most_extents * extent_or_point(box) ? grid_place(box, small_cell_extents)
+                                                                        : giPoint3();
 }
 
 std::vector<giPoint3> dgGLOrigins::for_boxes(const std::vector<giBox3>& boxes)
@@ -92,15 +95,21 @@ std::vector<giPoint3> dgGLOrigins::for_boxes(const std::vector<giBox3>& boxes)
         whole.merge(box);
     const giPoint3 common = whole.empty() ? giPoint3() : for_box(whole);
     std::vector<giPoint3> places(boxes.size(), common);
-    std::set<std::array<double, 3>> own;
+    std::vector<std::size_t> torn;
     for (std::size_t i = 0; i < boxes.size(); ++i)
         if (!boxes[i].empty() && extent(boxes[i]) > 0 && reach(boxes[i], common) > farthest(boxes[i]))
-        {
-            places[i] = grid_place(boxes[i]);
-            own.insert(key(places[i]));
-            if (own.size() > most_own_origins)
-                return std::vector<giPoint3>(boxes.size(), common);
-        }
+            torn.push_back(i);
+    std::set<std::array<double, 3>> own;
+    for (const std::size_t i : torn)
+    {
+        places[i] = grid_place(boxes[i], small_cell_extents);
+        own.insert(key(places[i]));
+        if (own.size() > many_own_origins)
+            break;
+    }
+    if (own.size() > many_own_origins)
+        for (const std::size_t i : torn)
+            places[i] = grid_place(boxes[i], large_cell_extents);
     return places;
 }
 

@@ -26,8 +26,8 @@ public:
     static giPoint3 for_box(const giBox3& box);
 
     /// The same for each of the shapes that are stored together, and drawn together if they have one origin. A shape
-    /// gets another one than all of them would have when it is tiny beside its distance from that, as long as such
-    /// shapes need few.
+    /// gets another one than all of them would have when it is tiny beside its distance from that. Where many do, they
+    /// share origins as far as single precision allows.
     static std::vector<giPoint3> for_boxes(const std::vector<giBox3>& boxes);
 
     /// The largest difference of a coordinate in the box from that of the origin.

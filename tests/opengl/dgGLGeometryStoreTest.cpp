@@ -103,14 +103,13 @@ TEST(dgGLGeometryStore, gives_the_room_of_deleted_elements_to_new_ones)
 
 namespace
 {
-// A part near a place: blocks with and without normals, lines, points and a text, and the box about them all.
-dgImage picture_at(const giPoint3& place, int far_neighbour, int through_transform)
+// A part near a place: blocks with and without normals, lines, points and a text, and the box about them all. Far
+// neighbours are alike, each as far from the one before as the part from zero.
+dgImage picture_at(const giPoint3& place, int far_neighbours, int through_transform)
 {
     const giPoint3 near = through_transform ? giPoint3() : place;
     Scene scene;
     scene.view.camera().orientation(giXform3::translation(-place.vector()));
-    if (far_neighbour)
-        scene.add(rectangle(-20, 3, -10, 9));
     if (through_transform)
         scene.add(new dgTransform(giXform3::translation(place.vector())));
     for (const int with_normals : {1, 0})
@@ -123,6 +122,15 @@ dgImage picture_at(const giPoint3& place, int far_neighbour, int through_transfo
         }
         if (!with_normals)
             block->remove_normals();
+        scene.add(new dgTriangleBlock(block, 1));
+    }
+    for (int i = 0; i < far_neighbours; ++i)
+    {
+        const giPoint3 corner = near + giVector3(-20, 3, 0) - i * giVector3(place.x(), place.y(), 0);
+        giTriBlock* block = new giTriBlock;
+        for (const giVector3& side : {giVector3(), giVector3(10, 0, 0), giVector3(0, 6, 0)})
+            block->nodes().append(corner + side);
+        block->triangles().emplace_back(0, 1, 2);
         scene.add(new dgTriangleBlock(block, 1));
     }
     auto* line = new dgPolyline;
@@ -143,7 +151,7 @@ dgImage picture_at(const giPoint3& place, int far_neighbour, int through_transfo
     for (int i = 0; i < scene.root->nelements(); ++i)
         scene.view.execute(*scene.root->element(i));
     scene.renderer.pop_structure();
-    if (!far_neighbour)
+    if (!far_neighbours)
         scene.renderer.draw_bounding_box(*scene.root);
     scene.view.end();
     return scene.picture();
@@ -154,11 +162,11 @@ dgImage picture_at(const giPoint3& place, int far_neighbour, int through_transfo
 TEST(dgGLGeometryStore, a_part_far_from_the_origin_looks_exactly_like_one_there)
 {
     for (const double away : {0x1p20, 0x1p30, 0x1p36})
-        for (const int far_neighbour : {0, 1})
+        for (const int far_neighbours : {0, 1, 100})
             for (const int through_transform : {0, 1})
-                EXPECT_TRUE(same_pictures(picture_at({away, -away, away}, far_neighbour, through_transform),
-                                          picture_at({}, far_neighbour, 0)))
-                    << away << far_neighbour << through_transform;
+                EXPECT_TRUE(same_pictures(picture_at({away, -away, away}, far_neighbours, through_transform),
+                                          picture_at({}, far_neighbours, 0)))
+                    << away << ' ' << far_neighbours << ' ' << through_transform;
 }
 
 TEST(dgGLGeometryStore, windows_of_one_device_share_what_they_draw)
