@@ -122,14 +122,22 @@ private:
     std::vector<char> the_bytes;
 };
 
+// In one step: a limit of no processor time, be it for a moment, is passed by the next tick of the clock.
+template <class Resource>
+void set_limit(Resource resource, double value)
+{
+    rlimit limit = {};
+    ::getrlimit(resource, &limit);
+    limit.rlim_cur = value < static_cast<double>(limit.rlim_max) ? static_cast<rlim_t>(value) : limit.rlim_max;
+    ::setrlimit(resource, &limit);
+}
+
 template <class Resource>
 void raise_limit(Resource resource, double by)
 {
     rlimit limit = {};
     ::getrlimit(resource, &limit);
-    const double raised = static_cast<double>(limit.rlim_cur) + by;
-    limit.rlim_cur = raised < static_cast<double>(limit.rlim_max) ? static_cast<rlim_t>(raised) : limit.rlim_max;
-    ::setrlimit(resource, &limit);
+    set_limit(resource, static_cast<double>(limit.rlim_cur) + by);
 }
 
 void start_limits()
@@ -137,19 +145,10 @@ void start_limits()
     const rlimit no_core = {0, 0};
     ::setrlimit(RLIMIT_CORE, &no_core);
     double pages = 0;
-    rlimit limit = {};
     // What the process has by now, where the system tells.
     if (memory_can_be_limited && std::ifstream("/proc/self/statm") >> pages)
-    {
-        ::getrlimit(RLIMIT_AS, &limit);
-        limit.rlim_cur = 0;
-        ::setrlimit(RLIMIT_AS, &limit);
-        raise_limit(RLIMIT_AS, pages * static_cast<double>(::sysconf(_SC_PAGESIZE)) + base_bytes);
-    }
-    ::getrlimit(RLIMIT_CPU, &limit);
-    limit.rlim_cur = 0;
-    ::setrlimit(RLIMIT_CPU, &limit);
-    raise_limit(RLIMIT_CPU, base_seconds);
+        set_limit(RLIMIT_AS, pages * static_cast<double>(::sysconf(_SC_PAGESIZE)) + base_bytes);
+    set_limit(RLIMIT_CPU, base_seconds);
 }
 
 [[noreturn]] void be_child(const std::function<void(std::ostream&)>& work, int descriptor)
