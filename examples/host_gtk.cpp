@@ -25,20 +25,8 @@ gwHostKey key_of(guint key)
 {
     if (key >= GDK_KEY_F1 && key <= GDK_KEY_F12)
         return {gwFUNCTION_KEY, static_cast<int>(key - GDK_KEY_F1) + 1};
-    switch (key)
-    {
-    case GDK_KEY_Escape: return gw_character_key(27);
-    case GDK_KEY_Return: return gw_character_key('\r');
-    case GDK_KEY_Tab: return gw_character_key('\t');
-    case GDK_KEY_BackSpace: return gw_character_key('\b');
-    case GDK_KEY_Home: return {gwOTHER_KEY, gwKEY_HOME};
-    case GDK_KEY_Shift_L:
-    case GDK_KEY_Shift_R: return {gwOTHER_KEY, gwKEY_SHIFT};
-    case GDK_KEY_Control_L:
-    case GDK_KEY_Control_R: return {gwOTHER_KEY, gwKEY_CTRL};
-    case GDK_KEY_Alt_L:
-    case GDK_KEY_Alt_R: return {gwOTHER_KEY, gwKEY_ALT};
-    }
+    if (key == GDK_KEY_Home)
+        return {gwOTHER_KEY, gwKEY_HOME};
     return gw_character_key(gdk_keyval_to_unicode(key));
 }
 
@@ -63,7 +51,6 @@ struct Host
     guint held_key = 0; // GTK reports the repeats of a key as presses
 
     int scale() const { return gtk_widget_get_scale_factor(widget); }
-
     void draw()
     {
         view->camera().view_port_dc(area->device_box());

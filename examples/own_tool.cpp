@@ -49,7 +49,8 @@ protected:
     void mouse_event(const gwMouseEvent& event) override
     {
         giPoint3 end;
-        if (!target_view() || !the_on_surface || !gr_surface_point(*target_view(), giPoint2(event.x(), event.y()), end))
+        if (state() != grTWID_TWIDDLING || !target_view() || !the_on_surface ||
+            !gr_surface_point(*target_view(), giPoint2(event.x(), event.y()), end))
             return;
         take_off();
         draw(*target_view(), end);

@@ -1,7 +1,6 @@
 #include "vwBindings.h"
 
 #include "vwResources.h"
-#include "vwTools.h"
 
 #include "flMessages.h"
 
@@ -18,6 +17,7 @@
 #include <iomanip>
 #include <iterator>
 #include <ostream>
+#include <sstream>
 #include <system_error>
 
 namespace
@@ -66,6 +66,15 @@ const struct
     {"view_index", "next", "go on to the next saved camera"},
     {"view_index", nullptr, "go back to the previous saved camera"},
     {"zoom_box", nullptr, "drag a box to fill the view with it"},
+    {"select", "toggle", "select what is under the pointer too, or no longer"},
+    {"select", nullptr, "select what is under the pointer"},
+    {"show", "isolate", "show what is selected alone, or all again"},
+    {"show", "see_through", "make what is selected see-through, or no longer"},
+    {"show", "all", "show all there is"},
+    {"show", nullptr, "hide what is selected, or is under the pointer"},
+    {"view", nullptr, "look from that side"},
+    {"fit", nullptr, "fit the view to all there is"},
+    {"select_box", nullptr, "drag a box to select what is seen in it"},
     {"perspective", nullptr, "show the view in perspective, or no longer"},
     {"no_op", nullptr, "nothing"},
     {"spaceball", nullptr, "turn and move the view"},
@@ -92,6 +101,8 @@ std::string key_text(gwKeyType type, int number)
             return "spaceball";
         return number == gwSPACEBALL_RESET ? "spaceball's fit button" : "spaceball button " + std::to_string(number);
     case gwMOUSE_WHEEL: return "wheel";
+    case gwMOUSE_CLICK: return "click of the " + key_text(gwMOUSE_BUTTON, number);
+    case gwMOUSE_DOUBLE_CLICK: return "double click of the " + key_text(gwMOUSE_BUTTON, number);
     case gwQWERTY_KEY: break;
     }
     if (number > ' ' && number <= '~')
@@ -170,8 +181,7 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
 void vw_write_bindings(const gwResourceDB& db, std::ostream& os)
 {
     gwInput input;
-    vwTools own_tools(nullptr);
-    const grStdTwiddling twiddling(&input, &db, nullptr, &own_tools);
+    const grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
     std::vector<const grAction*> actions;
     for (const grAction* action : twiddling.twiddle_man()->actions())
         actions.push_back(action);
@@ -191,6 +201,27 @@ void vw_write_bindings(const gwResourceDB& db, std::ostream& os)
             os << "  [never: an action before it takes the key]";
         os << '\n';
     }
+}
+
+std::string vw_help_text(const gwResourceDB& db)
+{
+    std::ostringstream help;
+    gwInput input;
+    const grStdTwiddling twiddling(&input, &db, nullptr, nullptr);
+    int views = 0;
+    for (const grAction* action : twiddling.twiddle_man()->actions())
+    {
+        const utString& tool = action->action_name();
+        if (tool == "no_op" || tool == "spaceball" || action->trigger().key_type() == gwSPACEBALL_BUTTON ||
+            (tool == "view" && views++))
+            continue;
+        help << trigger_text(action->trigger()) << "  "
+             << (tool == "view" ? "look from a side; so do the keys after it" : description(*action)) << '\n';
+    }
+    help << "F1  help\nF2  axes and scale bar\nF3  edges\nF4  list of parts; arrows up and down go through it\n"
+            "F5  read the files again\nF6  background\nF11  full screen\nF12  write a picture\n"
+            "control + Q  close the window\n";
+    return help.str();
 }
 
 int vw_list_bindings(const std::string& resources, const std::string& bindings, std::ostream& os, std::string& error)

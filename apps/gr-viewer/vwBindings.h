@@ -25,6 +25,9 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
 /// in which they are tried. What an earlier action makes impossible is marked.
 void vw_write_bindings(const gwResourceDB& db, std::ostream& os);
 
+/// Lines of help: keys and what they do, two blanks between, with those that are the viewer's own.
+std::string vw_help_text(const gwResourceDB& db);
+
 /// Writes that sheet for a resource file and bindings, each of which may be empty, and what presets there are. Answers
 /// 1, or 0 with error set.
 int vw_list_bindings(const std::string& resources, const std::string& bindings, std::ostream& os, std::string& error);

@@ -191,6 +191,16 @@ void vw_lay_text(const vwOptions& options, const dgRenderer& renderer, int slot,
     root.add(text.get());
 }
 
+void vw_offer_font(const vwOptions& options, vwScene& scene)
+{
+    scene.overlay().font_source(
+        [&options, &scene]
+        {
+            std::string error;
+            return vw_install_font(options, scene.renderer(), error);
+        });
+}
+
 int vw_add_text(const vwOptions& options, vwScene& scene, vwModel& model, std::string& error)
 {
     if (options.text.empty() && !options.stats && !options.paper)

@@ -23,6 +23,9 @@ int vw_install_font(const vwOptions& options, dgRenderer& renderer, std::string&
 void vw_lay_text(const vwOptions& options, const dgRenderer& renderer, int slot, const dgCamera& camera,
                  dgStructure& root);
 
+/// Has the scene's overlay install a font, as the options say, when it first needs one.
+void vw_offer_font(const vwOptions& options, vwScene& scene);
+
 /// Installs a font where the options ask for text, for frame times or for a sheet, and gives it to the scene for the
 /// numbers of the frame times, the title of the sheet and the text. Answers 1, or 0 with error set and the model as it
 /// was; numbers alone are left out with a warning where there is no font.

@@ -4,13 +4,16 @@
 #include "msMeshFile.h"
 #include "msTarnFile.h"
 
+#include "dgStructureCall.h"
 #include "dgSurfaceColour.h"
+#include "dgTransform.h"
 #include "dgTriangleBlock.h"
 #include "giAngleDegrees.h"
 #include "giTriBlock.h"
 
 #include <iterator>
 #include <memory>
+#include <numbers>
 #include <ostream>
 #include <string>
 
@@ -51,7 +54,27 @@ giAngle vwModel::crease()
     return giAngleDegrees(crease_degrees);
 }
 
-vwModel::vwModel() : the_root(new dgClientStructure()) {}
+vwModel::vwModel(gi_Axis up) : the_root(new dgClientStructure()), the_blocks(the_root)
+{
+    if (up == gi_Z_AXIS)
+        return;
+    const double quarter_turn = std::numbers::pi / 2;
+    the_placing = up == gi_Y_AXIS ? giXform3::rotation(giAngle(quarter_turn), gi_X_AXIS, giPoint3())
+                                  : giXform3::rotation(giAngle(-quarter_turn), gi_Y_AXIS, giPoint3());
+    the_blocks = dgRef<dgClientStructure>(new dgClientStructure());
+    the_root->add(new dgTransform(the_placing));
+    the_call.emplace_back(new dgStructureCall(the_blocks.get()));
+    the_root->add(the_call.back().get());
+}
+
+void vwModel::clear()
+{
+    the_blocks->clear();
+    the_parts.clear();
+    the_files.clear();
+    the_n_blocks = 0;
+    the_n_triangles = 0;
+}
 
 int vwModel::add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error)
 {
@@ -92,6 +115,7 @@ int vwModel::add_file(const std::string& file, std::string& error)
 void vwModel::start_file(const std::string& file)
 {
     the_files.push_back(file);
+    the_file_block = 0;
 }
 
 int vwModel::add(std::unique_ptr<giTriBlock> block, std::string& error)
@@ -105,8 +129,13 @@ int vwModel::add(std::unique_ptr<giTriBlock> block, std::string& error)
 void vwModel::add(std::unique_ptr<giTriBlock> block)
 {
     the_n_triangles += block->triangle_count();
-    the_root->add(new dgSurfaceColour(palette[static_cast<std::size_t>(the_n_blocks) % std::size(palette)]));
-    the_root->add(new dgTriangleBlock(block.release(), 1));
+    the_blocks->add(new dgSurfaceColour(palette[static_cast<std::size_t>(the_n_blocks) % std::size(palette)]));
+    vwPart part{name_without_folder(the_files.empty() ? "" : the_files.back()), the_call};
+    if (++the_file_block > 1)
+        part.name += " " + std::to_string(the_file_block);
+    part.path.emplace_back(new dgTriangleBlock(block.release(), 1));
+    the_blocks->add(part.path.back().get());
+    the_parts.push_back(std::move(part));
     ++the_n_blocks;
 }
 

@@ -1,8 +1,12 @@
 #pragma once
 
+#include "vwParts.h"
+
 #include "dgClientStructure.h"
 #include "dgRef.h"
 #include "giAngle.h"
+#include "giXform3.h"
+#include "gi_Axis.h"
 
 #include <iosfwd>
 #include <memory>
@@ -18,7 +22,8 @@ public:
     /// Edges of meshes without normals that turn by more than this stay sharp.
     static giAngle crease();
 
-    vwModel();
+    /// up is the axis of the files that shall point where z does.
+    explicit vwModel(gi_Axis up = gi_Z_AXIS);
 
     /// Adds the files in order. Answers 1, or 0 with error set by the first that fails. Flaws are told on notes.
     int add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error);
@@ -36,7 +41,14 @@ public:
     /// Tells what will not look as it is.
     void note_flaws(std::ostream& notes) const;
 
+    /// What views show.
     dgStructure& root() const { return *the_root; }
+    /// From the coordinates of the files to those of the root.
+    const giXform3& placing() const { return the_placing; }
+    /// The blocks in order, each named by its file and, if that has several, its number in it.
+    const std::vector<vwPart>& parts() const { return the_parts; }
+    /// Lets go of all files.
+    void clear();
     int n_blocks() const { return the_n_blocks; }
     long long n_triangles() const { return the_n_triangles; }
     /// The names of the files without their folders, with commas.
@@ -48,7 +60,11 @@ public:
 private:
     void add(std::unique_ptr<giTriBlock> block);
 
-    dgRef<dgClientStructure> the_root;
+    dgRef<dgClientStructure> the_root, the_blocks;
+    dgElementPath the_call; // of the blocks; empty where they are the root
+    giXform3 the_placing;
+    std::vector<vwPart> the_parts;
+    int the_file_block = 0; // number of the last block in its file
     std::vector<std::string> the_files;
     int the_n_blocks = 0;
     long long the_n_triangles = 0;

@@ -1,5 +1,6 @@
 #include "vwOffscreen.h"
 
+#include "vwBindings.h"
 #include "vwFonts.h"
 #include "vwLoading.h"
 #include "vwModel.h"
@@ -10,6 +11,7 @@
 #include "vwScene.h"
 #include "vwSession.h"
 #include "vwSessionClock.h"
+#include "vwTiles.h"
 
 #include "flMessages.h"
 #include "flOutputFile.h"
@@ -30,6 +32,8 @@
 
 namespace
 {
+constexpr int tile_size = 4096; // pixels
+
 std::string size_text(int width, int height)
 {
     return std::to_string(width) + " x " + std::to_string(height) + " pixels";
@@ -143,6 +147,19 @@ void add_facts(vwReport& report, const vwOptions& options, const vwSession& sess
                     {"Drawn by", device.name()}};
 }
 
+int write_large_picture(const vwOptions& options, vwScene& scene, dgGLWindow& window, int width, int height,
+                        std::string& error)
+{
+    dgImage image;
+    vw_draw_picture(scene, window, width, height, options.transparent, image);
+    if (!vw_keeps_inputs(options, options.output, error))
+        return 0;
+    if (window.device().no_errors())
+        return pc_write_png(options.output, image, error, options.transparent);
+    error = "OpenGL failed: the memory for graphics may be too small for the model";
+    return 0;
+}
+
 int write_report(const std::string& file, const vwReport& report, std::string& error)
 {
     flOutputFile output;
@@ -157,7 +174,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
 {
     gwResourceDB db;
     vwSession session;
-    vwModel model;
+    vwModel model(options.up);
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr) ||
         (options.output.empty() && !read_session(options.play, session, error)))
         return 0;
@@ -189,17 +206,28 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
         device->make_no_levels();
     vwReport report;
     add_facts(report, options, session, model, *device);
-    dgGLWindow window(device, session.width, session.height);
-    if (!has_size(window, session.width, session.height, error))
+    // What is larger than OpenGL's surfaces, or than is good for memory, is drawn by parts.
+    const int tiled = !options.output.empty() && std::max(session.width, session.height) > tile_size;
+    const int width = tiled ? std::min(session.width, tile_size) : session.width;
+    const int height = tiled ? std::min(session.height, tile_size) : session.height;
+    dgGLWindow window(device, width, height);
+    if (!has_size(window, width, height, error))
         return 0;
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
     vwScene scene(&window, window.overlay(), area, db, model.root(),
                   {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
                    options.refresher, options.multi, options.independent, options.perspective, options.paper,
-                   options.smooth_edges > 0});
+                   options.smooth_edges > 0, options.background, options.axes, options.edges});
+    scene.parts(model.parts(), model.placing());
+    vw_offer_font(options, scene);
+    scene.overlay().help_text(vw_help_text(db));
+    if (options.axes || options.edges)
+        scene.redraw();
     if (!vw_add_text(options, scene, model, error))
         return 0;
+    if (!options.output.empty() && (tiled || options.transparent))
+        return write_large_picture(options, scene, window, session.width, session.height, error);
     FolderPlayer player(clock, scene, area, window, options, report);
     if (!player.play(session))
     {

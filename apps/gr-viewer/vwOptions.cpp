@@ -13,8 +13,11 @@
 
 namespace
 {
+constexpr int most_output_size = 65536; // pixels; pictures are drawn by parts
+constexpr double most_output_pixels = 1e9;
+
 // "960x720" into two numbers; answers what is wrong, or nothing.
-std::string parse_size(const std::string& text, int& width, int& height)
+std::string parse_size(const std::string& text, int most, int& width, int& height)
 {
     const char* const end = text.data() + text.size();
     int read[2] = {};
@@ -26,8 +29,8 @@ std::string parse_size(const std::string& text, int& width, int& height)
     if (at != end)
         return fl_quoted(text) + " is no size such as 960x720";
     for (const int size : read)
-        if (size < 1 || size > vw_max_size)
-            return "a window's sides are 1 to " + std::to_string(vw_max_size) + " pixels, not " + std::to_string(size);
+        if (size < 1 || size > most)
+            return "a window's sides are 1 to " + std::to_string(most) + " pixels, not " + std::to_string(size);
     width = read[0];
     height = read[1];
     return {};
@@ -75,6 +78,10 @@ std::string contradiction(const vwOptions& options)
         return "--offscreen needs a session to play, --play SESSION, or a picture to write, --output PICTURE";
     if (!options.output.empty() && !options.output.ends_with(".png"))
         return "--output writes PNG pictures: end the name in .png, unlike " + fl_quoted(options.output);
+    if (static_cast<double>(options.width) * options.height > most_output_pixels)
+        return "--size asks for more than 1e9 pixels";
+    if (options.transparent && options.output.empty())
+        return "--transparent is the background of a picture: add --output PICTURE.png";
     if (!options.play.empty() && options.out.empty())
         return "--play needs a folder for its pictures: --out DIR";
     if (options.play.empty() && !options.out.empty())
@@ -122,8 +129,9 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     app.allow_windows_style_options(false); // what begins with a slash is a file on every system
     app.footer(
         "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
-        "right zooms, the wheel zooms, R resets, I shows the isometric view, V perspective, control Q closes the "
-        "window.");
+        "right zooms, the wheel zooms, R resets, I shows the isometric view, V perspective, 1 to 6 look from the "
+        "sides,\n"
+        "a click selects, H hides, L shows alone; F1 shows all of them in the window. Control Q closes it.");
     app.add_option("FILE", read.files, "Tarn files, or " + ms_readable_endings());
     app.add_option("--views", read.views, "Number of views, in a grid; the first one is the main view")
         ->check(CLI::Range(1, vw_max_views));
@@ -138,6 +146,17 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");
     app.add_flag("--independent", read.independent, "Let the other views not turn with the first one")->excludes(multi);
     app.add_flag("--perspective", read.perspective, "Show perspective views; V changes one");
+    const std::map<std::string, gi_Axis> axes = {{"x", gi_X_AXIS}, {"y", gi_Y_AXIS}, {"z", gi_Z_AXIS}};
+    app.add_option("--up", read.up, "The axis of the files that points up: x, y or z (which it is without)")
+        ->transform(CLI::CheckedTransformer(axes).description(""))
+        ->type_name("AXIS");
+    const std::map<std::string, vwBackground> backgrounds = {
+        {"dark", vwBACKGROUND_DARK}, {"light", vwBACKGROUND_LIGHT}, {"white", vwBACKGROUND_WHITE}};
+    app.add_option("--background", read.background, "What is behind the model: dark, light or white; F6 changes it")
+        ->transform(CLI::CheckedTransformer(backgrounds).description(""))
+        ->type_name("KIND");
+    app.add_flag("--axes", read.axes, "Show axes in a corner, and a scale bar; F2 changes it");
+    app.add_flag("--edges", read.edges, "Show the edges of the parts; F3 changes it");
     app.add_flag("--paper", read.paper, "Show a sheet of paper with a frame, a title and three views")
         ->excludes(multi)
         ->excludes("--views")
@@ -172,6 +191,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         ->check(number_in(0, 3600))
         ->type_name("S");
     app.add_option("--output", read.output, "Write a picture, and open no window")->type_name("PICTURE.png");
+    app.add_flag("--transparent", read.transparent, "Leave the background of --output out");
     app.add_flag("--offscreen", read.offscreen, "Open no window (as with --play and --output)");
     app.add_option("--play", read.play, "Play a session, and open no window")->type_name("SESSION");
     app.add_option("--out", read.out, "Folder for the pictures and the report page of --play")->type_name("DIR");
@@ -208,7 +228,9 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     }
 
     read.offscreen = read.offscreen || !read.play.empty() || !read.output.empty();
-    std::string complaint = size.empty() ? std::string() : parse_size(size, read.width, read.height);
+    std::string complaint =
+        size.empty() ? std::string()
+                     : parse_size(size, read.output.empty() ? vw_max_size : most_output_size, read.width, read.height);
     if (complaint.empty())
         complaint = contradiction(read);
     if (!complaint.empty())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "gi_Axis.h"
+#include "vwBackground.h"
 #include "vwRefresher.h"
 #include "vwRubberBanding.h"
 
@@ -39,6 +41,11 @@ struct vwOptions
     int perspective = 0;
     int paper = 0;         ///< a sheet of paper with three views
     int smooth_edges = -1; ///< -1: as the resources say in a window, no otherwise
+    gi_Axis up = gi_Z_AXIS;
+    vwBackground background = vwBACKGROUND_DARK;
+    int transparent = 0; ///< background of the picture to write
+    int axes = 0;        ///< axes and a scale bar
+    int edges = 0;
     int list_fonts = 0;
     int dump_structure = 0;
     std::string dump_xml; ///< file to write the display structure to, empty: none

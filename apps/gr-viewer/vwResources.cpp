@@ -1,10 +1,10 @@
 #include "vwResources.h"
 
 #include "vwBindings.h"
-#include "vwTools.h"
 
 #include "flMessages.h"
 
+#include "grExtraToolFactory.h"
 #include "grResourceKey.h"
 #include "grStdToolFactory.h"
 #include "grTranslationsChecker.h"
@@ -78,8 +78,8 @@ private:
     bool are_actions(const gwResourceText::Setting& setting, std::string& error) const
     {
         const grStdToolFactory factory(nullptr, nullptr);
-        const vwTools own_tools(nullptr);
-        grTranslationsChecker checker({&own_tools, &factory});
+        const grExtraToolFactory extra_tools(nullptr, nullptr);
+        grTranslationsChecker checker({&factory, &extra_tools});
         if (checker.check(setting.value))
             return true;
         // The value is one line here: in the file it may be several.

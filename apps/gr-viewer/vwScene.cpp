@@ -1,13 +1,12 @@
 #include "vwScene.h"
 
 #include "vwHooks.h"
-#include "vwPerspectiveTool.h"
 #include "vwSheet.h"
 #include "vwStandardView.h"
 #include "vwStatsBars.h"
-#include "vwTools.h"
 
 #include "grCameraViewCache.h"
+#include "grSelectionHover.h"
 #include "grStdToolFactory.h"
 #include "grStdTwiddling.h"
 #include "grStdViewTwiddleTool.h"
@@ -26,6 +25,7 @@
 #include "dgStructure.h"
 #include "dgView.h"
 #include "gwDrawingArea.h"
+#include "gwKeyEvent.h"
 #include "gwPositionalEvent.h"
 #include "gwResourceDB.h"
 
@@ -36,8 +36,8 @@ namespace
 {
 constexpr int gap_pixels = 2; // between the views of a grid
 
-// The overlay callback has no place for an object of its own.
-vwScene* the_scene = nullptr;
+// Beyond so many lines, edges are not drawn while a view moves.
+constexpr long long most_moving_lines = 100000;
 }
 
 vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const gwResourceDB& db, dgStructure& model,
@@ -45,7 +45,7 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     : the_area(area),
       the_canvas(main, settings.rubber_banding <= vwRUBBER_BAND_OVERLAY ? overlay : nullptr, &area, &db),
       the_hooks(std::make_unique<vwHooks>(db, settings.framerate, settings.refresher)),
-      the_tools(std::make_unique<vwTools>(the_hooks.get())),
+      the_background(settings.background), the_axes(settings.axes), the_shows_edges(settings.edges),
       the_smoother(std::make_unique<grViewSmoother>(*the_canvas.renderer())), the_start_time(apHighResTime::time()),
       the_cursor(settings.cursor)
 {
@@ -57,13 +57,14 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     if (settings.stats)
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     the_hooks->structure(&model);
+    the_hooks->selection(&the_selection);
     if (settings.paper)
         make_sheet(model);
     for (int i = 0; i < settings.views && !settings.paper; ++i)
         make_view(model, i, !settings.independent && !settings.multi);
     // One callback before and one after those of the tools: what lies between is the time of the event.
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::start_timing>(this));
-    the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), the_tools.get());
+    the_twiddling = std::make_unique<grStdTwiddling>(&area.input(), &db, the_hooks.get(), nullptr);
     if (settings.multi)
     {
         grStdToolFactoryOptions tools;
@@ -72,15 +73,16 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
     }
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::follow_cursor>(this));
     area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::end_timing>(this));
-    the_scene = this;
-    grTwiddleOverlayCallback::register_callback(drawn);
+    area.input().call_list().add(gwCR_event, coCallFunc::member<&vwScene::key_event>(this));
+    background(the_background);
+    grTwiddleOverlayCallback::register_callback(drawn, this);
     // How a view is fitted depends on its viewport.
     lay_out();
     fit_views();
     if (settings.perspective)
     {
         for (int i = settings.paper; i < n_views(); ++i)
-            vwPerspectiveTool::show_in_perspective(view(i).camera(), 1);
+            grViewOperations::perspective(view(i), 1);
         fit_views(); // from the eyes that the first fit has given places
     }
     resized();
@@ -89,10 +91,10 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
 
 vwScene::~vwScene()
 {
+    the_hover.reset();
     the_twiddling.reset();
     gr_set_cursor_echo_type(0, &renderer());
     grTwiddleOverlayCallback::register_callback(nullptr);
-    the_scene = nullptr;
 }
 
 void vwScene::make_view(dgStructure& model, int number, int follows)
@@ -100,6 +102,7 @@ void vwScene::make_view(dgStructure& model, int number, int follows)
     auto view = std::make_unique<dgView>(&renderer());
     view->root(&model);
     view->shading_context().graduated_background = 1;
+    the_selection.add_view(view.get());
     vw_standard_view(*view, number);
     // A companion with a parent keeps the placement that the cameras have to each other now.
     grView* parent = follows && number > 0 ? the_canvas.companion(0) : nullptr;
@@ -126,6 +129,7 @@ void vwScene::make_sheet(dgStructure& model)
         auto field = std::make_unique<dgView>(&renderer());
         field->root(&model);
         field->shading_context().background_colour = gsColour(0.97, 0.97, 0.95);
+        the_selection.add_view(field.get());
         vw_standard_view(*field, i);
         auto child = std::make_unique<grViewPaperChild>(field.get(), parent);
         the_canvas.add_view(std::move(field), std::move(child));
@@ -245,11 +249,105 @@ int vwScene::has_tool() const
     return the_twiddling->twiddle_man()->current_tool() != nullptr;
 }
 
-void vwScene::drawn(dgView& view)
+void vwScene::parts(const std::vector<vwPart>& parts, const giXform3& placing)
 {
-    ++the_scene->the_frames_drawn;
-    if (the_scene->the_stats_bars && &view == &the_scene->view(0))
-        the_scene->the_stats_bars->draw(view, the_scene->the_frame_times);
+    the_parts = &parts;
+    the_placing = placing;
+    the_overlay = std::make_unique<vwOverlay>(parts, the_selection);
+    the_overlay->axes(the_axes);
+    the_edges = std::make_unique<vwEdges>(parts, the_selection);
+    background(the_background);
+}
+
+void vwScene::hover()
+{
+    the_hover = std::make_unique<grSelectionHover>(*the_twiddling->twiddle_man(), *the_hooks);
+}
+
+void vwScene::forget_parts()
+{
+    the_twiddling->twiddle_man()->stop_twiddling();
+    the_selection.hover({});
+    the_selection.show_all();
+    the_selection.clear();
+    the_edges = std::make_unique<vwEdges>(*the_parts, the_selection);
+}
+
+void vwScene::background(vwBackground background)
+{
+    the_background = background;
+    for (int i = the_sheet ? n_views() : 0; i < n_views(); ++i)
+    {
+        dgViewShadingContext& shading = view(i).shading_context();
+        const dgViewShadingContext usual;
+        shading.top_colour = background == vwBACKGROUND_DARK    ? usual.top_colour
+                             : background == vwBACKGROUND_LIGHT ? gsColour(0.80, 0.84, 0.89)
+                                                                : gsColour(1, 1, 1);
+        shading.bottom_colour = background == vwBACKGROUND_DARK    ? usual.bottom_colour
+                                : background == vwBACKGROUND_LIGHT ? gsColour(0.96, 0.97, 0.98)
+                                                                   : gsColour(1, 1, 1);
+    }
+    if (the_overlay)
+        the_overlay->dark(background != vwBACKGROUND_DARK && !the_sheet);
+}
+
+void vwScene::drawn(dgView& view, void* scene)
+{
+    static_cast<vwScene*>(scene)->draw_over(view);
+}
+
+void vwScene::draw_over(dgView& drawn)
+{
+    ++the_frames_drawn;
+    // The end of the tools may draw.
+    const grTwiddleTool* tool = the_twiddling ? the_twiddling->twiddle_man()->current_tool() : nullptr;
+    const bool moving = tool && tool->state() == grTWID_TWIDDLING;
+    if (the_edges && the_shows_edges && drawn.root() == the_hooks->identify_structure() &&
+        !(moving && the_edges->n_lines() > most_moving_lines))
+        the_edges->draw(drawn, the_placing);
+    if (&drawn != &view(0))
+        return;
+    if (the_overlay)
+        the_overlay->draw(drawn);
+    if (the_stats_bars)
+        the_stats_bars->draw(drawn, the_frame_times);
+}
+
+void vwScene::key_event(void*, void* data)
+{
+    const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&gwInput::event(data));
+    if (!key || key->transition() != gwPRESSED || !the_overlay)
+        return;
+    vwOverlay& over = *the_overlay;
+    if (key->key_type() == gwOTHER_KEY && key->key_number() == gwKEY_UP_ARROW)
+        return select_next(-1);
+    if (key->key_type() == gwOTHER_KEY && key->key_number() == gwKEY_DOWN_ARROW)
+        return select_next(1);
+    if (key->key_type() != gwFUNCTION_KEY)
+        return;
+    switch (key->key_number())
+    {
+    case 1: over.help(!over.help()); break;
+    case 2: over.axes(!over.axes()); break;
+    case 3: the_shows_edges = !the_shows_edges; break;
+    case 4: over.part_list(!over.part_list()); break;
+    case 6: background(static_cast<vwBackground>((the_background + 1) % 3)); break;
+    default: return;
+    }
+    redraw();
+}
+
+// The next part of the list becomes the one that is selected.
+void vwScene::select_next(int step)
+{
+    const int count = static_cast<int>(the_parts->size());
+    if (!count)
+        return;
+    int next = step > 0 ? 0 : count - 1;
+    for (int i = 0; i < count; ++i)
+        if (the_selection.is_selected((*the_parts)[static_cast<std::size_t>(i)].path))
+            next = (i + step + count) % count;
+    the_selection.select({(*the_parts)[static_cast<std::size_t>(next)].path});
 }
 
 // Called after the tools, when what they have drawn is on the screen.

@@ -4,7 +4,12 @@
 #include "dgRenderer.h"
 #include "grCanvas.h"
 #include "grIdleAction.h"
+#include "grSelection.h"
+#include "vwBackground.h"
+#include "vwEdges.h"
 #include "vwFrameTimes.h"
+#include "vwOverlay.h"
+#include "vwParts.h"
 #include "vwRefresher.h"
 #include "vwRubberBanding.h"
 
@@ -15,6 +20,7 @@
 class dgStructure;
 class dgView;
 class dgWindow;
+class grSelectionHover;
 class grStdTwiddling;
 class grViewSmoother;
 class gwDrawingArea;
@@ -22,7 +28,6 @@ class gwResourceDB;
 class vwHooks;
 class vwSheet;
 class vwStatsBars;
-class vwTools;
 
 /// How a scene is set up.
 struct vwSceneSettings
@@ -38,12 +43,18 @@ struct vwSceneSettings
     int perspective = 0;
     int paper = 0;        ///< in place of the grid a sheet, the first view, with three views on it
     int smooth_edges = 0; ///< idle calls smooth the edges of views at rest
+    vwBackground background = vwBACKGROUND_DARK;
+    int axes = 0; ///< axes in a corner of the first view, and a scale bar
+    int edges = 0;
 };
 
 /// A model in one or several views, in a grid or on a sheet of paper, on a window, with the library's tools on the
 /// window's input: all of the viewer but the window itself. Unless they are independent, the views follow the camera of
 /// the first one when that turns, and can be turned by themselves as well. At most one scene exists at a time, because
 /// the overlay callback is process-wide.
+///
+/// Function keys: 1 help, 2 axes and scale bar, 3 edges, 4 the list of parts, 6 the background. The arrows up and down
+/// select the part before and behind.
 class vwScene : public coReceiver
 {
 public:
@@ -64,6 +75,16 @@ public:
     void stats_font(int slot);
     /// Writes a title on the sheet, where there is one, with the font of a slot of the renderer; once.
     void title(const std::string& text, int font_slot);
+    /// What the model consists of, which must outlive the scene and may grow and be cleared; placing is from its
+    /// coordinates to those of the structure that is shown.
+    void parts(const std::vector<vwPart>& parts, const giXform3& placing);
+    /// Lights parts up that are under the pointer.
+    void hover();
+    /// Forgets what is selected, hidden or see-through, before parts go.
+    void forget_parts();
+    vwOverlay& overlay() { return *the_overlay; }
+    grSelection& selection() { return the_selection; }
+    void background(vwBackground background);
     /// Makes all of the model seen in every view, however much of it came late, and draws them.
     void fit();
     /// One idle call of the twiddle manager, and when that has nothing to do, of the one who smooths edges: 0 when
@@ -83,7 +104,10 @@ public:
     int frames_drawn() const { return the_frames_drawn; }
 
 private:
-    static void drawn(dgView& view);
+    static void drawn(dgView& view, void* scene);
+    void draw_over(dgView& view);
+    void key_event(void* sender, void* data);
+    void select_next(int step);
     void make_view(dgStructure& model, int number, int follows);
     void save_cameras();
     void make_sheet(dgStructure& model);
@@ -97,9 +121,16 @@ private:
     gwDrawingArea& the_area;
     grCanvas the_canvas;
     std::unique_ptr<vwHooks> the_hooks;
-    std::unique_ptr<vwTools> the_tools;
+    grSelection the_selection;
     std::unique_ptr<vwSheet> the_sheet; // null: not asked for
     std::unique_ptr<grStdTwiddling> the_twiddling;
+    std::unique_ptr<grSelectionHover> the_hover; // null: nothing lights up
+    const std::vector<vwPart>* the_parts = nullptr;
+    giXform3 the_placing;
+    std::unique_ptr<vwOverlay> the_overlay; // null while there are no parts
+    std::unique_ptr<vwEdges> the_edges;
+    vwBackground the_background;
+    int the_axes, the_shows_edges;
     std::unique_ptr<vwStatsBars> the_stats_bars; // null: not asked for
     std::unique_ptr<grViewSmoother> the_smoother;
     int the_smooths = 0;

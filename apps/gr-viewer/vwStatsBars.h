@@ -1,9 +1,7 @@
 #pragma once
 
-#include "dgClientStructure.h"
-#include "dgRef.h"
+#include "vwPixels.h"
 
-class dgRenderer;
 class dgView;
 class vwFrameTimes;
 
@@ -14,9 +12,7 @@ class vwStatsBars
 {
 public:
     /// frame_seconds is what a frame may take.
-    explicit vwStatsBars(double frame_seconds)
-        : the_structure(new dgClientStructure()), the_frame_seconds(frame_seconds)
-    {}
+    explicit vwStatsBars(double frame_seconds) : the_frame_seconds(frame_seconds) {}
 
     /// The font's slot in the renderers of the views.
     void font(int slot) { the_font = slot; }
@@ -27,7 +23,7 @@ public:
 private:
     void build(const vwFrameTimes& times, int most_bars);
 
-    dgRef<dgClientStructure> the_structure;
+    vwPixels the_pixels;
     double the_frame_seconds;
     int the_font = -1; // none
 };

@@ -1,5 +1,6 @@
 #include "vwWindow.h"
 
+#include "vwBindings.h"
 #include "vwFonts.h"
 #include "vwLoading.h"
 #include "vwModel.h"
@@ -8,52 +9,79 @@
 #include "vwResources.h"
 #include "vwScene.h"
 #include "vwSession.h"
+#include "vwWindowKeys.h"
+
+#include "pcPictureFile.h"
 
 #include "grStringConverter.h"
 
 #include "apHighResTime.h"
 #include "coCallList.h"
 #include "coReceiver.h"
+#include "dgGLWindow.h"
+#include "dgImage.h"
 #include "dgView.h"
 #include "gwGLFWWindow.h"
 #include "gwKeyEvent.h"
 #include "gwResourceDB.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 #include <optional>
+#include <utility>
 
 namespace
 {
 constexpr double title_interval = 0.5; // seconds
+constexpr double look_interval = 1;    // seconds between looks at files
 constexpr double spin_frame_seconds = 1 / 60.0;
 constexpr double slow_frame_seconds = 0.05;
 // While files are read: how long they are waited for before there is a window, which small ones need not show empty;
 // the longest wait for events; between redraws, at least and in times of the last one.
 constexpr double first_seconds = 0.1, arrival_seconds = 0.03, least_arrival_seconds = 0.1, arrival_pause = 3;
 
-// The keys of the viewer itself: control Q closes the window, P notes a picture in the session that is recorded.
-class Keys : public coReceiver
+// The files that are shown, and whether they have changed since they were read.
+class Files
 {
 public:
-    Keys(gwGLFWWindow& window, vwRecorder* recorder) : the_window(window), the_recorder(recorder)
+    explicit Files(const std::vector<std::string>& names) { open(names); }
+
+    const std::vector<std::string>& names() const { return the_names; }
+    void open(const std::vector<std::string>& names)
     {
-        window.input().call_list().add(gwCR_event, coCallFunc::member<&Keys::event>(this));
+        the_names = names;
+        the_times = times();
+        the_changed.clear();
+    }
+    // True once after the files were written, when they have then stayed the same from one look to the next.
+    bool changed()
+    {
+        const double now = apHighResTime::time();
+        if (now - the_last_look < look_interval)
+            return false;
+        the_last_look = now;
+        std::vector<Time> found = times();
+        const bool changed = found != the_times && found == the_changed;
+        the_changed = std::move(found);
+        return changed;
     }
 
 private:
-    void event(void*, void* data)
+    using Time = std::filesystem::file_time_type;
+    std::vector<Time> times() const
     {
-        const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&gwInput::event(data));
-        if (!key || key->transition() != gwPRESSED || key->key_type() != gwQWERTY_KEY)
-            return;
-        if (key->key_number() == 'Q' && key->modifiers() == gwMODIFIER_CONTROL)
-            the_window.close();
-        if (key->key_number() == 'P' && the_recorder)
-            the_recorder->picture();
+        std::vector<Time> found;
+        for (const std::string& name : the_names)
+        {
+            std::error_code failure;
+            found.push_back(std::filesystem::last_write_time(name, failure));
+        }
+        return found;
     }
-    gwGLFWWindow& the_window;
-    vwRecorder* the_recorder;
+    std::vector<std::string> the_names;
+    std::vector<Time> the_times, the_changed;
+    double the_last_look = 0;
 };
 
 // The window's title: the files, how much of them is read, and with --stats the times of the last frames; renewed twice
@@ -66,6 +94,7 @@ public:
     {
         show(the_text);
     }
+    void names(const std::string& names) { the_text = names + " - gr-viewer"; }
     void update(const vwFrameTimes& times, const vwLoading& loading)
     {
         const double now = apHighResTime::time();
@@ -100,24 +129,33 @@ class Arrivals : public coReceiver
 {
 public:
     Arrivals(gwInput& input, vwLoading& loading, const vwModel& model, vwScene& scene)
-        : the_loading(loading), the_model(model), the_scene(scene), the_shown(model.n_blocks())
+        : the_loading(&loading), the_model(model), the_scene(scene), the_shown(model.n_blocks())
     {
         input.call_list().add(gwCR_event, coCallFunc::member<&Arrivals::event>(this));
+    }
+
+    // Other files come from now on; the views are fitted to them with fit 1.
+    void start(vwLoading& loading, int fit)
+    {
+        the_loading = &loading;
+        the_shown = -1;
+        the_next = 0;
+        the_touched = !fit;
     }
 
     // Answers 0 with error set when a file cannot be read.
     int show(std::string& error)
     {
-        if (the_loading.done() && the_shown == the_model.n_blocks())
+        if (the_loading->done() && the_shown == the_model.n_blocks())
             return 1;
-        const int was_done = the_loading.done();
-        if (!the_loading.update(0, error))
+        const int was_done = the_loading->done();
+        if (!the_loading->update(0, error))
             return 0;
-        if (the_loading.done() && !was_done)
+        if (the_loading->done() && !was_done)
             the_model.note_flaws(std::cerr);
         // Drawing takes its share of the time alone while more comes, and none from a tool.
         const double start = apHighResTime::time();
-        if (the_shown == the_model.n_blocks() || the_scene.has_tool() || (start < the_next && !the_loading.done()))
+        if (the_shown == the_model.n_blocks() || the_scene.has_tool() || (start < the_next && !the_loading->done()))
             return 1;
         the_shown = the_model.n_blocks();
         if (the_touched)
@@ -136,7 +174,7 @@ private:
         the_touched |= (key && key->transition() == gwPRESSED) || the_scene.has_tool();
     }
 
-    vwLoading& the_loading;
+    vwLoading* the_loading;
     const vwModel& the_model;
     vwScene& the_scene;
     int the_shown; // blocks
@@ -179,52 +217,164 @@ int flag(const gwResourceDB& db, const char* key)
     return on;
 }
 
-// Draws while there is something to draw, and waits for events otherwise. A view that spins turns by one step at every
-// idle call, so that these calls are kept at the pace of a screen; idle calls that fill in a picture are not.
-// Answers 0 with error set when a file cannot be read.
-int run(gwGLFWWindow& window, vwScene& scene, vwRecorder* recorder, Title& title, Resizing& resizing,
-        const vwLoading& loading, Arrivals& arrivals, std::string& error)
+// A viewer in its window.
+class Viewer
 {
-    double next_idle = 0;
-    while (!window.should_close())
+public:
+    Viewer(const vwOptions& options, gwGLFWWindow& window, const gwResourceDB& db, vwModel& model,
+           std::unique_ptr<vwLoading> loading, vwRecorder* recorder, int views)
+        : the_window(window), the_model(model), the_recorder(recorder), the_loading(std::move(loading)),
+          the_files(options.files),
+          the_scene(window.main_window(), window.overlay_window(), window, db, model.root(),
+                    {views, options.framerate, options.stats, options.cursor, options.rubber_banding, options.refresher,
+                     options.multi, options.independent, options.perspective, options.paper,
+                     options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges, options.background, 1,
+                     options.edges}),
+          the_resizing(the_scene), the_title(window, vwModel::names(options.files), options.stats),
+          the_arrivals(window.input(), *the_loading, model, the_scene),
+          the_keys(window.input(), {[this] { the_window.close(); }, [this] { the_reload = 1; },
+                                    [this] { the_window.full_screen(!the_window.full_screen()); },
+                                    [this] { write_picture(); }, [this] { note_picture(); }})
     {
-        resizing.draw();
-        if (!arrivals.show(error))
-            return 0;
-        const double now = apHighResTime::time();
-        grIdleAction action = grIDLE_AGAIN;
-        if (now >= next_idle)
-        {
-            if (recorder && scene.has_tool() && !scene.smooths())
-                recorder->idle();
-            const int drawn = scene.frames_drawn();
-            action = scene.idle();
-            if (scene.frames_drawn() != drawn)
-                next_idle = now + spin_frame_seconds;
-        }
-        title.update(scene.frame_times(), loading);
-        double pause = std::max(next_idle - apHighResTime::time(), 0.0);
-        const int waits = action == grIDLE_DONE || pause > 0;
-        if (action == grIDLE_DONE && !loading.done())
-            pause = arrival_seconds;
-        window.process_events(waits, pause);
+        the_scene.parts(model.parts(), model.placing());
+        vw_offer_font(options, the_scene);
+        the_scene.overlay().help_text(vw_help_text(db));
+        if (!recorder)
+            the_scene.hover();
+        window.resize_callback([this] { resized(); });
+        window.drop_callback([this](const std::vector<std::string>& names) { the_dropped = names; });
     }
-    return 1;
-}
+    ~Viewer()
+    {
+        the_window.resize_callback(nullptr);
+        the_window.drop_callback(nullptr);
+    }
+    Viewer(const Viewer&) = delete;
+    Viewer& operator=(const Viewer&) = delete;
+
+    vwScene& scene() { return the_scene; }
+
+    // Draws while there is something to draw, and waits for events otherwise. A view that spins turns by one step at
+    // every idle call, so that these calls are kept at the pace of a screen; idle calls that fill in a picture are not.
+    // Answers 0 with error set when a file of the command line cannot be read.
+    int run(std::string& error)
+    {
+        double next_idle = 0;
+        while (!the_window.should_close())
+        {
+            the_resizing.draw();
+            open_files();
+            if (!the_arrivals.show(error))
+            {
+                // What was opened later leaves the window as it is.
+                if (!the_opened)
+                    return 0;
+                std::cerr << "gr-viewer: " << error << '\n';
+                the_files.open({});
+                start_reading(1);
+            }
+            const double now = apHighResTime::time();
+            grIdleAction action = grIDLE_AGAIN;
+            if (now >= next_idle)
+            {
+                if (the_recorder && the_scene.has_tool() && !the_scene.smooths())
+                    the_recorder->idle();
+                const int drawn = the_scene.frames_drawn();
+                action = the_scene.idle();
+                if (the_scene.frames_drawn() != drawn)
+                    next_idle = now + spin_frame_seconds;
+            }
+            the_title.update(the_scene.frame_times(), *the_loading);
+            double pause = std::max(next_idle - apHighResTime::time(), 0.0);
+            const int waits = action == grIDLE_DONE || pause > 0;
+            if (action == grIDLE_DONE)
+                pause = the_loading->done() ? look_interval : arrival_seconds;
+            the_window.process_events(waits, pause);
+        }
+        return 1;
+    }
+
+private:
+    void resized()
+    {
+        if (the_recorder)
+            the_recorder->resized(the_window.width(), the_window.height());
+        the_resizing.resized();
+    }
+
+    // Files that were dropped, or have changed; not while a session is recorded, or a tool is at work.
+    void open_files()
+    {
+        if (the_recorder || the_scene.has_tool() || !the_loading->done())
+            return;
+        const int dropped = !the_dropped.empty();
+        if (dropped)
+            the_files.open(std::exchange(the_dropped, {}));
+        else if (the_files.changed() || std::exchange(the_reload, 0))
+            the_files.open(std::vector<std::string>(the_files.names()));
+        else
+            return;
+        the_opened = 1;
+        start_reading(dropped);
+    }
+
+    void start_reading(int fit)
+    {
+        the_scene.forget_parts();
+        the_model.clear();
+        the_loading = std::make_unique<vwLoading>(the_model, the_files.names());
+        the_arrivals.start(*the_loading, fit);
+        the_title.names(vwModel::names(the_files.names()));
+    }
+
+    void write_picture()
+    {
+        dgImage image;
+        static_cast<dgGLWindow*>(the_window.main_window())->read_front(image);
+        std::string name, error;
+        std::error_code failure;
+        for (int i = 1; name.empty() || std::filesystem::exists(name, failure); ++i)
+            name = "gr-viewer-" + std::to_string(i) + ".png";
+        if (pc_write_png(name, image, error))
+            std::cerr << "gr-viewer: " << name << " written\n";
+        else
+            std::cerr << "gr-viewer: " << error << '\n';
+    }
+
+    void note_picture()
+    {
+        if (the_recorder)
+            the_recorder->picture();
+    }
+
+    gwGLFWWindow& the_window;
+    vwModel& the_model;
+    vwRecorder* the_recorder;
+    std::unique_ptr<vwLoading> the_loading;
+    Files the_files;
+    vwScene the_scene;
+    Resizing the_resizing;
+    Title the_title;
+    Arrivals the_arrivals;
+    vwWindowKeys the_keys;
+    std::vector<std::string> the_dropped;
+    int the_reload = 0;
+    int the_opened = 0; // other files than those of the command line
+};
 }
 
 int vw_run_window(const vwOptions& options, std::string& error)
 {
     gwResourceDB db;
-    vwModel model;
+    vwModel model(options.up);
     if (!vw_load_resources(options.resources, options.bindings, db, error, &std::cerr))
         return 0;
-    vwLoading loading(model, options.files);
+    auto loading = std::make_unique<vwLoading>(model, options.files);
     // A session is played on all of the model, and a text stands before all of it.
     const bool at_once = !options.record.empty() || !options.text.empty();
-    if (!(at_once ? loading.finish(error) : loading.update(first_seconds, error)))
+    if (!(at_once ? loading->finish(error) : loading->update(first_seconds, error)))
         return 0;
-    if (loading.done())
+    if (loading->done())
         model.note_flaws(std::cerr);
 
     vwSession head;
@@ -251,27 +401,8 @@ int vw_run_window(const vwOptions& options, std::string& error)
             return 0;
     }
     window->fine_wheel(flag(db, "mouse_wheel_zoom_proportional"));
-    vwRecorder* const recording = recorder ? &*recorder : nullptr;
-    Keys keys(*window, recording);
-    vwScene scene(window->main_window(), window->overlay_window(), *window, db, model.root(),
-                  {head.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent, options.perspective, options.paper,
-                   options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges});
-    if (!vw_add_text(options, scene, model, error))
+    Viewer viewer(options, *window, db, model, std::move(loading), recorder ? &*recorder : nullptr, head.views);
+    if (!vw_add_text(options, viewer.scene(), model, error) || !viewer.run(error))
         return 0;
-    Resizing resizing(scene);
-    window->resize_callback(
-        [&]
-        {
-            if (recording)
-                recording->resized(window->width(), window->height());
-            resizing.resized();
-        });
-    Title title(*window, vwModel::names(options.files), options.stats);
-    Arrivals arrivals(window->input(), loading, model, scene);
-    const int read = run(*window, scene, recording, title, resizing, loading, arrivals, error);
-    window->resize_callback(nullptr);
-    if (!read)
-        return 0;
-    return recording ? recording->finish(error) : 1;
+    return recorder ? recorder->finish(error) : 1;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "giBox2.h"
 #include "grExport.h"
 #include "grRubberBandManager.h"
 
@@ -10,7 +11,6 @@
 class dgRenderer;
 class dgView;
 class dgWindow;
-class giBox2;
 class grView;
 class gwResourceDB;
 class gwWindow;
@@ -61,6 +61,11 @@ public:
 
     /// Draws all views into the back buffer and shows them. Rubber bands are taken off before and put back after it.
     void redraw();
+    /// Gives the canvas another size in device pixels with everything in it, and draws it: windows that can be resized,
+    /// unless they have that size already, and the views, which keep their shares of it. The input window is the
+    /// application's to resize.
+    void resize(int width, int height);
+
     /// To be called when the windows have another size and the views were laid out for it: clears what lies between the
     /// views and draws them.
     void resized();
@@ -81,6 +86,7 @@ private:
     {
         std::unique_ptr<dgView> view;
         std::unique_ptr<grView> companion; // goes before its view
+        giBox2 viewport, shares;           // as resize has left it, and its edges as shares of the canvas
     };
     void remove_views();
     void remove_renderer();
@@ -90,6 +96,7 @@ private:
     std::vector<std::unique_ptr<dgWindow>> the_windows;
     std::unique_ptr<dgRenderer> the_renderer;
     std::vector<Entry> the_views;
+    int the_width = 0, the_height = 0; // as of the last resize, or when the renderer was made
 };
 
 GR_EXPORT std::ostream& operator<<(std::ostream& os, const grCanvas& canvas);

@@ -69,6 +69,10 @@ public:
 
     /// Null takes the finder away.
     static void set_morvex_font_finder(grMorvexFontFinder finder);
+    /// The same for a finder that gets data with each call, in place of any other.
+    static void set_morvex_font_finder(void (*finder)(const utString& directory, utStringutStringcoTable& fonts,
+                                                      void* data),
+                                       void* data);
 
     /// Puts a family into the first four free slots in a row of a renderer: regular, bold, italic, bold italic. Styles
     /// that do not exist become copies of the first slot. A family that is installed already stays as it is, also when

@@ -24,7 +24,7 @@ public:
     void end_twiddle() override;
 
     /// Whether idle calls complete no picture of these views, because a render-network action or their first renderer
-    /// has it so.
+    /// has it so, or because something see-through is in it.
     static int idle_slices_forbidden(const dgViewcoDList& views);
 
     /// Whether the fast view renderers are kept from one twiddle to the next on the same views; 0 by default. They show

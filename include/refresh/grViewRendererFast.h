@@ -99,11 +99,15 @@ public:
     using ClipPlanesResetCB = void (*)(dgView*, const giBox3&);
     static ClipPlanesResetCB clip_planes_resetCB();
     static void set_clip_planes_resetCB(ClipPlanesResetCB callback);
+    /// The same for a function that gets data with each call; clip_planes_resetCB then answers null.
+    static void set_clip_planes_resetCB(void (*callback)(dgView*, const giBox3&, void* data), void* data);
 
     /// Function that receives each flattened structure after a frame; null by default.
     using PrintCallback = void (*)(dgView*, dgStructure*);
     static PrintCallback print_callback();
     static void set_print_callback(PrintCallback callback);
+    /// The same for a function that gets data with each call; print_callback then answers null.
+    static void set_print_callback(void (*callback)(dgView*, dgStructure*, void* data), void* data);
 
     /// Kept for applications that call them: setting does nothing, and the answers are 0 and null.
     static double preferred_framerate() { return 0.0; }
@@ -141,6 +145,8 @@ private:
     void show_completed(const std::vector<giBox2>& boxes);
     void find_bbox(dgStructure* icon);
     dgStructure* drawn_structure() const;
+    void look_at_network();
+    unsigned long long looks_stamp() const;
     void note_picture();
     bool picture_is_stale();
     bool draws_slices() const;
@@ -172,6 +178,9 @@ private:
     dgRef<dgStructure> the_root;                         // that the_flat was made from
 
     unsigned long long the_frame_stamp = 0; // of the network when the last frame or slice was begun
+    unsigned long long the_shown_stamp = 0; // of the network and the looks then
+    unsigned long long the_flat_looks = 0;  // stamp of the looks that the_flat was made with
+    int the_see_through = 0;                // something see-through was in the last frame
 
     // What the last frame showed.
     unsigned long long the_picture_stamp = 0;

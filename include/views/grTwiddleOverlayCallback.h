@@ -13,5 +13,7 @@ public:
 
     /// Replaces the function; null removes it. It may destroy views, also the one it is called for, but no renderer.
     static void register_callback(void (*callback)(dgView&));
+    /// The same for a function that gets data with each call. There is one function, of whichever kind came last.
+    static void register_callback(void (*callback)(dgView&, void* data), void* data);
     static void call_callback(dgView& view);
 };

@@ -2,6 +2,7 @@
 
 #include "dgEnums.h"
 #include "giAngle.h"
+#include "gi_Axis.h"
 #include "grExport.h"
 
 class dgView;
@@ -11,12 +12,23 @@ class giPoint3;
 class giVector2;
 class giVector3;
 
+/// The side that a view looks at its contents from.
+enum grViewSide
+{
+    grVIEW_FRONT = 0,
+    grVIEW_BACK = 1,
+    grVIEW_LEFT = 2,
+    grVIEW_RIGHT = 3,
+    grVIEW_TOP = 4,
+    grVIEW_BOTTOM = 5
+};
+
 /// What a button or a menu does to a view: the operations of the standard tools, without their dragging.
 ///
-/// Each changes the camera at once and draws nothing. reset, isometric, fit and turn then tell those who watch the
-/// camera, once, so that views locked to this one follow; callbacks may destroy the view. Zooming, panning and clipping
-/// tell nobody. What lies on a sheet of paper keeps its place on the sheet. Positions, steps and boxes are in device
-/// pixels.
+/// Each changes the camera at once and draws nothing. reset, isometric, fit, look, perspective and turn then tell those
+/// who watch the camera, once, so that views locked to this one follow; callbacks may destroy the view. Zooming,
+/// panning and clipping tell nobody. What lies on a sheet of paper keeps its place on the sheet. Positions, steps and
+/// boxes are in device pixels.
 class GR_EXPORT grViewOperations
 {
 public:
@@ -28,6 +40,13 @@ public:
     static void isometric(dgView& view);
     /// Fits the view to its contents and keeps the direction in which it looks.
     static void fit(dgView& view);
+    /// Looks at the contents from a side, fitted to them. With z up, the front is seen along the y axis, and x points
+    /// to the right; with y up it is seen against the z axis with x to the right, and with x up along the z axis with y
+    /// to the right. From above and below, right stays right.
+    static void look(dgView& view, grViewSide side, gi_Axis up = gi_Z_AXIS);
+    /// Shows the view in perspective, with the eye before the middle of what is seen, twice as far away as its larger
+    /// side is long, or in parallel projection.
+    static void perspective(dgView& view, int on);
     /// Puts the clipping planes around the contents again, now and at every drawing, until a user moves them.
     static void reset_clipping_planes(dgView& view, dgBoundingViewType mode);
 

@@ -24,7 +24,9 @@ struct gwGLFWWindow::Native
     std::unique_ptr<gwSpaceballReports> reports;
     std::shared_ptr<gwSpaceballDevice> spaceball; // null without one
     std::function<void()> resized;
-    int width = 0; // device pixels of the native window, 0 while it is minimised
+    std::function<void(const std::vector<std::string>&)> dropped;
+    int frame[4] = {}; // place and size of a window that fills the screen now, screen coordinates
+    int width = 0;     // device pixels of the native window, 0 while it is minimised
     int height = 0;
     int exposed = 1; // must be shown although nothing has changed
 };
@@ -111,6 +113,13 @@ void gwGLFWWindow::install_callbacks()
                                });
     glfwSetFramebufferSizeCallback(window, [](GLFWwindow* w, int width, int height)
                                    { owner(w).framebuffer_resized(width, height); });
+    glfwSetDropCallback(window,
+                        [](GLFWwindow* w, int count, const char** names)
+                        {
+                            // A copy: the callback may replace itself.
+                            if (const auto dropped = owner(w).the_native->dropped)
+                                dropped({names, names + count});
+                        });
     glfwSetWindowRefreshCallback(window, [](GLFWwindow* w) { owner(w).the_native->exposed = 1; });
 }
 
@@ -183,6 +192,46 @@ void gwGLFWWindow::fine_wheel(int on)
 void gwGLFWWindow::resize_callback(std::function<void()> callback)
 {
     the_native->resized = std::move(callback);
+}
+
+void gwGLFWWindow::drop_callback(std::function<void(const std::vector<std::string>&)> callback)
+{
+    the_native->dropped = std::move(callback);
+}
+
+int gwGLFWWindow::full_screen() const
+{
+    return glfwGetWindowMonitor(the_native->window) != nullptr;
+}
+
+void gwGLFWWindow::full_screen(int on)
+{
+    GLFWwindow* window = the_native->window;
+    auto& [x, y, width, height] = the_native->frame;
+    if (!on && full_screen())
+        glfwSetWindowMonitor(window, nullptr, x, y, width, height, GLFW_DONT_CARE);
+    if (!on || full_screen())
+        return;
+    glfwGetWindowPos(window, &x, &y);
+    glfwGetWindowSize(window, &width, &height);
+    int count = 0, most = -1;
+    GLFWmonitor* best = glfwGetPrimaryMonitor();
+    GLFWmonitor** monitors = glfwGetMonitors(&count);
+    for (int i = 0; i < count; ++i)
+    {
+        int left = 0, top = 0;
+        glfwGetMonitorPos(monitors[i], &left, &top);
+        const GLFWvidmode* mode = glfwGetVideoMode(monitors[i]);
+        const int shared = mode ? std::max(std::min(x + width, left + mode->width) - std::max(x, left), 0) *
+                                      std::max(std::min(y + height, top + mode->height) - std::max(y, top), 0)
+                                : -1;
+        if (shared <= most)
+            continue;
+        most = shared;
+        best = monitors[i];
+    }
+    if (const GLFWvidmode* mode = best ? glfwGetVideoMode(best) : nullptr)
+        glfwSetWindowMonitor(window, best, 0, 0, mode->width, mode->height, mode->refreshRate);
 }
 
 void gwGLFWWindow::process_events(int wait, double timeout)

@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 class dgGLDevice;
 class dgWindow;
@@ -43,6 +44,13 @@ public:
     /// Called after the window has got another size in device pixels and its framebuffers with it: they are then empty,
     /// and everything has to be drawn again. Not called for a window that is minimised.
     void resize_callback(std::function<void()> callback);
+
+    /// Called with the names, in UTF-8, of files that were dropped on the window.
+    void drop_callback(std::function<void(const std::vector<std::string>&)> callback);
+
+    /// Fills the screen that shows most of the window, without a frame, or gives it the place and size from before.
+    void full_screen(int on);
+    int full_screen() const;
 
     /// Shows what was drawn and posts the events that wait. With wait 1 it first waits until there are any, at most for
     /// timeout seconds if that is above 0. While a spaceball is connected and the window has the focus, it

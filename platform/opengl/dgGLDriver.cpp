@@ -607,6 +607,42 @@ void dgGLDriver::draw_stored(const dgGraphicalPrimitive& primitive, dgTopology t
 
 void dgGLDriver::draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges)
 {
+    if (topology == dgTOPOLOGY_TRIANGLES && the_state.opacity < 1 && !the_inverting && !the_overlay)
+        draw_see_through(has_normals, ranges);
+    else
+        draw_once(topology, has_normals, ranges);
+}
+
+// First what faces away, all of it in the order of the triangles, then of what faces the eye the nearest alone, which
+// is found by its depth. So nothing depends on the order of the triangles but shades of back faces behind each other.
+void dgGLDriver::draw_see_through(int has_normals, const dgGLIndexRanges& ranges)
+{
+    own_modes();
+    const int filled = the_state.interior_style;
+    glBlendColor(0, 0, 0, the_state.opacity);
+    glBlendFuncSeparate(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA, GL_ZERO, GL_ONE);
+    glEnable(GL_BLEND);
+    glDepthMask(GL_FALSE);
+    set_capability(GL_CULL_FACE, filled);
+    glCullFace(GL_FRONT);
+    draw_once(dgTOPOLOGY_TRIANGLES, has_normals, ranges);
+    if (filled)
+    {
+        glCullFace(GL_BACK);
+        glDepthMask(GL_TRUE);
+        glColorMask(GL_FALSE, GL_FALSE, GL_FALSE, GL_FALSE);
+        draw_once(dgTOPOLOGY_TRIANGLES, has_normals, ranges);
+        glColorMask(GL_TRUE, GL_TRUE, GL_TRUE, GL_TRUE);
+        draw_once(dgTOPOLOGY_TRIANGLES, has_normals, ranges);
+    }
+    glDisable(GL_CULL_FACE);
+    glCullFace(GL_BACK);
+    glDisable(GL_BLEND);
+    glDepthMask(GL_TRUE);
+}
+
+void dgGLDriver::draw_once(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges)
+{
     const dgGLGeometryStore& store = the_device.geometry();
     const unsigned mode = mode_of(topology);
     GLsizei indices = 0;

@@ -68,6 +68,8 @@ private:
     const float* colour_of(dgTopology topology) const;
     bool colours_change(const float* colour);
     void draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);
+    void draw_see_through(int has_normals, const dgGLIndexRanges& ranges);
+    void draw_once(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);
     void flush();
     void draw_stored(const dgGraphicalPrimitive& primitive, dgTopology topology, int has_normals);
     void draw_texts(const dgPrimitiveRun& run, int first, int end);

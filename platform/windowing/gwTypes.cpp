@@ -12,6 +12,8 @@ std::ostream& operator<<(std::ostream& os, gwKeyType type)
     case gwOTHER_KEY: return os << "gwOTHER_KEY";
     case gwSPACEBALL_BUTTON: return os << "gwSPACEBALL_BUTTON";
     case gwMOUSE_WHEEL: return os << "gwMOUSE_WHEEL";
+    case gwMOUSE_CLICK: return os << "gwMOUSE_CLICK";
+    case gwMOUSE_DOUBLE_CLICK: return os << "gwMOUSE_DOUBLE_CLICK";
     }
     return os << "Unknown value for gwKeyType";
 }

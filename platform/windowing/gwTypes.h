@@ -7,12 +7,14 @@
 /// What a key event is about. The numbers are fixed: resource texts and stored sessions use them.
 enum gwKeyType
 {
-    gwQWERTY_KEY = 0,       ///< key number is the upper-case ASCII code of the key
-    gwFUNCTION_KEY = 1,     ///< key number is that of the function key, from 1
-    gwMOUSE_BUTTON = 2,     ///< key number is that of the button, from 1
-    gwOTHER_KEY = 3,        ///< key number is a gwOtherKey
-    gwSPACEBALL_BUTTON = 4, ///< key number is that of the button, or a gwSpaceballKey
-    gwMOUSE_WHEEL = 5       ///< key number is 1
+    gwQWERTY_KEY = 0,        ///< key number is the upper-case ASCII code of the key
+    gwFUNCTION_KEY = 1,      ///< key number is that of the function key, from 1
+    gwMOUSE_BUTTON = 2,      ///< key number is that of the button, from 1
+    gwOTHER_KEY = 3,         ///< key number is a gwOtherKey
+    gwSPACEBALL_BUTTON = 4,  ///< key number is that of the button, or a gwSpaceballKey
+    gwMOUSE_WHEEL = 5,       ///< key number is 1
+    gwMOUSE_CLICK = 6,       ///< a press and its release in one place; key number is that of the button
+    gwMOUSE_DOUBLE_CLICK = 7 ///< two of them; key number is that of the button
 };
 
 /// Bits of a set of held keys.

@@ -9,11 +9,13 @@
 
 #include "dgRenderer.h"
 #include "dgView.h"
+#include "dgWidgetWindow.h"
 #include "dgWindow.h"
 #include "gsColour.h"
 #include "gwResourceDB.h"
 
 #include <algorithm>
+#include <cmath>
 #include <ostream>
 
 namespace
@@ -95,7 +97,11 @@ void grCanvas::windows(dgWindow* main, dgWindow* overlay, const gwWindow* input_
 {
     remove_renderer();
     if (main)
+    {
         the_renderer = std::make_unique<dgRenderer>(main, overlay, input_window);
+        the_width = main->width();
+        the_height = main->height();
+    }
 }
 
 void grCanvas::take_window(std::unique_ptr<dgWindow> window)
@@ -112,7 +118,7 @@ dgView& grCanvas::add_view()
 
 dgView& grCanvas::add_view(std::unique_ptr<dgView> view, std::unique_ptr<grView> companion)
 {
-    the_views.push_back({std::move(view), std::move(companion)});
+    the_views.push_back({std::move(view), std::move(companion), giBox2(), giBox2()});
     return *the_views.back().view;
 }
 
@@ -215,6 +221,34 @@ void grCanvas::redraw()
     for (const Entry& entry : the_views)
         views.add_first(entry.view.get());
     grViewListUtils::refresh_views_and_rubber_banding(views, dgRenderercoDList{the_renderer.get()});
+}
+
+void grCanvas::resize(int width, int height)
+{
+    if (!the_renderer || width < 1 || height < 1)
+        return;
+    dgWindow* const main = the_renderer->window(0);
+    if (auto* widget = dynamic_cast<dgWidgetWindow*>(main);
+        widget && (main->width() != width || main->height() != height))
+        widget->resize(width, height);
+    for (Entry& entry : the_views)
+    {
+        dgCamera& camera = entry.view->camera();
+        const giBox2& port = camera.view_port_dc();
+        // Taken anew only where the application has moved it: small sizes round.
+        if (!(port == entry.viewport))
+            entry.shares = giBox2(port.low().x() / the_width, port.low().y() / the_height,
+                                  (port.high().x() + 1) / the_width, (port.high().y() + 1) / the_height);
+        const giBox2& shares = entry.shares;
+        const double low_x = std::round(shares.low().x() * width), low_y = std::round(shares.low().y() * height);
+        entry.viewport = giBox2(low_x, low_y, std::max(std::round(shares.high().x() * width) - 1, low_x),
+                                std::max(std::round(shares.high().y() * height) - 1, low_y));
+        camera.view_port_dc(entry.viewport);
+        camera.window_size(giVector2(width, height));
+    }
+    the_width = width;
+    the_height = height;
+    resized();
 }
 
 void grCanvas::resized()

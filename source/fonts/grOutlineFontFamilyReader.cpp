@@ -19,6 +19,10 @@ grMorvexFontFinder grOutlineFontFamilyReader::the_morvex_font_finder = nullptr;
 
 namespace
 {
+// In place of the finder without data.
+void (*the_data_finder)(const utString&, utStringutStringcoTable&, void*) = nullptr;
+void* the_finder_data = nullptr;
+
 constexpr int bold_above = 500; // a weight of 500 is not bold
 
 // Western, symbols, Japanese, Korean, simplified and traditional Chinese, Cyrillic.
@@ -116,11 +120,14 @@ grOutlineFontFileStatus grOutlineFontFamilyReader::add_morvex_fonts(const utStri
     for (const utString& known : the_morvex_directories)
         if (known.equal_case_blind(directory))
             return grOUTLINE_FONT_FILE_READ;
-    if (!the_morvex_font_finder)
+    if (!the_morvex_font_finder && !the_data_finder)
         return grOUTLINE_FONT_FILE_READ;
     the_morvex_directories.add_last(directory);
     utStringutStringcoTable fonts(4, 50);
-    the_morvex_font_finder(directory, fonts);
+    if (the_morvex_font_finder)
+        the_morvex_font_finder(directory, fonts);
+    else
+        the_data_finder(directory, fonts, the_finder_data);
     // A table has no order of its own.
     std::vector<std::pair<utString, utString>> sorted(fonts.begin(), fonts.end());
     std::sort(sorted.begin(), sorted.end());
@@ -138,6 +145,15 @@ grOutlineFontFileStatus grOutlineFontFamilyReader::add_morvex_fonts(const utStri
 void grOutlineFontFamilyReader::set_morvex_font_finder(grMorvexFontFinder finder)
 {
     the_morvex_font_finder = finder;
+    the_data_finder = nullptr;
+}
+
+void grOutlineFontFamilyReader::set_morvex_font_finder(void (*finder)(const utString&, utStringutStringcoTable&, void*),
+                                                       void* data)
+{
+    the_morvex_font_finder = nullptr;
+    the_data_finder = finder;
+    the_finder_data = data;
 }
 
 grOutlineFontInstallStatus grOutlineFontFamilyReader::install_family(ltFontType type, const utString& family,

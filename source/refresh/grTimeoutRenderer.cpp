@@ -160,10 +160,10 @@ void grTimeoutRenderer::count_structure()
     the_total = 0;
     const dgStructure* root = the_view->root();
     the_counted_root = root;
-    the_counted_stamp = root ? root->network_stamp() : 0;
+    the_counted_stamp = the_view->shown_stamp();
     if (!root)
         return;
-    gr_walk_network(*root, nullptr,
+    gr_walk_network(*root, the_view->looks(), nullptr,
                     [this](const dgGraphicalElement& element)
                     {
                         if (const dgGraphicalPrimitive* primitive = as_primitive(element))
@@ -181,7 +181,7 @@ void grTimeoutRenderer::count_structure()
 bool grTimeoutRenderer::edited() const
 {
     const dgStructure* root = the_view->root();
-    return root != the_counted_root || (root && root->network_stamp() != the_counted_stamp);
+    return root != the_counted_root || the_view->shown_stamp() != the_counted_stamp;
 }
 
 // What was drawn of another network says nothing. Speeds stay.
@@ -290,7 +290,7 @@ template <class Draw>
 void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
 {
     int position = 0;
-    gr_walk_network(*the_view->root(), &renderer,
+    gr_walk_network(*the_view->root(), the_view->looks(), &renderer,
                     [&](const dgGraphicalElement& element)
                     {
                         if (as_primitive(element))
@@ -305,7 +305,7 @@ int grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& st
 {
     int drawn = 0;
     the_idle_place.clear();
-    gr_walk_network(*the_view->root(), &renderer, the_idle_place,
+    gr_walk_network(*the_view->root(), the_view->looks(), &renderer, the_idle_place,
                     [&](const dgGraphicalElement& element)
                     {
                         if (!as_primitive(element))
@@ -416,7 +416,7 @@ grIdleAction grTimeoutRenderer::idle_draw()
 int grTimeoutRenderer::idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, dgNetworkPlace& place, int end)
 {
     int met = the_idle_position;
-    gr_walk_network(*the_view->root(), &renderer, place,
+    gr_walk_network(*the_view->root(), the_view->looks(), &renderer, place,
                     [&](const dgGraphicalElement& element)
                     {
                         if (as_primitive(element) && met >= the_infos.count())
@@ -463,7 +463,7 @@ void grTimeoutRenderer::end_draw_elements(dgRenderer& renderer)
     renderer.finish();
     double start = apHighResTime::time();
     int position = 0;
-    gr_walk_network(*the_view->root(), &renderer,
+    gr_walk_network(*the_view->root(), the_view->looks(), &renderer,
                     [&](const dgGraphicalElement& element)
                     {
                         renderer.execute(element);

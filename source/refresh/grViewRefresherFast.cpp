@@ -128,7 +128,8 @@ int grViewRefresherFast::idle_slices_forbidden(const dgViewcoDList& views)
 {
     const dgRenderer* first = views.count() ? views.first()->renderer() : nullptr;
     return !first || first->idle_slicing_forbidden() ||
-           std::any_of(views.begin(), views.end(), [](const dgView* view) { return idle_slices_blocked(*view); });
+           std::any_of(views.begin(), views.end(),
+                       [](const dgView* view) { return idle_slices_blocked(*view) || view->shows_see_through(); });
 }
 
 // Whether idle() may draw at all.

@@ -38,8 +38,26 @@ constexpr double little_of_a_frame = 0.4;
 int the_adjust_clip_planes = 0;
 int the_disable_flattening = 0;
 double the_view_bbox_offset = 0.0;
-grViewRendererFast::ClipPlanesResetCB the_clip_planes_resetCB = nullptr;
-grViewRendererFast::PrintCallback the_print_callback = nullptr;
+// A function of the application, with or without data of its own.
+template <class... Arguments>
+struct Callback
+{
+    void (*plain)(Arguments...) = nullptr;
+    void (*with_data)(Arguments..., void*) = nullptr;
+    void* data = nullptr;
+
+    explicit operator bool() const { return plain || with_data; }
+    void operator()(Arguments... arguments) const
+    {
+        if (plain)
+            plain(arguments...);
+        else
+            with_data(arguments..., data);
+    }
+};
+
+Callback<dgView*, const giBox3&> the_clip_planes_resetCB;
+Callback<dgView*, dgStructure*> the_print_callback;
 int the_dump_flattened = 0;
 
 std::string& dump_prefix_text()
@@ -168,10 +186,10 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
     the_slicer.reset();
     the_picture_simplified = 0;
     the_icon.reset();
-    the_frame_stamp = the_view->root()->network_stamp();
-    if (the_flat && the_root.get() != the_view->root())
+    look_at_network();
+    if (the_flat && (the_root.get() != the_view->root() || the_flat_looks != looks_stamp()))
     {
-        // Another network: nothing that was measured holds.
+        // Another network, or other parts of it: nothing that was measured holds.
         forget_flat();
         the_calibrated = 0;
     }
@@ -273,11 +291,14 @@ void grViewRendererFast::draw_final_frame()
         the_non_flattened_final = 1;
     dgStructure* structure = the_non_flattened_final ? the_view->root() : the_flat.get();
     timed([&] { the_view->render_network(structure); });
+    if (the_view)
+        the_view->picture_is_whole();
 }
 
 void grViewRendererFast::flatten()
 {
     the_root = dgRef<dgStructure>(the_view->root());
+    the_flat_looks = looks_stamp();
     the_non_flattened_final = 0;
     if (the_disable_flattening)
     {
@@ -343,7 +364,9 @@ void grViewRendererFast::find_bbox(dgStructure* icon)
 // The flat copy, as long as it shows what the network is.
 dgStructure* grViewRendererFast::drawn_structure() const
 {
-    return the_flattener && !the_flattener->flat_root_matches(the_frame_stamp) ? the_view->root() : the_flat.get();
+    const bool matches =
+        !the_flattener || (the_flattener->flat_root_matches(the_frame_stamp) && the_flat_looks == looks_stamp());
+    return matches ? the_flat.get() : the_view->root();
 }
 
 void grViewRendererFast::forget_flat()
@@ -353,9 +376,21 @@ void grViewRendererFast::forget_flat()
     the_root.reset();
 }
 
+unsigned long long grViewRendererFast::looks_stamp() const
+{
+    return the_view->looks() ? the_view->looks()->stamp() : 0;
+}
+
+void grViewRendererFast::look_at_network()
+{
+    the_frame_stamp = the_view->root()->network_stamp();
+    the_shown_stamp = the_view->shown_stamp();
+}
+
 void grViewRendererFast::note_picture()
 {
-    the_picture_stamp = the_frame_stamp;
+    the_picture_stamp = the_shown_stamp;
+    the_see_through = the_view->renderer()->drew_see_through();
     the_picture_width = the_view->renderer_width();
     the_picture_height = the_view->renderer_height();
 }
@@ -363,15 +398,16 @@ void grViewRendererFast::note_picture()
 // Takes a new look at the network.
 bool grViewRendererFast::picture_is_stale()
 {
-    the_frame_stamp = the_view->root()->network_stamp();
-    return the_picture_stamp != the_frame_stamp || the_picture_width != the_view->renderer_width() ||
+    look_at_network();
+    return the_picture_stamp != the_shown_stamp || the_picture_width != the_view->renderer_width() ||
            the_picture_height != the_view->renderer_height();
 }
 
+// Slices that come later would lie over what is see-through.
 bool grViewRendererFast::draws_slices() const
 {
-    return the_draw_method == grFAST_DRAW_SHARE && the_slice_prims >= 1 && the_view && the_view->renderer() &&
-           the_view->root() && the_root.get() == the_view->root();
+    return the_draw_method == grFAST_DRAW_SHARE && !the_see_through && the_slice_prims >= 1 && the_view &&
+           the_view->renderer() && the_view->root() && the_root.get() == the_view->root();
 }
 
 int grViewRendererFast::slice_needed()
@@ -496,22 +532,32 @@ void grViewRendererFast::view_bbox_offset(double distance)
 
 grViewRendererFast::ClipPlanesResetCB grViewRendererFast::clip_planes_resetCB()
 {
-    return the_clip_planes_resetCB;
+    return the_clip_planes_resetCB.plain;
 }
 
 void grViewRendererFast::set_clip_planes_resetCB(ClipPlanesResetCB callback)
 {
-    the_clip_planes_resetCB = callback;
+    the_clip_planes_resetCB = {callback};
+}
+
+void grViewRendererFast::set_clip_planes_resetCB(void (*callback)(dgView*, const giBox3&, void*), void* data)
+{
+    the_clip_planes_resetCB = {nullptr, callback, data};
 }
 
 grViewRendererFast::PrintCallback grViewRendererFast::print_callback()
 {
-    return the_print_callback;
+    return the_print_callback.plain;
 }
 
 void grViewRendererFast::set_print_callback(PrintCallback callback)
 {
-    the_print_callback = callback;
+    the_print_callback = {callback};
+}
+
+void grViewRendererFast::set_print_callback(void (*callback)(dgView*, dgStructure*, void*), void* data)
+{
+    the_print_callback = {nullptr, callback, data};
 }
 
 int grViewRendererFast::dump_flattened()

@@ -96,7 +96,9 @@ bool grActionReader::read_modifiers(int& modifiers)
 bool grActionReader::read_key(gwKeyType& type, int& number)
 {
     if (!the_token || !grStringConverter::to_key_type(the_token, type))
-        return fault("expected qwerty_key, function_key, mouse_button or other_key, not " + found());
+        return fault(
+            "expected qwerty_key, function_key, mouse_button, mouse_click, mouse_double_click or other_key, not " +
+            found());
     step();
     if (type == gwOTHER_KEY)
     {

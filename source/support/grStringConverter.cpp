@@ -26,10 +26,9 @@ struct Word
 const Word<int> bool_words[] = {{"0", 0}, {"false", 0}, {"no", 0},  {"off", 0},
                                 {"1", 1}, {"true", 1},  {"yes", 1}, {"on", 1}};
 
-const Word<gwKeyType> key_type_words[] = {{"qwerty_key", gwQWERTY_KEY},
-                                          {"function_key", gwFUNCTION_KEY},
-                                          {"mouse_button", gwMOUSE_BUTTON},
-                                          {"other_key", gwOTHER_KEY}};
+const Word<gwKeyType> key_type_words[] = {
+    {"qwerty_key", gwQWERTY_KEY}, {"function_key", gwFUNCTION_KEY}, {"mouse_button", gwMOUSE_BUTTON},
+    {"other_key", gwOTHER_KEY},   {"mouse_click", gwMOUSE_CLICK},   {"mouse_double_click", gwMOUSE_DOUBLE_CLICK}};
 
 const Word<int> modifier_words[] = {
     {"control", gwMODIFIER_CONTROL}, {"shift", gwMODIFIER_SHIFT}, {"alt", gwMODIFIER_ALT}, {"f1", gwMODIFIER_F1},

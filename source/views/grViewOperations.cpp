@@ -5,6 +5,8 @@
 #include "grPaperMove.h"
 #include "grViewUtils.h"
 
+#include <algorithm>
+
 namespace
 {
 constexpr double isometric_turn_radians = 0.7853981633974483;
@@ -40,6 +42,35 @@ void grViewOperations::isometric(dgView& view)
 void grViewOperations::fit(dgView& view)
 {
     look_at_all(view, view.camera().orientation());
+}
+
+void grViewOperations::look(dgView& view, grViewSide side, gi_Axis up)
+{
+    const giVector3 x(1, 0, 0), y(0, 1, 0), z(0, 0, 1);
+    const giVector3 right = up == gi_X_AXIS ? y : x, back = up == gi_X_AXIS ? z : up == gi_Y_AXIS ? -z : y;
+    const giVector3 above = up == gi_X_AXIS ? x : up == gi_Y_AXIS ? y : z;
+    dgCamera camera;
+    switch (side)
+    {
+    case grVIEW_FRONT: camera.orientation({}, back, above); break;
+    case grVIEW_BACK: camera.orientation({}, -back, above); break;
+    case grVIEW_LEFT: camera.orientation({}, right, above); break;
+    case grVIEW_RIGHT: camera.orientation({}, -right, above); break;
+    case grVIEW_TOP: camera.orientation({}, -above, back); break;
+    case grVIEW_BOTTOM: camera.orientation({}, above, -back); break;
+    }
+    look_at_all(view, camera.orientation());
+}
+
+void grViewOperations::perspective(dgView& view, int on)
+{
+    dgCamera& camera = view.camera();
+    const giBox2& window = camera.view_window();
+    const giPoint2 middle = window.middle();
+    camera.projection_reference_point(giPoint3(
+        middle.x(), middle.y(), std::max(2 * std::max(window.width(), window.height()), camera.front_plane() * 1.5)));
+    camera.projection(on ? dgPROJECTION_PERSPECTIVE : dgPROJECTION_PARALLEL);
+    camera.world2view_altered();
 }
 
 void grViewOperations::reset_clipping_planes(dgView& view, dgBoundingViewType mode)

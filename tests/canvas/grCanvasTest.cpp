@@ -127,3 +127,20 @@ TEST(grCanvas, xor_rubberbanding_turns_redrawing_on_unless_there_is_an_overlay_a
     const grCanvas other(&yes);
     EXPECT_EQ(grRubberBandManager::rubber_band_via_redraw(), 1) << "yes changes nothing";
 }
+
+TEST_F(Canvas, resizes_its_views_by_their_shares)
+{
+    dgCamera& left = canvas.add_view().camera();
+    dgCamera& right = canvas.add_view().camera();
+    left.view_port_dc(giBox2(0, 0, 49, 79));
+    right.view_port_dc(giBox2(50, 0, 99, 79));
+    canvas.resize(3, 2);
+    EXPECT_EQ(left.view_port_dc(), giBox2(0, 0, 1, 1));
+    EXPECT_EQ(right.view_port_dc(), giBox2(2, 0, 2, 1));
+    canvas.resize(200, 80);
+    EXPECT_EQ(left.view_port_dc(), giBox2(0, 0, 99, 79));
+    EXPECT_EQ(right.view_port_dc(), giBox2(100, 0, 199, 79));
+    right.view_port_dc(giBox2(50, 0, 99, 79));
+    canvas.resize(100, 80);
+    EXPECT_EQ(right.view_port_dc(), giBox2(25, 0, 49, 79)) << "moved by the application in between";
+}

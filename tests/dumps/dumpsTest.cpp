@@ -224,7 +224,7 @@ void print_tool_names(std::ostream& os)
     print_names<grFastDrawMethod>(os, 2);
     print_names<grViewLinkType>(os, 2);
     print_names<grViewBackground>(os, 2);
-    print_names<gwKeyType>(os, 6);
+    print_names<gwKeyType>(os, 8);
     print_names<gwDisplayBufferMode>(os, 3);
     print_names<gwDriverType>(os, 6);
     print_names<gwResourceStatus>(os, 3);

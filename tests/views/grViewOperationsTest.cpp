@@ -91,3 +91,34 @@ TEST(grView, a_fit_keeps_locked_children_where_they_are_put)
     for (int i = 0; i < 16; ++i)
         EXPECT_NEAR(scene.view(1)->camera().orientation().data()[i], fitted.data()[i], 1e-9) << i;
 }
+
+TEST(grViewOperations, look_from_each_side_with_each_axis_up)
+{
+    const struct
+    {
+        gi_Axis up;
+        giVector3 right, back, above;
+    } rows[] = {{gi_Z_AXIS, {1, 0, 0}, {0, 1, 0}, {0, 0, 1}},
+                {gi_Y_AXIS, {1, 0, 0}, {0, 0, -1}, {0, 1, 0}},
+                {gi_X_AXIS, {0, 1, 0}, {0, 0, 1}, {1, 0, 0}}};
+    tsScene scene;
+    dgView& view = *scene.add_view();
+    for (const auto& row : rows)
+    {
+        // What points to the right of the picture, and what up.
+        const struct
+        {
+            grViewSide side;
+            giVector3 right, above;
+        } sides[] = {{grVIEW_FRONT, row.right, row.above}, {grVIEW_BACK, -row.right, row.above},
+                     {grVIEW_LEFT, -row.back, row.above},  {grVIEW_RIGHT, row.back, row.above},
+                     {grVIEW_TOP, row.right, row.back},    {grVIEW_BOTTOM, row.right, -row.back}};
+        for (const auto& expected : sides)
+        {
+            grViewOperations::look(view, expected.side, row.up);
+            const giXform3& seen = view.camera().orientation();
+            EXPECT_NEAR(seen.transform(expected.right).x(), 1, 1e-12) << row.up << " " << expected.side;
+            EXPECT_NEAR(seen.transform(expected.above).y(), 1, 1e-12) << row.up << " " << expected.side;
+        }
+    }
+}

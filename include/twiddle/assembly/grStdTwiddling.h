@@ -7,7 +7,10 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
+class dgView;
+class grExtraToolFactory;
 class grStdToolFactory;
 class grStdTwiddleHooks;
 class grToolFactory;
@@ -37,6 +40,11 @@ public:
     /// Is told of such faults as they are found. Without one they are printed on standard error. One for the process.
     static void fault_callback(std::function<void(const std::string& fault)> callback);
 
+    /// Runs a tool on a view from its start to its end, as if its key were pressed and released over the view: for
+    /// buttons and menus. The name is one that actions may have; args are what may stand in parentheses behind it. 0
+    /// when no factory knows the name, a tool is at work, or no pixel of the view is to be seen.
+    int run_tool(dgView& view, const utString& name, const utString& args = utString());
+
     gwInput* input() const { return the_input; }
     grStdTwiddleHooks* hooks() const { return the_hooks; }
     /// Null when the application has none.
@@ -54,6 +62,7 @@ protected:
     void add_spaceball_actions(grActioncoDListPtr& actions);
 
 private:
+    std::vector<grToolFactory*> factories() const;
     bool bind(grAction& action) const;
     void report_fault(const utString& key, const utString& text);
 
@@ -63,6 +72,7 @@ private:
     grToolFactory* the_apps_factory;
     // The manager goes first: its tool still uses the factory's database and the hooks.
     std::unique_ptr<grStdToolFactory> the_factory;
+    std::unique_ptr<grExtraToolFactory> the_extra_factory;
     std::unique_ptr<grTwiddleMan> the_twiddle_man;
     std::string the_fault;
 };

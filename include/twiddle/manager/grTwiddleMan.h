@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class grToolDetail;
 class grTwiddleTool;
 class gwEvent;
 class gwInput;
@@ -21,6 +22,10 @@ class gwInput;
 /// getting events, until the next press destroys it. There is never more than one tool. A tool that zooms with the
 /// wheel begins, ends and goes within the one event; what its picture lacks is drawn in idle calls. Factories and tools
 /// may let further events in; presses then start nothing.
+///
+/// A button that is released where it was pressed, no more than 4 pixels away and within half a second, whatever tool
+/// the press has started, then pulls triggers of clicks: a tool that one of them starts is ended at once. The second of
+/// two clicks within half a second pulls those of double clicks, and those of clicks where there is none.
 class GR_EXPORT grTwiddleMan : public coReceiver
 {
 public:
@@ -38,6 +43,10 @@ public:
     /// tool, and completes the picture of the last turn of the wheel. From inside a call into the tool it only ends it,
     /// and from inside its end it does nothing.
     void stop_twiddling();
+    /// Runs a tool from its start to its end at once, as if a key were pressed and released at the position of the
+    /// event in its window. 0, with nothing run, from inside a call into a tool.
+    int run(const grToolDetail& tool, const utString& args, const gwKeyEvent& event);
+
     /// Destroys the current tool unless it is active or this is called from inside a call into it.
     void delete_current_tool();
 
@@ -86,6 +95,9 @@ private:
     bool key_released(const gwKeyEvent& event);
     void finish_one_shot_tool(const gwEvent& event);
     void start_tool(const gwKeyEvent& event);
+    bool start(const grToolDetail& tool, const utString& args, const gwKeyEvent& event);
+    void follow_clicks(const gwEvent& event);
+    void clicked(const gwKeyEvent& release);
     bool tool_claims(const gwKeyEvent& event);
     void end_twiddle(const gwKeyEvent& event);
     bool twiddling() const { return current_tool_state() == grTWID_TWIDDLING; }
@@ -94,6 +106,11 @@ private:
     grActioncoDListPtr the_actions;
     std::unique_ptr<grTwiddleTool> the_current_tool;
     int the_idle_calls_come = 0;
+    // The press that may become a click, and the last one that did.
+    gwKeyEvent the_press, the_click;
+    double the_press_time = 0, the_click_time = 0; // seconds
+    int the_press_stays = 0, the_was_clicked = 0;
+
     int the_in_call = 0;
     int the_in_end = 0;
 };

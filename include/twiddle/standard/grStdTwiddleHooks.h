@@ -8,10 +8,12 @@
 #include "gsColour.h"
 
 #include <memory>
+#include <vector>
 
 class dgStructure;
 class dgView;
 class giPoint3;
+class grSelection;
 class grStdTwiddleTool;
 class grStructureTwiddleDetail;
 class grTimeoutRendererCache;
@@ -21,6 +23,7 @@ class grWorkPlane;
 class gwKeyEvent;
 class gwMouseEvent;
 class gwResourceDB;
+struct dgPickHit;
 
 /// The application's control over the standard tools: it says what an event is about, how it is redrawn and with which
 /// settings, and is told of every phase of a twiddle. Applications derive from it; the defaults serve without.
@@ -69,6 +72,17 @@ public:
     /// Called at the start of a rotation, before get_world_centre, to let the application move the centre.
     virtual void update_rotation_centre(const dgView& view, const gwKeyEvent& event);
     virtual ~grStdTwiddleHooks();
+
+    /// The selection that tools change which act on a view, or null: by default the one that was given.
+    virtual grSelection* identify_selection(const dgView& view);
+    /// Told of what a selecting tool has picked, before it changes the selection; the nearest first, none for nothing.
+    virtual void picked(grStdTwiddleTool* tool, const std::vector<dgPickHit>& hits);
+    /// Told after it has, and what is selected now was drawn.
+    virtual void selection_changed(grStdTwiddleTool* tool, grSelection& selection);
+
+    /// The selection of all views, null at first; not owned.
+    grSelection* selection() const { return the_selection; }
+    void selection(grSelection* selection) { the_selection = selection; }
 
     /// What locked_view does by default.
     int locked_gr_view(const dgView* view, const grStdTwiddleTool* tool) const;
@@ -130,6 +144,7 @@ private:
     grViewRefresher* fast_refresher(const dgViewcoDList& views);
     grViewRefresher* wheel_refresher(const dgViewcoDList& views);
 
+    grSelection* the_selection = nullptr;
     int the_timeout_twiddling = 0;
     int the_allow_full_refresh = 1;
     dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_BOX;

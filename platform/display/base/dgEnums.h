@@ -76,7 +76,9 @@ enum dgCameraSpace
 enum dgViewReason
 {
     DG_WORLD2VIEW_CHANGED = 1,
-    DG_VIEW_TO_BE_DELETED = 2
+    DG_VIEW_TO_BE_DELETED = 2,
+    DG_CAMERA_SHOWN =
+        3 ///< the view was drawn with another camera than before: turned, panned, zoomed, or of another size
 };
 
 /// Whether a holder takes a counted reference; any other value than 0 takes none.
@@ -127,6 +129,7 @@ enum dgGraphicalElementType : int
     dgTYPE_INTERIOR_STYLE = 25,
     dgTYPE_SURFACE_COLOUR = 29,
     dgTYPE_BACK_SURFACE_COLOUR = 31,
+    dgTYPE_OPACITY = 35,
     dgTYPE_TRANSFORM = 67,
     dgTYPE_WORLD_TRANSFORM = 68,
     dgTYPE_LIGHTING = 71,

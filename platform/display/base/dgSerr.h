@@ -11,3 +11,6 @@ DG_EXPORT void dgSerr(int code);
 
 /// Replaces the handler and returns the one before; null puts the default back.
 DG_EXPORT dgSerrHandler dgSerr_handler(dgSerrHandler handler);
+
+/// Has a handler called that gets data with each code, in place of any other; null puts the default back.
+DG_EXPORT void dgSerr_handler(void (*handler)(int code, void* data), void* data);

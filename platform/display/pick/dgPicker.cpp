@@ -8,8 +8,10 @@
 #include "dgGlyphOutline.h"
 #include "dgGraphicalAttribute.h"
 #include "dgGraphicalPrimitive.h"
+#include "dgLooks.h"
 #include "dgNetworkWalk.h"
 #include "dgPickAperture.h"
+#include "dgPickHits.h"
 #include "dgPickResult.h"
 #include "dgPrimitiveRun.h"
 #include "dgRunBounds.h"
@@ -21,6 +23,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <memory>
 #include <numeric>
 #include <utility>
@@ -135,10 +138,19 @@ private:
 class dgPicker::Walk : public dgNetworkVisitor<Cursor>
 {
 public:
-    explicit Walk(dgPicker& picker) : the_picker(picker) {}
+    Walk(dgPicker& picker, const dgLooks* looks) : the_picker(picker)
+    {
+        if (looks)
+            the_next_look = looks->root();
+    }
 
     bool enter(const dgStructure&)
     {
+        if (the_met && !dgLooks::enter(the_looks.back(), *the_met, the_next_look))
+            return false;
+        the_looks.push_back(the_next_look);
+        if (dgPickHits* hits = the_picker.the_hits; hits && the_met)
+            hits->calls.push_back(the_met);
         the_transforms.push_back(the_transform);
         the_attributes.push();
         return true;
@@ -146,24 +158,40 @@ public:
     Cursor cursor(const dgStructure& structure) { return Cursor(structure, *this); }
     bool visit(const dgCompiledStructure::Step* step)
     {
-        if (step->run && step->run->topology == dgTOPOLOGY_TEXT)
-            the_picker.pick_texts(*step->run, the_attributes, the_transform);
-        else if (step->run)
-            the_picker.pick_in(*step->run, the_transform);
+        if (!step->run)
+            return true;
+        if (!dgLooks::parts_runs(the_looks.back()))
+            pick(*step->run);
+        else
+            for (const dgLooks::Part& part : dgLooks::parts(the_looks.back(), *step->run))
+                pick(*part.run);
         return !the_picker.full();
     }
     void leave(const dgStructure&)
     {
+        the_looks.pop_back();
+        if (dgPickHits* hits = the_picker.the_hits; hits && !hits->calls.empty())
+            hits->calls.pop_back();
         the_transforms.pop_back();
         the_attributes.pop();
     }
 
 private:
     friend class dgPicker::Cursor;
+    void pick(const dgPrimitiveRun& run)
+    {
+        if (run.topology == dgTOPOLOGY_TEXT)
+            the_picker.pick_texts(run, the_attributes, the_transform);
+        else
+            the_picker.pick_in(run, the_transform);
+    }
     dgPicker& the_picker;
-    std::vector<giXform3> the_transforms; // to world space, of the structures under way
-    giXform3 the_transform;               // of the step that was met last
-    dgAttributeContext the_attributes;    // those of texts, in force there
+    std::vector<giXform3> the_transforms;        // to world space, of the structures under way
+    giXform3 the_transform;                      // of the step that was met last
+    const dgGraphicalElement* the_met = nullptr; // the call that was met last
+    dgLooks::Place the_next_look;
+    std::vector<dgLooks::Place> the_looks; // of the structures under way
+    dgAttributeContext the_attributes;     // those of texts, in force there
 };
 
 dgPicker::Cursor::Cursor(const dgStructure& structure, Walk& walk) : the_walk(&walk)
@@ -206,19 +234,29 @@ dgPicker::Cursor::Item dgPicker::Cursor::next()
             the_walk->the_attributes.set(static_cast<const dgGraphicalAttribute&>(element));
     };
     the_tree->attributes_between(std::exchange(the_passed, step), step, set);
-    return &(*the_steps)[static_cast<std::size_t>(step)];
+    const Item item = &(*the_steps)[static_cast<std::size_t>(step)];
+    the_walk->the_met = item->element;
+    return item;
 }
 
-void dgPicker::pick(const dgStructure& root)
+void dgPicker::pick(const dgStructure& root, const dgLooks* looks)
 {
     if (the_box.low().x() > the_box.high().x() || the_box.low().y() > the_box.high().y())
         return;
-    dg_walk_network(root, Walk(*this));
+    dg_walk_network(root, Walk(*this, looks));
 }
 
 bool dgPicker::full() const
 {
     return the_settings.largest_count > 0 && the_result.count() >= the_settings.largest_count;
+}
+
+void dgPicker::take(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume)
+{
+    if (the_hits)
+        add_hits(primitive, to_view, volume);
+    else
+        the_result.add(const_cast<dgGraphicalPrimitive*>(&primitive));
 }
 
 void dgPicker::pick_in(const dgPrimitiveRun& run, const giXform3& to_world)
@@ -235,7 +273,7 @@ void dgPicker::pick_in(const dgPrimitiveRun& run, const giXform3& to_world)
         {
             const dgGraphicalPrimitive* primitive = run.primitives[static_cast<std::size_t>(i)];
             if (picks(*primitive, to_view, volume))
-                the_result.add(const_cast<dgGraphicalPrimitive*>(primitive));
+                take(*primitive, to_view, volume);
         }
 }
 
@@ -248,7 +286,7 @@ void dgPicker::pick_texts(const dgPrimitiveRun& run, const dgAttributeContext& a
     const giXform3 to_view = to_world * the_camera.orientation();
     for (const dgGraphicalPrimitive* primitive : run.primitives)
         if (!full() && picks(static_cast<const dgText&>(*primitive), state.text, to_view))
-            the_result.add(const_cast<dgGraphicalPrimitive*>(primitive));
+            take(*primitive, to_view, volume(to_view));
 }
 
 bool dgPicker::picks(const dgText& text, const dgTextStyle& style, const giXform3& to_view)
@@ -423,4 +461,94 @@ bool dgPicker::meets(const giPoint3* corners_view, int n)
     for (const giPoint3& corner : the_shown_part)
         points[count++] = device(corner);
     return count > 0 && bounds_meet(points, count, the_box) && unparted(points, count, the_corners, 4);
+}
+
+// Of what meet has left of a feature, the point next to the middle of the aperture; the answer is its distance there in
+// pixels, 0 inside.
+double dgPicker::next_to_middle(giPoint3& point_view) const
+{
+    const std::vector<giPoint3>& shape = the_shown_part;
+    const Point middle{0.5 * (the_box.low().x() + the_box.high().x()), 0.5 * (the_box.low().y() + the_box.high().y())};
+    double nearest = std::numeric_limits<double>::max(), area = 0;
+    bool left = false, right = false;
+    const auto w = [this](const giPoint3& point) { return point.z() * the_projection(2, 3) + the_projection(3, 3); };
+    for (std::size_t i = 0; i < shape.size(); ++i)
+    {
+        const giPoint3 &a = shape[i], &b = shape[(i + 1) % shape.size()];
+        const Point p = device(a), q = device(b);
+        const double x = q.x - p.x, y = q.y - p.y;
+        const double side = x * (middle.y - p.y) - y * (middle.x - p.x);
+        left |= side > 0;
+        right |= side < 0;
+        area += p.x * q.y - p.y * q.x;
+        const double length = x * x + y * y;
+        const double t =
+            length > 0 ? std::clamp(((middle.x - p.x) * x + (middle.y - p.y) * y) / length, 0.0, 1.0) : 0.0;
+        const double distance = std::hypot(p.x + t * x - middle.x, p.y + t * y - middle.y);
+        if (distance >= nearest)
+            continue;
+        nearest = distance;
+        // Shares of a projected segment are those of the segment divided by w.
+        const double share = t * w(a) / (t * w(a) + (1 - t) * w(b));
+        point_view = giPoint3::interpolate(a, b, share);
+    }
+    if (shape.size() < 3 || (left && right) || area == 0)
+        return nearest;
+    giPoint3 start, end;
+    the_camera.transform(giPoint3(middle.x, middle.y, the_front), start, dgSPACE_DEVICE, dgSPACE_VIEW);
+    the_camera.transform(giPoint3(middle.x, middle.y, the_back), end, dgSPACE_DEVICE, dgSPACE_VIEW);
+    const giVector3 normal = (shape[1] - shape[0]).cross(shape[2] - shape[0]);
+    const double along = normal.dot(end - start);
+    if (along == 0)
+        return nearest;
+    point_view = start + (end - start) * (normal.dot(shape[0] - start) / along);
+    return 0;
+}
+
+// Adds the hits of a primitive that meets the aperture.
+void dgPicker::add_hits(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume)
+{
+    const dgGeometry geometry = primitive.geometry();
+    const giXform3 to_world = the_camera.orientation().inverse();
+    const auto add = [&](int feature, const giPoint3& point, double distance)
+    { the_hits->add(primitive, feature, point * to_world, point.z(), distance); };
+    if (geometry.topology == dgTOPOLOGY_TEXT || !geometry.points)
+    {
+        const giPoint3 middle = primitive.bounding_box().middle() * to_view;
+        return add(0, middle, 0);
+    }
+    int best = -1;
+    giPoint3 best_point;
+    double best_distance = 0;
+    const auto look_at = [&](int feature)
+    {
+        if (!feature_meets(geometry, feature, to_view))
+            return;
+        giPoint3 point;
+        const double distance = next_to_middle(point);
+        if (the_hits->features)
+            add(feature, point, distance);
+        else if (const bool under = distance == 0; best < 0 || under > (best_distance == 0) ||
+                                                   (under == (best_distance == 0) && point.z() > best_point.z()))
+        {
+            best = feature;
+            best_point = point;
+            best_distance = distance;
+        }
+    };
+    if (geometry.nfeatures < dgFeatureTree::least_features)
+        for (int i = 0; i < geometry.nfeatures; ++i)
+            look_at(i);
+    else
+    {
+        const dgFeatureTree& features = primitive.feature_tree();
+        features.tree().find([&](const giBox3& box) { return look(box, to_view, volume); },
+                             [&](int group, bool)
+                             {
+                                 for (const unsigned feature : features.features(group))
+                                     look_at(static_cast<int>(feature));
+                             });
+    }
+    if (best >= 0)
+        add(best, best_point, best_distance);
 }

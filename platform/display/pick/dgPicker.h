@@ -9,6 +9,7 @@
 
 class dgAttributeContext;
 class dgGraphicalPrimitive;
+class dgLooks;
 class dgPickAperture;
 class dgPickResult;
 class dgStructure;
@@ -18,6 +19,7 @@ class dgViewVolume;
 class giBox3;
 struct dgGeometry;
 struct dgGlyphOutline;
+struct dgPickHits;
 struct dgTextStyle;
 struct dgPrimitiveRun;
 
@@ -32,8 +34,12 @@ public:
     dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPickMode mode, const dgPickSettings& settings,
              const dgTextFontSlots& fonts, dgPickResult& result);
 
-    /// Appends to the result, in drawing order, until the settings' largest count is reached.
-    void pick(const dgStructure& root);
+    /// Appends to the result, in drawing order, until the settings' largest count is reached. What looks, which may be
+    /// null, hide is not met.
+    void pick(const dgStructure& root, const dgLooks* looks = nullptr);
+
+    /// Collects hits in place of the result.
+    void hits(dgPickHits* hits) { the_hits = hits; }
 
     /// A point or a direction of the device's plane.
     struct Point
@@ -45,6 +51,9 @@ private:
     class Walk;
     class Cursor;
     bool full() const;
+    void take(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume);
+    void add_hits(const dgGraphicalPrimitive& primitive, const giXform3& to_view, const dgViewVolume& volume);
+    double next_to_middle(giPoint3& point_view) const;
     void pick_in(const dgPrimitiveRun& run, const giXform3& to_world);
     void pick_texts(const dgPrimitiveRun& run, const dgAttributeContext& attributes, const giXform3& to_world);
     bool picks(const dgText& text, const dgTextStyle& style, const giXform3& to_view);
@@ -70,6 +79,7 @@ private:
     const dgPickSettings& the_settings;
     const dgTextFontSlots& the_fonts;
     dgPickResult& the_result;
+    dgPickHits* the_hits = nullptr;
 
     // Kept from one primitive to the next.
     std::vector<int> the_groups;

@@ -18,7 +18,7 @@ dgAttributeContext::~dgAttributeContext() = default;
 
 void dgAttributeContext::push()
 {
-    the_levels.push_back({the_undo.size(), the_transform});
+    the_levels.push_back({the_undo.size(), the_forced, the_transform});
 }
 
 void dgAttributeContext::pop()
@@ -36,6 +36,7 @@ void dgAttributeContext::pop()
         the_transform = level.transform;
         the_transform_changed = true;
     }
+    the_forced = level.forced;
     the_levels.pop_back();
 }
 
@@ -46,6 +47,18 @@ void dgAttributeContext::set(const dgGraphicalAttribute& attribute)
         the_transform_changed = true;
         return;
     }
+    if (!the_forced[static_cast<std::size_t>(attribute.type())])
+        put(attribute);
+}
+
+void dgAttributeContext::force(const dgGraphicalAttribute& attribute)
+{
+    put(attribute);
+    the_forced.set(static_cast<std::size_t>(attribute.type()));
+}
+
+void dgAttributeContext::put(const dgGraphicalAttribute& attribute)
+{
     Attribute& slot = the_attributes[attribute.type()];
     the_state_changed = true; // even for the same element: it may have been changed in place
     if (slot.get() == &attribute)
@@ -85,6 +98,7 @@ void dgAttributeContext::resolve(const dgTextFontSlots& fonts, const dgColourTab
     number(dgTYPE_MARKER_SIZE, state.marker_size);
     number(dgTYPE_INTERIOR_STYLE, state.interior_style);
     number(dgTYPE_LIGHTING, state.lighting);
+    number(dgTYPE_OPACITY, state.opacity);
     int slot = 0;
     number(dgTYPE_TEXT_FONT_SLOT, slot);
     state.text.font = fonts.get(slot);

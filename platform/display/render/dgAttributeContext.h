@@ -6,6 +6,7 @@
 #include "giXform3.h"
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <utility>
 #include <vector>
@@ -31,6 +32,9 @@ public:
     /// Puts an attribute in force, which is referenced as long as it is.
     void set(const dgGraphicalAttribute& attribute);
 
+    /// Puts an attribute in force whatever is set until the level that is open now is closed.
+    void force(const dgGraphicalAttribute& attribute);
+
     /// The attribute of a type code that was set, or null where the default holds.
     const dgGraphicalAttribute* attribute(int type) const { return the_attributes[type].get(); }
 
@@ -53,13 +57,18 @@ private:
         int type;
         Attribute attribute;
     };
+    using Types = std::bitset<dgTYPE_LAST_ATTRIBUTE + 1>;
     struct Level
     {
         std::size_t undo_mark;
+        Types forced;
         giXform3 transform;
     };
 
+    void put(const dgGraphicalAttribute& attribute);
+
     std::array<Attribute, dgTYPE_LAST_ATTRIBUTE + 1> the_attributes; // null where the default holds
+    Types the_forced;                                                // cannot be set
     std::vector<Undo> the_undo;
     std::vector<Level> the_levels;
     giXform3 the_transform;

@@ -18,6 +18,7 @@ struct dgDrawState
     int line_style = 0;
     int interior_style = 1;
     int lighting = 1;
+    float opacity = 1; ///< of surfaces
     dgTextStyle text;
 
     bool operator==(const dgDrawState&) const = default;

@@ -1,6 +1,8 @@
 #include "dgNetworkDrawing.h"
 
 #include "dgCompiledStructure.h"
+#include "dgGraphicalPrimitive.h"
+#include "dgLooks.h"
 #include "dgNetworkWalk.h"
 #include "dgRenderer.h"
 #include "dgStepTree.h"
@@ -60,9 +62,14 @@ public:
     }
 
     unsigned long long walk() const { return the_walk; }
-    bool enter(const dgStructure&)
+    bool enter(const dgStructure& structure)
     {
+        dgLooks::Place look;
+        if (!find_look(structure, look))
+            return false;
+        the_looks.push_back(look);
         the_renderer.push_structure();
+        dgLooks::put_in_force(look, the_renderer);
         the_word_marks.push_back(the_words.size());
         the_place.push_back(0);
         return true;
@@ -70,26 +77,20 @@ public:
     StepCursor cursor(const dgStructure& structure) { return StepCursor(structure, *this); }
     bool visit(const dgCompiledStructure::Step* step)
     {
-        gsRenderAction* action = the_through_action ? the_renderer.render_action() : nullptr;
+        const dgLooks::Place look = the_looks.back();
         if (step->run)
-        {
-            if (action)
-            {
-                action->run(the_renderer, *step->run);
-                return the_renderer.render_action() != action || !action->stops_at(the_place);
-            }
-            else
-                the_renderer.draw_run(*step->run, the_inside || !culls());
-        }
-        else if (!action || step->element->kind() == dgELEMENT_ATTRIBUTE ||
-                 action->element(the_renderer, *step->element))
-        {
+            return dgLooks::parts_runs(look) ? draw_parts(look, *step->run) : draw(*step->run);
+        gsRenderAction* action = the_through_action ? the_renderer.render_action() : nullptr;
+        if (step->element->kind() == dgELEMENT_ATTRIBUTE)
             step->element->draw(&the_renderer);
-        }
+        else if (dgLooks::Place own; dgLooks::enter(look, *step->element, own) &&
+                                     (!action || action->element(the_renderer, *step->element)))
+            with_look(own, [&] { step->element->draw(&the_renderer); });
         return true;
     }
     void leave(const dgStructure&)
     {
+        the_looks.pop_back();
         the_words.resize(the_word_marks.back());
         the_word_marks.pop_back();
         the_place.pop_back();
@@ -98,6 +99,60 @@ public:
 
 private:
     friend class StepCursor;
+
+    // False for a structure that is not shown.
+    bool find_look(const dgStructure& structure, dgLooks::Place& look)
+    {
+        if (const dgLooks* looks = the_renderer.looks(); looks && &structure == the_renderer.looks_root())
+            look = looks->root();
+        else if (!the_looks.empty())
+            return dgLooks::enter(the_looks.back(), *the_met, look);
+        return true;
+    }
+
+    template <class Draw>
+    void with_look(const dgLooks::Place& look, Draw draw)
+    {
+        if (!dgLooks::has_look(look))
+            return draw();
+        the_renderer.push_structure();
+        dgLooks::put_in_force(look, the_renderer);
+        draw();
+        the_renderer.pop_structure();
+    }
+
+    // False when the action ends the pass behind the run.
+    bool draw(const dgPrimitiveRun& run)
+    {
+        gsRenderAction* action = the_through_action ? the_renderer.render_action() : nullptr;
+        if (!action)
+        {
+            the_renderer.draw_run(run, the_inside || !culls());
+            return true;
+        }
+        action->run(the_renderer, run);
+        return the_renderer.render_action() != action || !action->stops_at(the_place);
+    }
+
+    // Parts of a run count as if they lay in a structure of their own.
+    bool draw_parts(const dgLooks::Place& look, const dgPrimitiveRun& run)
+    {
+        const std::vector<dgLooks::Part>& parts = dgLooks::parts(look, run);
+        std::size_t next = 0;
+        if (the_start.size() == the_place.size() + 1)
+        {
+            next = static_cast<std::size_t>(the_start.back());
+            the_start.clear();
+        }
+        bool go_on = true;
+        for (; next < parts.size() && go_on; ++next)
+        {
+            the_place.push_back(static_cast<int>(next));
+            with_look(parts[next].place, [&] { go_on = draw(*parts[next].run); });
+            the_place.pop_back();
+        }
+        return go_on;
+    }
 
     // Once something is edited by what is drawn, all that follows is met: it may have come into view.
     bool culls()
@@ -111,7 +166,9 @@ private:
     bool the_through_action;
     bool the_culling;
     unsigned long long the_changes;
-    bool the_inside = false; // all of the step that was met last is seen
+    bool the_inside = false;                     // all of the step that was met last is seen
+    std::vector<dgLooks::Place> the_looks;       // of the structures under way
+    const dgGraphicalElement* the_met = nullptr; // the call that was met last
     std::vector<std::uint64_t> the_words;
     std::vector<std::size_t> the_word_marks;
     dgNetworkPlace the_place; // steps
@@ -182,7 +239,10 @@ void StepCursor::look_for_seen()
 
 StepCursor::Item StepCursor::next()
 {
-    return the_tree && the_drawing->culls() ? next_seen() : next_of_all();
+    const Item step = the_tree && the_drawing->culls() ? next_seen() : next_of_all();
+    if (step)
+        the_drawing->the_met = step->element;
+    return step;
 }
 
 StepCursor::Item StepCursor::next_seen()

@@ -44,7 +44,10 @@ int dgRenderTargets::select_driver(int index)
     if (index == the_current_driver)
         return 1;
     if (the_begun)
+    {
+        driver_ends();
         driver()->end();
+    }
     the_current_driver = index;
     if (the_begun)
         begin_driver();
@@ -98,6 +101,7 @@ void dgRenderTargets::erase(int window)
     const int overlay = window == 1 && the_windows[0] != the_windows[1];
     if (!overlay)
         touch_picture();
+    the_erasures += !overlay;
     dgDriver* target = driver(overlay);
     target->begin();
     target->clear(window_box(), dgBackground::plain(overlay ? gsColour(0, 0, 0) : the_background),
@@ -108,6 +112,7 @@ void dgRenderTargets::erase(int window)
 void dgRenderTargets::clip(const giBox2& device_box)
 {
     driver(0)->clip(device_box);
+    the_clipped = !device_box.empty();
 }
 
 void dgRenderTargets::begin()
@@ -127,6 +132,8 @@ void dgRenderTargets::begin_driver()
 void dgRenderTargets::end()
 {
     assert(the_begun > 0);
+    if (the_begun == 1)
+        driver_ends();
     if (--the_begun > 0)
         return;
     driver()->end();

@@ -60,12 +60,16 @@ public:
     /// Clears a window: 0 the main one to the background colour, 1 the overlay to nothing.
     void erase(int window);
 
+    /// How many times the main window was erased.
+    unsigned long long erasures() const { return the_erasures; }
+
     gsColour background_colour() const { return the_background; }
     void background_colour(const gsColour& colour) { the_background = colour; }
 
     /// Confines what is erased and drawn on the main window to a device box, low and high pixels included; an empty box
     /// lifts it. The picture inside is the same as without.
     void clip(const giBox2& device_box);
+    int clipped() const { return the_clipped; }
 
     /// Bracket what is asked of the current driver. They nest; the outermost pair acts.
     void begin();
@@ -83,8 +87,10 @@ protected:
 
     bool begun() const { return the_begun > 0; }
 
-    /// Called when a driver starts to draw that knows nothing of what is in force, and when the outermost pair ends.
+    /// Called when a driver starts to draw that knows nothing of what is in force, and before and after the outermost
+    /// pair ends.
     virtual void driver_begun() = 0;
+    virtual void driver_ends() = 0;
     virtual void driver_ended() = 0;
 
 private:
@@ -98,5 +104,7 @@ private:
     int the_mode = 0;
     int the_begun = 0;
     unsigned long long the_picture_stamp = 0;
+    unsigned long long the_erasures = 0;
+    int the_clipped = 0;
     gsColour the_background{0, 0, 0};
 };

@@ -8,7 +8,9 @@
 #include "dgFeatureClusters.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgNetworkDrawing.h"
+#include "dgOpacity.h"
 #include "dgPrimitiveRun.h"
+#include "dgSeeThrough.h"
 #include "dgSelectedDriver.h"
 #include "dgStructure.h"
 #include "dgText.h"
@@ -77,8 +79,18 @@ void dgRenderer::driver_begun()
 {
     the_context.retell();
     the_camera_known = false;
+    the_drew_see_through = 0;
     if (the_camera)
         set_camera(the_camera);
+}
+
+void dgRenderer::driver_ends()
+{
+    if (!the_see_through || the_see_through->empty())
+        return;
+    the_see_through->draw(*driver());
+    the_context.retell();
+    the_drew_see_through = 1;
 }
 
 void dgRenderer::driver_ended()
@@ -140,6 +152,8 @@ void dgRenderer::draw_primitive(const dgGraphicalPrimitive& primitive)
 {
     if (out_of_view(primitive))
         return;
+    if (see_through() && primitive.type() == dgTYPE_TRIANGLE_BLOCK)
+        return later().add(primitive);
     flush_state();
     driver()->draw_primitive(primitive);
 }
@@ -149,6 +163,8 @@ void dgRenderer::draw_run(const dgPrimitiveRun& run, bool in_view)
     const bool partly = !in_view && find_seen(run);
     if (partly && the_seen.empty())
         return;
+    if (see_through() && run.topology == dgTOPOLOGY_TRIANGLES)
+        return partly ? later().add(run, the_seen) : later().add(run);
     flush_state();
     if (draw_coarsened(run, partly))
         return;
@@ -174,8 +190,12 @@ void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
 {
     if (spans.empty())
         return;
-    if (!find_seen(run))
+    const bool partly = find_seen(run);
+    const bool now = !(see_through() && run.topology == dgTOPOLOGY_TRIANGLES);
+    if (!partly)
     {
+        if (!now)
+            return later().add(run, spans);
         flush_state();
         driver()->draw_features(run, spans);
         return;
@@ -195,8 +215,29 @@ void dgRenderer::draw_features(const dgPrimitiveRun& run, const std::vector<dgFe
     }
     if (the_seen_spans.empty())
         return;
+    if (!now)
+        return later().add(run, the_seen_spans);
     flush_state();
     driver()->draw_features(run, the_seen_spans);
+}
+
+// Whether surfaces wait until all that is solid was drawn. What is combined by exclusive or, or lies on an overlay, has
+// nothing behind it.
+bool dgRenderer::see_through() const
+{
+    const dgGraphicalAttribute* opacity = the_context.attribute(dgTYPE_OPACITY);
+    return opacity && static_cast<const dgOpacity*>(opacity)->value() < 1 && the_camera_known &&
+           current_driver_index() == 0;
+}
+
+dgSeeThrough& dgRenderer::later()
+{
+    if (!the_see_through)
+        the_see_through = std::make_unique<dgSeeThrough>();
+    dgDrawState state;
+    the_context.resolve(the_text_fonts, the_colour_table, state);
+    the_see_through->place(state, the_context.transform(), *the_camera);
+    return *the_see_through;
 }
 
 // Blocks know their boxes without a look at all points, and the driver those of texts.
@@ -300,7 +341,7 @@ dgViewVolume dgRenderer::volume(double reach) const
 
 int dgRenderer::draw_simplified(const dgPrimitiveRun& run, int count)
 {
-    if (!the_simplified_levels || run.topology != dgTOPOLOGY_TRIANGLES)
+    if (!the_simplified_levels || run.topology != dgTOPOLOGY_TRIANGLES || see_through())
         return 0;
     const bool partly = find_seen(run);
     if (!partly)

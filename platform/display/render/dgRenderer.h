@@ -11,6 +11,7 @@
 #include "giVector2.h"
 #include "gsColour.h"
 
+#include <memory>
 #include <vector>
 
 class dgCamera;
@@ -19,6 +20,8 @@ class dgGraphicalAttribute;
 class dgGraphicalElement;
 class dgGraphicalPrimitive;
 class dgSelectedDriver;
+class dgLooks;
+class dgSeeThrough;
 class dgStructure;
 class dgTextFont;
 class dgViewVolume;
@@ -101,6 +104,19 @@ public:
     const dgPickSettings& pick_settings() const { return the_pick_settings; }
     void pick_settings(const dgPickSettings& settings) { the_pick_settings = settings; }
 
+    /// What shows parts of a network otherwise than it says, in drawings of the structure that is the root of its
+    /// paths and of those that call it; null for nothing. Set by views while they draw; neither is owned.
+    void looks(const dgLooks* looks, const dgStructure* root)
+    {
+        the_looks = looks;
+        the_looks_root = root;
+    }
+    const dgLooks* looks() const { return the_looks; }
+    const dgStructure* looks_root() const { return the_looks_root; }
+
+    /// 1 when something see-through was drawn between the last outermost begin and end.
+    int drew_see_through() const { return the_drew_see_through; }
+
     /// Open and close one level of attribute context; a pop restores the attributes and the transform exactly.
     void push_structure() { the_context.push(); }
     void pop_structure() { the_context.pop(); }
@@ -111,6 +127,8 @@ public:
     /// Execute one element between begin and end: an attribute is applied, a primitive drawn.
     void execute(const dgGraphicalElement& element);
     void set_attribute(const dgGraphicalAttribute& attribute) { the_context.set(attribute); }
+    /// Puts an attribute in force whatever is set until the open level is closed.
+    void force_attribute(const dgGraphicalAttribute& attribute) { the_context.force(attribute); }
     void draw_primitive(const dgGraphicalPrimitive& primitive);
     void draw_features(const dgPrimitiveRun& run, const std::vector<dgFeatureSpan>& spans);
 
@@ -144,6 +162,7 @@ public:
 
 protected:
     void driver_begun() override;
+    void driver_ends() override;
     void driver_ended() override;
 
 private:
@@ -154,6 +173,8 @@ private:
     bool find_seen_texts(const dgPrimitiveRun& run);
     bool draw_coarsened(const dgPrimitiveRun& run, bool partly);
     bool out_of_view(const dgGraphicalPrimitive& primitive);
+    bool see_through() const;
+    dgSeeThrough& later();
 
     dgSelectedDriver* the_selected_drivers = nullptr; // the innermost of those that live
     int the_depth_cueing = 0;
@@ -175,5 +196,9 @@ private:
     giXform3 the_world_to_clip;
     double the_port_width = 0, the_port_height = 0; // pixels
     std::vector<dgFeatureSpan> the_seen, the_seen_spans;
+    const dgLooks* the_looks = nullptr;
+    const dgStructure* the_looks_root = nullptr;
+    std::unique_ptr<dgSeeThrough> the_see_through; // null until there is any
+    int the_drew_see_through = 0;
     unsigned long long the_walk = 0; // through the networks being drawn, 0: none
 };

@@ -1,6 +1,21 @@
 #include "dgPrimitiveRun.h"
 
-dgPrimitiveRun::~dgPrimitiveRun() = default;
+namespace
+{
+unsigned long long the_last_number = 0, the_gone = 0;
+}
+
+dgPrimitiveRun::dgPrimitiveRun() : number(++the_last_number) {}
+
+dgPrimitiveRun::~dgPrimitiveRun()
+{
+    ++the_gone;
+}
+
+unsigned long long dgPrimitiveRun::gone()
+{
+    return the_gone;
+}
 
 const dgRunSampling& dgPrimitiveRun::sampling() const
 {

@@ -35,7 +35,12 @@ struct DG_EXPORT dgPrimitiveRun
     mutable std::unique_ptr<dgRunCache> cache;
     mutable const void* cache_owner = nullptr; ///< the driver's store that made the cache
 
-    dgPrimitiveRun() = default;
+    const unsigned long long number; ///< no other run of the process has it
+
+    /// How many runs have gone so far.
+    static unsigned long long gone();
+
+    dgPrimitiveRun();
     ~dgPrimitiveRun();
     dgPrimitiveRun(const dgPrimitiveRun&) = delete;
     dgPrimitiveRun& operator=(const dgPrimitiveRun&) = delete;

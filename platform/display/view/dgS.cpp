@@ -4,14 +4,15 @@
 #include "dgRenderer.h"
 #include "dgView.h"
 
+#include <functional>
 #include <utility>
 #include <vector>
 
 namespace
 {
-std::vector<void (*)()>& close_functions()
+std::vector<std::function<void()>>& close_functions()
 {
-    static auto& functions = *new std::vector<void (*)()>; // static objects may close the library
+    static auto& functions = *new std::vector<std::function<void()>>; // static objects may close the library
     return functions;
 }
 
@@ -53,9 +54,14 @@ void dgS::add_close_function(void (*function)())
     close_functions().push_back(function);
 }
 
+void dgS::add_close_function(void (*function)(void*), void* data)
+{
+    close_functions().push_back([=] { function(data); });
+}
+
 void dgS::close()
 {
-    for (void (*function)() : std::exchange(close_functions(), {}))
+    for (const std::function<void()>& function : std::exchange(close_functions(), {}))
         function();
 }
 

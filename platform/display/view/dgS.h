@@ -30,6 +30,7 @@ public:
 
     /// Registers a function that close() runs once.
     static void add_close_function(void (*function)());
+    static void add_close_function(void (*function)(void* data), void* data);
 
     /// Runs the registered functions once and forgets them. The library may be used again afterwards.
     static void close();

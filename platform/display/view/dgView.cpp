@@ -3,6 +3,7 @@
 #include "dgDrawState.h"
 #include "dgDriver.h"
 #include "dgGraphicalElement.h"
+#include "dgPickHits.h"
 #include "dgPickResult.h"
 #include "dgPicker.h"
 #include "dgRenderer.h"
@@ -11,8 +12,10 @@
 #include "dgWindow.h"
 #include "gsHeap.h"
 
+#include <algorithm>
 #include <cassert>
 #include <ostream>
+#include <utility>
 
 UT_DEFINE_TYPE(dgView, dgBase);
 
@@ -69,11 +72,32 @@ int dgView::renderer_height() const
     return the_renderer ? the_renderer->window(0)->height() : 1;
 }
 
+void dgView::looks(dgLooks* looks)
+{
+    if (looks == the_looks.get())
+        return;
+    the_looks = dgRef<dgLooks>(looks);
+    picture_is_lost();
+}
+
+unsigned long long dgView::shown_stamp() const
+{
+    if (!the_root)
+        return 0;
+    // One count stamps everything.
+    return std::max(the_root->network_stamp(), the_looks ? the_looks->stamp() : 0);
+}
+
 void dgView::erase(dgEraseZbuffer zbuffer)
 {
     ++the_erasures;
     if (!the_renderer)
         return;
+    if (!the_renderer->clipped())
+    {
+        picture_is_lost();
+        the_shows_see_through = 0;
+    }
     const dgSelectedDriver main_driver(*the_renderer, 0);
     const dgBackground background = the_shading.graduated_background
                                         ? dgBackground::graduated(the_shading.top_colour, the_shading.bottom_colour)
@@ -101,6 +125,7 @@ void dgView::draw_network(dgStructure& structure, int past_action)
     if (!the_renderer)
         return;
     const dgSelectedDriver main_driver(*the_renderer, 0);
+    const int whole = &structure == the_root.get() && (past_action || !the_renderer->render_action());
     fit_planes();
     begin();
     dgDriver& driver = *the_renderer->driver();
@@ -114,6 +139,55 @@ void dgView::draw_network(dgStructure& structure, int past_action)
     if (beyond_planes)
         driver.gl_disable(depth_clamp);
     end();
+    the_shows_see_through = the_renderer->drew_see_through() || (!whole && the_shows_see_through);
+    // A part of the picture that is drawn anew leaves the rest as it was.
+    if (!whole)
+        picture_is_lost();
+    else if (!the_renderer->clipped())
+        picture_is_whole();
+}
+
+dgView::Picture dgView::picture() const
+{
+    return {1,
+            the_root ? the_root->network_stamp() : 0,
+            the_renderer ? the_renderer->erasures() : 0,
+            the_camera.orientation(),
+            the_camera.projection_transform(),
+            the_camera.view_port_dc(),
+            the_camera.front_plane(),
+            the_camera.back_plane()};
+}
+
+void dgView::picture_is_whole()
+{
+    the_picture = picture();
+    the_picture.whole = the_renderer && !the_renderer->drew_see_through();
+}
+
+int dgView::redraw_parts(const std::vector<dgElementPath>& paths)
+{
+    if (!the_root || !the_renderer || !the_looks || !the_picture.whole)
+        return 0;
+    fit_planes();
+    const Picture now = picture();
+    const auto covers = [this](const dgView* view)
+    {
+        return view != this && view->renderer() == the_renderer &&
+               view->camera().view_port_dc().overlap(the_camera.view_port_dc());
+    };
+    const auto& views = dgS::all_views();
+    if (!(now == the_picture) || std::any_of(views.begin(), views.end(), covers))
+        return 0;
+    if (paths.empty())
+        return 1;
+    const dgSelectedDriver main_driver(*the_renderer, 0);
+    the_looks->redraw_only(paths);
+    begin();
+    the_renderer->draw_structure(*the_root);
+    end();
+    the_looks->redraw_only({});
+    return !the_renderer->drew_see_through();
 }
 
 void dgView::fit_planes()
@@ -134,6 +208,7 @@ void dgView::begin()
     the_renderer->cue_colour(the_shading.graduated_background ? the_shading.bottom_colour
                                                               : the_shading.background_colour);
     the_renderer->set_camera(&the_camera);
+    the_renderer->looks(the_looks.get(), the_root.get());
     the_renderer->push_structure();
 }
 
@@ -143,8 +218,25 @@ void dgView::end()
     if (!the_renderer)
         return;
     the_renderer->pop_structure();
+    the_renderer->looks(nullptr, nullptr);
     the_renderer->set_hlhsr_mode(the_renderers_hlhsr_mode);
     the_renderer->end();
+    tell_of_camera();
+}
+
+// Planes are fitted at every drawing and do not count; nor does what is drawn.
+void dgView::tell_of_camera()
+{
+    Camera now;
+    now.orientation = the_camera.orientation();
+    now.window = the_camera.view_window();
+    now.view_port = the_camera.view_port_dc();
+    now.eye =
+        the_camera.projection() == dgPROJECTION_PERSPECTIVE ? the_camera.projection_reference_point() : giPoint3();
+    if (now == the_camera_shown)
+        return;
+    the_camera_shown = now;
+    the_call_list.fire(DG_CAMERA_SHOWN);
 }
 
 void dgView::execute(const dgGraphicalElement& element)
@@ -180,8 +272,28 @@ dgPickResult* dgView::pick_all(const dgPickAperture& aperture, dgPickMode mode) 
     if (!the_user_clip_planes)
         camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
     dgPicker(camera, aperture, mode, the_renderer->pick_settings(), the_renderer->text_fonts(), *result)
-        .pick(*the_root);
+        .pick(*the_root, the_looks.get());
     return result;
+}
+
+std::vector<dgPickHit> dgView::pick_hits(const dgPickAperture& aperture, int features) const
+{
+    dgPickHits hits;
+    if (!the_root || !the_renderer)
+        return {};
+    dgCamera camera(the_camera);
+    if (!the_user_clip_planes)
+        camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
+    hits.features = features;
+    dgPickSettings settings = the_renderer->pick_settings();
+    dgPickResult& result = *new dgPickResult;
+    dgPicker picker(camera, aperture, dgPICK_EXACT, settings, the_renderer->text_fonts(), result);
+    picker.hits(&hits);
+    picker.pick(*the_root, the_looks.get());
+    result.release();
+    std::stable_sort(hits.found.begin(), hits.found.end(),
+                     [](const dgPickHit& a, const dgPickHit& b) { return a.depth > b.depth; });
+    return std::move(hits.found);
 }
 
 void dgView::print(std::ostream& os, int level, int indent) const

@@ -3,13 +3,17 @@
 #include "coCallList.h"
 #include "dgBase.h"
 #include "dgCamera.h"
+#include "dgElementPath.h"
 #include "dgEnums.h"
+#include "dgLooks.h"
+#include "dgPickHit.h"
 #include "dgPickSettings.h"
 #include "dgRef.h"
 #include "dgStructure.h"
 #include "dgViewShadingContext.h"
 
 #include <iosfwd>
+#include <vector>
 
 class dgGraphicalElement;
 class dgPickAperture;
@@ -48,7 +52,16 @@ public:
     dgStructure* root() const { return the_root.get(); }
     void root(dgStructure* root) { the_root = dgRef<dgStructure>(root); }
 
-    /// The callbacks of the view; reasons are dgViewReason, the sender is the view.
+    /// How parts of the network are shown otherwise than it says; referenced, null for nothing. In force in drawings of
+    /// the root and of what calls it, and in picking.
+    dgLooks* looks() const { return the_looks.get(); }
+    void looks(dgLooks* looks);
+
+    /// Grows whenever the network changes, or the looks do. 0 without a root.
+    unsigned long long shown_stamp() const;
+
+    /// The callbacks of the view; reasons are dgViewReason, the sender is the view. DG_CAMERA_SHOWN is fired at the end
+    /// of the first drawing with a camera, whoever has changed it; its callbacks must delete neither view nor renderer.
     coCallList& call_list() { return the_call_list; }
 
     /// Fills the viewport with the background. This and the drawing of networks always go to the main window through
@@ -84,6 +97,26 @@ public:
     /// difference. Never null; released by the caller.
     dgPickResult* pick_all(const dgPickAperture& aperture, dgPickMode mode = dgPICK_EXACT) const;
 
+    /// What the view shows in an aperture, by what and to which depth: one hit for each primitive at each of its
+    /// places, or with features 1 for each of its triangles, segments, points and texts, the nearest to the eye first.
+    /// What is hidden by looks is not hit; what lies behind other things is.
+    std::vector<dgPickHit> pick_hits(const dgPickAperture& aperture, int features = 0) const;
+
+    /// Draws parts of the network over the picture that the selected buffer holds, so that it becomes what a drawing of
+    /// all would be: after a change of their colours, with nothing else changed since the picture. 0, with nothing
+    /// drawn, where that cannot be: the picture is not, or no longer, a whole drawing of the network by render_network,
+    /// the camera was moved, something see-through is in it, or another view lies over this one.
+    int redraw_parts(const std::vector<dgElementPath>& paths);
+
+    /// 1 when something see-through is in the picture: what is drawn over it later, as by slices, is not seen through
+    /// it.
+    int shows_see_through() const { return the_shows_see_through; }
+
+    /// Tells that the picture is a whole one, drawn otherwise.
+    void picture_is_whole();
+    /// Tells that it no longer is. Erasing the view, and drawing anything else by render_network, does so too.
+    void picture_is_lost() { the_picture.whole = 0; }
+
     /// For views whose picture must keep its middle, such as a sheet: 1 makes the mouse wheel zoom about the middle of
     /// the view and not about the cursor, which would pan. Panning itself goes on. 0 by default.
     int pan_forbidden() const { return the_pan_forbidden; }
@@ -112,7 +145,34 @@ private:
 
     dgCamera the_camera;
     dgRenderer* the_renderer;
+    // What the picture shows.
+    struct Picture
+    {
+        int whole = 0;
+        unsigned long long network_stamp = 0;
+        unsigned long long erasures = 0; // of the renderer
+        giXform3 orientation, projection;
+        giBox2 view_port;
+        double front = 0, back = 0;
+
+        bool operator==(const Picture&) const = default;
+    };
+    Picture picture() const;
+    struct Camera
+    {
+        giXform3 orientation;
+        giBox2 window, view_port;
+        giPoint3 eye; // the origin in parallel views
+
+        bool operator==(const Camera&) const = default;
+    };
+    void tell_of_camera();
+
     dgRef<dgStructure> the_root;
+    dgRef<dgLooks> the_looks;
+    Picture the_picture;
+    int the_shows_see_through = 0;
+    Camera the_camera_shown; // of which its callbacks were told last
     coCallList the_call_list;
     dgViewShadingContext the_shading;
     int the_pan_forbidden = 0;

@@ -1,11 +1,16 @@
 #include "grStdTwiddling.h"
 
+#include "dgRenderer.h"
+#include "dgView.h"
+#include "grExtraToolFactory.h"
 #include "grStdToolFactory.h"
 #include "grStdTwiddleHooks.h"
 #include "grStdViewTwiddleTool.h"
 #include "grStringConverter.h"
 #include "grTranslationsChecker.h"
 #include "grTwiddleMan.h"
+#include "grUncovered.h"
+#include "gwKeyEvent.h"
 #include "gwResourceDB.h"
 #include "gwTypes.h"
 
@@ -39,6 +44,7 @@ grStdTwiddling::grStdTwiddling(gwInput* input, const gwResourceDB* db, grStdTwid
     }
     grStdViewTwiddleTool::initialise_cache(db);
     the_factory = std::make_unique<grStdToolFactory>(the_hooks, db);
+    the_extra_factory = std::make_unique<grExtraToolFactory>(the_hooks, db);
     the_twiddle_man = std::make_unique<grTwiddleMan>(input);
     if (db)
         setup_actions("translations", db);
@@ -75,7 +81,8 @@ void grStdTwiddling::setup_actions(utString key, const gwResourceDB* db)
 
 void grStdTwiddling::report_fault(const utString& key, const utString& text)
 {
-    grTranslationsChecker checker({the_apps_factory, the_factory.get()});
+    const std::vector<grToolFactory*> known = factories();
+    grTranslationsChecker checker({known.begin(), known.end()});
     if (checker.check(text))
         return;
     the_fault = "line " + std::to_string(checker.line()) + ", column " + std::to_string(checker.column()) + ": " +
@@ -102,11 +109,35 @@ void grStdTwiddling::add_spaceball_actions(grActioncoDListPtr& actions)
     actions.add_last(new grAction(grActionTrigger(gwSPACEBALL_BUTTON, gwSPACEBALL_RESET, 0, ""), "reset"));
 }
 
+// In the order in which they are asked.
+std::vector<grToolFactory*> grStdTwiddling::factories() const
+{
+    std::vector<grToolFactory*> factories{the_factory.get(), the_extra_factory.get()};
+    if (the_apps_factory)
+        factories.insert(factories.begin(), the_apps_factory);
+    return factories;
+}
+
+int grStdTwiddling::run_tool(dgView& view, const utString& name, const utString& args)
+{
+    const std::vector<giBox2> boxes = view.renderer() ? gr_uncovered_boxes(view) : std::vector<giBox2>();
+    if (boxes.empty())
+        return 0;
+    const giPoint2 middle = boxes.front().middle();
+    gwKeyEvent event;
+    event.initialise_key(gwMOUSE_BUTTON, 1, gwPRESSED, const_cast<gwWindow*>(view.renderer()->input_window()),
+                         static_cast<int>(middle.x()), static_cast<int>(middle.y()));
+    for (grToolFactory* factory : factories())
+        if (const int tool = factory->identify_tool(name); tool > 0)
+            return the_twiddle_man->run(grToolDetail(factory, tool), args, event);
+    return 0;
+}
+
 bool grStdTwiddling::bind(grAction& action) const
 {
-    for (grToolFactory* factory : {the_apps_factory, static_cast<grToolFactory*>(the_factory.get())})
+    for (grToolFactory* factory : factories())
     {
-        const int tool = factory ? factory->identify_tool(action.action_name()) : 0;
+        const int tool = factory->identify_tool(action.action_name());
         if (tool <= 0)
             continue;
         action.bind(grToolDetail(factory, tool));

@@ -1,5 +1,6 @@
 #include "grTwiddleMan.h"
 
+#include "grToolDetail.h"
 #include "grToolFactory.h"
 #include "grTwiddleTool.h"
 #include "grWheelPictureRegistry.h"
@@ -9,6 +10,9 @@
 #include "gwSpaceballEvent.h"
 #include "utTypeID.h"
 
+#include "apHighResTime.h"
+
+#include <cmath>
 #include <utility>
 
 // Marks the manager as inside a call into the current tool, or inside its end. Calls nest, as when a tool stops its own
@@ -28,6 +32,22 @@ private:
 
 namespace
 {
+constexpr double click_seconds = 0.5;
+constexpr int click_pixels = 4;
+
+bool near(const gwPositionalEvent& event, const gwPositionalEvent& other)
+{
+    return event.window() == other.window() && std::abs(event.x() - other.x()) <= click_pixels &&
+           std::abs(event.y() - other.y()) <= click_pixels;
+}
+
+gwKeyEvent key_event(const gwKeyEvent& at, gwKeyType type, gwTransition transition)
+{
+    gwKeyEvent event;
+    event.initialise_key(type, at.key_number(), transition, at.window(), at.x(), at.y(), at.modifiers());
+    return event;
+}
+
 gwKeyEvent synthetic_release()
 {
     gwKeyEvent event;
@@ -63,7 +83,7 @@ void grTwiddleMan::process_event(const gwEvent& event)
     else if (const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&event))
     {
         if (key->transition() == gwPRESSED ? key_pressed(*key) : key_released(*key))
-            return;
+            return follow_clicks(event);
     }
     else if (const gwSpaceballEvent* spaceball = gwSpaceballEvent::ut_dynamic_cast(&event))
     {
@@ -74,6 +94,7 @@ void grTwiddleMan::process_event(const gwEvent& event)
         }
     }
     finish_one_shot_tool(event);
+    follow_clicks(event);
 }
 
 grIdleAction grTwiddleMan::idle()
@@ -94,6 +115,18 @@ void grTwiddleMan::stop_twiddling()
         const InCall in_call(the_in_call);
         gr_finish_wheel_picture();
     }
+}
+
+int grTwiddleMan::run(const grToolDetail& tool, const utString& args, const gwKeyEvent& event)
+{
+    if (the_in_call)
+        return 0;
+    stop_twiddling();
+    if (the_current_tool || !start(tool, args, key_event(event, event.key_type(), gwPRESSED)))
+        return 0;
+    end_twiddle(key_event(event, event.key_type(), gwRELEASED));
+    delete_current_tool();
+    return 1;
 }
 
 void grTwiddleMan::delete_current_tool()
@@ -187,17 +220,69 @@ void grTwiddleMan::start_tool(const gwKeyEvent& event)
     const grAction* action = which_action(event);
     if (!action || !action->binding())
         return;
-    const InCall in_call(the_in_call);
     // The factory may change the actions.
     const utString args = action->trigger().args();
-    the_current_tool.reset(action->binding()->factory()->create_tool(action->binding()->tool(), args));
+    start(grToolDetail(utCopy, *action->binding()), args, event);
+}
+
+bool grTwiddleMan::start(const grToolDetail& tool, const utString& args, const gwKeyEvent& event)
+{
+    const InCall in_call(the_in_call);
+    the_current_tool.reset(tool.factory()->create_tool(tool.tool(), args));
     if (!the_current_tool)
-        return;
+        return false;
     if (the_current_tool->ut_is_kind_of(gr_mouse_wheel_zoom_tool_type()))
         gr_before_wheel_notch(the_idle_calls_come);
     else
         gr_finish_wheel_picture();
     the_current_tool->base_start_twiddle(event);
+    return true;
+}
+
+void grTwiddleMan::follow_clicks(const gwEvent& event)
+{
+    const gwPositionalEvent* positional = gwPositionalEvent::ut_dynamic_cast(&event);
+    if (!positional)
+        return;
+    if (the_press_stays && !near(*positional, the_press))
+        the_press_stays = 0;
+    const gwKeyEvent* key = gwKeyEvent::ut_dynamic_cast(&event);
+    if (!key)
+        return;
+    const double now = apHighResTime::time();
+    if (key->transition() == gwPRESSED)
+    {
+        // Any other key in between makes it something else.
+        the_press_stays = key->key_type() == gwMOUSE_BUTTON;
+        the_press = *key;
+        the_press_time = now;
+    }
+    else if (key->key_type() == gwMOUSE_BUTTON && the_press_stays && key->key_number() == the_press.key_number())
+    {
+        the_press_stays = 0;
+        if (now - the_press_time <= click_seconds)
+            clicked(*key);
+    }
+}
+
+void grTwiddleMan::clicked(const gwKeyEvent& release)
+{
+    const double now = apHighResTime::time();
+    const bool second = the_was_clicked && the_click.key_number() == release.key_number() && near(release, the_click) &&
+                        now - the_click_time <= click_seconds;
+    gwKeyEvent event = key_event(release, second ? gwMOUSE_DOUBLE_CLICK : gwMOUSE_CLICK, gwPRESSED);
+    if (second && !which_action(event))
+        event = key_event(release, gwMOUSE_CLICK, gwPRESSED);
+    the_was_clicked = !second;
+    the_click = release;
+    the_click_time = now;
+    if (!which_action(event))
+        return;
+    delete_current_tool();
+    if (the_current_tool)
+        return; // it has claimed the release
+    start_tool(event);
+    end_twiddle(key_event(release, event.key_type(), gwRELEASED));
 }
 
 bool grTwiddleMan::tool_claims(const gwKeyEvent& event)

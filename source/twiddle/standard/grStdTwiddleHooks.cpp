@@ -196,6 +196,14 @@ grStdTwiddleHooks::~grStdTwiddleHooks()
     grWheelCourse::hooks_end(this);
 }
 
+grSelection* grStdTwiddleHooks::identify_selection(const dgView&)
+{
+    return the_selection;
+}
+
+void grStdTwiddleHooks::picked(grStdTwiddleTool*, const std::vector<dgPickHit>&) {}
+void grStdTwiddleHooks::selection_changed(grStdTwiddleTool*, grSelection&) {}
+
 int grStdTwiddleHooks::locked_gr_view(const dgView* view, const grStdTwiddleTool* tool) const
 {
     const grView* gr_view = grView::contains(view);

@@ -4,6 +4,7 @@
 #include "vwScene.h"
 #include "vwSession.h"
 #include "vwSessionClock.h"
+#include "vwTiles.h"
 
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
@@ -203,4 +204,43 @@ TEST(vwPlayer, a_size_that_cannot_be_had_ends_the_playing)
     session.steps[1].kind = vwSTEP_PICTURE;
     EXPECT_EQ(player.play(session), 0);
     EXPECT_TRUE(player.pictures.empty());
+}
+
+TEST(vwTiles, parts_join_to_the_picture_and_alpha_is_where_the_model_is)
+{
+    std::string error;
+    const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
+    ASSERT_TRUE(device) << error;
+    gwResourceDB db;
+    const dgRef<dgClientStructure> model = sample();
+    dgImage pictures[2], transparent;
+    for (const int tiled : {0, 1})
+    {
+        const int width = 97, height = 61;
+        dgGLWindow window(device, tiled ? 40 : width, tiled ? 23 : height);
+        gwHeadlessWindow area(width, height);
+        vwSceneSettings settings;
+        settings.views = 2;
+        settings.perspective = 1;
+        settings.background = vwBACKGROUND_WHITE;
+        vwScene scene(&window, &window, area, db, *model, settings);
+        vw_draw_picture(scene, window, width, height, 0, pictures[tiled]);
+        vw_draw_picture(scene, window, width, height, 1, transparent);
+    }
+    // Positions are rounded in single precision, about another middle in each tile.
+    int different = 0, covered = 0;
+    for (std::size_t i = 0; i < pictures[0].rgba.size(); i += 4)
+    {
+        int largest = 0;
+        for (std::size_t channel = i; channel < i + 3; ++channel)
+            largest = std::max(largest, std::abs(pictures[0].rgba[channel] - pictures[1].rgba[channel]));
+        different += largest > 8;
+        covered += transparent.rgba[i + 3] == 255;
+        const bool background =
+            pictures[1].rgba[i] == 255 && pictures[1].rgba[i + 1] == 255 && pictures[1].rgba[i + 2] == 255;
+        EXPECT_TRUE(transparent.rgba[i + 3] == (background ? 0 : 255) || i / 4 % 97 > 46)
+            << i / 4; // the gap is covered
+    }
+    EXPECT_LE(different, 30);
+    EXPECT_GT(covered, 500);
 }

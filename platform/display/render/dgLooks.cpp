@@ -1,0 +1,243 @@
+#include "dgLooks.h"
+
+#include "dgBackSurfaceColour.h"
+#include "dgGraphicalPrimitive.h"
+#include "dgLighting.h"
+#include "dgLineColour.h"
+#include "dgMarkerColour.h"
+#include "dgOpacity.h"
+#include "dgPrimitiveRun.h"
+#include "dgRenderer.h"
+#include "dgStamp.h"
+#include "dgSurfaceColour.h"
+#include "dgTextColour.h"
+
+#include <deque>
+#include <utility>
+
+UT_DEFINE_TYPE(dgLooks, dgBase);
+
+struct dgLooks::Node
+{
+    // A run whose primitives look different, in parts of one look each.
+    struct Split
+    {
+        bool made = false;
+        unsigned long long stamp = 0;
+        std::deque<dgPrimitiveRun> runs;
+        std::vector<Part> parts;
+    };
+
+    dgRef<dgGraphicalElement> element; // held, so that no other one gets its address
+    dgLook look;
+    std::vector<dgRef<dgGraphicalAttribute>> attributes; // of the look
+    unsigned listed = 0;                                 // in which lists this is, with all below it
+    unsigned leads_to_listed = 0;
+    std::unordered_map<const dgGraphicalElement*, std::unique_ptr<Node>> children;
+    std::unordered_map<unsigned long long, Split> splits; // by the number of the run and the lists that part it
+
+    Node* find(const dgGraphicalElement& child) const
+    {
+        const auto found = children.find(&child);
+        return found == children.end() ? nullptr : found->second.get();
+    }
+    static constexpr unsigned long long n_lists = 2;
+    static unsigned long long key(const dgPrimitiveRun& run, const Place& place)
+    {
+        return run.number << n_lists | (~place.inside & ((1u << n_lists) - 1));
+    }
+    void leave_list(unsigned which)
+    {
+        if (leads_to_listed & which)
+            std::erase_if(splits, [=](const auto& split) { return split.first & which; });
+        listed &= ~which;
+        leads_to_listed &= ~which;
+        for (const auto& [key, child] : children)
+            child->leave_list(which);
+    }
+};
+
+dgLooks::dgLooks() : the_root(std::make_unique<Node>()), the_stamp(dg_next_stamp()) {}
+
+dgLooks::~dgLooks() = default;
+
+void dgLooks::changed()
+{
+    the_stamp = dg_next_stamp();
+}
+
+dgLooks::Node& dgLooks::node(const dgElementPath& path)
+{
+    Node* node = the_root.get();
+    for (const dgRef<dgGraphicalElement>& element : path)
+    {
+        std::unique_ptr<Node>& child = node->children[element.get()];
+        if (!child)
+        {
+            child = std::make_unique<Node>();
+            child->element = element;
+        }
+        node = child.get();
+    }
+    return *node;
+}
+
+void dgLooks::prune(Node& node)
+{
+    const auto pruned = std::erase_if(node.children,
+                                      [this](const auto& entry)
+                                      {
+                                          Node& child = *entry.second;
+                                          prune(child);
+                                          return child.children.empty() && child.look.plain() && !child.listed;
+                                      });
+    if (pruned)
+        node.splits.clear(); // they point there
+}
+
+void dgLooks::set(const dgElementPath& path, const dgLook& look)
+{
+    if (find(path) == look)
+        return;
+    Node& part = node(path);
+    if (!path.empty())
+        node({path.begin(), path.end() - 1}).splits.clear();
+    part.look = look;
+    part.attributes.clear();
+    const auto add = [&](dgGraphicalAttribute* attribute) { part.attributes.emplace_back(attribute); };
+    if (look.coloured)
+    {
+        add(new dgLineColour(look.colour));
+        add(new dgMarkerColour(look.colour));
+        add(new dgTextColour(look.colour));
+        add(new dgSurfaceColour(look.colour));
+        add(new dgBackSurfaceColour(look.colour));
+    }
+    if (look.unlit)
+        add(new dgLighting(0));
+    if (look.opacity < 1)
+        add(new dgOpacity(look.opacity));
+    if (look.plain())
+        prune(*the_root);
+    changed();
+}
+
+dgLook dgLooks::find(const dgElementPath& path) const
+{
+    const Node* node = the_root.get();
+    for (const dgRef<dgGraphicalElement>& element : path)
+        if (!(node = node->find(*element)))
+            return {};
+    return node->look;
+}
+
+void dgLooks::list(unsigned which, const std::vector<dgElementPath>& paths)
+{
+    the_root->leave_list(which);
+    the_lists = paths.empty() ? the_lists & ~which : the_lists | which;
+    for (const dgElementPath& path : paths)
+    {
+        Node* way = the_root.get();
+        Node& end = node(path);
+        for (const dgRef<dgGraphicalElement>& element : path)
+        {
+            std::erase_if(way->splits, [=](const auto& split) { return split.first & which; });
+            way->leads_to_listed |= which;
+            way = way->find(*element);
+        }
+        end.listed |= which;
+    }
+    prune(*the_root);
+}
+
+void dgLooks::isolate(const std::vector<dgElementPath>& paths)
+{
+    if (paths.empty() && !isolated())
+        return;
+    list(isolation, paths);
+    changed();
+}
+
+void dgLooks::redraw_only(const std::vector<dgElementPath>& paths)
+{
+    list(redrawing, paths);
+}
+
+void dgLooks::clear()
+{
+    the_root = std::make_unique<Node>();
+    the_lists = 0;
+    changed();
+}
+
+dgLooks::Place dgLooks::root() const
+{
+    return {the_root.get(), ~the_lists | the_root->listed};
+}
+
+bool dgLooks::enter(const Place& from, const dgGraphicalElement& element, Place& to)
+{
+    Node* const child = from.node ? from.node->find(element) : nullptr;
+    to = {child, from.inside | (child ? child->listed : 0)};
+    return !(child && child->look.hidden) && (to.inside | (child ? child->leads_to_listed : 0)) == ~0u;
+}
+
+bool dgLooks::has_look(const Place& place)
+{
+    return place.node && !place.node->attributes.empty();
+}
+
+void dgLooks::put_in_force(const Place& place, dgRenderer& renderer)
+{
+    if (!place.node)
+        return;
+    for (const dgRef<dgGraphicalAttribute>& attribute : place.node->attributes)
+        renderer.force_attribute(*attribute);
+}
+
+bool dgLooks::parts_runs(const Place& place)
+{
+    return place.node && (place.inside != ~0u || !place.node->children.empty());
+}
+
+const std::vector<dgLooks::Part>& dgLooks::parts(const Place& place, const dgPrimitiveRun& run)
+{
+    constexpr std::size_t most_splits = 100000; // those of runs that are no more go with the rest
+    auto& splits = place.node->splits;
+    if (splits.size() > most_splits)
+        splits.clear();
+    Node::Split& split = splits[Node::key(run, place)];
+    if (split.made && split.stamp == run.stamp)
+        return split.parts;
+    split = Node::Split();
+    split.made = true;
+    split.stamp = run.stamp;
+    // One part for each primitive of interest, and for each row of others between these.
+    const dgPrimitiveRun* others = nullptr;
+    const auto start = [&](const Place& at)
+    {
+        dgPrimitiveRun& part = split.runs.emplace_back();
+        part.topology = run.topology;
+        part.has_normals = run.has_normals;
+        part.stamp = run.stamp;
+        split.parts.push_back({&part, at});
+        return &part;
+    };
+    for (const dgGraphicalPrimitive* primitive : run.primitives)
+    {
+        Place at;
+        if (!enter(place, *primitive, at))
+        {
+            others = nullptr;
+            continue;
+        }
+        if (at.node || !others)
+            others = start(at);
+        split.runs.back().primitives.push_back(primitive);
+        if (at.node)
+            others = nullptr;
+    }
+    if (split.parts.size() == 1 && split.runs.back().primitives.size() == run.primitives.size())
+        split.parts.front().run = &run; // with what is kept of it
+    return split.parts;
+}

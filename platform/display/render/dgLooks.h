@@ -1,0 +1,103 @@
+#pragma once
+
+#include "dgBase.h"
+#include "dgElementPath.h"
+#include "dgExport.h"
+#include "gsColour.h"
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+class dgGraphicalAttribute;
+class dgRenderer;
+struct dgPrimitiveRun;
+
+/// How a part is shown other than its structure says.
+struct dgLook
+{
+    int hidden = 0;
+    int coloured = 0;   ///< whether colour stands in place of all colours of the part
+    gsColour colour;    ///< red, green and blue from 0 to 1
+    int unlit = 0;      ///< whether surfaces have their colour as it is, without light and shade
+    double opacity = 1; ///< of surfaces, as dgOpacity; 1 leaves the part's own
+
+    bool plain() const { return !hidden && !coloured && !unlit && opacity >= 1; }
+    bool operator==(const dgLook& other) const
+    {
+        return hidden == other.hidden && coloured == other.coloured && unlit == other.unlit &&
+               opacity == other.opacity && (!coloured || colour == other.colour);
+    }
+};
+
+/// Shows parts of a network otherwise than its structures say, which stay as they are: coloured, see-through or not at
+/// all. Counted. Views are given one by dgView::looks, and may share it.
+///
+/// Drawing asks for looks along the paths to such parts alone; all other structures cost one test each. Inside a part
+/// its look wins over what the structures say, and the look of a part of it over its own.
+class DG_EXPORT dgLooks : public dgBase
+{
+public:
+    dgLooks();
+    ~dgLooks() override;
+    dgLooks(const dgLooks&) = delete;
+    dgLooks& operator=(const dgLooks&) = delete;
+
+    /// Replaces the look of a part; a plain one ends it.
+    void set(const dgElementPath& path, const dgLook& look);
+    /// Plain where none was set.
+    dgLook find(const dgElementPath& path) const;
+
+    /// Hides everything but some parts, and what looks hide; empty shows everything again.
+    void isolate(const std::vector<dgElementPath>& paths);
+    int isolated() const { return (the_lists & isolation) != 0; }
+
+    /// Ends all looks and the isolation.
+    void clear();
+
+    /// Grows with every change.
+    unsigned long long stamp() const { return the_stamp; }
+
+    UT_DECLARE_TYPE(dgLooks, dgBase);
+
+    // For dgView::redraw_parts: what else is not drawn for the time being.
+    void redraw_only(const std::vector<dgElementPath>& paths);
+
+    // For walks through a network, from here on.
+
+    struct Node;
+    /// Where a walk stands: below no part of interest when node is null.
+    struct Place
+    {
+        Node* node = nullptr;
+        unsigned inside = ~0u; // which lists need no further look
+    };
+    /// A primitive run, or a part of one, that has one look.
+    struct Part
+    {
+        const dgPrimitiveRun* run;
+        Place place;
+    };
+
+    Place root() const;
+    /// Goes on to an element of the structure where the walk stands, a call or another one; false when it is not shown.
+    static bool enter(const Place& from, const dgGraphicalElement& element, Place& to);
+    /// Puts the look of the place in force on a renderer, in the level of context that is open.
+    static void put_in_force(const Place& place, dgRenderer& renderer);
+    static bool has_look(const Place& place);
+    /// Whether primitives of the structure where the walk stands may look different from each other.
+    static bool parts_runs(const Place& place);
+    /// The shown parts of a run in order, good until looks or the run change.
+    static const std::vector<Part>& parts(const Place& place, const dgPrimitiveRun& run);
+
+private:
+    static constexpr unsigned isolation = 1, redrawing = 2;
+    Node& node(const dgElementPath& path);
+    void list(unsigned which, const std::vector<dgElementPath>& paths);
+    void prune(Node& node);
+    void changed();
+
+    std::unique_ptr<Node> the_root;
+    unsigned the_lists = 0; // those that are in force
+    unsigned long long the_stamp;
+};

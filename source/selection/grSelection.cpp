@@ -1,0 +1,275 @@
+#include "grSelection.h"
+
+#include "dgRenderer.h"
+#include "dgView.h"
+#include "grCanvas.h"
+#include "grRubberBandsOff.h"
+#include "grTwiddleOverlayCallback.h"
+#include "grView.h"
+#include "grViewListUtils.h"
+
+#include <algorithm>
+#include <utility>
+
+UT_DEFINE_TYPE(grSelection, coReceiver);
+
+namespace
+{
+bool shows(const dgView* view)
+{
+    const grView* companion = grView::contains(view);
+    return view->renderer() && !(companion && companion->hidden());
+}
+
+// Draws parts over the picture of a view that is shown; false where all must be drawn.
+bool redraw_parts(dgView& view, const std::vector<dgElementPath>& parts)
+{
+    if (!shows(&view))
+        return true;
+    const dgRenderercoDList renderers{view.renderer()};
+    grRubberBandsOff bands(renderers);
+    bands.take_off_all();
+    view.renderer()->select_buffer(dgFRONT_BUFFER);
+    if (!view.redraw_parts(parts))
+        return false;
+    grTwiddleOverlayCallback::call_callback(view);
+    return true;
+}
+
+// All views of a renderer change places together.
+void redraw(dgRenderer& renderer)
+{
+    if (grCanvas* canvas = grCanvas::find_canvas(&renderer))
+        return canvas->redraw();
+    dgViewcoDList views;
+    for (dgView* view : dgS::views())
+        if (view->renderer() == &renderer)
+            views.add_first(view);
+    grViewListUtils::refresh_views_and_rubber_banding(views, dgRenderercoDList{&renderer});
+}
+
+gsColour mean(const gsColour& a, const gsColour& b)
+{
+    return gsColour((a.red() + b.red()) / 2, (a.green() + b.green()) / 2, (a.blue() + b.blue()) / 2);
+}
+}
+
+grSelection::grSelection() : the_looks(new dgLooks) {}
+
+grSelection::~grSelection()
+{
+    while (!the_views.empty())
+        remove_view(the_views.back());
+}
+
+void grSelection::add_view(dgView* view)
+{
+    if (std::find(the_views.begin(), the_views.end(), view) != the_views.end())
+        return;
+    the_views.push_back(view);
+    view->looks(the_looks.get());
+    view->call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&grSelection::view_deleted>(this));
+}
+
+void grSelection::remove_view(dgView* view)
+{
+    if (std::erase(the_views, view) == 0)
+        return;
+    view->call_list().remove(this);
+    if (view->looks() == the_looks.get())
+        view->looks(nullptr);
+}
+
+void grSelection::view_deleted(void* sender, void*)
+{
+    std::erase(the_views, static_cast<dgView*>(sender));
+}
+
+dgElementPath grSelection::part(const dgElementPath& path) const
+{
+    const auto calls = static_cast<std::size_t>(std::max(the_part_calls, 0));
+    if (calls == 0 || path.size() <= calls)
+        return path;
+    return {path.begin(), path.begin() + static_cast<std::ptrdiff_t>(calls)};
+}
+
+grSelection::Key grSelection::key(const dgElementPath& path)
+{
+    Key key;
+    for (const auto& element : path)
+        key.push_back(element.get());
+    return key;
+}
+
+const grSelection::State* grSelection::find(const dgElementPath& path) const
+{
+    const auto found = the_states.find(key(path));
+    return found == the_states.end() ? nullptr : &found->second;
+}
+
+// Changes the state of a part and its look, and notes what is to be drawn for it.
+template <class Change>
+void grSelection::change(const dgElementPath& path, Change change)
+{
+    State& state = the_states[key(path)];
+    state.path = path;
+    change(state);
+    dgLook look;
+    look.hidden = state.hidden;
+    look.coloured = state.selected || state.hovered;
+    look.colour = !state.hovered    ? the_selected_colour
+                  : !state.selected ? the_hovered_colour
+                                    : mean(the_selected_colour, the_hovered_colour);
+    look.opacity = state.opacity;
+    const dgLook before = the_looks->find(path);
+    if (look.plain())
+        the_states.erase(key(path));
+    if (look == before)
+        return;
+    if (look.hidden != before.hidden || look.opacity != before.opacity)
+        the_redraw_needed = 1;
+    else
+        the_recoloured.push_back(path);
+    the_looks->set(path, look);
+}
+
+void grSelection::select(const std::vector<dgElementPath>& parts, grSelectMode mode)
+{
+    const std::vector<dgElementPath> before = the_selected;
+    const auto deselect = [this](const dgElementPath& part)
+    {
+        std::erase_if(the_selected, [&](const dgElementPath& one) { return key(one) == key(part); });
+        change(part, [](State& state) { state.selected = 0; });
+    };
+    if (mode == grSELECT_ONLY)
+        for (const dgElementPath& part : before)
+            if (std::none_of(parts.begin(), parts.end(),
+                             [&](const dgElementPath& one) { return key(one) == key(part); }))
+                deselect(part);
+    for (const dgElementPath& part : parts)
+        if (!is_selected(part))
+        {
+            the_selected.push_back(part);
+            change(part, [](State& state) { state.selected = 1; });
+        }
+        else if (mode == grSELECT_TOGGLE)
+            deselect(part);
+    draw();
+    if (!std::equal(before.begin(), before.end(), the_selected.begin(), the_selected.end(),
+                    [](const dgElementPath& a, const dgElementPath& b) { return key(a) == key(b); }) &&
+        the_changed_callback)
+        the_changed_callback(*this);
+}
+
+int grSelection::is_selected(const dgElementPath& part) const
+{
+    const State* state = find(part);
+    return state && state->selected;
+}
+
+void grSelection::hover(const dgElementPath& part)
+{
+    if (key(part) == key(the_hovered))
+        return;
+    if (!the_hovered.empty())
+        change(the_hovered, [](State& state) { state.hovered = 0; });
+    the_hovered = part;
+    if (!part.empty())
+        change(part, [](State& state) { state.hovered = 1; });
+    draw();
+}
+
+void grSelection::hide(const std::vector<dgElementPath>& parts, int hidden)
+{
+    for (const dgElementPath& part : parts)
+        change(part, [=](State& state) { state.hidden = hidden; });
+    draw();
+}
+
+int grSelection::is_hidden(const dgElementPath& part) const
+{
+    const State* state = find(part);
+    return state && state->hidden;
+}
+
+int grSelection::is_shown(const dgElementPath& part) const
+{
+    dgLooks::Place place = the_looks->root();
+    for (const auto& element : part)
+        if (dgLooks::Place next; dgLooks::enter(place, *element, next))
+            place = next;
+        else
+            return 0;
+    return 1;
+}
+
+void grSelection::isolate(const std::vector<dgElementPath>& parts)
+{
+    const unsigned long long before = the_looks->stamp();
+    the_looks->isolate(parts);
+    the_redraw_needed |= the_looks->stamp() != before;
+    draw();
+}
+
+void grSelection::opacity(const std::vector<dgElementPath>& parts, double share)
+{
+    for (const dgElementPath& part : parts)
+        change(part, [=](State& state) { state.opacity = std::clamp(share, 0.0, 1.0); });
+    draw();
+}
+
+double grSelection::opacity(const dgElementPath& part) const
+{
+    const State* state = find(part);
+    return state ? state->opacity : 1;
+}
+
+void grSelection::show_all()
+{
+    std::vector<dgElementPath> parts;
+    for (const auto& [key, state] : the_states)
+        parts.push_back(state.path);
+    for (const dgElementPath& part : parts)
+        change(part,
+               [](State& state)
+               {
+                   state.hidden = 0;
+                   state.opacity = 1;
+               });
+    isolate({});
+}
+
+void grSelection::colours(const gsColour& selected, const gsColour& hovered)
+{
+    the_selected_colour = selected;
+    the_hovered_colour = hovered;
+    std::vector<dgElementPath> parts;
+    for (const auto& [key, state] : the_states)
+        parts.push_back(state.path);
+    for (const dgElementPath& part : parts)
+        change(part, [](State&) {});
+    draw();
+}
+
+void grSelection::draw()
+{
+    const std::vector<dgElementPath> parts = std::exchange(the_recoloured, {});
+    int all = std::exchange(the_redraw_needed, 0);
+    if (parts.empty() && !all)
+        return;
+    // Overlays may delete views.
+    std::vector<dgRenderer*> renderers;
+    const std::vector<dgView*> views = the_views;
+    for (dgView* view : views)
+    {
+        if (std::find(the_views.begin(), the_views.end(), view) == the_views.end() || !view->renderer())
+            continue;
+        if ((all || !redraw_parts(*view, parts)) &&
+            std::find(renderers.begin(), renderers.end(), view->renderer()) == renderers.end())
+            renderers.push_back(view->renderer());
+    }
+    for (dgRenderer* renderer : renderers)
+        if (std::any_of(the_views.begin(), the_views.end(),
+                        [&](const dgView* view) { return view->renderer() == renderer; }))
+            redraw(*renderer);
+}

@@ -1,0 +1,268 @@
+#include "grSelection.h"
+
+#include "../opengl/renderScene.h"
+#include "dgLighting.h"
+#include "dgOpacity.h"
+#include "grViewListUtils.h"
+#include "gr_pick.h"
+#include "gsStructureFlattener.h"
+#include "gsStructureSlicer.h"
+#include "tsRandomNetwork.h"
+
+#include <gtest/gtest.h>
+
+namespace
+{
+void aim(Scene& scene)
+{
+    dgCamera& camera = scene.view.camera();
+    camera.orientation({3, 4, 20}, {-3, -4, -20}, {0, 1, 0});
+    camera.view_window(giBox2(-5, -5, 5, 5));
+}
+
+// The way to a primitive, or to a structure, somewhere in a network; empty when chance has found none.
+dgElementPath any_path(tsRandomNetwork& random)
+{
+    dgElementPath path;
+    const dgStructure* structure = random.root();
+    for (int depth = 0; structure && depth < 4; ++depth)
+    {
+        if (structure->nelements() == 0)
+            return {};
+        dgGraphicalElement* element = structure->element(random.whole(0, structure->nelements() - 1));
+        if (element->kind() == dgELEMENT_ATTRIBUTE || element->type() == dgTYPE_LABEL)
+            return {};
+        path.emplace_back(element);
+        structure = random.whole(0, 2) ? element->called_structure() : nullptr;
+    }
+    return path;
+}
+
+void change(grSelection& selection, tsRandomNetwork& random)
+{
+    const dgElementPath path = any_path(random);
+    if (path.empty())
+        return;
+    switch (random.whole(0, 9))
+    {
+    case 0: return selection.hide({path}, random.whole(0, 1));
+    case 1: return selection.isolate(random.whole(0, 1) ? std::vector{path, path} : std::vector<dgElementPath>());
+    case 2: return selection.opacity({path}, random.whole(0, 1) ? 1 : 0.4);
+    case 3:
+    case 4:
+    case 5: return selection.hover(path);
+    default: return selection.select({path}, static_cast<grSelectMode>(random.whole(0, 2)));
+    }
+}
+
+void redraw(Scene& scene)
+{
+    grViewListUtils::refresh_views({&scene.view}, nullptr, nullptr);
+}
+
+int differing_pixels(const dgImage& a, const dgImage& b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height; ++y)
+        for (int x = 0; x < a.width; ++x)
+            count += !(pixel_at(a, x, y) == pixel_at(b, x, y));
+    return count;
+}
+
+dgElementPath path_to(const dgStructure& root, int element)
+{
+    return {dgRef<dgGraphicalElement>(root.element(element))};
+}
+}
+
+TEST(grSelection, shows_every_change_as_if_all_were_drawn)
+{
+    int drawn_over = 0, seen = 0, ties = 0;
+    for (unsigned number = 0; number < 60; ++number)
+    {
+        tsRandomNetwork network(number);
+        Scene scene(120, 90);
+        scene.view.root(network.root());
+        aim(scene);
+        grSelection selection;
+        selection.add_view(&scene.view);
+        redraw(scene);
+        for (int i = 0; i < 12; ++i)
+        {
+            const dgImage before = scene.picture();
+            const unsigned long long erasures = scene.renderer.erasures();
+            change(selection, network);
+            const dgImage shown = scene.picture();
+            drawn_over += scene.view.redraw_parts({}) && erasures == scene.renderer.erasures();
+            seen += !same_pictures(before, shown);
+            redraw(scene);
+            const unsigned long long picture_stamp = network.root()->network_stamp();
+            // Where others lie at the very same place, the one drawn last is seen: elements stand in several
+            // structures.
+            const int wrong = differing_pixels(shown, scene.picture());
+            ASSERT_LE(wrong, 100) << number << " " << i;
+            ties += wrong > 0;
+            if (network.whole(0, 5) == 0)
+            {
+                network.edit();
+                EXPECT_FALSE(scene.view.redraw_parts({}) && picture_stamp != network.root()->network_stamp());
+                redraw(scene);
+            }
+        }
+    }
+    EXPECT_LE(ties, 10); // of 720
+    EXPECT_GT(drawn_over, 100);
+    EXPECT_GT(seen, 100);
+}
+
+TEST(grSelection, hides_a_called_structure_as_if_it_were_not_called)
+{
+    int compared = 0;
+    for (unsigned number = 0; number < 60; ++number)
+    {
+        tsRandomNetwork network(number);
+        Scene scene(120, 90);
+        dgStructure& root = *network.root();
+        scene.view.root(&root);
+        scene.view.user_clip_planes(1);
+        aim(scene);
+        scene.view.camera().front_back_plane(30, -30);
+        for (int i = 0; i < root.nelements(); ++i)
+            if (root.element(i)->type() == dgTYPE_STRUCTURE_CALL && root.element(i)->times_held_by(&root) == 1)
+            {
+                grSelection selection;
+                selection.add_view(&scene.view);
+                const dgElementPath path = path_to(root, i);
+                selection.hide({path});
+                const dgImage hidden = scene.picture();
+                selection.remove_view(&scene.view);
+                root.delete_range(i, i);
+                redraw(scene);
+                ASSERT_TRUE(same_pictures(hidden, scene.picture())) << number << " " << i;
+                root.set_cursor(i - 1);
+                root.insert(path.back().get());
+                ++compared;
+            }
+    }
+    EXPECT_GT(compared, 40);
+}
+
+TEST(dgLooks, hold_in_flat_copies_and_in_slices)
+{
+    for (unsigned number = 0; number < 40; ++number)
+    {
+        tsRandomNetwork network(number);
+        Scene scene(120, 90);
+        scene.view.root(network.root());
+        aim(scene);
+        grSelection selection;
+        selection.add_view(&scene.view);
+        for (int i = 0; i < 6; ++i)
+            change(selection, network);
+        selection.opacity(selection.selected(), 1);
+        selection.show_all();
+        for (int i = 0; i < 3; ++i)
+            if (const dgElementPath path = any_path(network); !path.empty())
+                selection.hide({path});
+        redraw(scene);
+        const dgImage picture = scene.picture();
+
+        const dgRef<dgClientStructure> flat(new dgClientStructure);
+        gsStructureFlattener flattener(network.root(), flat.get(), -1.0);
+        scene.renderer.render_action(&flattener);
+        scene.view.render_network(nullptr);
+        scene.renderer.render_action(nullptr);
+        if (!flattener.final_refresh_non_flattened())
+        {
+            scene.view.erase(dgERASE_ZBUFFER_YES);
+            scene.view.render_network(flat.get());
+            ASSERT_TRUE(same_pictures(picture, scene.picture())) << number;
+        }
+
+        gsStructureSlicer slicer(network.whole(1, 200));
+        scene.view.erase(dgERASE_ZBUFFER_YES);
+        while (slicer.another_slice_needed())
+        {
+            slicer.next_slice();
+            scene.renderer.render_action(&slicer);
+            scene.view.render_network(nullptr);
+        }
+        scene.renderer.render_action(nullptr);
+        ASSERT_TRUE(same_pictures(picture, scene.picture())) << number << " in slices";
+    }
+}
+
+TEST(dgOpacity, covers_a_share_of_what_is_behind_in_whatever_order)
+{
+    for (const int far_first : {0, 1})
+    {
+        Scene scene;
+        scene.add(new dgLighting(0));
+        scene.add(new dgSurfaceColour(gsColour(0, 0, 1)));
+        scene.add(rectangle(0, 0, 63, 20));
+        scene.add(new dgOpacity(0.5));
+        for (const int far : {far_first, 1 - far_first})
+        {
+            scene.add(new dgSurfaceColour(far ? gsColour(0, 1, 0) : gsColour(1, 0, 0)));
+            scene.add(far ? rectangle(20, 0, 63, 40, 10) : rectangle(0, 0, 40, 40, 20));
+        }
+        scene.draw();
+        const dgImage picture = scene.picture();
+        const auto expect = [&](int x, int y, const Pixel& expected)
+        {
+            const Pixel pixel = pixel_at(picture, x, y);
+            EXPECT_NEAR(pixel.red, expected.red, 1) << x << " " << y;
+            EXPECT_NEAR(pixel.green, expected.green, 1) << x << " " << y;
+            EXPECT_NEAR(pixel.blue, expected.blue, 1) << x << " " << y;
+        };
+        expect(10, 10, {128, 0, 128});
+        expect(30, 10, {128, 64, 64});
+        expect(30, 30, {128, 64, 0});
+        expect(50, 10, {0, 128, 128});
+    }
+}
+
+TEST(gr_pick, finds_the_nearest_or_all_with_the_calls_that_lead_there)
+{
+    Scene scene;
+    const dgRef<dgClientStructure> part(new dgClientStructure);
+    part->add(rectangle(10, 10, 30, 30, 5));
+    scene.add(rectangle(20, 20, 50, 40, -5));
+    scene.add(new dgTransform(giXform3::translation({2, 0, 0})));
+    scene.add(new dgStructureCall(part.get()));
+    grSelection selection;
+    selection.add_view(&scene.view);
+
+    const auto front = gr_pick(scene.view, giPoint2(25, 25));
+    ASSERT_EQ(front.size(), 1u);
+    ASSERT_EQ(front[0].path.size(), 2u);
+    EXPECT_EQ(front[0].path[0].get(), scene.root->element(2));
+    EXPECT_EQ(front[0].path[1].get(), part->element(0));
+    EXPECT_NEAR((front[0].point - giPoint3(25, 25, 5)).length(), 0, 1e-6);
+    EXPECT_EQ(gr_pick(scene.view, giPoint2(25, 25), grPICK_ALL).size(), 2u);
+    EXPECT_EQ(gr_pick(scene.view, giPoint2(25, 28), grPICK_ALL, grPICK_FEATURES)[1].feature, 1);
+    EXPECT_TRUE(gr_pick(scene.view, giPoint2(33.5, 15)).empty()); // surfaces are hit under the pointer alone
+
+    selection.part_calls(1);
+    const dgElementPath whole = selection.part(front[0].path);
+    EXPECT_EQ(whole.size(), 1u);
+    selection.hide({whole});
+    EXPECT_EQ(gr_pick(scene.view, giPoint2(25, 25))[0].path.size(), 1u);
+    selection.show_all();
+    selection.isolate({whole});
+    EXPECT_TRUE(gr_pick(scene.view, giPoint2(45, 35)).empty());
+}
+
+TEST(gr_pick, takes_from_a_box_what_is_seen_in_it)
+{
+    Scene scene;
+    scene.add(rectangle(10, 10, 20, 20, -5));
+    scene.add(rectangle(5, 5, 30, 30, 5));
+    scene.add(rectangle(40, 10, 50, 20));
+    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
+    EXPECT_EQ(gr_pick_box(scene.view, giBox2(63, 47, 0, 0), grPICK_ALL).size(), 3u);
+    EXPECT_EQ(gr_pick_box(scene.view, giBox2(35, 0, 63, 47)).size(), 1u);
+    scene.view.shading_context().background_colour = gsColour(1, 1, 1);
+    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
+    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47), grPICK_FRONT, grPICK_FEATURES).size(), 4u);
+}
