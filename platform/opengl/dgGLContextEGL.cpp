@@ -4,6 +4,7 @@
 #include "dgGLEntryPoints.h"
 
 #include <epoxy/egl.h>
+#include <epoxy/gl.h>
 
 #include <cstring>
 #include <utility>
@@ -49,6 +50,28 @@ private:
     const char* the_way;
 };
 
+// The version of what there is, for a display that cannot give what is needed; empty: nothing.
+std::string version_there(EGLDisplay display, EGLConfig config)
+{
+    const EGLContext context = eglCreateContext(display, config, EGL_NO_CONTEXT, nullptr);
+    if (context == EGL_NO_CONTEXT)
+        return {};
+    const EGLDisplay display_before = eglGetCurrentDisplay();
+    const EGLSurface draw = eglGetCurrentSurface(EGL_DRAW), read = eglGetCurrentSurface(EGL_READ);
+    const EGLContext before = eglGetCurrentContext();
+    std::string version;
+    if (eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, context))
+    {
+        if (const auto* text = reinterpret_cast<const char*>(glGetString(GL_VERSION)))
+            version = text;
+        eglMakeCurrent(display, EGL_NO_SURFACE, EGL_NO_SURFACE, EGL_NO_CONTEXT);
+        if (before != EGL_NO_CONTEXT)
+            eglMakeCurrent(display_before, draw, read, before);
+    }
+    eglDestroyContext(display, context);
+    return version;
+}
+
 EGLContext make_context(EGLDisplay display, std::string& why)
 {
     if (!eglInitialize(display, nullptr, nullptr))
@@ -81,7 +104,10 @@ EGLContext make_context(EGLDisplay display, std::string& why)
     if (eglBindAPI(EGL_OPENGL_API))
         context = eglCreateContext(display, config, EGL_NO_CONTEXT, attributes);
     if (context == EGL_NO_CONTEXT)
-        why = "no OpenGL 3.3";
+    {
+        const std::string there = version_there(display, config);
+        why = "no OpenGL 3.3" + (there.empty() ? there : ", only " + there);
+    }
     return context;
 }
 
