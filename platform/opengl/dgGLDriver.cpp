@@ -550,7 +550,7 @@ void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
     flush();
 }
 
-// What is drawn of texts by lines has their colour. What inverts pixels shows letters: lines of them cross.
+// What is drawn of texts by lines has their colour.
 template <class Draw>
 void dgGLDriver::with_text_look(Draw draw)
 {
@@ -568,10 +568,7 @@ void dgGLDriver::with_text_look(Draw draw)
 
 void dgGLDriver::draw_text(const dgText& text)
 {
-    dgTextStyle style = the_state.text;
-    if (the_inverting)
-        style.look = dgTEXT_FILLED;
-    const dgGLTextStore::Shape& shape = the_device.texts().shape(text, style, the_inverting);
+    const dgGLTextStore::Shape& shape = the_device.texts().shape(text, the_state.text, the_inverting);
     if (shape.triangles)
         draw_stored(*shape.triangles, dgTOPOLOGY_TEXT, 0);
     for (const dgRef<dgPolyline>& line : shape.lines)

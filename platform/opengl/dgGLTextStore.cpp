@@ -238,7 +238,8 @@ dgTriangleBlock* make_block(const dgText& text, const dgTextStyle& style, int in
 
 dgGLTextStore::Shape make_shape(const dgText& text, const dgTextStyle& style, int inverting)
 {
-    switch (style.look)
+    // What inverts pixels shows letters: lines of them cross.
+    switch (inverting ? dgTEXT_FILLED : style.look)
     {
     case dgTEXT_FILLED: return {dgRef<dgTriangleBlock>(make_block(text, style, inverting)), {}};
     case dgTEXT_LINES: return {nullptr, outlines_of_letters(text, style)};
