@@ -30,6 +30,9 @@ public:
     explicit grViewRefresher(const dgViewcoDList& views);
     ~grViewRefresher() override;
 
+    /// Those of the views that have not been destroyed, as hooks may do between naming them and making a refresher.
+    static dgViewcoDList living(const dgViewcoDList& views);
+
     void base_start_twiddle();
     void base_refresh();
     void base_idle_refresh();

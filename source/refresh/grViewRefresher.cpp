@@ -12,19 +12,6 @@
 
 UT_DEFINE_TYPE(grViewRefresher, coReceiver);
 
-namespace
-{
-// Hooks may destroy views between naming them and making the refresher.
-dgViewcoDList living(const dgViewcoDList& views)
-{
-    dgViewcoDList found;
-    for (dgView* view : views)
-        if (dgS::views().contains(view))
-            found.add_last(view);
-    return found;
-}
-}
-
 // A picture under way. What is drawn may come back here: a frame inside a frame would leave half a picture, and an end
 // would take away what is being drawn.
 class grViewRefresher::Drawing
@@ -38,6 +25,15 @@ public:
 private:
     int& the_flag;
 };
+
+dgViewcoDList grViewRefresher::living(const dgViewcoDList& views)
+{
+    dgViewcoDList found;
+    for (dgView* view : views)
+        if (dgS::views().contains(view))
+            found.add_last(view);
+    return found;
+}
 
 grViewRefresher::grViewRefresher(const dgViewcoDList& views)
     : the_views(living(views)), the_missing_views(grViewListUtils::missing_renderer_views(the_views))

@@ -53,15 +53,33 @@ bool same_record(const std::string& expected, const std::string& found)
 
 using Record = std::vector<std::string>::const_iterator;
 
+// "..." stands for any number of records. As in file name patterns only the last one met need be tried again.
 bool same_records(Record expected, Record expected_end, Record found, Record found_end)
 {
-    if (expected == expected_end)
-        return found == found_end;
-    if (*expected == "...")
-        return same_records(expected + 1, expected_end, found, found_end) ||
-               (found != found_end && same_records(expected, expected_end, found + 1, found_end));
-    return found != found_end && same_record(*expected, *found) &&
-           same_records(expected + 1, expected_end, found + 1, found_end);
+    Record after_any = expected_end, tried = found;
+    for (bool any = false;;)
+    {
+        if (expected != expected_end && *expected == "...")
+        {
+            any = true;
+            after_any = ++expected;
+            tried = found;
+        }
+        else if (found == found_end)
+            return expected == expected_end;
+        else if (expected != expected_end && same_record(*expected, *found))
+        {
+            ++expected;
+            ++found;
+        }
+        else if (any)
+        {
+            expected = after_any;
+            found = ++tried;
+        }
+        else
+            return false;
+    }
 }
 
 std::string identifier(std::string name)

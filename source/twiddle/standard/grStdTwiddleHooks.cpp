@@ -137,8 +137,9 @@ grViewRefresher* grStdTwiddleHooks::fast_refresher(const dgViewcoDList& views)
 }
 
 // A notch is a twiddle of its own, which ends at once: only where idle calls complete the picture may it lack anything.
-grViewRefresher* grStdTwiddleHooks::wheel_refresher(const dgViewcoDList& views)
+grViewRefresher* grStdTwiddleHooks::wheel_refresher(const dgViewcoDList& named)
 {
+    const dgViewcoDList views = grViewRefresher::living(named);
     const bool timeout = the_timeout_twiddling;
     if (!(timeout || the_use_refresher_fast) || !grWheelCourse::idle_calls_come() ||
         (!timeout && grViewRefresherFast::idle_slices_forbidden(views)))
