@@ -1,9 +1,9 @@
 #include "apString.h"
 
+#include "apNarrowText.h"
+
 #include <utf8.h>
 
-#include <exception>
-#include <filesystem>
 #include <iterator>
 
 namespace
@@ -60,18 +60,11 @@ apString apString::from_utf8(std::string_view text)
 
 apString apString::from_narrow(std::string_view text)
 {
-    try
-    {
-        // Paths carry the standard library's conversion from and to the narrow encoding of the platform.
-        const std::u8string utf8 = std::filesystem::path(text, std::filesystem::path::native_format).u8string();
-        return from_utf8(std::string(utf8.begin(), utf8.end()));
-    }
-    catch (const std::exception&)
-    {
-        apString undecodable;
-        undecodable.the_valid = 0;
-        return undecodable;
-    }
+    if (std::string utf8; ap_decode_narrow(text, utf8))
+        return from_utf8(utf8);
+    apString undecodable;
+    undecodable.the_valid = 0;
+    return undecodable;
 }
 
 apString apString::from_wide(std::wstring_view text)
@@ -85,18 +78,7 @@ apString apString::from_wide(std::wstring_view text)
 
 int apString::narrow(std::string& text) const
 {
-    if (!the_valid)
-        return 0;
-    try
-    {
-        const std::u8string utf8(the_utf8.begin(), the_utf8.end());
-        text = std::filesystem::path(utf8, std::filesystem::path::native_format).string();
-        return 1;
-    }
-    catch (const std::exception&)
-    {
-        return 0;
-    }
+    return the_valid && ap_encode_narrow(the_utf8, text);
 }
 
 std::string ap_quoted(std::string_view bytes)

@@ -153,7 +153,7 @@ TEST(apSystemFonts, faces_of_collections_are_told_apart)
         apFaceData data;
         EXPECT_EQ(apSystemFonts::find_face(names[i], data), 1) << names[i];
         EXPECT_EQ(data.face_index, i);
-        EXPECT_TRUE(data.file.ends_with("both.ttc")) << data.file;
+        EXPECT_TRUE(data.file.ends_with("both.ttc") || !data.bytes.empty()) << data.file;
     }
     EXPECT_EQ(apSystemFonts::remove_private(file), 1);
 }

@@ -159,8 +159,10 @@ private:
     }
     std::string short_name(const utString& path) const
     {
-        const std::string folder = the_folder.path().str() + "/";
-        return path.str().starts_with(folder) ? path.str().substr(folder.size()) : path.str();
+        const std::string folder = the_folder.path().str();
+        std::string name = path.str().starts_with(folder) ? path.str().substr(folder.size() + 1) : path.str();
+        std::replace(name.begin(), name.end(), '\\', '/');
+        return name;
     }
     void show()
     {

@@ -44,9 +44,11 @@ public:
         std::ofstream(*this / name, std::ios::binary) << text;
         return *this / name;
     }
+    /// Of a file in the folder, or anywhere.
     std::string text(const std::string& name) const
     {
-        std::ifstream stream(*this / name, std::ios::binary);
+        const bool elsewhere = std::filesystem::path(name).has_root_directory();
+        std::ifstream stream(elsewhere ? name : *this / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
     }
 
