@@ -25,7 +25,9 @@ public:
     /// A new element with a count of 0 and contents of its own.
     virtual dgGraphicalElement* copy() const = 0;
 
-    /// Executes the element: an attribute changes the renderer's context, a primitive is drawn under it.
+    /// Executes the element: an attribute changes the renderer's context, a primitive is drawn under it. An element of
+    /// an application's own may edit, clear or drop the structure that it is drawn in; it must not destroy the view
+    /// that is drawn, nor take away its root or its renderer.
     virtual void draw(dgRenderer* renderer) const = 0;
 
     /// Box of a primitive, or of what an application's element draws, in its own coordinates; empty for every other
