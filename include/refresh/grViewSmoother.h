@@ -43,7 +43,7 @@ public:
 
     static constexpr int n_pictures = 8;
     /// Pixels to the right and upwards by which a picture, from 0 on, is moved: the places of the standard pattern of 8
-    /// samples, as the Vulkan specification lists them (Standard Sample Locations). No two share a row or a column of
+    /// samples, as the Vulkan standard lists them (Standard Sample Locations). No two share a row or a column of
     /// sixteenths of a pixel, and those of the first 2, 4 and 8 pictures lie about the middle of the pixel, so that the
     /// mean does not stand beside the picture before.
     static giVector2 shift(int picture);
