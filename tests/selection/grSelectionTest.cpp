@@ -73,6 +73,20 @@ dgElementPath path_to(const dgStructure& root, int element)
 {
     return {dgRef<dgGraphicalElement>(root.element(element))};
 }
+
+// A random network in a view, with a selection.
+struct RandomScene
+{
+    explicit RandomScene(unsigned number) : network(number)
+    {
+        scene.view.root(network.root());
+        aim(scene);
+        selection.add_view(&scene.view);
+    }
+    tsRandomNetwork network;
+    Scene scene{120, 90};
+    grSelection selection;
+};
 }
 
 TEST(grSelection, shows_every_change_as_if_all_were_drawn)
@@ -80,12 +94,8 @@ TEST(grSelection, shows_every_change_as_if_all_were_drawn)
     int drawn_over = 0, seen = 0, ties = 0;
     for (unsigned number = 0; number < 60; ++number)
     {
-        tsRandomNetwork network(number);
-        Scene scene(120, 90);
-        scene.view.root(network.root());
-        aim(scene);
-        grSelection selection;
-        selection.add_view(&scene.view);
+        RandomScene random(number);
+        auto& [network, scene, selection] = random;
         redraw(scene);
         for (int i = 0; i < 12; ++i)
         {
@@ -151,12 +161,8 @@ TEST(dgLooks, hold_in_flat_copies_and_in_slices)
 {
     for (unsigned number = 0; number < 40; ++number)
     {
-        tsRandomNetwork network(number);
-        Scene scene(120, 90);
-        scene.view.root(network.root());
-        aim(scene);
-        grSelection selection;
-        selection.add_view(&scene.view);
+        RandomScene random(number);
+        auto& [network, scene, selection] = random;
         for (int i = 0; i < 6; ++i)
             change(selection, network);
         selection.opacity(selection.selected(), 1);
