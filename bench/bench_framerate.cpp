@@ -198,7 +198,7 @@ void drag(const char* name, Picture& picture, Frame frame, Idle idle, End end)
 {
     std::vector<double> times;
     const Stopwatch whole;
-    for (int k = 0; whole.seconds() < drag_seconds; ++k)
+    for (int k = 0; k < 3 || whole.seconds() < drag_seconds; ++k)
     {
         times.push_back(seconds(
             [&]

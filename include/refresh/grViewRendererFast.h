@@ -152,6 +152,8 @@ private:
     bool draws_slices() const;
     void forget_flat();
     template <class Draw>
+    void draw_over(Draw draw);
+    template <class Draw>
     void timed(Draw draw);
 
     dgView* the_view;

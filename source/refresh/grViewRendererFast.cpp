@@ -235,16 +235,24 @@ void grViewRendererFast::draw_frame(dgStructure* icon)
     else
     {
         calibrate();
-        // A sample of blocks that have been simplified need not be seen.
-        if (the_view->renderer()->simplifies() && draws_slices() && !transparent(*the_view))
-        {
-            const double calibration_time = the_refresh_time;
-            the_frame_start = apHighResTime::time();
-            the_view->erase(dgERASE_ZBUFFER_YES);
-            draw_share();
-            the_refresh_time = calibration_time;
-        }
+        const double calibration_time = the_refresh_time;
+        // A whole picture was asked for, or one of simplified blocks, of which a sample need not be seen.
+        if (the_force_full && the_draw_method == grFAST_DRAW_SHARE)
+            draw_over([this] { the_view->render_network(drawn_structure()); });
+        else if (the_view->renderer()->simplifies() && draws_slices() && !transparent(*the_view))
+            draw_over([this] { draw_share(); });
+        the_refresh_time = calibration_time;
     }
+}
+
+// Another picture in place of the one that was drawn to measure.
+template <class Draw>
+void grViewRendererFast::draw_over(Draw draw)
+{
+    the_frame_start = apHighResTime::time();
+    if (!transparent(*the_view))
+        the_view->erase(dgERASE_ZBUFFER_YES);
+    draw();
 }
 
 void grViewRendererFast::draw_share()
