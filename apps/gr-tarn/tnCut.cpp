@@ -1,7 +1,6 @@
 #include "tnCut.h"
 
 #include "flProgress.h"
-#include "tnCap.h"
 #include "tnNumbers.h"
 
 #include "flMessages.h"
@@ -10,6 +9,7 @@
 #include "grTriCut.h"
 #include "grTriCutterPlane.h"
 
+#include "dg_cap_tblocks.h"
 #include "giPlane.h"
 
 #include <cmath>
@@ -42,8 +42,11 @@ int keep_side(const ms_blocks& blocks, const Side& side, double tolerance, int w
     int open_ends = 0;
     if (with_cap)
     {
+        giTriBlockcoDList cut;
+        for (const auto& block : half)
+            cut.add_last(block.get());
         auto cap = std::make_unique<giTriBlock>();
-        open_ends = tn_make_cap(half, side.plane, tolerance, *cap);
+        open_ends = dg_cap_tblocks(cut, side.plane, tolerance, *cap);
         if (cap->triangle_count() > 0)
             half.push_back(std::move(cap));
     }

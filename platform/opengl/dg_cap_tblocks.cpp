@@ -1,20 +1,17 @@
-#include "tnCap.h"
+#include "dg_cap_tblocks.h"
+
+#include "dgGLTessellator.h"
 
 #include "giPlane.h"
+#include "giTriBlock.h"
 #include "giWorkplane3.h"
-
-#if defined(__APPLE__)
-#include <OpenGL/glu.h>
-#else
-#include <GL/glu.h>
-#endif
 
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <unordered_map>
+#include <utility>
 
 namespace
 {
@@ -118,63 +115,9 @@ private:
     std::map<std::pair<int, int>, int> the_edges; // with the number of times
 };
 
-struct Filling
-{
-    std::vector<giPoint2> corners; // positions of nodes, and of crossings behind them
-    std::vector<int> triangles;    // corners in threes
-};
-
-void begin_triangles(GLenum, void*) {}
-void end_triangles(void*) {}
-// Its presence makes the tessellator give triangles alone, no fans or strips.
-void edge_flag(GLboolean, void*) {}
-
-void take_vertex(void* vertex, void* data)
-{
-    static_cast<Filling*>(data)->triangles.push_back(static_cast<int>(reinterpret_cast<std::intptr_t>(vertex)));
 }
 
-void combine(GLdouble position[3], void* [4], GLfloat[4], void** vertex, void* data)
-{
-    Filling& filling = *static_cast<Filling*>(data);
-    *vertex = reinterpret_cast<void*>(static_cast<std::intptr_t>(filling.corners.size()));
-    filling.corners.emplace_back(position[0], position[1]);
-}
-
-template <class Function>
-void set_callback(GLUtesselator* tessellator, GLenum which, Function* function)
-{
-    gluTessCallback(tessellator, which, reinterpret_cast<void (*)()>(function));
-}
-
-// Corners are given for all nodes that the loops name.
-void fill(const std::vector<Loop>& loops, Filling& filling)
-{
-    const std::unique_ptr<GLUtesselator, void (*)(GLUtesselator*)> tessellator(gluNewTess(), gluDeleteTess);
-    set_callback(tessellator.get(), GLU_TESS_BEGIN_DATA, begin_triangles);
-    set_callback(tessellator.get(), GLU_TESS_END_DATA, end_triangles);
-    set_callback(tessellator.get(), GLU_TESS_EDGE_FLAG_DATA, edge_flag);
-    set_callback(tessellator.get(), GLU_TESS_VERTEX_DATA, take_vertex);
-    set_callback(tessellator.get(), GLU_TESS_COMBINE_DATA, combine);
-    gluTessProperty(tessellator.get(), GLU_TESS_WINDING_RULE, GLU_TESS_WINDING_NONZERO);
-    gluTessNormal(tessellator.get(), 0, 0, 1);
-    gluTessBeginPolygon(tessellator.get(), &filling);
-    for (const Loop& loop : loops)
-    {
-        gluTessBeginContour(tessellator.get());
-        for (const int node : loop)
-        {
-            const giPoint2& p = filling.corners[static_cast<std::size_t>(node)];
-            GLdouble position[3] = {p.x(), p.y(), 0};
-            gluTessVertex(tessellator.get(), position, reinterpret_cast<void*>(static_cast<std::intptr_t>(node)));
-        }
-        gluTessEndContour(tessellator.get());
-    }
-    gluTessEndPolygon(tessellator.get());
-}
-}
-
-int tn_make_cap(const ms_blocks& blocks, const giPlane& plane, double tolerance, giTriBlock& cap)
+int dg_cap_tblocks(const giTriBlockcoDList& blocks, const giPlane& plane, double tolerance, giTriBlock& cap)
 {
     // A workplane that faces as the cap does.
     const giVector3 normal = -plane.normal();
@@ -183,7 +126,7 @@ int tn_make_cap(const ms_blocks& blocks, const giPlane& plane, double tolerance,
     const giWorkplane3 workplane(plane.point(), x_axis, normal.cross(x_axis));
     Welder welder(workplane, tolerance);
     Outline outline;
-    for (const auto& block : blocks)
+    for (const giTriBlock* block : blocks)
     {
         const auto on_plane = [&](int node) { return std::abs(plane.distance(block->nodes()[node])) < tolerance; };
         for (const giTriangle& t : block->triangles())
@@ -196,30 +139,34 @@ int tn_make_cap(const ms_blocks& blocks, const giPlane& plane, double tolerance,
     std::vector<Loop> loops;
     const int open_pieces = outline.take_loops(loops);
 
-    Filling filling;
-    int n_nodes = 0;
+    // The tessellator's points are those of the contours, one after the other, and crossings behind them.
+    dgGlyphOutline contours;
+    std::vector<int> nodes;
     for (const Loop& loop : loops)
-        for (const int node : loop)
-            n_nodes = std::max(n_nodes, node + 1);
-    for (int node = 0; node < n_nodes; ++node)
-        filling.corners.push_back(welder.flat(node));
-    fill(loops, filling);
-
-    std::vector<int> numbers(filling.corners.size(), -1);
-    std::vector<giVector3>& normals = cap.create_normals();
-    for (std::size_t i = 0; i + 2 < filling.triangles.size(); i += 3)
     {
-        giTriangle triangle(filling.triangles[i], filling.triangles[i + 1], filling.triangles[i + 2]);
+        std::vector<giPoint2>& contour = contours.contours.emplace_back();
+        for (const int node : loop)
+            contour.push_back(welder.flat(node));
+        nodes.insert(nodes.end(), loop.begin(), loop.end());
+    }
+    dgGLTriangles filling;
+    dg_gl_tessellate(contours, filling);
+
+    std::vector<int> numbers(filling.points.size(), -1);
+    std::unordered_map<int, int> numbers_of_nodes;
+    std::vector<giVector3>& normals = cap.create_normals();
+    for (const giTriangle& found : filling.triangles)
+    {
+        giTriangle triangle(found);
         for (int k = 0; k < 3; ++k)
         {
-            const int corner = triangle[k];
-            int& number = numbers[static_cast<std::size_t>(corner)];
+            const auto corner = static_cast<std::size_t>(found[k]);
+            const int is_node = corner < nodes.size();
+            int& number = is_node ? numbers_of_nodes.try_emplace(nodes[corner], -1).first->second : numbers[corner];
             if (number < 0)
             {
                 number = cap.node_count();
-                cap.nodes().append(corner < n_nodes
-                                       ? welder.point(corner)
-                                       : workplane.to_world(filling.corners[static_cast<std::size_t>(corner)]));
+                cap.nodes().append(is_node ? welder.point(nodes[corner]) : workplane.to_world(filling.points[corner]));
                 normals.push_back(normal);
             }
             triangle[k] = number;
