@@ -67,8 +67,7 @@ void gr_time_zooming_refresh(dgView* view, double duration, const double* factor
                      view->camera().scale(scale * factors[next]);
                      next = (next + 1) % n_factors;
                  });
-    view->camera().scale(scale);
-    view->camera().view_window(window); // without the rounding of the scales
+    view->camera().view_window(window);
 }
 
 void gr_time_fast_rotating_refresh(dgView* view, double duration, gi_Axis axis, double angle, int& frames,

@@ -11,6 +11,7 @@
 #include "tsCommand.h"
 #include "tsScene.h"
 
+#include <optional>
 #include <stdexcept>
 
 namespace
@@ -97,6 +98,19 @@ private:
             return std::string(names[asked->state()]) + (asked->cancelled() ? ", cancelled" : "") +
                    (grRubberBandManager::item_in_list(asked) ? "" : ", not listed");
         };
+        on("note_state") = [this](const std::string& name, int drawn)
+        {
+            item(name)->set_draw_state(drawn ? grDRAW_RUBBER_BAND_ITEM : grUNDRAW_RUBBER_BAND_ITEM,
+                                       grRUBBER_BAND_SELECT_DRIVER);
+        };
+        on("turn_off_hlhsr") = [this](const std::string& name, int off) { item(name)->set_turn_off_hlhsr(off); };
+        on("view_hlhsr") = [](dgView& view, tsArguments& in)
+        {
+            if (in.more())
+                view.shading_context().set_hlhsr_mode(ts_read<dgHLHSRMode>(in));
+            return int(view.shading_context().hlhsr_mode);
+        };
+        on("hlhsr") = [](tsWindow& window) { return int(window.renderer->hlhsr_mode()); };
     }
     void add_manager()
     {
@@ -117,6 +131,8 @@ private:
         on("suspend") = [](int on) { Manager::suspend_rubber_banding(on); };
         on("second_manager") = [this](int on) { the_second = on ? std::make_unique<Manager>() : nullptr; };
         on("clear_list") = [] { Manager::clear(); };
+        on("no_manager") = [this] { the_manager.reset(); };
+        on("new_manager") = [this] { the_manager.emplace(); };
         on("list_is") = [] {
             return std::string(Manager::empty() ? "empty" : "filled") +
                    (Manager::items_cancelled() ? ", cancelled" : "");
@@ -153,7 +169,33 @@ private:
         on("via_redraw_flag") = [] { return Manager::rubber_band_via_redraw(); };
         on("stencil") = [](int on) { Manager::set_xor_mode_with_stencil_planes(on); };
         on("do_redraw") = [](int on) { Manager::do_redraw(on); };
-        on("band_framerate") = [](double rate) { Manager::minimum_framerate(rate); };
+        on("band_framerate") = [](tsArguments& in)
+        {
+            if (in.more())
+                Manager::minimum_framerate(in.number());
+            return Manager::minimum_framerate();
+        };
+        on("band_colour") = [](double r, double g, double b) { Manager::rubber_band_colour(gsColour(r, g, b)); };
+        on("colour_in_xor") = [](int by_default) { Manager::set_default_colour_in_xor_mode(by_default); };
+        on("calculate_colour") = [](int on) { Manager::calculate_colour_in_xor_mode(on); };
+        on("xor_colour") = [this](double r, double g, double b)
+        {
+            const gsColour c = Manager::calculate_xor_colour(the_stage.window(1).renderer, gsColour(r, g, b));
+            return std::vector<double>{255 * c.red(), 255 * c.green(), 255 * c.blue()};
+        };
+        on("background") = [](dgView& view, double r, double g, double b)
+        { view.shading_context().background_colour = gsColour(r, g, b); };
+        // From bottom to top.
+        on("graduated") = [](dgView& view, const giVector3& bottom, const giVector3& top)
+        {
+            dgViewShadingContext& shading = view.shading_context();
+            shading.graduated_background = 1;
+            shading.bottom_colour = gsColour(bottom.x(), bottom.y(), bottom.z());
+            shading.top_colour = gsColour(top.x(), top.y(), top.z());
+        };
+        // Cameras and attributes are recorded too, as they are sent.
+        on("record_state") = [](tsWindow& window) { window.surface.record_state(1); };
+        on("fade_with_depth") = [](tsWindow& window) { window.renderer->depth_cueing(1); };
         on("opengl") = [](tsWindow& window)
         {
             window.surface.driver_type(dgDRIVER_OPENGL);
@@ -204,7 +246,7 @@ private:
         { canvas().erase_and_render_views(box, erase, render); };
     }
 
-    grRubberBandManager the_manager;
+    std::optional<grRubberBandManager> the_manager{std::in_place};
     std::unique_ptr<grRubberBandManager> the_second;
     std::map<std::string, Item> the_items;
     std::unique_ptr<grCanvas> the_canvas;

@@ -1,5 +1,6 @@
 #include "grRubberBandColourAppElement.h"
-#include "tsBands.h"
+#include "grRubberBandManager.h"
+#include "tsScene.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +8,9 @@
 
 TEST(grRubberBandColourAppElement, uses_the_managers_colour_in_xor_mode_alone_and_when_so_constructed)
 {
-    tsBands bands;
+    const grRubberBandManager manager;
+    tsScene scene;
+    dgView& view = *scene.add_view();
     const gsColour own(1, 0, 0), managers(0, 1, 0);
     grRubberBandManager::rubber_band_colour(managers);
     const dgRef<grRubberBandColourAppElement> plain(new grRubberBandColourAppElement(own, grLINE_COLOUR));
@@ -17,36 +20,36 @@ TEST(grRubberBandColourAppElement, uses_the_managers_colour_in_xor_mode_alone_an
     const dgRef<grRubberBandColourAppElement> copied(asking->copy());
     for (const auto* element : {asking.get(), copied.get()})
     {
-        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), own);
-        bands.renderer.select_driver(1);
-        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), managers);
-        EXPECT_EQ(plain->calculate_rubber_band_colour(&bands.renderer), own);
+        EXPECT_EQ(element->calculate_rubber_band_colour(&scene.renderer()), own);
+        scene.renderer().select_driver(1);
+        EXPECT_EQ(element->calculate_rubber_band_colour(&scene.renderer()), managers);
+        EXPECT_EQ(plain->calculate_rubber_band_colour(&scene.renderer()), own);
         grRubberBandManager::calculate_colour_in_xor_mode(1);
-        bands.view.camera().view_port_dc(giBox2(0, 0, 99, 79));
-        bands.view.shading_context().background_colour = gsColour(1, 1, 1);
-        EXPECT_EQ(element->calculate_rubber_band_colour(&bands.renderer), gsColour(1, 0, 1));
-        EXPECT_EQ(plain->calculate_rubber_band_colour(&bands.renderer), gsColour(0, 1, 1));
+        view.shading_context().background_colour = gsColour(1, 1, 1);
+        EXPECT_EQ(element->calculate_rubber_band_colour(&scene.renderer()), gsColour(1, 0, 1));
+        EXPECT_EQ(plain->calculate_rubber_band_colour(&scene.renderer()), gsColour(0, 1, 1));
         grRubberBandManager::calculate_colour_in_xor_mode(0);
-        bands.renderer.select_driver(0);
+        scene.renderer().select_driver(0);
     }
 }
 
 TEST(grRubberBandColourAppElement, colours_the_primitives_of_its_type)
 {
-    tsBands bands;
-    bands.main.record_state(1);
+    tsScene scene;
+    dgView& view = *scene.add_view();
+    scene.window().record_state(1);
     const dgRef<grRubberBandColourAppElement> element(
         new grRubberBandColourAppElement(gsColour(1, 0, 0), grLINE_COLOUR));
     const auto line_marker_and_text = [&](grPrimColourType type)
     {
         element->set(gsColour(1, 0, 0), type);
-        bands.main.clear_log();
-        bands.view.begin();
-        bands.view.execute(*element);
-        bands.view.execute(*tsSegments(1));
-        bands.view.end();
+        scene.window().clear_log();
+        view.begin();
+        view.execute(*element);
+        view.execute(*tsLine(1)->element(0));
+        view.end();
         std::string colours;
-        for (const std::string& line : bands.main.log())
+        for (const std::string& line : scene.window().log())
             if (line.starts_with("state line "))
                 colours = line.substr(11, 5) + "," + line.substr(line.find("marker ") + 7, 5) + "," +
                           line.substr(line.find("text ") + 5, 5);

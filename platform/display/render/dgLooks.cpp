@@ -163,13 +163,6 @@ void dgLooks::redraw_only(const std::vector<dgElementPath>& paths)
     list(redrawing, paths);
 }
 
-void dgLooks::clear()
-{
-    the_root = std::make_unique<Node>();
-    the_lists = 0;
-    changed();
-}
-
 dgLooks::Place dgLooks::root() const
 {
     return {the_root.get(), ~the_lists | the_root->listed};

@@ -52,9 +52,6 @@ public:
     void isolate(const std::vector<dgElementPath>& paths);
     int isolated() const { return (the_lists & isolation) != 0; }
 
-    /// Ends all looks and the isolation.
-    void clear();
-
     /// Grows with every change.
     unsigned long long stamp() const { return the_stamp; }
 
