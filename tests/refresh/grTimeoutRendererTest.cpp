@@ -3,9 +3,11 @@
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
 #include "dgStructureCall.h"
+#include "grTimeoutRendererCache.h"
 #include "grTimingStat.h"
 #include "grTimingStats.h"
 #include "grView.h"
+#include "grViewRefresherTimeout.h"
 #include "tsHeavyView.h"
 #include "tsShapes.h"
 
@@ -168,4 +170,23 @@ TEST(grTimeoutRenderer, remembers_times_only_when_told_how_many)
     EXPECT_EQ(average, 3);
     with.twiddle_refresh_stats()->last_stats(1000, count, average);
     EXPECT_EQ(count, 0);
+}
+
+TEST(grViewRefresherTimeout, records_how_long_full_drawing_takes_and_forgets_it_with_an_edit)
+{
+    Scene scene;
+    scene.add(100, [] { return ts_line(1024); });
+    grTimeoutRendererCache cache(16);
+    cache.record_refresh_stats(4);
+    {
+        grViewRefresherTimeout refresher({&scene.view()}, &cache, 1, 1, 1, 1);
+        refresher.base_start_twiddle();
+        refresher.base_end_twiddle();
+    }
+    grTimeoutRenderer& timeout = *cache.find_timeout_renderer(&scene.view());
+    EXPECT_NEAR(timeout.full_refresh_time(), 100, 1e-9);
+    EXPECT_EQ(timeout.got_full_refresh_time(), 1);
+    scene.root->delete_range(1, 99);
+    timeout.get_ready(1, 1, 1, 1);
+    EXPECT_EQ(timeout.got_full_refresh_time(), 0);
 }
