@@ -218,7 +218,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     vwScene scene(&window, window.overlay(), area, db, model.root(),
                   {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
                    options.refresher, options.multi, options.independent, options.perspective, options.paper,
-                   options.smooth_edges > 0, options.background, options.axes, options.edges});
+                   options.smooth_edges > 0, options.background, options.axes, options.edges, options.section});
     scene.parts(model.parts(), model.placing());
     vw_offer_font(options, scene);
     scene.overlay().help_text(vw_help_text(db));

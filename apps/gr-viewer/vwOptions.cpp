@@ -36,6 +36,21 @@ std::string parse_size(const std::string& text, int most, int& width, int& heigh
     return {};
 }
 
+// "x" or "x,12.5" into an axis and an offset; answers what is wrong, or nothing.
+std::string parse_section(const std::string& text, vwSection& section)
+{
+    const char* const end = text.data() + text.size();
+    const bool known = !text.empty() && text[0] >= 'x' && text[0] <= 'z';
+    double offset = 0;
+    const bool plain = text.size() == 1;
+    if (!known || (!plain && (text[1] != ',' || ap_scan_number(text.data() + 2, end, offset) != end)))
+        return fl_quoted(text) + " is no section such as z or z,12.5";
+    section.across = static_cast<gi_Axis>(text[0] - 'x');
+    if (!plain)
+        section.offset = offset;
+    return {};
+}
+
 // Of the things that the viewer does instead of opening a window, those that are asked for.
 std::vector<std::string> modes(const vwOptions& options)
 {
@@ -123,7 +138,7 @@ int vw_keeps_inputs(const vwOptions& options, const std::string& file, std::stri
 vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& options, std::string& text)
 {
     vwOptions read;
-    std::string size;
+    std::string size, section;
     int version = 0;
     CLI::App app("Shows triangle meshes and turns them with the mouse.", "gr-viewer");
     app.allow_windows_style_options(false); // what begins with a slash is a file on every system
@@ -131,7 +146,8 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         "Without --resources the bindings are those that --print-resources prints: left button turns, middle pans,\n"
         "right zooms, the wheel zooms, R resets, I shows the isometric view, V perspective, 1 to 6 look from the "
         "sides,\n"
-        "a click selects, H hides, L shows alone; F1 shows all of them in the window. Control Q closes it.");
+        "a click selects, H hides, L shows alone, K cuts open; F1 shows all of them in the window. Control Q closes "
+        "it.");
     app.add_option("FILE", read.files, "Tarn files, or " + ms_readable_endings());
     app.add_option("--views", read.views, "Number of views, in a grid; the first one is the main view")
         ->check(CLI::Range(1, vw_max_views));
@@ -157,6 +173,9 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         ->type_name("KIND");
     app.add_flag("--axes", read.axes, "Show axes in a corner, and a scale bar; F2 changes it");
     app.add_flag("--edges", read.edges, "Show the edges of the parts; F3 changes it");
+    app.add_option("--section", section,
+                   "Cut the model open across an axis, in the middle or at an offset along it; K changes it")
+        ->type_name("AXIS[,OFFSET]");
     app.add_flag("--paper", read.paper, "Show a sheet of paper with a frame, a title and three views")
         ->excludes(multi)
         ->excludes("--views")
@@ -231,6 +250,8 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
     std::string complaint =
         size.empty() ? std::string()
                      : parse_size(size, read.output.empty() ? vw_max_size : most_output_size, read.width, read.height);
+    if (complaint.empty() && !section.empty())
+        complaint = parse_section(section, read.section);
     if (complaint.empty())
         complaint = contradiction(read);
     if (!complaint.empty())

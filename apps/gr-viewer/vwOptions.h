@@ -4,6 +4,7 @@
 #include "vwBackground.h"
 #include "vwRefresher.h"
 #include "vwRubberBanding.h"
+#include "vwSection.h"
 
 #include <string>
 #include <vector>
@@ -46,6 +47,7 @@ struct vwOptions
     int transparent = 0; ///< background of the picture to write
     int axes = 0;        ///< axes and a scale bar
     int edges = 0;
+    vwSection section;
     int list_fonts = 0;
     int dump_structure = 0;
     std::string dump_xml; ///< file to write the display structure to, empty: none

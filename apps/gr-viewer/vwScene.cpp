@@ -58,6 +58,7 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
         the_stats_bars = std::make_unique<vwStatsBars>(1 / the_hooks->framerate());
     the_hooks->structure(&model);
     the_hooks->selection(&the_selection);
+    the_hooks->section(&the_section);
     if (settings.paper)
         make_sheet(model);
     for (int i = 0; i < settings.views && !settings.paper; ++i)
@@ -85,6 +86,8 @@ vwScene::vwScene(dgWindow* main, dgWindow* overlay, gwDrawingArea& area, const g
             grViewOperations::perspective(view(i), 1);
         fit_views(); // from the eyes that the first fit has given places
     }
+    if (settings.section.across)
+        the_section.across(view(settings.paper), *settings.section.across, settings.section.offset);
     resized();
     save_cameras();
 }
@@ -103,6 +106,7 @@ void vwScene::make_view(dgStructure& model, int number, int follows)
     view->root(&model);
     view->shading_context().graduated_background = 1;
     the_selection.add_view(view.get());
+    the_section.add_view(view.get());
     vw_standard_view(*view, number);
     // A companion with a parent keeps the placement that the cameras have to each other now.
     grView* parent = follows && number > 0 ? the_canvas.companion(0) : nullptr;
@@ -130,6 +134,7 @@ void vwScene::make_sheet(dgStructure& model)
         field->root(&model);
         field->shading_context().background_colour = gsColour(0.97, 0.97, 0.95);
         the_selection.add_view(field.get());
+        the_section.add_view(field.get());
         vw_standard_view(*field, i);
         auto child = std::make_unique<grViewPaperChild>(field.get(), parent);
         the_canvas.add_view(std::move(field), std::move(child));

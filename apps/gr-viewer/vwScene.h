@@ -4,6 +4,7 @@
 #include "dgRenderer.h"
 #include "grCanvas.h"
 #include "grIdleAction.h"
+#include "grSection.h"
 #include "grSelection.h"
 #include "vwBackground.h"
 #include "vwEdges.h"
@@ -12,6 +13,7 @@
 #include "vwParts.h"
 #include "vwRefresher.h"
 #include "vwRubberBanding.h"
+#include "vwSection.h"
 
 #include <memory>
 #include <string>
@@ -46,6 +48,7 @@ struct vwSceneSettings
     vwBackground background = vwBACKGROUND_DARK;
     int axes = 0; ///< axes in a corner of the first view, and a scale bar
     int edges = 0;
+    vwSection section;
 };
 
 /// A model in one or several views, in a grid or on a sheet of paper, on a window, with the library's tools on the
@@ -122,6 +125,7 @@ private:
     grCanvas the_canvas;
     std::unique_ptr<vwHooks> the_hooks;
     grSelection the_selection;
+    grSection the_section;
     std::unique_ptr<vwSheet> the_sheet; // null: not asked for
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<grSelectionHover> the_hover; // null: nothing lights up

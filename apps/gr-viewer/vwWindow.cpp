@@ -229,7 +229,7 @@ public:
                     {views, options.framerate, options.stats, options.cursor, options.rubber_banding, options.refresher,
                      options.multi, options.independent, options.perspective, options.paper,
                      options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges, options.background, 1,
-                     options.edges}),
+                     options.edges, options.section}),
           the_resizing(the_scene), the_title(window, vwModel::names(options.files), options.stats),
           the_arrivals(window.input(), *the_loading, model, the_scene),
           the_keys(window.input(), {[this] { the_window.close(); }, [this] { the_reload = 1; },

@@ -5,6 +5,7 @@
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
+#include "dgGLTessellator.h"
 #include "dgGLTextStore.h"
 #include "dgGLWindow.h"
 #include "dgGraphicalPrimitive.h"
@@ -23,9 +24,6 @@
 
 namespace
 {
-// How many half windows away from the middle of view space positions are still fine enough to tell slopes from.
-constexpr double most_windows = 4096;
-
 // Up to how many indices drawing may cost less than changing the colour of fragments.
 constexpr int few_indices = 1200;
 
@@ -40,35 +38,6 @@ struct PixelBox
     int x, y, width, height;
 };
 
-void to_floats(const giXform3& xform, float (&elements)[16])
-{
-    // A matrix of row vectors, row by row, is the same memory as OpenGL's of column vectors, column by column.
-    for (int i = 0; i < 16; ++i)
-        elements[i] = static_cast<float>(xform.data()[i]);
-}
-
-// Vectors at right angles to surfaces go through the transposed inverse, up to a positive factor: the matrix of
-// cofactors, with the sign of the determinant.
-double normal_matrix(const giXform3& xform, float (&elements)[9])
-{
-    const auto m = [&](int row, int column) { return xform(row % 3, column % 3); };
-    double cofactors[3][3];
-    double largest = 0;
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 3; ++column)
-        {
-            cofactors[row][column] =
-                m(row + 1, column + 1) * m(row + 2, column + 2) - m(row + 1, column + 2) * m(row + 2, column + 1);
-            largest = std::max(largest, std::abs(cofactors[row][column]));
-        }
-    const double determinant = m(0, 0) * cofactors[0][0] + m(0, 1) * cofactors[0][1] + m(0, 2) * cofactors[0][2];
-    const double scale = (determinant < 0 ? -1 : 1) / (largest > 0 ? largest : 1);
-    for (int row = 0; row < 3; ++row)
-        for (int column = 0; column < 3; ++column)
-            elements[3 * row + column] = static_cast<float>(cofactors[row][column] * scale);
-    return determinant;
-}
-
 void set_capability(unsigned capability, int on)
 {
     if (on)
@@ -76,6 +45,27 @@ void set_capability(unsigned capability, int on)
     else
         glDisable(capability);
 }
+
+// Cuts what is drawn meanwhile; other programs know no distances.
+class Section
+{
+public:
+    explicit Section(int on) : the_on(on)
+    {
+        if (the_on)
+            glEnable(GL_CLIP_DISTANCE0);
+    }
+    ~Section()
+    {
+        if (the_on)
+            glDisable(GL_CLIP_DISTANCE0);
+    }
+    Section(const Section&) = delete;
+    Section& operator=(const Section&) = delete;
+
+private:
+    int the_on;
+};
 
 unsigned mode_of(dgTopology topology)
 {
@@ -304,42 +294,6 @@ void dgGLDriver::set_state(const dgDrawState& state)
     the_state_stamp = next_stamp();
 }
 
-void dgGLDriver::update_transforms()
-{
-    the_transforms_changed = 0;
-    the_transform_stamp = next_stamp();
-    giXform3 model_to_view = the_model_to_world * the_camera.world_to_view;
-    if (the_origin != giPoint3())
-        model_to_view = giXform3::translation(the_origin.vector()) * model_to_view;
-    to_floats(model_to_view * the_camera.projection, the_model_to_clip);
-    to_floats(model_to_view, the_model_to_view);
-    // Positions in view space serve differences alone, which would drown far outside the window.
-    double offset = 0;
-    for (int column = 0; column < 3; ++column)
-        offset = std::max(offset, std::abs(model_to_view(3, column)));
-    if (offset * std::abs(the_camera.projection(0, 0)) > most_windows)
-        std::fill(the_model_to_view + 12, the_model_to_view + 15, 0.0f);
-    the_mirrored = normal_matrix(model_to_view, the_normal_to_view) < 0;
-
-    // The share of the cue colour grows evenly with view z from the front plane to the back plane. In a parallel view
-    // window z does, in perspective clip w.
-    const giXform3& p = the_camera.projection;
-    const auto w_of = [&](double z) { return z * p(2, 3) + p(3, 3); };
-    const double w_front = w_of(the_camera.front);
-    const double w_back = w_of(the_camera.back);
-    if (p.kind() == giXFORM_PROJECTIVE && w_back != w_front)
-    {
-        the_cue[0] = 0;
-        the_cue[1] = static_cast<float>(1 / (w_back - w_front));
-        the_cue[2] = static_cast<float>(-w_front / (w_back - w_front));
-    }
-    else
-    {
-        the_cue[0] = 1;
-        the_cue[1] = the_cue[2] = 0;
-    }
-}
-
 const float* dgGLDriver::colour_of(dgTopology topology) const
 {
     switch (topology)
@@ -369,11 +323,14 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     if (the_transforms_changed || origin != the_origin)
     {
         the_origin = origin;
-        update_transforms();
+        the_transforms_changed = 0;
+        the_transform_stamp = next_stamp();
+        the_transforms.set(the_camera, the_model_to_world, origin);
     }
     const int triangles = topology == dgTOPOLOGY_TRIANGLES;
     const int lines = topology == dgTOPOLOGY_LINES;
     dgGLProgramKind kind;
+    kind.sectioned = the_camera.sectioned;
     // What inverts has no shades: every pixel that it covers is treated alike.
     if (triangles && the_state.lighting && !the_inverting)
         kind.shading = has_normals ? dgGL_SHADE_SMOOTH : the_state.interior_style ? dgGL_SHADE_FLAT : dgGL_SHADE_PLAIN;
@@ -386,16 +343,21 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     kind.passed_colour = few && !kind.two_coloured && !kind.wide_lines && colours_change(front);
     dgGLProgram* program = the_device.programs().find(kind);
     if (!program)
-        program = the_device.programs().find({});
+    {
+        dgGLProgramKind plain;
+        plain.sectioned = kind.sectioned;
+        program = the_device.programs().find(plain);
+    }
     the_device.programs().use(program->name);
 
     if (program->transform_stamp != the_transform_stamp)
     {
         program->transform_stamp = the_transform_stamp;
-        glUniformMatrix4fv(program->model_to_clip, 1, GL_FALSE, the_model_to_clip);
-        glUniformMatrix4fv(program->model_to_view, 1, GL_FALSE, the_model_to_view);
-        glUniformMatrix3fv(program->normal_to_view, 1, GL_FALSE, the_normal_to_view);
-        glUniform3fv(program->cue, 1, the_cue);
+        glUniformMatrix4fv(program->model_to_clip, 1, GL_FALSE, the_transforms.model_to_clip);
+        glUniformMatrix4fv(program->model_to_view, 1, GL_FALSE, the_transforms.model_to_view);
+        glUniformMatrix3fv(program->normal_to_view, 1, GL_FALSE, the_transforms.normal_to_view);
+        glUniform3fv(program->cue, 1, the_transforms.cue);
+        glUniform4fv(program->section, 1, the_transforms.section);
     }
     if (program->state_stamp != the_state_stamp || program->topology != topology)
     {
@@ -413,7 +375,7 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     }
     if (triangles)
     {
-        glFrontFace(the_mirrored ? GL_CW : GL_CCW);
+        glFrontFace(the_transforms.mirrored ? GL_CW : GL_CCW);
         glPolygonMode(GL_FRONT_AND_BACK, the_state.interior_style ? GL_FILL : GL_LINE);
     }
     else
@@ -538,6 +500,17 @@ giBox3 dgGLDriver::text_box(const dgText& text)
     return box;
 }
 
+int dgGLDriver::fill_contours(const std::vector<std::vector<giPoint2>>& contours, std::vector<giPoint2>& points,
+                              std::vector<giTriangle>& triangles)
+{
+    dgGLTriangles found;
+    if (!dg_gl_tessellate(contours, found))
+        return 0;
+    points = std::move(found.points);
+    triangles = std::move(found.triangles);
+    return 1;
+}
+
 // What a text looks like depends on the state, so that the run keeps nothing. A text is one feature.
 void dgGLDriver::draw_texts(const dgPrimitiveRun& run, int first, int end)
 {
@@ -640,6 +613,7 @@ void dgGLDriver::draw_see_through(int has_normals, const dgGLIndexRanges& ranges
 
 void dgGLDriver::draw_once(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges)
 {
+    const Section section(the_camera.sectioned);
     const dgGLGeometryStore& store = the_device.geometry();
     const unsigned mode = mode_of(topology);
     GLsizei indices = 0;
@@ -685,6 +659,7 @@ void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
     for (int i = 0; i < npoints; ++i)
         for (int axis = 0; axis < 3; ++axis)
             xyz.push_back(static_cast<float>(points[i][axis] - origin[axis]));
+    const Section section(the_camera.sectioned);
     prepare(dgTOPOLOGY_LINES, 0, origin, false);
     the_device.stream_points(xyz.data(), npoints);
     glDrawArrays(GL_LINES, 0, npoints - npoints % 2);

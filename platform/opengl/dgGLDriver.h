@@ -3,6 +3,7 @@
 #include "dgDrawState.h"
 #include "dgDriver.h"
 #include "dgGLIndexRanges.h"
+#include "dgGLTransforms.h"
 #include "dgGeometry.h"
 #include "dg_openglExport.h"
 
@@ -45,6 +46,8 @@ public:
     int add_to_sums(const giBox2& device_box, int anew) override;
     void put_mean(const giBox2& device_box, int pictures) override;
     giBox3 text_box(const dgText& text) override;
+    int fill_contours(const std::vector<std::vector<giPoint2>>& contours, std::vector<giPoint2>& points,
+                      std::vector<giTriangle>& triangles) override;
     void draw_primitive(const dgGraphicalPrimitive& primitive) override;
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
@@ -64,7 +67,6 @@ private:
     void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
     void prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few);
-    void update_transforms();
     const float* colour_of(dgTopology topology) const;
     bool colours_change(const float* colour);
     void draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);
@@ -93,11 +95,7 @@ private:
     // What follows from the transforms, made when next needed.
     int the_transforms_changed = 1;
     giPoint3 the_origin; // local, of the positions that are drawn
-    int the_mirrored = 0;
-    float the_model_to_clip[16];
-    float the_model_to_view[16];
-    float the_normal_to_view[9];
-    float the_cue[3];
+    dgGLTransforms the_transforms;
 
     // Raised whenever the values that a program takes have changed, so that each program takes them once.
     unsigned long long the_transform_stamp;

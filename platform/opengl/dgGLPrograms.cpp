@@ -31,6 +31,9 @@ noperspective out vec2 point_in_pixels;
 uniform vec3 front_colour;
 flat out vec3 passed_colour;
 #endif
+#ifdef SECTIONED
+uniform vec4 section;     // in the coordinates of positions
+#endif
 invariant gl_Position;
 void main()
 {
@@ -50,11 +53,14 @@ void main()
 #ifdef PASSED_COLOUR
     passed_colour = front_colour;
 #endif
+#ifdef SECTIONED
+    gl_ClipDistance[0] = dot(section, vec4(position, 1.0));
+#endif
 }
 )";
 
 // A quad of exact width around each segment. The part in front of the near plane is cut off first, since nothing behind
-// the eye can be projected.
+// the eye can be projected, and what a section takes away with it, since its sides have the distances of the segment.
 constexpr char wide_line_source[] = R"(
 layout(lines) in;
 layout(triangle_strip, max_vertices = 4) out;
@@ -71,12 +77,25 @@ void corner(vec4 place, vec2 offset, vec2 pixels, vec2 end_pixels)
     point_in_pixels = pixels;
     end_in_pixels = end_pixels;
 #endif
+#ifdef SECTIONED
+    gl_ClipDistance[0] = 1.0;
+#endif
     EmitVertex();
 }
 void main()
 {
     vec4 a = gl_in[0].gl_Position;
     vec4 b = gl_in[1].gl_Position;
+#ifdef SECTIONED
+    float a_kept = gl_in[0].gl_ClipDistance[0];
+    float b_kept = gl_in[1].gl_ClipDistance[0];
+    if (a_kept < 0.0 && b_kept < 0.0)
+        return;
+    if (a_kept < 0.0)
+        a = mix(a, b, a_kept / (a_kept - b_kept));
+    else if (b_kept < 0.0)
+        b = mix(b, a, b_kept / (b_kept - a_kept));
+#endif
     float a_depth = a.z + a.w;
     float b_depth = b.z + b.w;
     if (a_depth < 0.0 && b_depth < 0.0)
@@ -315,6 +334,8 @@ dgGLProgram* dgGLPrograms::find(const dgGLProgramKind& kind)
         defines += "#define TWO_COLOURED\n";
     if (kind.passed_colour)
         defines += "#define PASSED_COLOUR\n";
+    if (kind.sectioned)
+        defines += "#define SECTIONED\n";
     program.name = link(defines, vertex_source, kind.wide_lines ? wide_line_source : nullptr, fragment_source, the_log);
     if (!program.name)
         return nullptr;
@@ -330,6 +351,7 @@ dgGLProgram* dgGLPrograms::find(const dgGLProgramKind& kind)
     program.line_width = location("line_width");
     program.line_style = location("line_style");
     program.point_size = location("point_size");
+    program.section = location("section");
     return &program;
 }
 

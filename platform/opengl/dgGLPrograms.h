@@ -22,13 +22,14 @@ struct dgGLProgramKind
     /// The colour comes with the vertices, the only one, and not for wide lines. On a software driver that saves more
     /// than half of what a change of colour takes, but takes more for each triangle.
     int passed_colour = 0;
+    int sectioned = 0; ///< draws with GL_CLIP_DISTANCE0
 
     /// A number from 0 to count - 1.
-    static constexpr int count = 128;
+    static constexpr int count = 256;
     int number() const
     {
         return shading + 4 * (depth_cueing != 0) + 8 * (line_style != 0) + 16 * (wide_lines != 0) +
-               32 * (two_coloured != 0) + 64 * (passed_colour != 0);
+               32 * (two_coloured != 0) + 64 * (passed_colour != 0) + 128 * (sectioned != 0);
     }
 };
 
@@ -48,6 +49,7 @@ struct dgGLProgram
     int line_width = -1;
     int line_style = -1;
     int point_size = -1;
+    int section = -1;
 
     unsigned long long transform_stamp = 0;
     unsigned long long state_stamp = 0;

@@ -64,7 +64,7 @@ void CALLBACK error(GLenum, void* data)
 using Function = void(CALLBACK*)();
 }
 
-int dg_gl_tessellate(const dgGlyphOutline& outline, dgGLTriangles& triangles)
+int dg_gl_tessellate(const std::vector<std::vector<giPoint2>>& contours, dgGLTriangles& triangles)
 {
     const std::unique_ptr<GLUtesselator, Delete> tessellator(gluNewTess());
     if (!tessellator)
@@ -79,7 +79,7 @@ int dg_gl_tessellate(const dgGlyphOutline& outline, dgGLTriangles& triangles)
     gluTessProperty(tess, GLU_TESS_WINDING_RULE, GLU_TESS_WINDING_NONZERO);
     gluTessNormal(tess, 0, 0, 1);
     gluTessBeginPolygon(tess, &job);
-    for (const std::vector<giPoint2>& contour : outline.contours)
+    for (const std::vector<giPoint2>& contour : contours)
     {
         gluTessBeginContour(tess);
         for (const giPoint2& point : contour)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dgGlyphOutline.h"
+#include "giPoint2.h"
 #include "giTriangle.h"
 
 #include <vector>
@@ -14,4 +14,4 @@ struct dgGLTriangles
 
 /// Covers what the contours wind about with triangles; contours may cross each other and themselves. Answers 0, with
 /// what was found until then, where that fails.
-int dg_gl_tessellate(const dgGlyphOutline& outline, dgGLTriangles& triangles);
+int dg_gl_tessellate(const std::vector<std::vector<giPoint2>>& contours, dgGLTriangles& triangles);

@@ -1,6 +1,7 @@
 #include "dgGLTextStore.h"
 
 #include "dgGLTessellator.h"
+#include "dgGlyphOutline.h"
 #include "dgText.h"
 #include "dgTextFont.h"
 #include "dgTextLayout.h"
@@ -34,11 +35,11 @@ public:
             return glyph;
         dg_glyph_outline(style, number, glyph.outline);
         // What cannot be triangulated is seen as what cannot be found.
-        if (!dg_gl_tessellate(glyph.outline, glyph.triangles))
+        if (!dg_gl_tessellate(glyph.outline.contours, glyph.triangles))
         {
             glyph = Glyph();
             dg_glyph_outline(style, dgTextFont::missing_glyph, glyph.outline);
-            dg_gl_tessellate(glyph.outline, glyph.triangles);
+            dg_gl_tessellate(glyph.outline.contours, glyph.triangles);
         }
         for (const giPoint2& point : glyph.triangles.points)
             glyph.box.merge(point);
@@ -178,7 +179,7 @@ void add_without_overlaps(const std::vector<dgPlacedGlyph>& placed, const dgText
         for (const std::size_t i : together)
             append_outline(glyphs.find(style, placed[i].glyph).outline, placed[i].origin, scale_x, scale_y, outline);
         dgGLTriangles triangles;
-        dg_gl_tessellate(outline, triangles);
+        dg_gl_tessellate(outline.contours, triangles);
         plane.add(triangles, giPoint2(), 1, 1);
     }
 }

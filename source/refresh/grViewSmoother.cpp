@@ -245,7 +245,10 @@ void grViewSmoother::Work::draw_slice()
         return next_view();
     dgView& view = *shown.view;
     if (!the_slicer && !shown.transparent)
+    {
+        const Shifted shifted(the_renderer, shift(the_number)); // what is drawn at once too
         view.erase(dgERASE_ZBUFFER_YES);
+    }
     if (shown.hidden || !view.root())
         return next_view();
     if (!the_slicer)

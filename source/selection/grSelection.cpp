@@ -2,11 +2,10 @@
 
 #include "dgRenderer.h"
 #include "dgView.h"
-#include "grCanvas.h"
+#include "grRedraw.h"
 #include "grRubberBandsOff.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grView.h"
-#include "grViewListUtils.h"
 
 #include <algorithm>
 #include <utility>
@@ -34,18 +33,6 @@ bool redraw_parts(dgView& view, const std::vector<dgElementPath>& parts)
         return false;
     grTwiddleOverlayCallback::call_callback(view);
     return true;
-}
-
-// All views of a renderer change places together.
-void redraw(dgRenderer& renderer)
-{
-    if (grCanvas* canvas = grCanvas::find_canvas(&renderer))
-        return canvas->redraw();
-    dgViewcoDList views;
-    for (dgView* view : dgS::views())
-        if (view->renderer() == &renderer)
-            views.add_first(view);
-    grViewListUtils::refresh_views_and_rubber_banding(views, dgRenderercoDList{&renderer});
 }
 
 gsColour mean(const gsColour& a, const gsColour& b)
@@ -271,5 +258,5 @@ void grSelection::draw()
     for (dgRenderer* renderer : renderers)
         if (std::any_of(the_views.begin(), the_views.end(),
                         [&](const dgView* view) { return view->renderer() == renderer; }))
-            redraw(*renderer);
+            gr_redraw(*renderer);
 }

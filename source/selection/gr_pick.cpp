@@ -1,5 +1,6 @@
 #include "gr_pick.h"
 
+#include "dgDriver.h"
 #include "dgImage.h"
 #include "dgLooks.h"
 #include "dgPickAperture.h"
@@ -83,7 +84,9 @@ void keep_seen(dgView& view, const giBox2& box, std::vector<dgPickHit>& hits)
         const dgViewShadingContext shading = view.shading_context();
         view.shading_context().graduated_background = 0;
         view.shading_context().background_colour = gsColour(0, 0, 0);
-        view.erase(dgERASE_ZBUFFER_YES);
+        // Nothing else is to be drawn with it: behind the cap of a section lies the part that it belongs to.
+        view.erase(dgERASE_ZBUFFER_NO);
+        renderer.driver()->erase_area(box, gsColour(0, 0, 0), dgERASE_FRAMEBUFFER_NO, dgERASE_ZBUFFER_YES);
         view.render_network(nullptr);
         view.shading_context() = shading;
         renderer.read_pixels(box, image);

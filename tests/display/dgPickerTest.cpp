@@ -63,8 +63,11 @@ TEST(dgPicker, finds_what_is_shown_in_the_aperture)
             Scene scene;
             scene.root->add(shape(points));
             scene.view.camera().projection(row[2] == "parallel" ? dgPROJECTION_PARALLEL : dgPROJECTION_PERSPECTIVE);
-            scene.view.user_clip_planes(!planes.empty());
-            if (!planes.empty())
+            scene.view.user_clip_planes(planes.size() == 2);
+            if (planes.size() == 6)
+                scene.view.camera().section(
+                    giPlane({planes[0], planes[1], planes[2]}, {planes[3], planes[4], planes[5]}));
+            else if (!planes.empty())
                 scene.view.camera().front_back_plane(planes[0], planes[1]);
             const int wanted = std::stoi(row[5]);
             if (mode == dgPICK_EXACT || wanted) // what is found exactly is found by its box

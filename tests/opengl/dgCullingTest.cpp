@@ -22,6 +22,9 @@ void aim(Scene& scene, tsRandomNetwork& random)
     scene.view.user_clip_planes(random.whole(0, 2) == 0);
     const double front = random.real(-8, 4);
     camera.front_back_plane(front, front - random.real(0.1, 12));
+    camera.section({});
+    if (random.whole(0, 2) == 0)
+        camera.section(giPlane(random.point(), {random.real(-1, 1), random.real(-1, 1), 0.3}));
     scene.renderer.depth_cueing(random.whole(0, 1));
 }
 }

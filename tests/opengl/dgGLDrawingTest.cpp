@@ -299,6 +299,29 @@ TEST(dgGLDrawing, wide_lines_that_pass_the_eye_are_cut_at_the_near_plane)
     EXPECT_NEAR(drawn[0], drawn[1], 0.15 * drawn[0]);
 }
 
+TEST(dgGLDrawing, a_section_cuts_surfaces_and_lines_of_every_width_at_its_plane)
+{
+    Scene scene(100, 48);
+    scene.view.camera().section(giPlane({20.5, 0, 0}, {2, 0, 0}));
+    scene.add(new dgTransform(giXform3::translation({-1000, 0, 0})));
+    add_unlit(scene, gsColour(1, 0, 0), rectangle(1010, 5, 1039, 14));
+    scene.add(new dgLineColour(gsColour(0, 1, 0)));
+    scene.add(new dgLineWidth(4));
+    scene.add(segment({1000, 30.5, 0}, {1050.5, 30.5, 0}));
+    const float limit = test_device()->line_width_limit();
+    for (const float most : {1.0f, 10.0f})
+    {
+        test_device()->line_width_limit(most);
+        scene.renderer.erase(0);
+        scene.draw();
+        EXPECT_EQ(count_pixels(scene.picture(), red), 19 * 10) << most;
+        EXPECT_EQ(count_pixels(scene.picture(), green), 30 * 4) << most;
+        EXPECT_EQ(pixel_at(scene.picture(), 20, 30), black);
+        EXPECT_EQ(pixel_at(scene.picture(), 21, 30), green);
+    }
+    test_device()->line_width_limit(limit);
+}
+
 TEST(dgGLDrawing, line_styles_leave_gaps_that_run_on_over_short_segments)
 {
     Scene scene;

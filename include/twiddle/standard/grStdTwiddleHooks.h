@@ -13,6 +13,7 @@
 class dgStructure;
 class dgView;
 class giPoint3;
+class grSection;
 class grSelection;
 class grStdTwiddleTool;
 class grStructureTwiddleDetail;
@@ -80,6 +81,13 @@ public:
     /// Told after it has, and what is selected now was drawn.
     virtual void selection_changed(grStdTwiddleTool* tool, grSelection& selection);
 
+    /// The section that tools move which act on a view, or null: by default the one that was given.
+    virtual grSection* identify_section(const dgView& view);
+
+    /// The section of all views, null at first; not owned.
+    grSection* section() const { return the_section; }
+    void section(grSection* section) { the_section = section; }
+
     /// The selection of all views, null at first; not owned.
     grSelection* selection() const { return the_selection; }
     void selection(grSelection* selection) { the_selection = selection; }
@@ -145,6 +153,7 @@ private:
     grViewRefresher* wheel_refresher(const dgViewcoDList& views);
 
     grSelection* the_selection = nullptr;
+    grSection* the_section = nullptr;
     int the_timeout_twiddling = 0;
     int the_allow_full_refresh = 1;
     dgBoundingViewType the_clipping_mode = dgBOUNDING_VIEW_BOX;

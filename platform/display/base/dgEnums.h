@@ -78,7 +78,9 @@ enum dgViewReason
     DG_WORLD2VIEW_CHANGED = 1,
     DG_VIEW_TO_BE_DELETED = 2,
     DG_CAMERA_SHOWN =
-        3 ///< the view was drawn with another camera than before: turned, panned, zoomed, or of another size
+        3, ///< the view was drawn with another camera than before: turned, panned, zoomed, or of another size
+    DG_VIEW_ERASED = 4 ///< colours and depths were erased for another picture: what is drawn now is part of it, and all
+                       ///< that follows lies before or behind it
 };
 
 /// Whether a holder takes a counted reference; any other value than 0 takes none.

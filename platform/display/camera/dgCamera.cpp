@@ -60,6 +60,7 @@ dgCamera& dgCamera::operator=(const dgCamera& other)
     the_reference_point = other.the_reference_point;
     the_front = other.the_front;
     the_back = other.the_back;
+    the_section = other.the_section;
     return *this;
 }
 

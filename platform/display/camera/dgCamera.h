@@ -3,11 +3,14 @@
 #include "dgEnums.h"
 #include "dgExport.h"
 #include "giBox2.h"
+#include "giPlane.h"
 #include "giPoint3.h"
 #include "giVector2.h"
 #include "giVector3.h"
 #include "giXform3.h"
 #include "gi_Axis.h"
+
+#include <optional>
 
 class coCallList;
 class giBox3;
@@ -107,6 +110,11 @@ public:
     void back_plane(double distance) { the_back = distance; }
     void front_back_plane(double front, double back);
 
+    /// A plane in world space that cuts what is shown open: of what lies on its negative side nothing is drawn or
+    /// picked. None at first.
+    const std::optional<giPlane>& section() const { return the_section; }
+    void section(const std::optional<giPlane>& plane) { the_section = plane; }
+
     /// View z between which something is shown: the clipping planes, in perspective no nearer than just before the eye.
     void shown_depths(double& front, double& back) const;
 
@@ -137,4 +145,5 @@ private:
     giPoint3 the_reference_point;
     double the_front = 1;
     double the_back = -1;
+    std::optional<giPlane> the_section;
 };

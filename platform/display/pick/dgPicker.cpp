@@ -73,10 +73,11 @@ giBox2 intersection(const giBox2& a, const giBox2& b)
                   std::min(a.high().x(), b.high().x()), std::min(a.high().y(), b.high().y()));
 }
 
-// Cuts off what lies beyond a plane: kept are corners with sign * z <= sign * limit (Sutherland and Hodgman, 1974).
-void clip(std::vector<giPoint3>& corners, double limit, int sign)
+// Cuts off what has a negative distance (Sutherland and Hodgman, 1974).
+template <class Distance>
+void cut(std::vector<giPoint3>& corners, Distance distance)
 {
-    const auto inside = [&](const giPoint3& point) { return sign * point.z() <= sign * limit; };
+    const auto inside = [&](const giPoint3& point) { return distance(point) >= 0; };
     if (std::all_of(corners.begin(), corners.end(), inside))
         return;
     const std::vector<giPoint3> whole = std::exchange(corners, {});
@@ -87,7 +88,7 @@ void clip(std::vector<giPoint3>& corners, double limit, int sign)
         if (inside(a))
             corners.push_back(a);
         if (inside(a) != inside(b))
-            corners.push_back(giPoint3::interpolate(a, b, (limit - a.z()) / (b.z() - a.z())));
+            corners.push_back(giPoint3::interpolate(a, b, distance(a) / (distance(a) - distance(b))));
     }
 }
 }
@@ -102,6 +103,8 @@ dgPicker::dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPic
       the_mode(mode), the_settings(settings), the_fonts(fonts), the_result(result)
 {
     camera.shown_depths(the_front, the_back);
+    if (const std::optional<giPlane>& plane = camera.section())
+        the_section = giPlane(plane->point() * camera.orientation(), plane->normal() * camera.orientation());
     // Whatever meets the aperture is shown no farther from it than this.
     constexpr double slack = 0.01; // pixels
     const giBox2& port = camera.view_port_dc();
@@ -331,7 +334,7 @@ bool dgPicker::meets(const dgGlyphOutline& letter, const giXform3& to_view)
             const giPoint3 ends[] = {giPoint3(a.x(), a.y(), 0) * to_view, giPoint3(b.x(), b.y(), 0) * to_view};
             if (meets(ends, 2))
                 return true;
-            whole &= ends[0].z() <= the_front && ends[0].z() >= the_back;
+            whole &= shows(ends[0]);
             if (!whole)
                 continue;
             const Point p = device(ends[0]), q = device(ends[1]);
@@ -360,7 +363,10 @@ bool dgPicker::picks(const dgGraphicalPrimitive& primitive, const giXform3& to_v
 
 dgViewVolume dgPicker::volume(const giXform3& to_view) const
 {
-    return dgViewVolume(to_view * the_projection, the_part, true);
+    dgViewVolume volume(to_view * the_projection, the_part, true);
+    if (the_section)
+        volume.cut(to_view, *the_section);
+    return volume;
 }
 
 // Whether a box may hold something that is picked. Rounding must not part it from what is in it.
@@ -388,7 +394,7 @@ giBox2 dgPicker::shown_part(const giBox3& box, const giXform3& to_view)
     for (int corner = 0; corner < 8; ++corner)
     {
         corners[corner] = box.corner(corner) * to_view;
-        whole &= corners[corner].z() <= the_front && corners[corner].z() >= the_back;
+        whole &= shows(corners[corner]);
     }
     if (whole)
     {
@@ -403,12 +409,26 @@ giBox2 dgPicker::shown_part(const giBox3& box, const giXform3& to_view)
             if (corner & bit)
                 continue;
             the_shown_part = {corners[corner], corners[corner | bit]};
-            clip(the_shown_part, the_front, 1);
-            clip(the_shown_part, the_back, -1);
+            leave_shown_part();
             for (const giPoint3& point : the_shown_part)
                 merge(point);
         }
     return shown;
+}
+
+bool dgPicker::shows(const giPoint3& point_view) const
+{
+    return point_view.z() <= the_front && point_view.z() >= the_back &&
+           !(the_section && the_section->distance(point_view) < 0);
+}
+
+// Cuts off what lies beyond the planes.
+void dgPicker::leave_shown_part()
+{
+    cut(the_shown_part, [this](const giPoint3& point) { return the_front - point.z(); });
+    cut(the_shown_part, [this](const giPoint3& point) { return point.z() - the_back; });
+    if (the_section)
+        cut(the_shown_part, [this](const giPoint3& point) { return the_section->distance(point); });
 }
 
 dgPicker::Point dgPicker::device(const giPoint3& point_view) const
@@ -453,9 +473,8 @@ bool dgPicker::feature_meets(const dgGeometry& geometry, int feature, const giXf
 bool dgPicker::meets(const giPoint3* corners_view, int n)
 {
     the_shown_part.assign(corners_view, corners_view + n);
-    clip(the_shown_part, the_front, 1);
-    clip(the_shown_part, the_back, -1);
-    constexpr int most_corners = 8; // each of the two planes adds one at most to a convex shape
+    leave_shown_part();
+    constexpr int most_corners = 8; // each of the three planes adds one at most to a convex shape
     Point points[most_corners];
     int count = 0;
     for (const giPoint3& corner : the_shown_part)

@@ -5,6 +5,7 @@
 #include "dgExport.h"
 #include "dgPickSettings.h"
 
+#include <optional>
 #include <vector>
 
 class dgAttributeContext;
@@ -66,13 +67,16 @@ private:
     bool features_meet(const dgGraphicalPrimitive& primitive, const dgGeometry& geometry, const giXform3& to_view,
                        const dgViewVolume& volume);
     bool feature_meets(const dgGeometry& geometry, int feature, const giXform3& to_view);
+    bool shows(const giPoint3& point_view) const;
+    void leave_shown_part();
     Point device(const giPoint3& point_view) const;
     bool meets(const giPoint3* corners_view, int n);
 
     const dgCamera& the_camera;
-    double the_front, the_back; // view z between which something is shown
-    giBox2 the_box;             // device pixels
-    giBox2 the_part;            // the same in the cube that the projection leads to
+    double the_front, the_back;         // view z between which something is shown
+    std::optional<giPlane> the_section; // in view space
+    giBox2 the_box;                     // device pixels
+    giBox2 the_part;                    // the same in the cube that the projection leads to
     giXform3 the_projection;
     Point the_corners[4]; // of the box
     dgPickMode the_mode;

@@ -32,6 +32,8 @@ struct dgCameraState
     giBox2 view_port;    ///< device pixels, low and high included
     double front = 1;    ///< view z of the clipping planes
     double back = -1;
+    int sectioned = 0;                ///< whether only what has no negative distance from the section is shown
+    double section[4] = {0, 0, 0, 0}; ///< distance: dot(section, (world x, y, z, 1))
     int depth_test = 0;
     int depth_cueing = 0;
     float cue_colour[3] = {0, 0, 0};

@@ -1,6 +1,8 @@
 #include "dgDriver.h"
 
 #include "giBox3.h"
+#include "giPoint2.h"
+#include "giTriangle.h"
 
 dgDriver::~dgDriver() = default;
 
@@ -44,6 +46,11 @@ giBox3 dgDriver::text_box(const dgText&)
 }
 
 int dgDriver::draw_coarsened(const dgPrimitiveRun&, double, const std::vector<dgFeatureSpan>&)
+{
+    return 0;
+}
+
+int dgDriver::fill_contours(const std::vector<std::vector<giPoint2>>&, std::vector<giPoint2>&, std::vector<giTriangle>&)
 {
     return 0;
 }

@@ -17,7 +17,9 @@ class dgText;
 class dgWindow;
 class giBox2;
 class giBox3;
+class giPoint2;
 class giPoint3;
+class giTriangle;
 class giXform3;
 class gsColour;
 
@@ -117,4 +119,9 @@ public:
     /// Draws a run of triangles of which spans of features are seen, with simplified levels of its heavy blocks that
     /// are off by no more than so many pixels. 0, with nothing drawn, when none is.
     virtual int draw_coarsened(const dgPrimitiveRun& run, double pixels, const std::vector<dgFeatureSpan>& seen);
+
+    /// Covers what closed contours wind about at least once with triangles between points, counter-clockwise: those of
+    /// the contours in order, and behind them others where contours cross. 0 where the driver cannot, or fails.
+    virtual int fill_contours(const std::vector<std::vector<giPoint2>>& contours, std::vector<giPoint2>& points,
+                              std::vector<giTriangle>& triangles);
 };

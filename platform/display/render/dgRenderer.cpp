@@ -61,6 +61,15 @@ void dgRenderer::set_camera(const dgCamera* camera)
     state.view_port = camera->view_port_dc();
     state.front = camera->front_plane();
     state.back = camera->back_plane();
+    the_section = camera->section();
+    if (the_section)
+    {
+        const giVector3& normal = the_section->normal();
+        state.sectioned = 1;
+        for (int axis = 0; axis < 3; ++axis)
+            state.section[axis] = normal[axis];
+        state.section[3] = -normal.dot(the_section->point().vector());
+    }
     state.depth_test = the_hlhsr_mode != dgHLHSR_OFF;
     state.depth_cueing = the_depth_cueing;
     the_cue_colour.channels(state.cue_colour);
@@ -335,8 +344,11 @@ double dgRenderer::reach() const
 
 dgViewVolume dgRenderer::volume(double reach) const
 {
-    return dgViewVolume(the_context.transform() * the_world_to_clip, std::max(reach, this->reach()), the_port_width,
+    dgViewVolume volume(the_context.transform() * the_world_to_clip, std::max(reach, this->reach()), the_port_width,
                         the_port_height, driver()->cuts_at_planes());
+    if (the_section)
+        volume.cut(the_context.transform(), *the_section);
+    return volume;
 }
 
 int dgRenderer::draw_simplified(const dgPrimitiveRun& run, int count)

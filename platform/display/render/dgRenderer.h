@@ -8,10 +8,12 @@
 #include "dgPickSettings.h"
 #include "dgRenderTargets.h"
 #include "dgTextFontSlots.h"
+#include "giPlane.h"
 #include "giVector2.h"
 #include "gsColour.h"
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 class dgCamera;
@@ -194,6 +196,7 @@ private:
     int the_culling;
     bool the_camera_known = false; // what follows is of the driver's camera
     giXform3 the_world_to_clip;
+    std::optional<giPlane> the_section;
     double the_port_width = 0, the_port_height = 0; // pixels
     std::vector<dgFeatureSpan> the_seen, the_seen_spans;
     const dgLooks* the_looks = nullptr;

@@ -1,6 +1,7 @@
 #include "dgViewVolume.h"
 
 #include "giBox2.h"
+#include "giPlane.h"
 #include "giXform3.h"
 
 #include <algorithm>
@@ -43,6 +44,23 @@ void dgViewVolume::add(const giXform3& to_clip, int column, double sign, double 
         const double along = sign * to_clip(row, column), weight = limit * to_clip(row, 3);
         (row < 3 ? plane.normal[row] : plane.offset) = weight + along;
         (row < 3 ? plane.sizes[row] : plane.offset_size) = std::abs(weight) + std::abs(along);
+    }
+}
+
+void dgViewVolume::cut(const giXform3& to_world, const giPlane& plane)
+{
+    Plane& section = the_planes[the_count++];
+    for (int row = 0; row < 4; ++row)
+    {
+        double& distance = row < 3 ? section.normal[row] : section.offset;
+        double& size = row < 3 ? section.sizes[row] : section.offset_size;
+        distance = size = 0;
+        for (int axis = 0; axis < 3; ++axis)
+        {
+            const double moved = row < 3 ? 0 : plane.point()[axis], place = to_world(row, axis);
+            distance += (place - moved) * plane.normal()[axis];
+            size += (std::abs(place) + std::abs(moved)) * std::abs(plane.normal()[axis]);
+        }
     }
 }
 

@@ -4,6 +4,7 @@
 #include "dgExport.h"
 
 class giBox2;
+class giPlane;
 class giXform3;
 
 /// The part of space that a camera shows, in the coordinates of one place of a network. It is taken a little larger
@@ -19,6 +20,9 @@ public:
     /// The part that is shown in a box on the cube, whose sides are at -1 and 1.
     dgViewVolume(const giXform3& to_clip, const giBox2& part, bool depths);
 
+    /// Takes away what lies on the negative side of a plane in world space.
+    void cut(const giXform3& to_world, const giPlane& plane);
+
     /// How a box lies to the volume; dgBOX_PARTLY for one with coordinates that are no numbers.
     dgBoxTest test(const giBox3& box) const;
 
@@ -32,6 +36,6 @@ private:
     };
     void add(const giXform3& to_clip, int column, double sign, double limit);
 
-    Plane the_planes[6];
+    Plane the_planes[7];
     int the_count = 0;
 };

@@ -105,6 +105,10 @@ void dgView::erase(dgEraseZbuffer zbuffer)
     the_renderer->begin();
     the_renderer->driver()->clear(the_camera.view_port_dc(), background, dgERASE_FRAMEBUFFER_YES, zbuffer);
     the_renderer->end();
+    if (!zbuffer)
+        return;
+    fit_planes();
+    the_call_list.fire(DG_VIEW_ERASED);
 }
 
 void dgView::render_network(dgStructure* structure)
@@ -156,7 +160,8 @@ dgView::Picture dgView::picture() const
             the_camera.projection_transform(),
             the_camera.view_port_dc(),
             the_camera.front_plane(),
-            the_camera.back_plane()};
+            the_camera.back_plane(),
+            the_camera.section()};
 }
 
 void dgView::picture_is_whole()

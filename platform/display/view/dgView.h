@@ -61,11 +61,14 @@ public:
     unsigned long long shown_stamp() const;
 
     /// The callbacks of the view; reasons are dgViewReason, the sender is the view. DG_CAMERA_SHOWN is fired at the end
-    /// of the first drawing with a camera, whoever has changed it; its callbacks must delete neither view nor renderer.
+    /// of the first drawing with a camera, whoever has changed it. Callbacks of it and of DG_VIEW_ERASED, which are
+    /// called with the clipping planes of the picture and between no begin and end, must delete neither view nor
+    /// renderer.
     coCallList& call_list() { return the_call_list; }
 
-    /// Fills the viewport with the background. This and the drawing of networks always go to the main window through
-    /// driver 0, whichever driver is selected; it is selected again afterwards.
+    /// Fills the viewport with the background, and with the depths erased too fires DG_VIEW_ERASED. This and the
+    /// drawing of networks always go to the main window through driver 0, whichever driver is selected; it is selected
+    /// again afterwards.
     void erase(dgEraseZbuffer zbuffer);
 
     /// How often erase was called: tells whoever draws a picture bit by bit that another one was begun meanwhile.
@@ -154,6 +157,7 @@ private:
         giXform3 orientation, projection;
         giBox2 view_port;
         double front = 0, back = 0;
+        std::optional<giPlane> section;
 
         bool operator==(const Picture&) const = default;
     };

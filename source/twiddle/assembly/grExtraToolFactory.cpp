@@ -2,6 +2,7 @@
 
 #include "grFitTool.h"
 #include "grPerspectiveTool.h"
+#include "grSectionTool.h"
 #include "grSelectBoxTool.h"
 #include "grShowTool.h"
 #include "grStandardViewTool.h"
@@ -22,9 +23,10 @@ constexpr struct
 {
     const char* name;
     grTwiddleTool* (*create)(const utString& args, const gwResourceDB* db, grStdTwiddleHooks* hooks);
-} the_tools[] = {{"select", create<grSelectTool>}, {"select_box", create<grSelectBoxTool>},
-                 {"show", create<grShowTool>},     {"view", create<grStandardViewTool>},
-                 {"fit", create<grFitTool>},       {"perspective", create<grPerspectiveTool>}};
+} the_tools[] = {{"select", create<grSelectTool>},  {"select_box", create<grSelectBoxTool>},
+                 {"show", create<grShowTool>},      {"view", create<grStandardViewTool>},
+                 {"fit", create<grFitTool>},        {"perspective", create<grPerspectiveTool>},
+                 {"section", create<grSectionTool>}};
 }
 
 int grExtraToolFactory::identify_tool(utString name) const

@@ -202,6 +202,11 @@ grSelection* grStdTwiddleHooks::identify_selection(const dgView&)
     return the_selection;
 }
 
+grSection* grStdTwiddleHooks::identify_section(const dgView&)
+{
+    return the_section;
+}
+
 void grStdTwiddleHooks::picked(grStdTwiddleTool*, const std::vector<dgPickHit>&) {}
 void grStdTwiddleHooks::selection_changed(grStdTwiddleTool*, grSelection&) {}
 

@@ -1,0 +1,211 @@
+#include "grSection.h"
+
+#include "../opengl/renderScene.h"
+#include "dgStructureCall.h"
+#include "dgTransform.h"
+#include "dgTriangleBlock.h"
+#include "giTriBlock.h"
+#include "grSelection.h"
+#include "grStdTwiddleHooks.h"
+#include "grStdTwiddling.h"
+#include "grView.h"
+#include "gr_pick.h"
+#include "gwHeadlessWindow.h"
+#include "gwKeyEvent.h"
+#include "gwMouseEvent.h"
+#include "gwResourceDB.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace
+{
+// A closed box of 12 triangles that face outwards, or of fewer.
+dgTriangleBlock* box(const giPoint3& low, const giPoint3& high, int triangles = 12, bool inside_out = false)
+{
+    const int quads[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    auto* block = new giTriBlock;
+    for (int i = 0; i < 8; ++i)
+        block->nodes().append(giBox3(low, high).corner(i));
+    for (int i = 0; i < triangles; ++i)
+    {
+        const int(&q)[4] = quads[i / 2];
+        giTriangle triangle(q[0], q[1 + i % 2], q[2 + i % 2]);
+        if (inside_out)
+            std::swap(triangle[1], triangle[2]);
+        block->triangles().push_back(triangle);
+    }
+    return new dgTriangleBlock(block, 1);
+}
+
+double area(const giTriBlock* cap)
+{
+    double sum = 0;
+    for (int i = 0; cap && i < cap->triangle_count(); ++i)
+    {
+        const giTriangle& t = cap->triangles()[static_cast<std::size_t>(i)];
+        const auto& nodes = cap->nodes();
+        sum += (nodes[t[1]] - nodes[t[0]]).cross(nodes[t[2]] - nodes[t[0]]).length() / 2;
+    }
+    return sum;
+}
+
+// Cut across z = 1, seen from the side that is cut away.
+struct Desk : Scene
+{
+    Desk()
+    {
+        section.add_view(&view);
+        section.plane(giPlane({0, 0, 1}, {0, 0, -1}));
+    }
+    grSection section;
+};
+
+void cube(Scene& scene)
+{
+    scene.add(box({10, 10, -10}, {30, 30, 10}));
+}
+
+const struct
+{
+    const char* name;
+    void (*add)(Scene& scene);
+    double area;
+    int open_pieces;
+} rows[] = {
+    {"a cube", cube, 400, 0},
+    {"with a hole",
+     [](Scene& scene)
+     {
+         cube(scene);
+         scene.add(box({15, 15, -5}, {21, 21, 5}, 12, true));
+     },
+     400 - 36, 0},
+    {"in two parts that touch",
+     [](Scene& scene)
+     {
+         scene.add(box({10, 10, -10}, {17, 30, 10}));
+         scene.add(box({17, 10, -10}, {30, 30, 10}));
+     },
+     400, 0},
+    {"with another one through it",
+     [](Scene& scene)
+     {
+         cube(scene);
+         scene.add(box({20, 10, -10}, {40, 30, 10}));
+     },
+     600, 0},
+    {"and its mirror image through it",
+     [](Scene& scene)
+     {
+         cube(scene);
+         scene.add(new dgTransform(giXform3::scaling({-1, 1, 1}, {20, 0, 0})));
+         cube(scene);
+     },
+     400, 0},
+    {"called twice",
+     [](Scene& scene)
+     {
+         const dgRef<dgClientStructure> part(new dgClientStructure);
+         part->add(box({0, 0, -10}, {10, 10, 10}));
+         scene.add(new dgStructureCall(part.get()));
+         scene.add(new dgTransform(giXform3::translation({20, 0, 9})));
+         scene.add(new dgStructureCall(part.get()));
+     },
+     200, 0},
+    {"beyond the plane",
+     [](Scene& scene) {
+         scene.add(box({10, 10, -10}, {30, 30, 0.5}));
+     },
+     0, 0},
+    {"up to the plane",
+     [](Scene& scene) {
+         scene.add(box({10, 10, -5}, {30, 30, 1}));
+     },
+     0, 0},
+    {"that is open",
+     [](Scene& scene) {
+         scene.add(box({10, 10, -10}, {30, 30, 10}, 11));
+     },
+     0, 1},
+};
+}
+
+TEST(grSection, closes_what_it_cuts)
+{
+    for (const auto& row : rows)
+    {
+        Desk desk;
+        row.add(desk);
+        desk.draw();
+        EXPECT_NEAR(area(desk.section.cap()), row.area, 1e-9) << row.name;
+        EXPECT_EQ(desk.section.open_pieces(), row.open_pieces) << row.name;
+    }
+}
+
+TEST(grSection, shows_caps_of_what_is_shown_and_lets_parts_be_picked_behind_them)
+{
+    Desk desk;
+    cube(desk);
+    desk.add(box({12, 12, -40}, {28, 28, -20})); // behind it
+    desk.section.colours(gsColour(1, 0, 0), gsColour(1, 0, 0));
+    desk.draw();
+    EXPECT_EQ(count_pixels(desk.picture(), {255, 0, 0}), 21 * 21); // with the outline
+    const std::vector<dgPickHit> hits = gr_pick_box(desk.view, giBox2(14, 14, 26, 26));
+    ASSERT_EQ(hits.size(), 1u);
+    EXPECT_EQ(&hits[0].primitive(), desk.root->element(0));
+    EXPECT_NEAR(gr_pick(desk.view, giPoint2(20, 20)).at(0).point.z(), -10, 1e-9);
+
+    grSelection selection;
+    selection.add_view(&desk.view);
+    selection.hide({{dgRef<dgGraphicalElement>(desk.root->element(0))}});
+    EXPECT_EQ(desk.section.cap(), nullptr);
+    EXPECT_EQ(count_pixels(desk.picture(), {255, 0, 0}), 0);
+    selection.show_all();
+    EXPECT_NEAR(area(desk.section.cap()), 400, 1e-9);
+    desk.section.plane({});
+    desk.draw();
+    EXPECT_EQ(count_pixels(desk.picture(), {255, 0, 0}), 0);
+}
+
+// What a key does that is held while the pointer moves by some pixels, as the z of the plane and its side; "-" for
+// none.
+TEST(grSectionTool, switches_and_moves_and_flips)
+{
+    Scene scene(64, 48);
+    cube(scene);
+    gwHeadlessWindow area(64, 48);
+    dgRenderer renderer(&scene.window, &scene.window, &area);
+    scene.view.renderer(&renderer);
+    const grView companion(&scene.view);
+    gwResourceDB db;
+    db.set_resource("translations", "<shift> qwerty_key 83 : section (flip) <alt> qwerty_key 83 : section (off) "
+                                    "qwerty_key 83 : section qwerty_key 88 : section (x)");
+    grSection section;
+    section.add_view(&scene.view);
+    grStdTwiddleHooks hooks(&db);
+    hooks.section(&section);
+    grStdTwiddling twiddling(&area.input(), &db, &hooks, nullptr);
+    const auto hold = [&](int key, int modifiers, double right, double up)
+    {
+        area.input().post(gwKeyEvent(&area, 30, 20, modifiers, gwPRESSED, gwQWERTY_KEY, key));
+        if (right != 0 || up != 0)
+            area.input().post(gwMouseEvent(&area, 30 + right, 20 + up));
+        area.input().post(gwKeyEvent(&area, 30 + right, 20 + up, modifiers, gwRELEASED, gwQWERTY_KEY, key));
+        const std::optional<giPlane>& plane = section.plane();
+        EXPECT_EQ(plane, scene.view.camera().section());
+        return plane ? plane->point().vector() + plane->normal() * 1000 : giVector3();
+    };
+    const double far = 1000;
+    EXPECT_EQ(hold(83, 0, 0, 0), giVector3(20, 20, -far)) << "on, with the side away from the eye";
+    EXPECT_EQ(hold(83, 0, 7, 4), giVector3(20, 20, -far - 4)) << "up moves it away";
+    EXPECT_EQ(hold(83, 0, 0, 20), giVector3(20, 20, -far - 10)) << "not beyond the part";
+    EXPECT_EQ(hold(83, gwMODIFIER_SHIFT, 0, 0), giVector3(20, 20, far - 10)) << "the other side";
+    EXPECT_EQ(hold(83, 0, 0, 0), giVector3()) << "off";
+    EXPECT_EQ(hold(83, 0, 0, -5), giVector3(20, 20, far - 5)) << "on again where it was, and moved at once";
+    EXPECT_EQ(hold(88, 0, 5, 3), giVector3(far + 25, 20, 0)) << "along the normal as it is seen";
+    EXPECT_EQ(hold(88, 0, 0, 0), giVector3()) << "off";
+    EXPECT_EQ(hold(88, 0, 0, 0), giVector3(far + 20, 20, 0));
+    EXPECT_EQ(hold(83, gwMODIFIER_ALT, 0, 0), giVector3());
+}
