@@ -2,12 +2,10 @@
 #include "dgClientStructure.h"
 #include "dgGLHostArea.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwHostEvents.h"
 #include "gwResourceDB.h"
@@ -20,84 +18,60 @@
 
 namespace
 {
-// The keys that are bound here; host_sdl.cpp has all of them.
-gwHostKey key_of(guint key)
-{
-    if (key >= GDK_KEY_F1 && key <= GDK_KEY_F12)
-        return {gwFUNCTION_KEY, static_cast<int>(key - GDK_KEY_F1) + 1};
-    if (key == GDK_KEY_Home)
-        return {gwOTHER_KEY, gwKEY_HOME};
-    return gw_character_key(gdk_keyval_to_unicode(key));
-}
-
-int modifiers_of(guint state)
-{
-    return (state & GDK_CONTROL_MASK ? gwMODIFIER_CONTROL : 0) | (state & GDK_SHIFT_MASK ? gwMODIFIER_SHIFT : 0) |
-           (state & GDK_MOD1_MASK ? gwMODIFIER_ALT : 0);
-}
-
 // A widget with a view of the part. What draws on the area is made when that is there, and ends before it.
 struct Host
 {
-    GtkWidget* widget = nullptr;
-    dgStructure* root = nullptr;
-    std::unique_ptr<dgGLHostArea> area;
+    GtkWidget* widget = gtk_gl_area_new();
+    dgRef<dgClientStructure> part{new dgClientStructure()};
     gwResourceDB settings;
-    std::optional<dgRenderer> renderer;
-    std::optional<dgView> view;
-    std::optional<grView> companion;
+    std::unique_ptr<dgGLHostArea> area;
+    std::optional<grCanvas> canvas;
     std::optional<grStdTwiddling> twiddling;
     guint idle_source = 0;
-    guint held_key = 0; // GTK reports the repeats of a key as presses
 
     int scale() const { return gtk_widget_get_scale_factor(widget); }
-    void draw()
+    int make_current()
     {
-        view->camera().view_port_dc(area->device_box());
-        view->camera().window_size(giVector2(area->width(), area->height()));
-        grViewListUtils::refresh_views({&*view}, nullptr, nullptr);
+        gtk_gl_area_make_current(GTK_GL_AREA(widget));
+        return !gtk_gl_area_get_error(GTK_GL_AREA(widget));
     }
 
     void start()
     {
-        gtk_gl_area_make_current(GTK_GL_AREA(widget));
-        std::string error = "no OpenGL";
-        if (!gtk_gl_area_get_error(GTK_GL_AREA(widget)))
-            area = dgGLHostArea::create([] { return gdk_gl_context_get_current() != nullptr; },
-                                        gtk_widget_get_allocated_width(widget) * scale(),
-                                        gtk_widget_get_allocated_height(widget) * scale(), error);
+        std::string error;
+        area = dgGLHostArea::create([this] { return make_current(); }, gtk_widget_get_allocated_width(widget) * scale(),
+                                    gtk_widget_get_allocated_height(widget) * scale(), error);
         if (!area)
         {
             std::cerr << "host_gtk: " << error << '\n';
             return gtk_main_quit();
         }
-        renderer.emplace(area->main_window(), area->overlay_window(), area.get());
-        view.emplace(&*renderer);
-        companion.emplace(&*view);
-        view->root(root);
-        view->view_bbox();
-        settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom "
-                                              "qwerty_key 82 : reset other_key home : reset");
+        canvas.emplace(area->main_window(), area->overlay_window(), area.get(), &settings);
+        dgView& view = canvas->add_view();
+        view.root(part.get());
+        view.view_bbox();
         twiddling.emplace(&area->input(), &settings, nullptr, nullptr);
         area->idle_callback([this] { return twiddling->twiddle_man()->idle() != grIDLE_DONE; });
-        area->resize_callback([this] { draw(); });
-        draw();
+        area->resize_callback([this] { canvas->resize(area->width(), area->height()); });
+        canvas->redraw();
     }
 
     void stop()
     {
-        gtk_gl_area_make_current(GTK_GL_AREA(widget));
         twiddling.reset();
-        companion.reset();
-        view.reset();
-        renderer.reset();
+        canvas.reset();
         area.reset();
+    }
+
+    void resize(int width, int height)
+    {
+        area->events().scale(scale(), scale());
+        area->resize(width, height);
     }
 
     void report(const GdkEvent& event)
     {
         gwHostEvents& events = area->events();
-        gtk_gl_area_make_current(GTK_GL_AREA(widget));
         switch (event.type)
         {
         case GDK_MOTION_NOTIFY: events.pointer(event.motion.x, event.motion.y); break;
@@ -105,7 +79,7 @@ struct Host
         case GDK_BUTTON_RELEASE:
             events.pointer(event.button.x, event.button.y);
             events.button(static_cast<int>(event.button.button), event.type == GDK_BUTTON_PRESS,
-                          modifiers_of(event.button.state));
+                          gw_x_modifiers(event.button.state));
             break;
         case GDK_SCROLL:
             if (event.scroll.direction == GDK_SCROLL_SMOOTH)
@@ -115,10 +89,7 @@ struct Host
             break;
         case GDK_KEY_PRESS:
         case GDK_KEY_RELEASE:
-            if (event.type == GDK_KEY_PRESS && event.key.keyval == held_key)
-                break;
-            held_key = event.type == GDK_KEY_PRESS ? event.key.keyval : 0;
-            events.key(key_of(event.key.keyval), event.type == GDK_KEY_PRESS, modifiers_of(event.key.state));
+            events.key(gw_keysym_key(event.key.keyval), event.type == GDK_KEY_PRESS, gw_x_modifiers(event.key.state));
             break;
         case GDK_FOCUS_CHANGE:
             if (!event.focus_change.in)
@@ -126,22 +97,14 @@ struct Host
             break;
         default: return;
         }
-        wake();
-    }
-
-    void wake()
-    {
         if (!idle_source)
             idle_source = g_idle_add([](gpointer data) { return static_cast<Host*>(data)->idle(); }, this);
-        if (area->wants_paint())
-            gtk_gl_area_queue_render(GTK_GL_AREA(widget));
     }
 
     gboolean idle()
     {
-        gtk_gl_area_make_current(GTK_GL_AREA(widget));
-        const int more = area->idle();
-        if (area->wants_paint())
+        const int more = area && area->idle();
+        if (area && area->wants_paint())
             gtk_gl_area_queue_render(GTK_GL_AREA(widget));
         if (!more)
             idle_source = 0;
@@ -153,15 +116,12 @@ struct Host
 int main(int argc, char** argv)
 {
     gtk_init(&argc, &argv);
-    std::ifstream file(argc > 1 ? argv[1] : "part.tarn");
-    const dgRef<dgClientStructure> part(new dgClientStructure());
-    if (!gr_read_tarn_tblock(file, part.get()))
-        return std::cerr << "host_gtk: no triangle blocks could be read\n", 1;
-
     Host host;
-    host.root = part.get();
-    GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
-    host.widget = gtk_gl_area_new();
+    std::ifstream file(argc > 1 ? argv[1] : "part.tarn");
+    if (!gr_read_tarn_tblock(file, host.part.get()))
+        return std::cerr << "host_gtk: no triangle blocks could be read\n", 1;
+    host.settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom "
+                                               "qwerty_key 82 : reset");
     gtk_widget_set_can_focus(host.widget, TRUE);
     gtk_widget_add_events(host.widget, GDK_POINTER_MOTION_MASK | GDK_BUTTON_PRESS_MASK | GDK_BUTTON_RELEASE_MASK |
                                            GDK_SCROLL_MASK | GDK_KEY_PRESS_MASK | GDK_KEY_RELEASE_MASK |
@@ -170,25 +130,11 @@ int main(int argc, char** argv)
     { g_signal_connect(host.widget, signal, G_CALLBACK(+function), &host); };
     connect("realize", [](GtkWidget*, Host* h) { h->start(); });
     connect("unrealize", [](GtkWidget*, Host* h) { h->stop(); });
-    connect("resize",
-            [](GtkGLArea*, int width, int height, Host* h)
-            {
-                h->area->events().scale(h->scale(), h->scale());
-                h->area->resize(width, height);
-            });
-    connect("render",
-            [](GtkGLArea*, GdkGLContext*, Host* h) -> gboolean
-            {
-                h->area->paint();
-                return TRUE;
-            });
-    connect("event",
-            [](GtkWidget*, GdkEvent* event, Host* h) -> gboolean
-            {
-                if (h->area)
-                    h->report(*event);
-                return FALSE;
-            });
+    connect("resize", [](GtkGLArea*, int width, int height, Host* h) { h->resize(width, height); });
+    connect("render", [](GtkGLArea*, GdkGLContext*, Host* h) { return h->area->paint(), TRUE; });
+    connect("event", [](GtkWidget*, GdkEvent* event, Host* h) { return h->report(*event), FALSE; });
+
+    GtkWidget* window = gtk_window_new(GTK_WINDOW_TOPLEVEL);
     g_signal_connect(window, "destroy", G_CALLBACK(gtk_main_quit), nullptr);
     gtk_container_add(GTK_CONTAINER(window), host.widget);
     gtk_window_set_title(GTK_WINDOW(window), "host_gtk");

@@ -2,12 +2,10 @@
 #include "dgClientStructure.h"
 #include "dgGLHostArea.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwQtWidget.h"
 #include "gwResourceDB.h"
@@ -20,7 +18,7 @@
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    gwQtWidget::prepare();
     const QApplication application(argc, argv);
     std::ifstream file(argc > 1 ? argv[1] : "part.tarn");
     const dgRef<dgClientStructure> part(new dgClientStructure());
@@ -32,28 +30,19 @@ int main(int argc, char** argv)
     gwResourceDB settings;
     settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom "
                                           "qwerty_key 82 : reset");
-    std::optional<dgRenderer> renderer;
-    std::optional<dgView> view;
-    std::optional<grView> companion;
+    std::optional<grCanvas> canvas;
     std::optional<grStdTwiddling> twiddling;
     widget.started_callback(
         [&](dgGLHostArea& area)
         {
-            renderer.emplace(area.main_window(), area.overlay_window(), &area);
-            view.emplace(&*renderer);
-            companion.emplace(&*view);
-            view->root(part.get());
-            view->view_bbox();
+            canvas.emplace(area.main_window(), area.overlay_window(), &area, &settings);
+            dgView& view = canvas->add_view();
+            view.root(part.get());
+            view.view_bbox();
             twiddling.emplace(&area.input(), &settings, nullptr, nullptr);
             area.idle_callback([&] { return twiddling->twiddle_man()->idle() != grIDLE_DONE; });
-            const auto draw = [&]
-            {
-                view->camera().view_port_dc(area.device_box());
-                view->camera().window_size(giVector2(area.width(), area.height()));
-                grViewListUtils::refresh_views({&*view}, nullptr, nullptr);
-            };
-            area.resize_callback(draw);
-            draw();
+            area.resize_callback([&] { canvas->resize(area.width(), area.height()); });
+            canvas->redraw();
         });
     widget.setWindowTitle("host_qt");
     widget.resize(800, 600);

@@ -3,12 +3,10 @@
 #include "dgClientStructure.h"
 #include "dgGLHostArea.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwHostEvents.h"
 #include "gwResourceDB.h"
@@ -20,30 +18,11 @@
 
 namespace
 {
-gwHostKey key_of(SDL_Keycode code)
+// SDL's scancodes are those of USB keyboards.
+gwHostKey key_of(const SDL_Keysym& key)
 {
-    if (code >= SDLK_F1 && code <= SDLK_F12)
-        return {gwFUNCTION_KEY, code - SDLK_F1 + 1};
-    switch (code)
-    {
-    case SDLK_INSERT: return {gwOTHER_KEY, gwKEY_INSERT};
-    case SDLK_DELETE: return {gwOTHER_KEY, gwKEY_DELETE};
-    case SDLK_HOME: return {gwOTHER_KEY, gwKEY_HOME};
-    case SDLK_END: return {gwOTHER_KEY, gwKEY_END};
-    case SDLK_PAGEUP: return {gwOTHER_KEY, gwKEY_PAGE_UP};
-    case SDLK_PAGEDOWN: return {gwOTHER_KEY, gwKEY_PAGE_DOWN};
-    case SDLK_LEFT: return {gwOTHER_KEY, gwKEY_LEFT_ARROW};
-    case SDLK_UP: return {gwOTHER_KEY, gwKEY_UP_ARROW};
-    case SDLK_RIGHT: return {gwOTHER_KEY, gwKEY_RIGHT_ARROW};
-    case SDLK_DOWN: return {gwOTHER_KEY, gwKEY_DOWN_ARROW};
-    case SDLK_LSHIFT:
-    case SDLK_RSHIFT: return {gwOTHER_KEY, gwKEY_SHIFT};
-    case SDLK_LCTRL:
-    case SDLK_RCTRL: return {gwOTHER_KEY, gwKEY_CTRL};
-    case SDLK_LALT:
-    case SDLK_RALT: return {gwOTHER_KEY, gwKEY_ALT};
-    }
-    return code > 0 ? gw_character_key(static_cast<unsigned>(code)) : gwHostKey();
+    const gwHostKey found = gw_hid_key(static_cast<unsigned>(key.scancode));
+    return found.number ? found : gw_character_key(static_cast<unsigned>(key.sym));
 }
 
 int modifiers()
@@ -56,31 +35,29 @@ int modifiers()
 // Passes one event on; 0 when it asks for the end.
 int report(const SDL_Event& event, SDL_Window* window, dgGLHostArea& area)
 {
+    gwHostEvents& events = area.events();
     switch (event.type)
     {
     case SDL_QUIT: return 0;
-    case SDL_MOUSEMOTION: area.events().pointer(event.motion.x, event.motion.y); break;
+    case SDL_MOUSEMOTION: events.pointer(event.motion.x, event.motion.y); break;
     case SDL_MOUSEBUTTONDOWN:
     case SDL_MOUSEBUTTONUP:
         SDL_CaptureMouse(event.button.state == SDL_PRESSED ? SDL_TRUE : SDL_FALSE);
-        area.events().pointer(event.button.x, event.button.y);
-        area.events().button(event.button.button, event.button.state == SDL_PRESSED, modifiers());
+        events.pointer(event.button.x, event.button.y);
+        events.button(event.button.button, event.button.state == SDL_PRESSED, modifiers());
         break;
-    case SDL_MOUSEWHEEL: area.events().wheel(event.wheel.preciseY); break;
+    case SDL_MOUSEWHEEL: events.wheel(event.wheel.preciseY); break;
     case SDL_KEYDOWN:
-    case SDL_KEYUP:
-        if (!event.key.repeat)
-            area.events().key(key_of(event.key.keysym.sym), event.key.state == SDL_PRESSED, modifiers());
-        break;
+    case SDL_KEYUP: events.key(key_of(event.key.keysym), event.key.state == SDL_PRESSED, modifiers()); break;
     case SDL_WINDOWEVENT:
         if (event.window.event == SDL_WINDOWEVENT_FOCUS_LOST)
-            area.events().focus_lost();
+            events.focus_lost();
         if (event.window.event == SDL_WINDOWEVENT_SIZE_CHANGED)
         {
             int width = 0, height = 0, wide = 1, high = 1;
             SDL_GL_GetDrawableSize(window, &width, &height);
             SDL_GetWindowSize(window, &wide, &high);
-            area.events().scale(1.0 * width / wide, 1.0 * height / high);
+            events.scale(1.0 * width / wide, 1.0 * height / high);
             area.resize(width, height);
         }
     }
@@ -113,25 +90,18 @@ int main(int argc, char** argv)
         if (!area)
             return std::cerr << "host_sdl: " << error << '\n', 1;
 
-        dgRenderer renderer(area->main_window(), area->overlay_window(), area.get());
-        dgView view(&renderer);
-        const grView companion(&view);
-        view.root(part.get());
-        view.view_bbox();
         gwResourceDB settings;
         settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 2 : pan mouse_button 3 : zoom "
                                               "qwerty_key 82 : reset");
+        grCanvas canvas(area->main_window(), area->overlay_window(), area.get(), &settings);
+        dgView& view = canvas.add_view();
+        view.root(part.get());
+        view.view_bbox();
         grStdTwiddling twiddling(&area->input(), &settings, nullptr, nullptr);
         area->idle_callback([&] { return twiddling.twiddle_man()->idle() != grIDLE_DONE; });
+        area->resize_callback([&] { canvas.resize(area->width(), area->height()); });
+        canvas.redraw();
 
-        const auto draw = [&]
-        {
-            view.camera().view_port_dc(area->device_box());
-            view.camera().window_size(giVector2(area->width(), area->height()));
-            grViewListUtils::refresh_views({&view}, nullptr, nullptr);
-        };
-        area->resize_callback(draw);
-        draw();
         SDL_Event event;
         for (int running = 1, more = 0; running;)
         {

@@ -1,12 +1,10 @@
 // Turns a tarn file with the mouse: minimal part.tarn
 #include "dgClientStructure.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwGLFWWindow.h"
 #include "gwResourceDB.h"
@@ -24,9 +22,8 @@ int main(int argc, char** argv)
     if (!window)
         return std::cerr << "minimal: " << error << '\n', 1;
 
-    dgRenderer renderer(window->main_window(), window->overlay_window(), window.get());
-    dgView view(&renderer);
-    const grView companion(&view);
+    grCanvas canvas(window->main_window(), window->overlay_window(), window.get(), nullptr);
+    dgView& view = canvas.add_view();
     view.root(part.get());
     view.view_bbox();
 
@@ -35,13 +32,7 @@ int main(int argc, char** argv)
                                           "qwerty_key 82 : reset");
     grStdTwiddling twiddling(&window->input(), &settings, nullptr, nullptr);
 
-    const auto draw = [&]
-    {
-        view.camera().view_port_dc(window->device_box());
-        view.camera().window_size(giVector2(window->width(), window->height()));
-        grViewListUtils::refresh_views({&view}, nullptr, nullptr);
-    };
-    window->resize_callback(draw);
-    for (draw(); !window->should_close();)
+    window->resize_callback([&] { canvas.resize(window->width(), window->height()); });
+    for (canvas.redraw(); !window->should_close();)
         window->process_events(twiddling.twiddle_man()->idle() == grIDLE_DONE);
 }

@@ -1,15 +1,12 @@
 // Draws a tarn file and turns it without a window, a display or a graphics card: offscreen part.tarn
-#include "dgCamera.h"
 #include "dgClientStructure.h"
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
 #include "dgImage.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwHeadlessWindow.h"
 #include "gwKeyEvent.h"
@@ -33,25 +30,22 @@ int main(int argc, char** argv)
 
     dgGLWindow window(device, width, height);
     gwHeadlessWindow area(width, height);
-    dgRenderer renderer(&window, window.overlay(), &area);
-    dgView view(&renderer);
-    const grView companion(&view);
+    grCanvas canvas(&window, window.overlay(), &area, nullptr);
+    dgView& view = canvas.add_view();
     view.root(part.get());
     view.view_bbox();
-    view.camera().view_port_dc(area.device_box());
-    view.camera().window_size(giVector2(width, height));
 
     gwResourceDB settings;
     settings.set_resource("translations", "mouse_button 1 : trackball");
     grStdTwiddling twiddling(&area.input(), &settings, nullptr, nullptr);
 
     dgImage before, after;
-    grViewListUtils::refresh_views({&view}, nullptr, nullptr);
+    canvas.redraw();
     window.read_front(before);
     area.input().post(gwKeyEvent(&area, 100, 150, 0, gwPRESSED, gwMOUSE_BUTTON, 1));
     area.input().post(gwMouseEvent(&area, 200, 150));
     area.input().post(gwKeyEvent(&area, 200, 150, 0, gwRELEASED, gwMOUSE_BUTTON, 1));
-    grViewListUtils::refresh_views({&view}, nullptr, nullptr);
+    canvas.redraw();
     window.read_front(after);
 
     int covered = 0, changed = 0;

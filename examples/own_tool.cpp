@@ -11,6 +11,7 @@
 #include "dgTextFontSlot.h"
 #include "dgTextHeight.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grRubberBandManager.h"
 #include "grRubberBandStructure.h"
 #include "grStdTwiddleHooks.h"
@@ -18,8 +19,6 @@
 #include "grStdViewTwiddleTool.h"
 #include "grToolFactory.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "gr_read_tarn_tblock.h"
 #include "gr_surface_point.h"
 #include "gwGLFWWindow.h"
@@ -123,14 +122,12 @@ int main(int argc, char** argv)
     if (!window)
         return std::cerr << "own_tool: " << error << '\n', 1;
 
-    dgRenderer renderer(window->main_window(), window->overlay_window(), window.get());
+    grCanvas canvas(window->main_window(), window->overlay_window(), window.get(), nullptr);
     const dgRef<dgTextFont> font(new dgTextFont("DejaVu Sans", 0, 0, 0));
-    renderer.set_text_font(font.get(), 0);
-    dgView view(&renderer);
-    const grView companion(&view);
+    canvas.renderer()->set_text_font(font.get(), 0);
+    dgView& view = canvas.add_view();
     view.root(part.get());
     view.view_bbox();
-    const grRubberBandManager bands;
 
     gwResourceDB settings;
     settings.set_resource("translations", "mouse_button 1 : trackball mouse_button 3 : measure");
@@ -138,13 +135,7 @@ int main(int argc, char** argv)
     Factory factory(&settings, &hooks);
     grStdTwiddling twiddling(&window->input(), &settings, &hooks, &factory);
 
-    const auto draw = [&]
-    {
-        view.camera().view_port_dc(window->device_box());
-        view.camera().window_size(giVector2(window->width(), window->height()));
-        grViewListUtils::refresh_views({&view}, nullptr, nullptr);
-    };
-    window->resize_callback(draw);
-    for (draw(); !window->should_close();)
+    window->resize_callback([&] { canvas.resize(window->width(), window->height()); });
+    for (canvas.redraw(); !window->should_close();)
         window->process_events(twiddling.twiddle_man()->idle() == grIDLE_DONE);
 }

@@ -3,12 +3,10 @@
 #include "dgGLHostArea.h"
 #include "dgGraphicalElement.h"
 #include "dgRef.h"
-#include "dgRenderer.h"
 #include "dgView.h"
+#include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
-#include "grView.h"
-#include "grViewListUtils.h"
 #include "grViewOperations.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwQtWidget.h"
@@ -22,6 +20,7 @@
 
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 namespace
 {
@@ -34,40 +33,29 @@ struct ViewWidget
         widget.started_callback(
             [this, root](dgGLHostArea& area)
             {
-                renderer = std::make_unique<dgRenderer>(area.main_window(), area.overlay_window(), &area);
-                view = std::make_unique<dgView>(renderer.get());
-                companion = std::make_unique<grView>(view.get());
-                view->root(root);
-                view->view_bbox();
+                canvas.emplace(area.main_window(), area.overlay_window(), &area, &settings);
+                dgView& view = canvas->add_view();
+                view.root(root);
+                view.view_bbox();
                 settings.set_resource("translations", "<shift> mouse_button 1 : zoom_box mouse_button 1 : trackball "
                                                       "mouse_button 2 : pan mouse_button 3 : zoom");
-                twiddling = std::make_unique<grStdTwiddling>(&area.input(), &settings, nullptr, nullptr);
+                twiddling.emplace(&area.input(), &settings, nullptr, nullptr);
                 area.idle_callback([this] { return twiddling->twiddle_man()->idle() != grIDLE_DONE; });
-                area.resize_callback([this] { draw(); });
-                draw();
+                area.resize_callback([this, &area] { canvas->resize(area.width(), area.height()); });
+                canvas->redraw();
             });
-    }
-
-    void draw()
-    {
-        view->camera().view_port_dc(widget.area()->device_box());
-        view->camera().window_size(giVector2(widget.area()->width(), widget.area()->height()));
-        grViewListUtils::refresh_views({view.get()}, nullptr, nullptr);
-        widget.wake();
     }
 
     gwQtWidget widget;
     gwResourceDB settings;
-    std::unique_ptr<dgRenderer> renderer;
-    std::unique_ptr<dgView> view;
-    std::unique_ptr<grView> companion;
-    std::unique_ptr<grStdTwiddling> twiddling;
+    std::optional<grCanvas> canvas;
+    std::optional<grStdTwiddling> twiddling;
 };
 }
 
 int main(int argc, char** argv)
 {
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    gwQtWidget::prepare();
     QApplication application(argc, argv);
     std::ifstream file(argc > 1 ? argv[1] : "part.tarn");
     const dgRef<dgClientStructure> part(new dgClientStructure());
@@ -93,8 +81,9 @@ int main(int argc, char** argv)
         bar->addAction(name,
                        [&first, operation]
                        {
-                           operation(*first.view);
-                           first.draw();
+                           operation(first.canvas->view(0));
+                           first.canvas->redraw();
+                           first.widget.wake();
                        });
     };
     add("Fit", grViewOperations::fit);

@@ -82,14 +82,7 @@ int main(int argc, char** argv)
     Hooks hooks(settings, *window, *part);
     const grStdTwiddling twiddling(&window->input(), &settings, &hooks, nullptr);
 
-    const auto resized = [&]
-    {
-        view.camera().view_port_dc(window->device_box());
-        view.camera().window_size(giVector2(window->width(), window->height()));
-        canvas.resized();
-    };
-    window->resize_callback(resized);
-    resized();
+    window->resize_callback([&] { canvas.resize(window->width(), window->height()); });
     grViewOperations::isometric(view);
     for (canvas.redraw(); !window->should_close();)
         window->process_events(twiddling.twiddle_man()->idle() == grIDLE_DONE);

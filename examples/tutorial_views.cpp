@@ -24,18 +24,6 @@ const char* const bindings = "mouse_button 1 : trackball "
                              "qwerty_key 82 : reset "    // R
                              "qwerty_key 73 : isometric" // I
     ;
-
-// Gives each view its half of the window, with a gap of two pixels between them.
-void lay_out(grCanvas& canvas, int width, int height)
-{
-    for (int i = 0; i < canvas.n_views(); ++i)
-    {
-        dgCamera& camera = canvas.view(i).camera();
-        const int low = i * (width + 2) / 2;
-        camera.view_port_dc(giBox2(low, 0, low + width / 2 - 2, height - 1));
-        camera.window_size(giVector2(width, height));
-    }
-}
 }
 
 int main(int argc, char** argv)
@@ -71,16 +59,13 @@ int main(int argc, char** argv)
 
     const grStdTwiddling twiddling(&window->input(), &settings, nullptr, nullptr);
 
-    const auto resized = [&]
-    {
-        lay_out(canvas, window->width(), window->height());
-        canvas.resized();
-    };
-    window->resize_callback(resized);
-    lay_out(canvas, window->width(), window->height());
+    // Each view has its half of the window, with a gap of two pixels between them, and keeps it when the size changes.
+    const int width = window->width(), height = window->height();
+    canvas.view(0).camera().view_port_dc(giBox2(0, 0, width / 2 - 2, height - 1));
+    canvas.view(1).camera().view_port_dc(giBox2(width / 2 + 1, 0, width - 1, height - 1));
     for (int i = 0; i < canvas.n_views(); ++i)
         grViewOperations::fit(canvas.view(i));
-    canvas.resized();
-    while (!window->should_close())
+    window->resize_callback([&] { canvas.resize(window->width(), window->height()); });
+    for (canvas.redraw(); !window->should_close();)
         window->process_events(twiddling.twiddle_man()->idle() == grIDLE_DONE);
 }

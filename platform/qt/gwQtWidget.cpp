@@ -7,6 +7,7 @@
 #include "dgImage.h"
 #include "gwQtKeys.h"
 
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
@@ -77,6 +78,19 @@ gwQtWidget::gwQtWidget(QWidget* parent) : QOpenGLWidget(parent), the_native(std:
     setFormat(core_format());
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+}
+
+void gwQtWidget::prepare()
+{
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+    QSurfaceFormat format = QSurfaceFormat::defaultFormat();
+    if (format.redBufferSize() < 0 && format.greenBufferSize() < 0 && format.blueBufferSize() < 0)
+    {
+        format.setRedBufferSize(8);
+        format.setGreenBufferSize(8);
+        format.setBlueBufferSize(8);
+        QSurfaceFormat::setDefaultFormat(format);
+    }
 }
 
 gwQtWidget::~gwQtWidget() = default;

@@ -12,15 +12,19 @@ class dgGLHostArea;
 /// A Qt widget that views are shown in and twiddled by mouse, wheel, touch pad and keyboard.
 ///
 /// The library draws in a context of the widget's own, so that neither painters nor other widgets disturb it, and so
-/// that what it keeps there outlives changes of the widget's window. Where the application has set
-/// Qt::AA_ShareOpenGLContexts before its QApplication was made, pictures are copied inside the graphics card; otherwise
-/// they go through memory once the widget has been moved to another window.
+/// that what it keeps there outlives changes of the widget's window.
 ///
 /// Sizes and positions are device pixels, whatever the scale of the screen. Idle work is done by a timer that runs only
 /// while there is some: a widget in which nothing moves takes no time. One thread, Qt's, uses it.
 class GW_QT_EXPORT gwQtWidget : public QOpenGLWidget
 {
 public:
+    /// To be called before the QApplication is made: sets Qt::AA_ShareOpenGLContexts, so that pictures are copied
+    /// inside the graphics card, and not through memory once a widget has been moved to another window; and asks for 8
+    /// bits a colour in Qt's default surface format where that asks for none, as Qt takes 16 a pixel on Wayland
+    /// otherwise.
+    static void prepare();
+
     explicit gwQtWidget(QWidget* parent = nullptr);
     /// Renderers on its windows end before it.
     ~gwQtWidget() override;

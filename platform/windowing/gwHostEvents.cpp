@@ -4,7 +4,9 @@
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace
 {
@@ -37,6 +39,67 @@ gwHostKey gw_character_key(unsigned character)
     if (character < ' ' || character > '~')
         return {};
     return {gwQWERTY_KEY, static_cast<int>(character >= 'a' && character <= 'z' ? character - 'a' + 'A' : character)};
+}
+
+gwHostKey gw_keysym_key(unsigned keysym)
+{
+    // The numbers of X11/keysymdef.h, which are fixed.
+    constexpr unsigned first_function_key = 0xffbe, last_function_key = 0xffe0, left_tabulator = 0xfe20;
+    static const struct
+    {
+        unsigned keysym, other_keysym; // of the number pad, of the key on the right
+        gwOtherKey key;
+    } others[] = {
+        {0xff63, 0xff9e, gwKEY_INSERT},     {0xffff, 0xff9f, gwKEY_DELETE},       {0xff50, 0xff95, gwKEY_HOME},
+        {0xff57, 0xff9c, gwKEY_END},        {0xff55, 0xff9a, gwKEY_PAGE_UP},      {0xff56, 0xff9b, gwKEY_PAGE_DOWN},
+        {0xff51, 0xff96, gwKEY_LEFT_ARROW}, {0xff52, 0xff97, gwKEY_UP_ARROW},     {0xff53, 0xff98, gwKEY_RIGHT_ARROW},
+        {0xff54, 0xff99, gwKEY_DOWN_ARROW}, {0xff61, 0xff61, gwKEY_PRINT_SCREEN}, {0xff13, 0xff6b, gwKEY_PAUSE},
+        {0xffe1, 0xffe2, gwKEY_SHIFT},      {0xffe3, 0xffe4, gwKEY_CTRL},         {0xffe9, 0xffea, gwKEY_ALT}};
+    for (const auto& other : others)
+        if (keysym == other.keysym || keysym == other.other_keysym)
+            return {gwOTHER_KEY, other.key};
+    if (keysym >= first_function_key && keysym <= last_function_key)
+        return {gwFUNCTION_KEY, static_cast<int>(keysym - first_function_key) + 1};
+    if (keysym == left_tabulator)
+        return gw_character_key('\t');
+    // Control characters and the number pad have their ASCII codes in the low seven bits.
+    const bool holds_ascii =
+        (keysym >= 0xff00 && keysym <= 0xff1b) || (keysym >= 0xff80 && keysym < first_function_key);
+    return gw_character_key(holds_ascii ? keysym & 0x7f : keysym);
+}
+
+int gw_x_modifiers(unsigned state)
+{
+    constexpr unsigned shift = 1, control = 4, alt = 8;
+    return (state & control ? gwMODIFIER_CONTROL : 0) | (state & shift ? gwMODIFIER_SHIFT : 0) |
+           (state & alt ? gwMODIFIER_ALT : 0);
+}
+
+gwHostKey gw_hid_key(unsigned usage)
+{
+    // From "HID Usage Tables", the page of keyboards.
+    constexpr unsigned first_of_12 = 0x3a, first_of_others = 0x46, first_of_number_pad = 0x54,
+                       equals_of_number_pad = 0x67, f13 = 0x68, f24 = 0x73, left_control = 0xe0, right_alt = 0xe6;
+    // From print screen to the arrows; scroll lock is not reported.
+    static const int others[] = {
+        gwKEY_PRINT_SCREEN, 0,         gwKEY_PAUSE,     gwKEY_INSERT,      gwKEY_HOME,       gwKEY_PAGE_UP,
+        gwKEY_DELETE,       gwKEY_END, gwKEY_PAGE_DOWN, gwKEY_RIGHT_ARROW, gwKEY_LEFT_ARROW, gwKEY_DOWN_ARROW,
+        gwKEY_UP_ARROW};
+    static const char number_pad[] = "/*-+\r1234567890.";
+    static const int modifiers[] = {gwKEY_CTRL, gwKEY_SHIFT, gwKEY_ALT, 0}; // and the key of the window system
+    if (usage >= first_of_12 && usage < first_of_others)
+        return {gwFUNCTION_KEY, static_cast<int>(usage - first_of_12) + 1};
+    if (usage >= f13 && usage <= f24)
+        return {gwFUNCTION_KEY, static_cast<int>(usage - f13) + 13};
+    if (usage >= first_of_others && usage < first_of_others + std::size(others))
+        return {gwOTHER_KEY, others[usage - first_of_others]};
+    if (usage >= first_of_number_pad && usage < first_of_number_pad + std::size(number_pad) - 1)
+        return gw_character_key(static_cast<unsigned char>(number_pad[usage - first_of_number_pad]));
+    if (usage == equals_of_number_pad)
+        return gw_character_key('=');
+    if (usage >= left_control && usage <= right_alt)
+        return {gwOTHER_KEY, modifiers[(usage - left_control) % 4]};
+    return {};
 }
 
 void gwHostEvents::scale(double x_scale, double y_scale)
@@ -91,6 +154,13 @@ void gwHostEvents::key(const gwHostKey& key, int pressed, int modifiers)
 {
     if (!key.number)
         return;
+    const auto held_key = std::find(the_held_keys.begin(), the_held_keys.end(), key);
+    if (held_key == the_held_keys.end() && pressed)
+        the_held_keys.push_back(key);
+    else if (pressed)
+        return; // a repeat
+    else if (held_key != the_held_keys.end())
+        the_held_keys.erase(held_key);
     flush();
     // Toolkits differ in whether the bits of a modifier key's own event include it, so it is set by hand. The event
     // carries what is held besides the key, so that a trigger can name the others exactly.
@@ -132,4 +202,5 @@ void gwHostEvents::focus_lost()
             button(number, 0, the_modifiers);
     the_modifiers = 0;
     the_held_function_keys = 0;
+    the_held_keys.clear();
 }

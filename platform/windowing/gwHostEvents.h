@@ -3,6 +3,8 @@
 #include "gwExport.h"
 #include "gwTypes.h"
 
+#include <vector>
+
 class gwDrawingArea;
 
 /// The type and number that key events carry for a key or button.
@@ -10,11 +12,23 @@ struct gwHostKey
 {
     gwKeyType type = gwQWERTY_KEY;
     int number = 0; ///< 0 when the key is not reported
+
+    bool operator==(const gwHostKey&) const = default;
 };
 
 /// The key that a keyboard's layout prints a character on. Letters of either case are one key; control characters are
 /// keys of their own: 8 backspace, 9 tabulator, 13 return, 27 escape. Characters outside ASCII are not reported.
 GW_EXPORT gwHostKey gw_character_key(unsigned character);
+
+/// The key of an X keysym, as Xlib, GDK and libxkbcommon have it. Those of the number pad are what is printed on them.
+GW_EXPORT gwHostKey gw_keysym_key(unsigned keysym);
+
+/// The modifier bits of the state of an X event, as Xlib and GDK have it.
+GW_EXPORT int gw_x_modifiers(unsigned state);
+
+/// The key of a usage number of the USB HID keyboard page, as SDL's scancodes are, where it is the same in every
+/// layout: function keys, the number pad, other keys. Number 0 for the rest, which are reported by their characters.
+GW_EXPORT gwHostKey gw_hid_key(unsigned usage);
 
 /// Posts what a window system or toolkit reports as events on the input of a drawing area. A back end calls it from the
 /// toolkit's callbacks, with its keys looked up in a table of its own.
@@ -43,8 +57,8 @@ public:
     /// bits of gwModifier for control, shift and alt that the toolkit reports.
     void button(int number, int pressed, int modifiers);
 
-    /// A key was pressed or released. Repeats of a held key are not posted: the caller leaves them out. Keys with
-    /// number 0 do nothing. The bits of a modifier key's own event may include it or not.
+    /// A key was pressed or released. Presses of a key that is held, which are its repeats, do nothing, and nor do keys
+    /// with number 0. The bits of a modifier key's own event may include it or not.
     void key(const gwHostKey& key, int pressed, int modifiers);
 
     /// The wheel turned, away from the user for steps above 0: one press per whole step, with a delta of 1 or -1. Parts
@@ -79,4 +93,5 @@ private:
     int the_modifiers = 0;          // control, shift, alt
     int the_held_function_keys = 0; // modifier bits
     unsigned the_held_buttons = 0;  // bit number - 1
+    std::vector<gwHostKey> the_held_keys;
 };

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <sstream>
 #include <string>
 
@@ -59,4 +60,31 @@ TEST(gwHostEvents, posts_what_a_script_says)
 {
     for (const auto& row : ts_table(TS_TABLES "windowing.table", "host_events"))
         EXPECT_EQ(played(row[1]), row[2]) << row[0];
+}
+
+// All keys of gwTypes.h in the order of their numbers, then F1, F12, F13, the number pad's 0, enter, * and =,
+// and two that are not reported: scroll lock, and the key of the window system.
+TEST(gwHostEvents, keysyms_and_hid_usages_are_keys)
+{
+    const unsigned keysyms[] = {0xff63, 0xffff, 0xff50, 0xff57, 0xff55, 0xff56, 0xff51, 0xff52,
+                                0xff53, 0xff54, 0xff61, 0xff13, 0xffe2, 0xffe4, 0xffea, 0xffbe,
+                                0xffc9, 0xffca, 0xffb0, 0xff8d, 0xffaa, 0xffbd, 0xff14, 0xffeb};
+    const unsigned usages[] = {73,  76,  74,  77, 75, 78,  80, 82, 79, 81,  70, 72,
+                               229, 228, 230, 58, 69, 104, 98, 88, 85, 103, 71, 227};
+    const gwHostKey more[] = {{gwFUNCTION_KEY, 1}, {gwFUNCTION_KEY, 12}, {gwFUNCTION_KEY, 13}, {gwQWERTY_KEY, '0'},
+                              {gwQWERTY_KEY, 13},  {gwQWERTY_KEY, '*'},  {gwQWERTY_KEY, '='}};
+    for (std::size_t i = 0; i < std::size(keysyms); ++i)
+    {
+        const gwHostKey expected = i < gwKEY_ALT                     ? gwHostKey{gwOTHER_KEY, static_cast<int>(i) + 1}
+                                   : i - gwKEY_ALT < std::size(more) ? more[i - gwKEY_ALT]
+                                                                     : gwHostKey();
+        for (const gwHostKey& key : {gw_keysym_key(keysyms[i]), gw_hid_key(usages[i])})
+        {
+            EXPECT_EQ(key.number, expected.number) << i;
+            EXPECT_TRUE(key.type == expected.type || !expected.number) << i;
+        }
+    }
+    EXPECT_EQ(gw_keysym_key('r'), gw_character_key('R'));
+    EXPECT_EQ(gw_keysym_key(0xff67).number, 0) << "the menu key, whose low bits are those of g";
+    EXPECT_EQ(gw_hid_key(0x15).number, 0) << "R lies elsewhere in other layouts";
 }
