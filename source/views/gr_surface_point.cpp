@@ -55,7 +55,7 @@ double crossing(const Segment& segment, const giPoint3& a, const giPoint3& b, co
         return none;
     const giVector3 from_a = segment.start - a;
     const double u = from_a.dot(p) / determinant;
-    if (!(u >= 0 && u <= 1))
+    if (!(u >= 0))
         return none;
     const giVector3 q = from_a.cross(ab);
     const double v = segment.way.dot(q) / determinant;

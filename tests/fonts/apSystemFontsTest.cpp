@@ -110,6 +110,13 @@ TEST(apSystemFonts, the_character_set_follows_from_the_code_pages)
                  {"Test Korea ", 1u << 19 | 5, 129},
                  {"Test Taiwan", 1u << 20 | 1, 136},
                  {"Test Symbol", 1u << 31, 2},
+                 {"Test Page 1", 1u << 1, 238},
+                 {"Test Page 4", 1u << 4, 162},
+                 {"Test Page 5", 1u << 5, 177},
+                 {"Test Page 6", 1u << 6, 178},
+                 {"Test Page 7", 1u << 7, 186},
+                 {"Test Page 8", 1u << 8, 163},
+                 {"Test Page16", 1u << 16, 222},
                  {"Test World ", 0xfu << 17 | 5, 0},
                  {"Test Nothin", 0, 0}};
     tsFontFolder folder;

@@ -185,6 +185,21 @@ private:
         on("r_end") = [this] { refresher().base_end_twiddle(); };
         on("force") = [this] { refresher().force_redraw_on_end_twiddle(); };
         on("better_text") = [this] { refresher().draw_quality_overrides().text.enabled = 1; };
+        on("overrides") = [this](double facets, double polygons, double text)
+        {
+            gsRegenerate& overrides = refresher().draw_quality_overrides();
+            overrides.facet_tolerance = {1, facets};
+            overrides.polygons = {1, polygons};
+            overrides.text = {1, text};
+        };
+        // What is set of facets, polygons and texts, and their values.
+        on("quality") = [this]
+        {
+            const dgDrawQuality q = the_stage.window().renderer->get_pipeline_draw_quality();
+            return std::vector<double>{double(q.facet_tolerance_set),  double(q.polygon_regeneration_set),
+                                       double(q.text_quality_set),     q.facet_tolerance,
+                                       double(q.polygon_regeneration), q.text_quality};
+        };
         on("remove") = [this](dgView& view) { refresher().remove(&view); };
         // A line of that many segments (none: the same again, 0: takes it off) as the icon of a view.
         on("icon") = [this](dgView& view, tsOr<-1> segments)

@@ -422,6 +422,13 @@ private:
                               (tool->busy_state() == grTWID_BUSY ? "" : ", not busy")
                         : "none";
         };
+        // Whether the tool may save the camera, and be drawn within a time.
+        on("flags") = [this]
+        {
+            const auto* tool = dynamic_cast<const grStdTwiddleTool*>(man().current_tool());
+            return tool ? Values{double(tool->flags().can_save_camera()), double(tool->flags().can_timeout_twiddle())}
+                        : Values{};
+        };
         on("last_twiddle") = [this]
         {
             utString name;

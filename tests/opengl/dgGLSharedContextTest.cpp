@@ -2,6 +2,7 @@
 
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
+#include "dgGLHostArea.h"
 #include "dgPolyline.h"
 #include "dgTriangleBlock.h"
 
@@ -147,10 +148,10 @@ struct Host
     std::vector<unsigned char> frame()
     {
         dgImage picture;
-        dgGLWindow window(device, 64, 48);
-        dgRenderer renderer(&window, window.overlay());
+        dgGLHostArea area(device, 64, 48);
+        dgRenderer renderer(area.main_window(), area.overlay_window());
         dgView view(&renderer);
-        view.camera().view_port_dc(window.device_box());
+        view.camera().view_port_dc(renderer.window_box());
         view.camera().window_size(giVector2(64, 48));
         renderer.background_colour(gsColour(0, 0, 1));
         const dgRef<dgTriangleBlock> block(triangles({{-20, -20, 0}, {20, -20, 5}, {0, 20, -5}}));
@@ -159,11 +160,13 @@ struct Host
         view.execute(*block);
         view.end();
         for (const int anew : {1, 0})
-            EXPECT_EQ(renderer.add_to_sums(window.device_box(), anew), 1);
-        renderer.put_mean(window.device_box(), 2);
+            EXPECT_EQ(renderer.add_to_sums(renderer.window_box(), anew), 1);
+        renderer.put_mean(renderer.window_box(), 2);
         renderer.swap_buffers(dgSWAP_PLAIN);
-        window.read_front(picture);
-        window.blit_front_to(framebuffer, window.device_box());
+        EXPECT_EQ(area.wants_paint(), 1);
+        area.paint(framebuffer);
+        EXPECT_EQ(area.wants_paint(), 0);
+        area.read(picture);
         return picture.rgba;
     }
 
@@ -204,6 +207,32 @@ TEST(dgGLSharedContext, neither_side_notices_the_other)
         EXPECT_EQ(host.shown(), expected) << state.name;
         EXPECT_TRUE(host.device->no_errors()) << state.name;
     }
+}
+
+TEST(dgGLHostArea, paints_into_what_is_bound_and_is_idle_as_it_is_told)
+{
+    Host host;
+    dgGLHostArea area(host.device, 64, 48);
+    dgRenderer renderer(area.main_window(), nullptr);
+    renderer.background_colour(gsColour(0, 1, 1));
+    renderer.erase(0);
+    renderer.swap_buffers(dgSWAP_PLAIN);
+    glBindFramebuffer(GL_DRAW_FRAMEBUFFER, host.framebuffer);
+    area.paint();
+    EXPECT_EQ(area.wants_paint(), 0);
+    std::vector<unsigned char> cyan;
+    for (int i = 0; i < 64 * 48; ++i)
+        cyan.insert(cyan.end(), {0, 255, 255, 255});
+    EXPECT_EQ(host.shown(), cyan);
+    EXPECT_EQ(area.idle(), 0) << "nothing is to be done";
+    int left = 2, resized = 0;
+    area.idle_callback([&] { return --left > 0; });
+    EXPECT_EQ(area.idle(), 1);
+    EXPECT_EQ(area.idle(), 0);
+    area.resize_callback([&] { ++resized; });
+    area.resize(20, 10);
+    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 9));
+    EXPECT_EQ(resized, 1);
 }
 
 TEST(dgGLSharedContext, may_end_before_the_device)
