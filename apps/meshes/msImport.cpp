@@ -1,6 +1,6 @@
 #include "msImport.h"
 
-#include "msChild.h"
+#include "msLimits.h"
 #include "msPlainObj.h"
 
 #include "flMessages.h"

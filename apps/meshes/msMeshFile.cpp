@@ -1,15 +1,14 @@
 #include "msMeshFile.h"
 
 #include "msChild.h"
+#include "msEnding.h"
 #include "msExport.h"
-#include "msMessages.h"
+#include "msReceiving.h"
 
 #include "flMessages.h"
 #include "flOutputFile.h"
 
 #include <algorithm>
-#include <cctype>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
@@ -39,14 +38,6 @@ std::string endings(bool written)
             list += (list.empty() ? "" : ", ") + std::string(format.ending);
     return list;
 }
-}
-
-std::string ms_ending(const std::string& file)
-{
-    std::string found = std::filesystem::path(file).extension().string();
-    std::transform(found.begin(), found.end(), found.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return found.empty() ? found : found.substr(1);
 }
 
 int ms_readable(const std::string& file)
@@ -90,7 +81,7 @@ int ms_read(const std::string& file, const giAngle& crease, ms_blocks& blocks, s
 {
     if (!ms_check_readable(file, error))
         return 0;
-    msChild child([&](std::ostream& os) { ms_send_files({file}, os); });
+    msChild child({file});
     ms_blocks read;
     std::string fault = ms_receive_file(
         child.stream(), crease, [&](std::unique_ptr<giTriBlock> block) { read.push_back(std::move(block)); }, progress);

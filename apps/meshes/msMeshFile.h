@@ -6,9 +6,6 @@
 
 class giAngle;
 
-/// The ending of a name in small letters, without the dot.
-std::string ms_ending(const std::string& file);
-
 /// 1 when files of this name's ending can be read as meshes.
 int ms_readable(const std::string& file);
 /// 1 when the file is there and its ending is one of these; else 0 with error set to a text that names the file.
@@ -26,8 +23,8 @@ std::string ms_writable_endings();
 /// Normals and texture coordinates of the nodes are kept. Normals are computed where there are none, and for STL, which
 /// has them for its triangles only, as gr_smooth_tblock does with the crease angle.
 ///
-/// Nothing in the file is trusted: where the system allows, it is read in a process of its own, with bounds on memory
-/// and time that grow with the file's size. Faces have at most 10,000 corners, and nodes are at finite places.
+/// Nothing in the file is trusted: it is read in a process of its own, with bounds on memory and time
+/// that grow with the file's size. Faces have at most 10,000 corners, and nodes are at finite places.
 ///
 /// Answers 1, or 0 with error set to a text that names the file, and blocks as it was.
 int ms_read(const std::string& file, const giAngle& crease, ms_blocks& blocks, std::string& error,

@@ -1,17 +1,29 @@
 #pragma once
 
-#include "msBlocks.h"
+// What ms_send_files and ms_receive_file say to each other.
 
-#include <iosfwd>
-#include <string>
+/// One character before each message: how much is done, a mesh, the end of a file, or what is wrong.
+enum msMessage : char
+{
+    msPROGRESS = 'p',
+    msMESH = 'm',
+    msEND = 'e',
+    msFAULT = 'f'
+};
 
-class giAngle;
+/// What comes before the positions of a mesh.
+struct msMeshHeader
+{
+    int number; ///< in its file, from 1
+    int n_nodes;
+    int n_faces; ///< of triangles and others
+    int has_normals;
+    int has_texture;
+};
 
-/// Imports mesh files one after the other and sends what they hold, how much is done, and what is wrong with the first
-/// that cannot be read, which is the last one then.
-void ms_send_files(const std::vector<std::string>& files, std::ostream& os);
-
-/// Receives one of the files. Its blocks have their nodes joined, and normals: their own, or those of their surface
-/// with that crease angle. Nothing that comes is trusted. Answers what is wrong, or nothing.
-std::string ms_receive_file(std::istream& is, const giAngle& crease, const ms_block_taker& take,
-                            const ms_progress& progress);
+/// What comes before the corners of its triangles.
+struct msCornersHeader
+{
+    int n_triangles;
+    int in_order; ///< the corners are all nodes as they come, and not sent
+};

@@ -2,7 +2,7 @@
 
 #include "msChild.h"
 #include "msMeshFile.h"
-#include "msMessages.h"
+#include "msReceiving.h"
 #include "msTarnFile.h"
 
 #include "flMessages.h"
@@ -128,7 +128,7 @@ msReading::msReading(const std::vector<std::string>& files, const giAngle& creas
     std::copy_if(files.begin(), files.end(), std::back_inserter(imported),
                  [](const std::string& file) { return ms_readable(file); });
     if (!imported.empty())
-        shared.child.emplace([&](std::ostream& os) { ms_send_files(imported, os); });
+        shared.child.emplace(imported);
     shared.thread = std::thread([&shared] { shared.read(); });
 }
 

@@ -20,8 +20,8 @@ enum msReadingStatus
 class msReading
 {
 public:
-    /// Starts. To be made where no other thread is in the middle of loading libraries: the process of the importers is
-    /// a copy of this one.
+    /// Starts. To be made where no other thread is in the middle of loading libraries: the process of the importers may
+    /// be a copy of this one.
     msReading(const std::vector<std::string>& files, const giAngle& crease);
     /// Stops wherever it is.
     ~msReading();

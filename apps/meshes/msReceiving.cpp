@@ -1,67 +1,20 @@
-#include "msMessages.h"
+#include "msReceiving.h"
 
 #include "msChild.h"
-#include "msImport.h"
-#include "msMeshFile.h"
+#include "msMessages.h"
 #include "msPlaces.h"
-
-#include "flMessages.h"
 
 #include "gr_smooth_tblock.h"
 
 #include <algorithm>
 #include <cmath>
-#include <exception>
 #include <istream>
-#include <new>
-#include <ostream>
-#include <type_traits>
 
 namespace
 {
-// What a child says, one character before each: how much is done, a mesh, the end of a file, or what is wrong.
-enum Message : char
-{
-    PROGRESS = 'p',
-    MESH = 'm',
-    END = 'e',
-    FAULT = 'f'
-};
-
-// What comes before the positions of a mesh.
-struct MeshHeader
-{
-    int number; // in its file, from 1
-    int n_nodes;
-    int n_faces; // of triangles and others
-    int has_normals;
-    int has_texture;
-};
-
-// What comes before the corners of its triangles.
-struct CornersHeader
-{
-    int n_triangles;
-    int in_order; // the corners are all nodes as they come, and not sent
-};
-
 // Room is made as values arrive: a count alone takes no memory that is used.
 constexpr int piece = 1 << 14;
 constexpr int most_reserved = 1 << 24;
-
-template <class Value>
-void send(std::ostream& os, const Value& value)
-{
-    static_assert(std::is_trivially_copyable_v<Value>);
-    os.write(reinterpret_cast<const char*>(&value), sizeof value);
-}
-
-template <class Value>
-void send_all(std::ostream& os, const Value* values, int count)
-{
-    static_assert(std::is_trivially_copyable_v<Value>);
-    os.write(reinterpret_cast<const char*>(values), static_cast<std::streamsize>(sizeof(Value)) * count);
-}
 
 template <class Value>
 bool receive(std::istream& is, Value& value)
@@ -99,27 +52,6 @@ bool receive_all(std::istream& is, int count, const Add& add)
                                     });
 }
 
-void send_mesh(std::ostream& os, const msMesh& mesh)
-{
-    send(os, MESH);
-    send(os, MeshHeader{mesh.number, mesh.n_nodes, mesh.n_faces, mesh.normals != nullptr, mesh.texture != nullptr});
-    send_all(os, mesh.positions, 3 * mesh.n_nodes);
-    // These are gathered while the other side is busy with the positions.
-    const std::vector<int> corners = mesh.corners();
-    const int count = static_cast<int>(corners.size());
-    bool in_order = count == mesh.n_nodes;
-    for (int i = 0; i < count && in_order; ++i)
-        in_order = corners[static_cast<std::size_t>(i)] == i;
-    send(os, CornersHeader{count / 3, in_order});
-    if (!in_order)
-        send_all(os, corners.data(), count);
-    if (mesh.normals)
-        send_all(os, mesh.normals, 3 * mesh.n_nodes);
-    if (mesh.texture)
-        send_all(os, mesh.texture, 3 * mesh.n_nodes);
-    os.flush();
-}
-
 giVector3 usable_normal(const float* n)
 {
     // A node of triangles without area has no direction of its own.
@@ -131,7 +63,7 @@ giVector3 usable_normal(const float* n)
 // Null when what comes is no mesh; fault is then set where the file is to blame.
 std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease, std::string& fault)
 {
-    MeshHeader header{};
+    msMeshHeader header{};
     if (!receive(is, header) || header.n_nodes < 0)
         return nullptr;
     auto block = std::make_unique<giTriBlock>();
@@ -159,7 +91,7 @@ std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease
     }
     block->nodes() = giBoxArrPoint3(std::move(nodes));
 
-    CornersHeader corners{};
+    msCornersHeader corners{};
     if (!receive(is, corners) || corners.n_triangles < 0)
         return nullptr;
     std::vector<giTriangle>& triangles = block->triangles();
@@ -203,53 +135,20 @@ std::unique_ptr<giTriBlock> receive_mesh(std::istream& is, const giAngle& crease
 }
 }
 
-void ms_send_files(const std::vector<std::string>& files, std::ostream& os)
-{
-    const ms_progress progress = [&os](double share)
-    {
-        send(os, PROGRESS);
-        send(os, share);
-        os.flush();
-    };
-    for (const std::string& file : files)
-    {
-        std::string fault;
-        try
-        {
-            ms_import(
-                file, ms_ending(file), [&os](const msMesh& mesh) { send_mesh(os, mesh); }, fault, progress);
-        }
-        catch (const std::bad_alloc&)
-        {
-            fault = ms_no_memory;
-        }
-        catch (const std::exception& exception)
-        {
-            fault = fl_printable(exception.what());
-        }
-        send(os, fault.empty() ? END : FAULT);
-        if (fault.empty())
-            continue;
-        send(os, static_cast<int>(fault.size()));
-        send_all(os, fault.data(), static_cast<int>(fault.size()));
-        return;
-    }
-}
-
 std::string ms_receive_file(std::istream& is, const giAngle& crease, const ms_block_taker& take,
                             const ms_progress& progress)
 {
     int n_blocks = 0;
-    for (Message message{}; receive(is, message);)
+    for (msMessage message{}; receive(is, message);)
     {
         double share = 0;
         int length = 0;
         std::string fault;
-        if (message == END)
+        if (message == msEND)
             return n_blocks > 0 ? "" : "the file holds no triangles";
-        if (message == PROGRESS && receive(is, share) && progress)
+        if (message == msPROGRESS && receive(is, share) && progress)
             progress(share);
-        if (message == MESH)
+        if (message == msMESH)
         {
             std::unique_ptr<giTriBlock> block = receive_mesh(is, crease, fault);
             if (!block)
@@ -259,7 +158,7 @@ std::string ms_receive_file(std::istream& is, const giAngle& crease, const ms_bl
             ++n_blocks;
             take(std::move(block));
         }
-        if (message == FAULT && receive(is, length) &&
+        if (message == msFAULT && receive(is, length) &&
             receive_all<char, 1>(is, length, [&](const char* c) { fault += *c; }))
             return fault;
     }
