@@ -225,6 +225,7 @@ function(gr_install_program target)
     set_target_properties(${target} PROPERTIES INSTALL_RPATH $ORIGIN/${libraries})
     if(GR_INSTALL)
         install(TARGETS ${target} COMPONENT tools)
+        set_property(GLOBAL APPEND PROPERTY GR_INSTALLED_PROGRAMS ${target})
     endif()
 endfunction()
 

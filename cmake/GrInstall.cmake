@@ -4,6 +4,11 @@
 
 include(CMakePackageConfigHelpers)
 
+# Builds what is installed and nothing else.
+get_property(installed_libraries GLOBAL PROPERTY GR_SHARED_LIBRARIES)
+get_property(installed_programs GLOBAL PROPERTY GR_INSTALLED_PROGRAMS)
+add_custom_target(gr_installed DEPENDS ${installed_libraries} ${installed_programs})
+
 set(cmake_folder ${CMAKE_INSTALL_LIBDIR}/cmake/gr)
 install(EXPORT gr NAMESPACE gr:: FILE grTargets.cmake DESTINATION ${cmake_folder} COMPONENT development)
 configure_package_config_file(${PROJECT_SOURCE_DIR}/packaging/grConfig.cmake.in ${PROJECT_BINARY_DIR}/grConfig.cmake

@@ -1,5 +1,4 @@
-// Turns a tarn file with the mouse in a window that SDL made, with the application's own drawing around it: host_sdl
-// part.tarn
+// Turns a tarn file with the mouse in a window that SDL made: host_sdl part.tarn
 #include "dgClientStructure.h"
 #include "dgGLHostArea.h"
 #include "dgRef.h"
