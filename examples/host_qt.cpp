@@ -6,6 +6,7 @@
 #include "grCanvas.h"
 #include "grStdTwiddling.h"
 #include "grTwiddleMan.h"
+#include "grViewOperations.h"
 #include "gr_read_tarn_tblock.h"
 #include "gwQtWidget.h"
 #include "gwResourceDB.h"
@@ -42,6 +43,12 @@ int main(int argc, char** argv)
             twiddling.emplace(&area.input(), &settings, nullptr, nullptr);
             area.idle_callback([&] { return twiddling->twiddle_man()->idle() != grIDLE_DONE; });
             area.resize_callback([&] { canvas->resize(area.width(), area.height()); });
+            canvas->redraw();
+        });
+    widget.pan_callback(
+        [&](double right, double up)
+        {
+            grViewOperations::pan(canvas->view(0), giVector2(right, up));
             canvas->redraw();
         });
     widget.setWindowTitle("host_qt");

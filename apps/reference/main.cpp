@@ -1,4 +1,5 @@
-// Prints tables of what the library reads, as Markdown: gr-reference-tables resources | keys | modifiers | tools FILE
+// Prints tables of what the library reads, as Markdown: gr-reference-tables resources | key_types | keys | modifiers |
+// tools FILE
 #include "grResourceKey.h"
 #include "grStdToolFactory.h"
 #include "grStringConverter.h"
@@ -13,12 +14,21 @@
 
 namespace
 {
-// The words of a text of actions. Numbers are asked of the converter, which also tells whether a word is known at all.
+// The words of a text of actions, kinds of keys with what their numbers are. Numbers are asked of the converter, which
+// also tells whether a word is known at all.
 constexpr const char* modifier_words[] = {"control", "shift", "alt", "f1", "f2",  "f3",  "f4", "f5",
                                           "f6",      "f7",    "f8",  "f9", "f10", "f11", "f12"};
 constexpr const char* other_key_words[] = {"insert",       "delete",     "home",     "end",         "page_up",
                                            "page_down",    "left_arrow", "up_arrow", "right_arrow", "down_arrow",
                                            "print_screen", "pause",      "shift",    "ctrl",        "alt"};
+
+constexpr const char* key_type_words[][2] = {
+    {"qwerty_key", "a number: the upper-case ASCII code of the key, 82 is R"},
+    {"function_key", "its number, from 1"},
+    {"mouse_button", "a number: 1 left, 2 middle, 3 right; held while the tool acts"},
+    {"mouse_click", "the same; pressed and released in one place"},
+    {"mouse_double_click", "the same; twice within half a second"},
+    {"other_key", "a word of the table below"}};
 
 const char* kind_text(grResourceKind kind)
 {
@@ -64,6 +74,22 @@ int print_resources()
     return 1;
 }
 
+bool print_key_types()
+{
+    std::cout << "| Word | What follows it |\n|---|---|\n";
+    for (const auto& [word, follows] : key_type_words)
+    {
+        gwKeyType type = gwQWERTY_KEY;
+        if (!grStringConverter::to_key_type(word, type))
+        {
+            std::cerr << "gr-reference-tables: the library does not know the word " << word << '\n';
+            return false;
+        }
+        std::cout << "| `" << word << "` | " << follows << " |\n";
+    }
+    return true;
+}
+
 template <class Words, class Convert>
 bool print_words(const char* heading, const Words& words, Convert convert)
 {
@@ -107,12 +133,14 @@ int main(int argc, char** argv)
     const std::string_view table = argc > 1 ? argv[1] : "";
     if (table == "resources" && argc == 2)
         return !print_resources();
+    if (table == "key_types" && argc == 2)
+        return !print_key_types();
     if (table == "keys" && argc == 2)
         return !print_words("Number in sessions", other_key_words, &grStringConverter::to_other_key);
     if (table == "modifiers" && argc == 2)
         return !print_words("Bit in sessions", modifier_words, &grStringConverter::to_modifier);
     if (table == "tools" && argc == 3)
         return !print_tools(argv[2]);
-    std::cerr << "usage: gr-reference-tables resources | keys | modifiers | tools DOCUMENT\n";
+    std::cerr << "usage: gr-reference-tables resources | key_types | keys | modifiers | tools DOCUMENT\n";
     return 2;
 }

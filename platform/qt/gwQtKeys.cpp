@@ -1,5 +1,7 @@
 #include "gwQtKeys.h"
 
+#include <QWheelEvent>
+
 gwHostKey gw_qt_key(int qt_key)
 {
     if (qt_key >= Qt::Key_F1 && qt_key <= Qt::Key_F35)
@@ -51,4 +53,13 @@ int gw_qt_modifiers(Qt::KeyboardModifiers modifiers)
 {
     return (modifiers & Qt::ControlModifier ? gwMODIFIER_CONTROL : 0) |
            (modifiers & Qt::ShiftModifier ? gwMODIFIER_SHIFT : 0) | (modifiers & Qt::AltModifier ? gwMODIFIER_ALT : 0);
+}
+
+int gw_qt_moves_on_touch_pad(const QWheelEvent& event, QPointF& way)
+{
+    // Wheels have no phases, and only what follows fingers tells pixels.
+    if (event.pixelDelta().isNull() || event.phase() == Qt::NoScrollPhase || event.modifiers() & Qt::ControlModifier)
+        return 0;
+    way = event.pixelDelta();
+    return 1;
 }

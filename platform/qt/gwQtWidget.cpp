@@ -67,6 +67,7 @@ private:
 struct gwQtWidget::Native
 {
     std::function<void(dgGLHostArea&)> started;
+    std::function<void(double right, double up)> pan;
     std::unique_ptr<dgGLHostArea> area;
     Context* context = nullptr; // owned by the area's device
     std::string error;
@@ -98,6 +99,11 @@ gwQtWidget::~gwQtWidget() = default;
 void gwQtWidget::started_callback(std::function<void(dgGLHostArea&)> callback)
 {
     the_native->started = std::move(callback);
+}
+
+void gwQtWidget::pan_callback(std::function<void(double right, double up)> callback)
+{
+    the_native->pan = std::move(callback);
 }
 
 dgGLHostArea* gwQtWidget::area() const
@@ -210,7 +216,10 @@ bool gwQtWidget::event(QEvent* event)
     {
         const auto* wheel = static_cast<QWheelEvent*>(event);
         events.pointer(wheel->position().x(), wheel->position().y());
-        events.wheel(wheel->angleDelta().y() / notch);
+        if (QPointF way; the_native->pan && gw_qt_moves_on_touch_pad(*wheel, way))
+            the_native->pan(way.x() * devicePixelRatioF(), -way.y() * devicePixelRatioF());
+        else
+            events.wheel(wheel->angleDelta().y() / notch);
         event->accept();
         break;
     }

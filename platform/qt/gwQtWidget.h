@@ -32,6 +32,10 @@ public:
     /// Called once, when the area is there; it makes renderer, views and twiddling, and draws for the first time.
     void started_callback(std::function<void(dgGLHostArea&)> callback);
 
+    /// Called when two fingers move on a touch pad, with their way in device pixels, for grViewOperations::pan and a
+    /// redraw. Without it, and while control is held, they turn the wheel.
+    void pan_callback(std::function<void(double right, double up)> callback);
+
     /// Null until the widget is shown for the first time, and for ever when there is no OpenGL 3.3: then error says
     /// why.
     dgGLHostArea* area() const;

@@ -1,5 +1,6 @@
 #include "gwQtKeys.h"
 
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include <utility>
@@ -34,4 +35,19 @@ TEST(gwQtKeys, numbers_buttons_from_left_to_right_and_translates_modifiers)
     EXPECT_EQ(gw_qt_modifiers(Qt::ControlModifier | Qt::KeypadModifier), 1);
     EXPECT_EQ(gw_qt_modifiers(Qt::ShiftModifier), 2);
     EXPECT_EQ(gw_qt_modifiers(Qt::AltModifier | Qt::MetaModifier), 4);
+}
+
+TEST(gwQtKeys, tells_fingers_on_a_touch_pad_from_wheels)
+{
+    const auto moves = [](QPoint pixels, Qt::ScrollPhase phase, Qt::KeyboardModifiers modifiers)
+    {
+        QPointF way;
+        const QWheelEvent event(QPointF(), QPointF(), pixels, QPoint(0, 120), Qt::NoButton, modifiers, phase, false);
+        return gw_qt_moves_on_touch_pad(event, way) && way == QPointF(pixels);
+    };
+    EXPECT_TRUE(moves(QPoint(3, -4), Qt::ScrollUpdate, Qt::NoModifier));
+    EXPECT_TRUE(moves(QPoint(3, -4), Qt::ScrollMomentum, Qt::ShiftModifier)) << "they have left it, and it goes on";
+    EXPECT_FALSE(moves(QPoint(3, -4), Qt::ScrollUpdate, Qt::ControlModifier));
+    EXPECT_FALSE(moves(QPoint(0, 0), Qt::ScrollUpdate, Qt::NoModifier)) << "a wheel of a touch screen";
+    EXPECT_FALSE(moves(QPoint(0, 15), Qt::NoScrollPhase, Qt::NoModifier)) << "a wheel that tells pixels";
 }
