@@ -12,12 +12,14 @@
 #include "grViewRefresherTimeout.h"
 #include "grViewRendererFast.h"
 #include "grViewSmoother.h"
+#include "gr_time_refresh.h"
 #include "tsCommand.h"
 #include "tsScene.h"
 #include "tsShapes.h"
 #include "utTypeID.h"
 
 #include <algorithm>
+#include <functional>
 #include <stdexcept>
 
 namespace
@@ -74,6 +76,7 @@ public:
         add_set_up();
         add_refreshers();
         add_renderers();
+        add_probes();
         add_timeout_renderer();
         add_smoother();
     }
@@ -308,6 +311,52 @@ private:
         {
             return std::vector<double>{double(timeout().count(category)), double(timeout().quota(category)),
                                        timeout().ratio(category), timeout().rate(category)};
+        };
+    }
+
+    // Each notes the frames and their seconds, and the probe of picking what it picked.
+    void add_probes()
+    {
+        using Probe = std::function<void(dgView*, double, int&, double&)>;
+        const auto timed = [this](dgView& view, double seconds, const Probe& probe)
+        {
+            int frames = -1;
+            double elapsed = -1;
+            probe(&view, seconds, frames, elapsed);
+            the_stage.note_values({double(frames), elapsed});
+        };
+        using namespace std::placeholders;
+        on("time_static") = [=](dgView& view, double seconds) { timed(view, seconds, gr_time_static_refresh); };
+        on("time_rotating") = [=](dgView& view, double seconds, gi_Axis axis, double angle)
+        { timed(view, seconds, std::bind(gr_time_rotating_refresh, _1, _2, axis, angle, _3, _4)); };
+        on("time_fast") = [=](dgView& view, double seconds, gi_Axis axis, double angle)
+        { timed(view, seconds, std::bind(gr_time_fast_rotating_refresh, _1, _2, axis, angle, _3, _4)); };
+        on("time_zooming") = [=](dgView& view, double seconds, tsArguments& in)
+        {
+            std::vector<double> factors;
+            while (in.more())
+                factors.push_back(in.number());
+            timed(view, seconds,
+                  std::bind(gr_time_zooming_refresh, _1, _2, factors.data(), static_cast<int>(factors.size()), _3, _4));
+        };
+        on("time_network") = [=](dgView& view)
+        { timed(view, 0, [](dgView* v, double, int&, double& elapsed) { gr_time_render_network(v, elapsed); }); };
+        on("pick_settings") = [this](tsArguments& in)
+        {
+            dgRenderer& renderer = *the_stage.window().renderer;
+            if (in.more())
+            {
+                const int count = in.integer();
+                renderer.pick_settings({count, in.integer(), 1});
+            }
+            return std::vector<double>{double(renderer.pick_settings().largest_count),
+                                       double(renderer.pick_settings().lines)};
+        };
+        on("time_pick") = [=](dgView& view, double seconds)
+        {
+            int picked = -1;
+            timed(view, seconds, std::bind(gr_time_pick, _1, _2, _3, _4, std::ref(picked), dgPICK_EXACT, 0, 1, 1));
+            return picked;
         };
     }
 
