@@ -73,7 +73,7 @@ const struct
     {"show", "all", "show all there is"},
     {"show", nullptr, "hide what is selected, or is under the pointer"},
     {"view", nullptr, "look from that side"},
-    {"fit", nullptr, "fit the view to all there is"},
+    {"fit", nullptr, "fit the view to what is shown"},
     {"section", "flip", "cut the other side away"},
     {"section", "x", "cut across the x axis, or no longer; hold it and move the pointer to move the cut"},
     {"section", "y", "cut across the y axis, likewise"},

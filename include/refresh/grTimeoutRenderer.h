@@ -121,6 +121,7 @@ private:
     int the_idle_position = 0;     // elements drawn, of those in the order of the network
     dgNetworkPlace the_idle_place; // behind them
     bool the_box_is_shown = false;
+    bool the_shows_see_through = false;
     double the_full_time = 0;
     int the_full_time_recorded = 0;
     int the_rates_measured = 0;

@@ -12,6 +12,14 @@
 #include <vector>
 
 class dgView;
+struct dgPickHit;
+
+/// Triangles of a block.
+struct grSelectedTriangles
+{
+    dgElementPath path;       ///< to the block
+    std::vector<int> numbers; ///< ascending
+};
 
 /// What becomes of parts that are selected already when others are.
 enum grSelectMode
@@ -49,10 +57,16 @@ public:
     dgElementPath part(const dgElementPath& path) const;
 
     void select(const std::vector<dgElementPath>& parts, grSelectMode mode = grSELECT_ONLY);
+    /// Selects neither parts nor triangles.
     void clear() { select({}); }
     /// In the order in which they were selected.
     const std::vector<dgElementPath>& selected() const { return the_selected; }
     int is_selected(const dgElementPath& part) const;
+
+    /// Selects triangles that were picked (grPICK_FEATURES), apart from parts; hits of anything else are left out.
+    /// Either kind ends the selection of the other with grSELECT_ONLY.
+    void select_triangles(const std::vector<dgPickHit>& hits, grSelectMode mode = grSELECT_ONLY);
+    const std::vector<grSelectedTriangles>& selected_triangles() const { return the_selected_triangles; }
 
     /// What lies under the pointer; an empty path is nothing.
     void hover(const dgElementPath& part);
@@ -94,6 +108,7 @@ private:
     };
     static Key key(const dgElementPath& path);
     const State* find(const dgElementPath& path) const;
+    void show_triangles(const grSelectedTriangles& triangles);
     template <class Change>
     void change(const dgElementPath& path, Change change);
     void draw();
@@ -104,6 +119,7 @@ private:
     int the_part_calls = 0;
     std::map<Key, State> the_states; // of parts that are not as usual
     std::vector<dgElementPath> the_selected;
+    std::vector<grSelectedTriangles> the_selected_triangles;
     dgElementPath the_hovered;
     gsColour the_selected_colour{1.0, 0.55, 0.1};
     gsColour the_hovered_colour{0.5, 0.75, 1.0};

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "dgGraphicalElement.h"
+#include "dgGraphicalPrimitive.h"
 #include "dgLooks.h"
 #include "dgNetworkPlace.h"
 #include "dgNetworkWalk.h"
@@ -87,20 +87,29 @@ void gr_walk_network(const dgStructure& root, const dgLooks* looks, dgRenderer* 
             dgLooks::Place look;
             if (element->kind() != dgELEMENT_ATTRIBUTE && !dgLooks::enter(the_looks.back(), *element, look))
                 return true;
+            bool go_on = visit(*element, look);
+            if (dgLooks::Place over; element->kind() == dgELEMENT_PRIMITIVE)
+                if (const auto* triangles =
+                        dgLooks::triangles(look, static_cast<const dgGraphicalPrimitive&>(*element), over))
+                    go_on &= visit(*triangles, over);
+            if (go_on)
+                return true;
+            stop = place;
+            ++stop.back();
+            return false;
+        }
+        bool visit(const dgGraphicalElement& element, const dgLooks::Place& look)
+        {
             const bool own_look = the_renderer && dgLooks::has_look(look);
             if (own_look)
             {
                 the_renderer->push_structure();
                 dgLooks::put_in_force(look, *the_renderer);
             }
-            const bool go_on = the_visit(*element);
+            const bool go_on = the_visit(element);
             if (own_look)
                 the_renderer->pop_structure();
-            if (go_on)
-                return true;
-            stop = place;
-            ++stop.back();
-            return false;
+            return go_on;
         }
         void leave(const dgStructure&)
         {

@@ -69,19 +69,26 @@ void record(grTimingStats* ring, double seconds)
 class Drawing
 {
 public:
-    explicit Drawing(dgView& view) : the_main_driver(*view.renderer(), 0), the_view(view)
+    // shows_see_through becomes whether something see-through was drawn.
+    Drawing(dgView& view, bool& shows_see_through)
+        : the_main_driver(*view.renderer(), 0), the_view(view), the_shows_see_through(shows_see_through)
     {
         if (!view.user_clip_planes())
             view.camera().clip_bounding_box(view.root()->bounding_box(), view.clipping_mode());
         view.begin();
     }
-    ~Drawing() { the_view.end(); }
+    ~Drawing()
+    {
+        the_view.end();
+        the_shows_see_through = the_view.renderer() && the_view.renderer()->drew_see_through();
+    }
     Drawing(const Drawing&) = delete;
     Drawing& operator=(const Drawing&) = delete;
 
 private:
     dgSelectedDriver the_main_driver;
     dgView& the_view;
+    bool& the_shows_see_through;
 };
 }
 
@@ -268,7 +275,7 @@ void grTimeoutRenderer::refresh_draw()
     erase();
     if (visible())
     {
-        const Drawing drawing(*the_view);
+        const Drawing drawing(*the_view, the_shows_see_through);
         const int drawn = refresh_draw_elements(*renderer, stopwatch);
         if (drawn > 0)
         {
@@ -343,7 +350,7 @@ void grTimeoutRenderer::draw_thinned_frame()
         the_idle_position = the_infos.count();
     if (!visible())
         return;
-    const Drawing drawing(*the_view);
+    const Drawing drawing(*the_view, the_shows_see_through);
     if (!draw_quotas(*the_view->renderer()))
         draw_box();
 }
@@ -368,10 +375,11 @@ int grTimeoutRenderer::draw_quotas(dgRenderer& renderer)
     return drawn;
 }
 
+// What is drawn later would lie over what is see-through.
 int grTimeoutRenderer::idle_draw_needed() const
 {
-    return the_view->renderer() && visible() && (edited() || the_idle_position < the_infos.count()) &&
-           !gr_uncovered_boxes(*the_view).empty();
+    return !(the_shows_see_through && !edited()) && the_view->renderer() && visible() &&
+           (edited() || the_idle_position < the_infos.count()) && !gr_uncovered_boxes(*the_view).empty();
 }
 
 grIdleAction grTimeoutRenderer::idle_draw()
@@ -400,7 +408,7 @@ grIdleAction grTimeoutRenderer::idle_draw()
                      {
                          if (anew)
                              erase();
-                         const Drawing drawing(*the_view);
+                         const Drawing drawing(*the_view, the_shows_see_through);
                          place = the_idle_place;
                          end = idle_draw_elements(renderer, std::exchange(time_left, nullptr), place, end);
                      });
@@ -448,7 +456,7 @@ void grTimeoutRenderer::end_twiddle_draw()
     if (edited())
         count_structure();
     {
-        const Drawing drawing(*the_view);
+        const Drawing drawing(*the_view, the_shows_see_through);
         end_draw_elements(*renderer);
     }
     for (grElementCategory& category : the_categories)

@@ -4,10 +4,9 @@
 #include "dgFeatureTree.h"
 #include "dgLighting.h"
 #include "dgLineColour.h"
-#include "dgLooks.h"
-#include "dgNetworkWalk.h"
 #include "dgPolyline.h"
 #include "dgRenderer.h"
+#include "dgShownWalk.h"
 #include "dgSurfaceColour.h"
 #include "dgTriangleBlock.h"
 #include "dgView.h"
@@ -63,59 +62,22 @@ private:
     double the_offset;
 };
 
-// Adds the edges along which a plane cuts the blocks of a network to an outline.
-class CutWalk : public dgPlacingVisitor
+// Adds the edges along which a plane cuts blocks to an outline.
+class Cutter
 {
 public:
-    // Tells the walk which call was met last.
-    class Cursor : public dgElementCursor
-    {
-    public:
-        Cursor(const dgStructure& structure, CutWalk& walk) : dgElementCursor(structure), the_walk(&walk) {}
-        Item next() { return the_walk->the_met = dgElementCursor::next(); }
+    Cutter(const giPlane& plane, giOutline& outline) : the_plane(plane), the_outline(outline) {}
 
-    private:
-        CutWalk* the_walk;
-    };
-
-    CutWalk(const dgLooks* looks, const giPlane& plane, giOutline& outline) : the_plane(plane), the_outline(outline)
-    {
-        if (looks)
-            the_next = looks->root();
-    }
-    bool enter(const dgStructure& structure)
-    {
-        if (the_met && !dgLooks::enter(the_places.back(), *the_met, the_next))
-            return false;
-        the_places.push_back(the_next);
-        return dgPlacingVisitor::enter(structure);
-    }
-    Cursor cursor(const dgStructure& structure) { return Cursor(structure, *this); }
-    bool visit(const dgGraphicalElement* element)
-    {
-        dgLooks::Place place;
-        if (!pass(*element) && element->type() == dgTYPE_TRIANGLE_BLOCK &&
-            dgLooks::enter(the_places.back(), *element, place))
-            cut(static_cast<const dgTriangleBlock&>(*element));
-        return true;
-    }
-    void leave(const dgStructure& structure)
-    {
-        the_places.pop_back();
-        dgPlacingVisitor::leave(structure);
-    }
-
-private:
-    void cut(const dgTriangleBlock& element)
+    void cut(const dgTriangleBlock& element, const giXform3& to_world)
     {
         const giTriBlock& block = element.block();
-        const Distance distance(the_plane, transform());
+        const Distance distance(the_plane, to_world);
         if (!distance.meets(element.bounding_box()))
             return;
         if (block.triangle_count() < dgFeatureTree::least_features)
         {
             for (int i = 0; i < block.triangle_count(); ++i)
-                cut(block, i, distance);
+                cut(block, i, distance, to_world);
             return;
         }
         const dgFeatureTree& features = element.feature_tree();
@@ -123,12 +85,13 @@ private:
                              [&](int group, bool)
                              {
                                  for (const unsigned feature : features.features(group))
-                                     cut(block, static_cast<int>(feature), distance);
+                                     cut(block, static_cast<int>(feature), distance, to_world);
                              });
     }
 
+private:
     // Corners in the plane count as positive, so that a triangle is cut at two edges or not at all.
-    void cut(const giTriBlock& block, int number, const Distance& distance)
+    void cut(const giTriBlock& block, int number, const Distance& distance, const giXform3& to_world)
     {
         const giTriangle& triangle = block.triangles()[static_cast<std::size_t>(number)];
         std::array<giPoint3, 3> p;
@@ -144,9 +107,9 @@ private:
             {
                 giPoint3 ends[2];
                 for (int i = 0; i < 2; ++i)
-                    ends[i] = crossing(p, d, alone, (alone + 1 + i) % 3) * transform();
+                    ends[i] = crossing(p, d, alone, (alone + 1 + i) % 3) * to_world;
                 // Seen against the normal of the cap, the inside is on the left.
-                const bool turned = positive(alone) != (transform().determinant() < 0);
+                const bool turned = positive(alone) != (to_world.determinant() < 0);
                 the_outline.add(ends[turned], ends[!turned]);
             }
     }
@@ -161,9 +124,6 @@ private:
 
     const giPlane& the_plane;
     giOutline& the_outline;
-    dgGraphicalElement* the_met = nullptr;
-    dgLooks::Place the_next;
-    std::vector<dgLooks::Place> the_places;
 };
 
 using Contours = std::vector<std::vector<giPoint2>>;
@@ -231,7 +191,14 @@ void grSectionCap::find(const dgView& view, const giPlane& plane)
 
     const giWorkplane3 workplane = workplane_of(plane);
     giOutline outline(workplane, relative_tolerance * box.diagonal().length());
-    dg_walk_network(*the_root, CutWalk(view.looks(), plane, outline));
+    Cutter cutter(plane, outline);
+    dg_walk_shown(*the_root, view.looks(),
+                  [&](const dgGraphicalElement& element, const giXform3& to_world)
+                  {
+                      if (element.type() == dgTYPE_TRIANGLE_BLOCK)
+                          cutter.cut(static_cast<const dgTriangleBlock&>(element), to_world);
+                      return true;
+                  });
     std::vector<std::vector<int>> loops;
     the_open_pieces = outline.take_loops(loops);
     Contours contours;

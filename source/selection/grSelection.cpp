@@ -1,5 +1,6 @@
 #include "grSelection.h"
 
+#include "dgPickHit.h"
 #include "dgRenderer.h"
 #include "dgView.h"
 #include "grRedraw.h"
@@ -8,6 +9,7 @@
 #include "grView.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 UT_DEFINE_TYPE(grSelection, coReceiver);
@@ -123,6 +125,10 @@ void grSelection::change(const dgElementPath& path, Change change)
 void grSelection::select(const std::vector<dgElementPath>& parts, grSelectMode mode)
 {
     const std::vector<dgElementPath> before = the_selected;
+    const bool had_triangles = mode == grSELECT_ONLY && !the_selected_triangles.empty();
+    if (had_triangles)
+        for (const grSelectedTriangles& triangles : std::exchange(the_selected_triangles, {}))
+            show_triangles({triangles.path, {}});
     const auto deselect = [this](const dgElementPath& part)
     {
         std::erase_if(the_selected, [&](const dgElementPath& one) { return key(one) == key(part); });
@@ -142,9 +148,63 @@ void grSelection::select(const std::vector<dgElementPath>& parts, grSelectMode m
         else if (mode == grSELECT_TOGGLE)
             deselect(part);
     draw();
-    if (!std::equal(before.begin(), before.end(), the_selected.begin(), the_selected.end(),
-                    [](const dgElementPath& a, const dgElementPath& b) { return key(a) == key(b); }) &&
+    const auto same = [](const dgElementPath& a, const dgElementPath& b) { return key(a) == key(b); };
+    if ((had_triangles || !std::equal(before.begin(), before.end(), the_selected.begin(), the_selected.end(), same)) &&
         the_changed_callback)
+        the_changed_callback(*this);
+}
+
+void grSelection::show_triangles(const grSelectedTriangles& triangles)
+{
+    the_looks->set_triangles(triangles.path, triangles.numbers, the_selected_colour);
+    the_recoloured.push_back(triangles.path);
+}
+
+void grSelection::select_triangles(const std::vector<dgPickHit>& hits, grSelectMode mode)
+{
+    struct Change
+    {
+        dgElementPath path;
+        std::set<int> before, now;
+    };
+    std::map<Key, Change> changes;
+    for (const grSelectedTriangles& triangles : the_selected_triangles)
+    {
+        Change& change = changes[key(triangles.path)];
+        change.path = triangles.path;
+        change.before.insert(triangles.numbers.begin(), triangles.numbers.end());
+        if (mode != grSELECT_ONLY)
+            change.now = change.before;
+    }
+    for (const dgPickHit& hit : hits)
+    {
+        if (hit.primitive().type() != dgTYPE_TRIANGLE_BLOCK)
+            continue;
+        Change& change = changes[key(hit.path)];
+        change.path = hit.path;
+        if (mode == grSELECT_TOGGLE && change.before.count(hit.feature))
+            change.now.erase(hit.feature);
+        else
+            change.now.insert(hit.feature);
+    }
+    const bool had_parts = mode == grSELECT_ONLY && !the_selected.empty();
+    if (had_parts)
+        for (const dgElementPath& part : std::exchange(the_selected, {}))
+            this->change(part, [](State& state) { state.selected = 0; });
+    bool changed = had_parts;
+    the_selected_triangles.clear();
+    for (const auto& [key, change] : changes)
+    {
+        const grSelectedTriangles triangles{change.path, {change.now.begin(), change.now.end()}};
+        if (!change.now.empty())
+            the_selected_triangles.push_back(triangles);
+        if (change.now == change.before)
+            continue;
+        show_triangles(triangles);
+        changed = true;
+    }
+    draw();
+    if (changed && the_changed_callback)
         the_changed_callback(*this);
 }
 
@@ -235,6 +295,8 @@ void grSelection::colours(const gsColour& selected, const gsColour& hovered)
         parts.push_back(state.path);
     for (const dgElementPath& part : parts)
         change(part, [](State&) {});
+    for (const grSelectedTriangles& triangles : the_selected_triangles)
+        show_triangles(triangles);
     draw();
 }
 

@@ -1,6 +1,7 @@
 #include "grTimeoutRenderer.h"
 
 #include "dgLineWidth.h"
+#include "dgOpacity.h"
 #include "dgPointSet.h"
 #include "dgStructureCall.h"
 #include "grTimeoutRendererCache.h"
@@ -64,6 +65,22 @@ struct Scene : tsHeavyView
     }
     dgRef<dgStructure> root{new dgClientStructure};
 };
+}
+
+TEST(grTimeoutRenderer, draws_nothing_over_what_is_see_through)
+{
+    for (const double opacity : {1.0, 0.5})
+    {
+        Scene scene;
+        scene.root->add(new dgOpacity(opacity));
+        scene.add(100, [] { return ts_block(64); });
+        grTimeoutRenderer renderer(&scene.view(), 0);
+        renderer.get_ready(1, 1, 1, 1);
+        const long long thinned = scene.frame(renderer);
+        EXPECT_GT(thinned, 0);
+        const long long later = scene.drawn([&] { renderer.idle_draw(); });
+        EXPECT_EQ(later > 0, opacity == 1) << opacity;
+    }
 }
 
 TEST(grTimeoutRenderer, counts_primitives_by_category_through_calls)

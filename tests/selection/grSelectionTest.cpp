@@ -51,6 +51,18 @@ void change(grSelection& selection, tsRandomNetwork& random)
     case 3:
     case 4:
     case 5: return selection.hover(path);
+    case 6:
+        if (path.back()->type() == dgTYPE_TRIANGLE_BLOCK)
+        {
+            std::vector<dgPickHit> hits(3);
+            for (dgPickHit& hit : hits)
+            {
+                hit.path = path;
+                hit.feature = random.whole(0, 20); // there may be fewer triangles
+            }
+            return selection.select_triangles(hits, static_cast<grSelectMode>(random.whole(0, 2)));
+        }
+        [[fallthrough]];
     default: return selection.select({path}, static_cast<grSelectMode>(random.whole(0, 2)));
     }
 }
@@ -226,6 +238,67 @@ TEST(dgOpacity, covers_a_share_of_what_is_behind_in_whatever_order)
         expect(30, 30, {128, 64, 0});
         expect(50, 10, {0, 128, 128});
     }
+}
+
+TEST(grSelection, shows_single_triangles)
+{
+    Scene scene;
+    scene.add(new dgLighting(0));
+    scene.add(rectangle(10, 10, 29, 19, -3));
+    scene.add(rectangle(40, 10, 49, 19, 7));
+    grSelection selection;
+    selection.colours(gsColour(1, 0, 0), gsColour(0, 0, 1));
+    selection.add_view(&scene.view);
+    int told = 0;
+    selection.changed_callback([&](grSelection&) { ++told; });
+    redraw(scene);
+    const auto under = [&](int x, int y) { return gr_pick(scene.view, giPoint2(x, y), grPICK_FRONT, grPICK_FEATURES); };
+    const auto select = [&](int x, int y, grSelectMode mode)
+    {
+        selection.select_triangles(under(x, y), mode);
+        EXPECT_EQ(under(x, y).size(), 1u) << "what is shown over a triangle is not picked";
+        return count_pixels(scene.picture(), {255, 0, 0});
+    };
+    const int half = select(28, 11, grSELECT_ONLY);
+    EXPECT_NEAR(half, 100, 11);
+    EXPECT_EQ(select(11, 18, grSELECT_ADD), 200);
+    EXPECT_EQ(select(11, 18, grSELECT_TOGGLE), half);
+    const int both = select(45, 11, grSELECT_TOGGLE), other = select(45, 11, grSELECT_ONLY);
+    EXPECT_EQ(both, half + other);
+    EXPECT_EQ(selection.selected_triangles().size(), 1u);
+    EXPECT_EQ(told, 5);
+    selection.select({path_to(*scene.root, 1)});
+    EXPECT_EQ(count_pixels(scene.picture(), {255, 0, 0}), 200);
+    EXPECT_TRUE(selection.selected_triangles().empty());
+    EXPECT_EQ(select(45, 11, grSELECT_ONLY), other);
+    EXPECT_TRUE(selection.selected().empty());
+    selection.clear();
+    EXPECT_EQ(count_pixels(scene.picture(), {255, 0, 0}), 0);
+    EXPECT_EQ(told, 8);
+}
+
+TEST(dgView, is_fitted_to_what_is_shown)
+{
+    Scene scene;
+    const dgRef<dgClientStructure> part(new dgClientStructure);
+    part->add(rectangle(10, 10, 20, 20));
+    part->add(rectangle(30, 10, 40, 20));
+    scene.add(rectangle(0, 0, 60, 40));
+    scene.add(new dgTransform(giXform3::translation({2, 3, 0})));
+    scene.add(new dgStructureCall(part.get()));
+    grSelection selection;
+    selection.add_view(&scene.view);
+    EXPECT_EQ(scene.view.shown_box(), scene.root->bounding_box());
+    selection.hide({path_to(*scene.root, 0)});
+    dgElementPath right = path_to(*scene.root, 2);
+    right.emplace_back(part->element(1));
+    selection.hide({right});
+    const giBox3 box = scene.view.shown_box();
+    EXPECT_EQ(box.middle(), giPoint3(17, 18, 0));
+    scene.view.view_bbox();
+    EXPECT_NEAR((scene.view.camera().view_centre() - box.middle()).length(), 0, 1e-9);
+    selection.isolate({right});
+    EXPECT_TRUE(scene.view.shown_box().empty());
 }
 
 TEST(gr_pick, finds_the_nearest_or_all_with_the_calls_that_lead_there)

@@ -167,7 +167,8 @@ public:
             pick(*step->run);
         else
             for (const dgLooks::Part& part : dgLooks::parts(the_looks.back(), *step->run))
-                pick(*part.run);
+                if (!part.over_another)
+                    pick(*part.run);
         return !the_picker.full();
     }
     void leave(const dgStructure&)

@@ -11,11 +11,64 @@
 #include "dgStamp.h"
 #include "dgSurfaceColour.h"
 #include "dgTextColour.h"
+#include "dgTriangleBlock.h"
+#include "giBox3.h"
+#include "giTriBlock.h"
 
+#include <algorithm>
 #include <deque>
 #include <utility>
 
 UT_DEFINE_TYPE(dgLooks, dgBase);
+
+namespace
+{
+using Attributes = std::vector<dgRef<dgGraphicalAttribute>>;
+
+void add_colours(Attributes& attributes, const gsColour& colour)
+{
+    const auto add = [&](dgGraphicalAttribute* attribute) { attributes.emplace_back(attribute); };
+    add(new dgLineColour(colour));
+    add(new dgMarkerColour(colour));
+    add(new dgTextColour(colour));
+    add(new dgSurfaceColour(colour));
+    add(new dgBackSurfaceColour(colour));
+}
+
+// A block of some triangles. Drivers store positions by the box of their block: with the same one the triangles have
+// the very depths of those that they lie on.
+dgRef<dgTriangleBlock> block_of(const giTriBlock& all, const std::vector<int>& numbers)
+{
+    auto some = std::make_unique<giTriBlock>();
+    std::unordered_map<int, int> places;
+    std::vector<int> nodes;
+    for (const int number : numbers)
+    {
+        if (number < 0 || number >= all.triangle_count())
+            continue;
+        giTriangle triangle = all.triangles()[static_cast<std::size_t>(number)];
+        for (int k = 0; k < 3; ++k)
+        {
+            const auto [place, is_new] = places.try_emplace(triangle[k], static_cast<int>(nodes.size()));
+            if (is_new)
+                nodes.push_back(triangle[k]);
+            triangle[k] = place->second;
+        }
+        some->triangles().push_back(triangle);
+    }
+    for (const int node : nodes)
+        some->nodes().append(all.nodes()[node]);
+    some->nodes().append(all.box().low());
+    some->nodes().append(all.box().high());
+    if (const std::vector<giVector3>* normals = all.normals())
+    {
+        std::vector<giVector3>& own = some->create_normals();
+        for (std::size_t i = 0; i < nodes.size(); ++i)
+            own[i] = (*normals)[static_cast<std::size_t>(nodes[i])];
+    }
+    return dgRef<dgTriangleBlock>(new dgTriangleBlock(some.release(), 1));
+}
+}
 
 struct dgLooks::Node
 {
@@ -31,7 +84,16 @@ struct dgLooks::Node
     dgRef<dgGraphicalElement> element; // held, so that no other one gets its address
     dgLook look;
     std::vector<dgRef<dgGraphicalAttribute>> attributes; // of the look
-    unsigned listed = 0;                                 // in which lists this is, with all below it
+    // Triangles of a block with a look of their own, and the block of them that was made last.
+    struct Triangles
+    {
+        std::vector<int> numbers;
+        std::unique_ptr<Node> node = std::make_unique<Node>(); // their look alone
+        dgRef<dgTriangleBlock> block;
+        unsigned long long stamp = 0; // of what it was made from
+    };
+    std::unique_ptr<Triangles> triangles;
+    unsigned listed = 0; // in which lists this is, with all below it
     unsigned leads_to_listed = 0;
     std::unordered_map<const dgGraphicalElement*, std::unique_ptr<Node>> children;
     std::unordered_map<unsigned long long, Split> splits; // by the number of the run and the lists that part it
@@ -45,6 +107,11 @@ struct dgLooks::Node
     static unsigned long long key(const dgPrimitiveRun& run, const Place& place)
     {
         return run.number << n_lists | (~place.inside & ((1u << n_lists) - 1));
+    }
+    bool hides() const
+    {
+        return look.hidden ||
+               std::any_of(children.begin(), children.end(), [](const auto& child) { return child.second->hides(); });
     }
     void leave_list(unsigned which)
     {
@@ -84,13 +151,14 @@ dgLooks::Node& dgLooks::node(const dgElementPath& path)
 
 void dgLooks::prune(Node& node)
 {
-    const auto pruned = std::erase_if(node.children,
-                                      [this](const auto& entry)
-                                      {
-                                          Node& child = *entry.second;
-                                          prune(child);
-                                          return child.children.empty() && child.look.plain() && !child.listed;
-                                      });
+    const auto pruned =
+        std::erase_if(node.children,
+                      [this](const auto& entry)
+                      {
+                          Node& child = *entry.second;
+                          prune(child);
+                          return child.children.empty() && child.look.plain() && !child.listed && !child.triangles;
+                      });
     if (pruned)
         node.splits.clear(); // they point there
 }
@@ -106,13 +174,7 @@ void dgLooks::set(const dgElementPath& path, const dgLook& look)
     part.attributes.clear();
     const auto add = [&](dgGraphicalAttribute* attribute) { part.attributes.emplace_back(attribute); };
     if (look.coloured)
-    {
-        add(new dgLineColour(look.colour));
-        add(new dgMarkerColour(look.colour));
-        add(new dgTextColour(look.colour));
-        add(new dgSurfaceColour(look.colour));
-        add(new dgBackSurfaceColour(look.colour));
-    }
+        add_colours(part.attributes, look.colour);
     if (look.unlit)
         add(new dgLighting(0));
     if (look.opacity < 1)
@@ -122,13 +184,49 @@ void dgLooks::set(const dgElementPath& path, const dgLook& look)
     changed();
 }
 
-dgLook dgLooks::find(const dgElementPath& path) const
+void dgLooks::set_triangles(const dgElementPath& path, const std::vector<int>& triangles, const gsColour& colour)
+{
+    if (path.empty() || (triangles.empty() && !find_node(path)))
+        return;
+    Node& part = node(path);
+    node({path.begin(), path.end() - 1}).splits.clear();
+    part.triangles.reset();
+    if (!triangles.empty())
+    {
+        part.triangles = std::make_unique<Node::Triangles>();
+        part.triangles->numbers = triangles;
+        add_colours(part.triangles->node->attributes, colour);
+    }
+    else
+        prune(*the_root);
+    changed();
+}
+
+const dgGraphicalPrimitive* dgLooks::triangles(const Place& place, const dgGraphicalPrimitive& of, Place& to)
+{
+    Node::Triangles* const found = place.node ? place.node->triangles.get() : nullptr;
+    if (!found || of.type() != dgTYPE_TRIANGLE_BLOCK)
+        return nullptr;
+    if (!found->block || found->stamp != of.stamp())
+        found->block = block_of(static_cast<const dgTriangleBlock&>(of).block(), found->numbers);
+    found->stamp = of.stamp();
+    to = {found->node.get(), ~0u};
+    return found->block->triangle_count() ? found->block.get() : nullptr;
+}
+
+const dgLooks::Node* dgLooks::find_node(const dgElementPath& path) const
 {
     const Node* node = the_root.get();
     for (const dgRef<dgGraphicalElement>& element : path)
         if (!(node = node->find(*element)))
-            return {};
-    return node->look;
+            return nullptr;
+    return node;
+}
+
+dgLook dgLooks::find(const dgElementPath& path) const
+{
+    const Node* const node = find_node(path);
+    return node ? node->look : dgLook();
 }
 
 void dgLooks::list(unsigned which, const std::vector<dgElementPath>& paths)
@@ -156,6 +254,11 @@ void dgLooks::isolate(const std::vector<dgElementPath>& paths)
         return;
     list(isolation, paths);
     changed();
+}
+
+int dgLooks::hides() const
+{
+    return isolated() || the_root->hides();
 }
 
 void dgLooks::redraw_only(const std::vector<dgElementPath>& paths)
@@ -207,13 +310,13 @@ const std::vector<dgLooks::Part>& dgLooks::parts(const Place& place, const dgPri
     split.stamp = run.stamp;
     // One part for each primitive of interest, and for each row of others between these.
     const dgPrimitiveRun* others = nullptr;
-    const auto start = [&](const Place& at)
+    const auto start = [&](const Place& at, bool over_another = false)
     {
         dgPrimitiveRun& part = split.runs.emplace_back();
         part.topology = run.topology;
         part.has_normals = run.has_normals;
         part.stamp = run.stamp;
-        split.parts.push_back({&part, at});
+        split.parts.push_back({&part, at, over_another});
         return &part;
     };
     for (const dgGraphicalPrimitive* primitive : run.primitives)
@@ -229,6 +332,9 @@ const std::vector<dgLooks::Part>& dgLooks::parts(const Place& place, const dgPri
         split.runs.back().primitives.push_back(primitive);
         if (at.node)
             others = nullptr;
+        Place over;
+        if (const dgGraphicalPrimitive* triangles = dgLooks::triangles(at, *primitive, over))
+            start(over, true)->primitives.push_back(triangles);
     }
     if (split.parts.size() == 1 && split.runs.back().primitives.size() == run.primitives.size())
         split.parts.front().run = &run; // with what is kept of it

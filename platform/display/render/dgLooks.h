@@ -10,6 +10,7 @@
 #include <vector>
 
 class dgGraphicalAttribute;
+class dgGraphicalPrimitive;
 class dgRenderer;
 struct dgPrimitiveRun;
 
@@ -48,8 +49,14 @@ public:
     /// Plain where none was set.
     dgLook find(const dgElementPath& path) const;
 
+    /// Shows some triangles of a block in a colour, by their numbers; none ends that. Drawn over the block, whose own
+    /// look stays. What is no block shows nothing, nor do numbers of no triangle.
+    void set_triangles(const dgElementPath& path, const std::vector<int>& triangles, const gsColour& colour);
+
     /// Hides everything but some parts, and what looks hide; empty shows everything again.
     void isolate(const std::vector<dgElementPath>& paths);
+    /// 1 when some part may be hidden.
+    int hides() const;
     int isolated() const { return (the_lists & isolation) != 0; }
 
     /// Grows with every change.
@@ -74,6 +81,7 @@ public:
     {
         const dgPrimitiveRun* run;
         Place place;
+        bool over_another = false; // triangles of the part before it
     };
 
     Place root() const;
@@ -82,6 +90,9 @@ public:
     /// Puts the look of the place in force on a renderer, in the level of context that is open.
     static void put_in_force(const Place& place, dgRenderer& renderer);
     static bool has_look(const Place& place);
+    /// Triangles that are drawn over a primitive where the walk stands, as a primitive that is good until it or the
+    /// looks change, and their place; null for none.
+    static const dgGraphicalPrimitive* triangles(const Place& place, const dgGraphicalPrimitive& of, Place& to);
     /// Whether primitives of the structure where the walk stands may look different from each other.
     static bool parts_runs(const Place& place);
     /// The shown parts of a run in order, good until looks or the run change.
@@ -90,6 +101,7 @@ public:
 private:
     static constexpr unsigned isolation = 1, redrawing = 2;
     Node& node(const dgElementPath& path);
+    const Node* find_node(const dgElementPath& path) const;
     void list(unsigned which, const std::vector<dgElementPath>& paths);
     void prune(Node& node);
     void changed();

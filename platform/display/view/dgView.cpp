@@ -9,6 +9,7 @@
 #include "dgRenderer.h"
 #include "dgS.h"
 #include "dgSelectedDriver.h"
+#include "dgShownWalk.h"
 #include "dgWindow.h"
 #include "gsHeap.h"
 
@@ -256,13 +257,30 @@ void dgView::execute_structure(const dgStructure& structure)
         the_renderer->draw_structure(structure);
 }
 
+giBox3 dgView::shown_box() const
+{
+    if (!the_root)
+        return {};
+    if (!the_looks || !the_looks->hides())
+        return the_root->bounding_box();
+    giBox3 box;
+    dg_walk_shown(*the_root, the_looks.get(),
+                  [&](const dgGraphicalElement& element, const giXform3& to_world)
+                  {
+                      if (element.kind() != dgELEMENT_ATTRIBUTE)
+                          box.merge(element.bounding_box().transform(to_world));
+                      return true;
+                  });
+    return box;
+}
+
 void dgView::view_bbox(dgBoundingViewType type)
 {
     if (!the_root)
         return;
     const double front = the_camera.front_plane();
     const double back = the_camera.back_plane();
-    the_camera.view_bounding_box(the_root->bounding_box(), type);
+    the_camera.view_bounding_box(shown_box(), type);
     if (the_user_clip_planes)
         the_camera.front_back_plane(front, back);
 }

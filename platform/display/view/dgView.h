@@ -92,7 +92,11 @@ public:
     dgViewShadingContext& shading_context() { return the_shading; }
     const dgViewShadingContext& shading_context() const { return the_shading; }
 
-    /// Fits the camera to the network, with the clipping planes unless the user set them; an empty network changes
+    /// The box in world space of what the view shows of its network: what looks hide is left out, what a section cuts
+    /// away is not. Empty where there is nothing.
+    giBox3 shown_box() const;
+
+    /// Fits the camera to what is shown, with the clipping planes unless the user set them; nothing to be shown changes
     /// nothing.
     void view_bbox(dgBoundingViewType type = dgBOUNDING_VIEW_BOX);
 

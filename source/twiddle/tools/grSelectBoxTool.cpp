@@ -3,7 +3,6 @@
 #include "dgView.h"
 #include "giBox2.h"
 #include "grRubberBandRectangle.h"
-#include "gr_pick.h"
 #include "gwKeyEvent.h"
 #include "gwMouseEvent.h"
 #include "utTypeID.h"
@@ -44,12 +43,11 @@ void grSelectBoxTool::end_twiddle(const gwKeyEvent& event)
     if (target_view() && event.window())
     {
         const giPoint2 end(event.x(), event.y());
-        const grPickDepth depth = argument("all") ? grPICK_ALL : grPICK_FRONT;
         if (std::abs(end.x() - the_start_point.x()) <= click_pixels &&
             std::abs(end.y() - the_start_point.y()) <= click_pixels)
-            take(gr_pick(*target_view(), end, depth));
+            take_at(end);
         else
-            take(gr_pick_box(*target_view(), giBox2(the_start_point, end), depth));
+            take_in(giBox2(the_start_point, end));
     }
     grSelectTool::end_twiddle(event);
 }

@@ -21,6 +21,18 @@ bool grSelectTool::argument(const char* word) const
     return false;
 }
 
+void grSelectTool::take_at(const giPoint2& position)
+{
+    take(gr_pick(*target_view(), position, argument("all") ? grPICK_ALL : grPICK_FRONT,
+                 argument("triangles") ? grPICK_FEATURES : grPICK_PARTS));
+}
+
+void grSelectTool::take_in(const giBox2& device_box)
+{
+    take(gr_pick_box(*target_view(), device_box, argument("all") ? grPICK_ALL : grPICK_FRONT,
+                     argument("triangles") ? grPICK_FEATURES : grPICK_PARTS));
+}
+
 void grSelectTool::take(const std::vector<dgPickHit>& hits)
 {
     hooks()->picked(this, hits);
@@ -28,10 +40,14 @@ void grSelectTool::take(const std::vector<dgPickHit>& hits)
     grSelection* selection = target_view() ? hooks()->identify_selection(*target_view()) : nullptr;
     if (!selection)
         return;
+    const grSelectMode mode = argument("toggle") ? grSELECT_TOGGLE : argument("add") ? grSELECT_ADD : grSELECT_ONLY;
     std::vector<dgElementPath> parts;
     for (const dgPickHit& hit : hits)
         parts.push_back(selection->part(hit.path));
-    selection->select(parts, argument("toggle") ? grSELECT_TOGGLE : argument("add") ? grSELECT_ADD : grSELECT_ONLY);
+    if (argument("triangles"))
+        selection->select_triangles(hits, mode);
+    else
+        selection->select(parts, mode);
     hooks()->selection_changed(this, *selection);
 }
 
@@ -41,7 +57,7 @@ void grSelectTool::start_twiddle(const gwKeyEvent& event)
         return;
     twiddle_start(event);
     if (target_view())
-        take(gr_pick(*target_view(), giPoint2(event.x(), event.y()), argument("all") ? grPICK_ALL : grPICK_FRONT));
+        take_at(giPoint2(event.x(), event.y()));
 }
 
 // Nothing was moved that had to be drawn again.
