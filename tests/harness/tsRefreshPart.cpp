@@ -1,5 +1,6 @@
 #include "apHighResTime.h"
 #include "dgClientStructure.h"
+#include "dgLineWidth.h"
 #include "dgPointSet.h"
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
@@ -127,6 +128,7 @@ private:
                 else
                     view.root()->add(ts_block(size));
         };
+        on("line_width") = [](dgView& view, int width) { view.root()->add(new dgLineWidth(width)); };
         // Primitives drawn since the last time, in place of the records of their drawing.
         on("drawn") = [this]
         {

@@ -1,6 +1,5 @@
 #include "grTimeoutRenderer.h"
 
-#include "dgLineWidth.h"
 #include "dgOpacity.h"
 #include "dgPointSet.h"
 #include "dgStructureCall.h"
@@ -14,7 +13,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 namespace
@@ -58,11 +56,6 @@ struct Scene : tsHeavyView
         for (int i = 0; i < n; ++i)
             root->add(make());
     }
-    // Draws a frame and answers what was drawn.
-    long long frame(grTimeoutRenderer& renderer)
-    {
-        return drawn([&] { renderer.refresh_draw(); });
-    }
     dgRef<dgStructure> root{new dgClientStructure};
 };
 }
@@ -76,7 +69,7 @@ TEST(grTimeoutRenderer, draws_nothing_over_what_is_see_through)
         scene.add(100, [] { return ts_block(64); });
         grTimeoutRenderer renderer(&scene.view(), 0);
         renderer.get_ready(1, 1, 1, 1);
-        const long long thinned = scene.frame(renderer);
+        const long long thinned = scene.drawn([&] { renderer.refresh_draw(); });
         EXPECT_GT(thinned, 0);
         const long long later = scene.drawn([&] { renderer.idle_draw(); });
         EXPECT_EQ(later > 0, opacity == 1) << opacity;
@@ -125,47 +118,6 @@ TEST(grTimeoutRenderer, counts_other_forms_of_lines_and_points)
         EXPECT_EQ(renderer.count(c.category), c.count) << c.type;
         EXPECT_EQ(renderer.total(), c.count) << c.type;
     }
-}
-
-TEST(grTimeoutRenderer, applies_attributes_of_what_it_leaves_out)
-{
-    Scene scene;
-    scene.add(40, [] { return ts_line(64); });
-    scene.root->add(new dgLineWidth(5));
-    scene.root->add(ts_line(64));
-    grTimeoutRenderer renderer(&scene.view(), 0);
-    renderer.get_ready(1, 1, 1, 1);
-    renderer.refresh_draw();
-    scene.window().record_state(1);
-    renderer.idle_draw();
-    scene.scene.take_log();
-    renderer.idle_draw();
-    std::string state, last_state;
-    for (const std::string& entry : scene.scene.take_log())
-    {
-        if (entry.rfind("state", 0) == 0)
-            state = entry;
-        if (entry.rfind("draw", 0) == 0)
-            last_state = state;
-    }
-    EXPECT_NE(last_state.find("state line 1 1 1 5 "), std::string::npos);
-}
-
-TEST(grTimeoutRenderer, hidden_and_empty_views_take_no_time)
-{
-    Scene scene;
-    scene.add(100, [] { return ts_line(64); });
-    grView companion(&scene.view());
-    companion.hidden(1);
-    grTimeoutRenderer renderer(&scene.view(), 0);
-    renderer.get_ready(1, 1, 1, 1);
-    EXPECT_EQ(scene.frame(renderer), 0);
-    EXPECT_EQ(renderer.got_full_refresh_time(), 0);
-    EXPECT_EQ(renderer.idle_draw(), grIDLE_DONE);
-    companion.hidden(0);
-    scene.view().root(nullptr);
-    EXPECT_EQ(scene.frame(renderer), 0);
-    EXPECT_EQ(scene.drawn([&] { renderer.end_twiddle_draw(); }), 0);
 }
 
 TEST(grTimeoutRenderer, remembers_times_only_when_told_how_many)
