@@ -1,6 +1,10 @@
 // What is seen is what costs: frames of large networks of which little or nothing is in view, beside bare draws of what
-// is in view; frames with an edit beside frames without; picking; and how all of these grow with the network. Given an
-// argument, sizes go up to ten times as far.
+// is in view; frames with an edit beside frames without; picking; frames that draw a share; and how these grow with the
+// network.
+//
+//     bench_culling [large] [part...]    parts: none zoomed edits picks fast growth; all without
+//
+// With "large" sizes grow ten times as far.
 #include "benchBareDraw.h"
 #include "benchTiming.h"
 #include "dgClientStructure.h"
@@ -11,6 +15,7 @@
 #include "dgPickAperture.h"
 #include "dgPickResult.h"
 #include "dgPolyline.h"
+#include "dgPrimitiveRun.h"
 #include "dgRenderer.h"
 #include "dgStructureCall.h"
 #include "dgSurfaceColour.h"
@@ -18,12 +23,18 @@
 #include "dgTextHeight.h"
 #include "dgTransform.h"
 #include "dgView.h"
+#include "dgWorldTransform.h"
 #include "grViewRendererFast.h"
+#include "gsStructureFlattener.h"
+#include "gsStructureSkipper.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace
 {
@@ -298,11 +309,11 @@ void compare_pick(const char* name, const std::shared_ptr<dgGLDevice>& device, d
     const double first = seconds(pick);
     std::vector<double> times;
     for (int i = 0; i < 31; ++i)
-        times.push_back(seconds(pick));
-    std::printf(
-        "picking in %s: %.3f ms, %d found (goal at most 0.2); the first %.1f ms, %.2f of a redraw (goal at most "
-        "1)\n",
-        name, ms(median(times)), found, ms(first), first / redraw);
+        times.push_back(processor_seconds(pick));
+    std::printf("picking in %s: %.3f ms of processor time, %d found (goal at most 0.2); the first %.1f ms, %.2f of a "
+                "redraw (goal at most "
+                "1)\n",
+                name, ms(median(times)), found, ms(first), first / redraw);
 }
 
 // Frames of the fast refresher's renderer when there is nothing to draw.
@@ -333,6 +344,67 @@ void compare_fast_empty(const std::shared_ptr<dgGLDevice>& device)
             }));
     std::printf("fast refresher, 100,000 empty structures: %.3f ms a frame, of which erasing takes %.3f\n",
                 ms(median(times)), ms(median(erasures)));
+}
+
+// Notes which structures of one block each a thinned frame draws.
+class DrawnAlone : public gsStructureSkipper
+{
+public:
+    using gsStructureSkipper::gsStructureSkipper;
+    void run(dgRenderer& renderer, const dgPrimitiveRun& run) override
+    {
+        const long long before = prims_drawn();
+        gsStructureSkipper::run(renderer, run);
+        if (prims_drawn() == before)
+            return;
+        the_root->add(new dgWorldTransform(renderer.context().transform()));
+        the_root->add(const_cast<dgGraphicalPrimitive*>(run.primitives.front()));
+    }
+    dgStructure* root() const { return the_root.get(); }
+
+private:
+    StructureRef the_root{new dgClientStructure};
+};
+
+// A thinned frame beside one of a flat network that has nothing but what the frame draws.
+void compare_thinned(const std::shared_ptr<dgGLDevice>& device, dgStructure* structure)
+{
+    Picture picture(device, structure);
+    gsStructureSkipper counting(0, 1);
+    const auto draw = [&](gsRenderAction& action)
+    {
+        picture.renderer.render_action(&action);
+        picture.frame();
+        picture.renderer.render_action(nullptr);
+    };
+    draw(counting);
+    const auto total = static_cast<int>(counting.prims_drawn());
+    for (const double share : {0.3, 0.1, 0.03})
+    {
+        picture.view.root(structure);
+        DrawnAlone noting(total, share);
+        draw(noting);
+        Picture alone(device, noting.root());
+        alone.view.camera() = picture.view.camera();
+        alone.frame();
+        gsStructureSkipper skipper(total, share);
+        const StructureRef flat(new dgClientStructure);
+        gsStructureFlattener flattener(structure, flat.get(), -1);
+        draw(flattener);
+        std::vector<double> flats, networks, alones;
+        for (int i = 0; i < 11; ++i)
+        {
+            picture.view.root(structure);
+            networks.push_back(processor_seconds([&] { draw(skipper); }));
+            picture.view.root(flat.get());
+            flats.push_back(processor_seconds([&] { draw(skipper); }));
+            alones.push_back(processor_seconds([&] { alone.frame(); }));
+        }
+        std::printf("a share of %.2f of 100,000 structures, %lld triangles: %.2f ms of processor time, %.2f of that of "
+                    "drawing these alone (goal at most 1.1); of the network itself %.2f\n",
+                    share, skipper.prims_drawn(), ms(median(flats)), median(flats) / median(alones),
+                    median(networks) / median(alones));
+    }
 }
 
 // Frames of the fast refresher's renderer, and idle slices until the picture is complete.
@@ -414,12 +486,61 @@ void compare_growth(const char* name, const std::shared_ptr<dgGLDevice>& device,
     print_growth("  frame with an edit, nothing in view", edits);
     print_growth("  pick", picks);
 }
+
+void compare_zoomed_balls(const std::shared_ptr<dgGLDevice>& device)
+{
+    const StructureRef many = balls(10000, 10), one = balls(1, 1000);
+    compare_zoomed("10,000 balls of 100 triangles", device, many.get(), 1 << 20, 1.25);
+    compare_zoomed("one block of 1,000,000 triangles", device, one.get(), 256, 1.5);
+}
+
+void compare_edits(const std::shared_ptr<dgGLDevice>& device)
+{
+    const StructureRef structures = called(100000), many_lines = lines(1000000);
+    compare_edit("one transform edited among 100,000 structures", device, structures.get(),
+                 [&](int i)
+                 {
+                     double size;
+                     const int k = i * 97 % 100000;
+                     dgStructure* part = structures->element(k)->called_structure();
+                     static_cast<dgTransform*>(part->element(0))
+                         ->transform(giXform3::translation(place(k, 100000, size).vector() * (1 + 1e-4 * (i % 7))));
+                 });
+    compare_edit("one colour edited among 100,000 structures", device, structures.get(),
+                 [&](int i)
+                 {
+                     dgStructure* part = structures->element(i * 97 % 100000)->called_structure();
+                     static_cast<dgColourAttribute*>(part->element(1))->colour(gsColour(0.001 * i, 0, 0));
+                 });
+    compare_edit("one colour edited among 1,000,000 lines", device, many_lines.get(),
+                 [&](int i)
+                 { static_cast<dgColourAttribute*>(many_lines->element(0))->colour(gsColour(0.001 * i, 0, 0)); });
+    compare_edit("one line edited among 1,000,000 lines", device, many_lines.get(),
+                 [&](int i)
+                 {
+                     double size;
+                     const giPoint3 start = place(1000 * i, 1000000, size);
+                     static_cast<dgPolyline*>(many_lines->element(1 + 1001 * i))
+                         ->points({start, start + giVector3(size, 0, size)});
+                 });
+}
+
+void compare_picks(const std::shared_ptr<dgGLDevice>& device)
+{
+    compare_pick("10,000 balls of 100 triangles", device, balls(10000, 10).get());
+    compare_pick("one block of 1,000,000 triangles", device, balls(1, 1000).get());
+    compare_pick("100,000 structures", device, called(100000).get());
+    compare_pick("1,000,000 lines", device, lines(1000000).get());
+}
 }
 
 int main(int argc, char** argv)
 {
-    const int factor = argc > 1 ? 10 : 1;
-    (void)argv;
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    const auto given = [&](const char* word)
+    { return std::find(arguments.begin(), arguments.end(), word) != arguments.end(); };
+    const int large = given("large"), all = arguments.size() == static_cast<std::size_t>(large);
+    const int factor = large ? 10 : 1;
     std::string error;
     const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
     if (!device)
@@ -428,50 +549,27 @@ int main(int argc, char** argv)
         return EXIT_FAILURE;
     }
     std::printf("%s\n", device->name().c_str());
-    compare_none(device);
+    if (all || given("none"))
+        compare_none(device);
+    if (all || given("zoomed"))
+        compare_zoomed_balls(device);
+    if (all || given("edits"))
+        compare_edits(device);
+    if (all || given("picks"))
+        compare_picks(device);
+    if (all || given("fast"))
     {
-        const StructureRef many = balls(10000, 10), one = balls(1, 1000);
-        compare_zoomed("10,000 balls of 100 triangles", device, many.get(), 1 << 20, 1.25);
-        compare_zoomed("one block of 1,000,000 triangles", device, one.get(), 256, 1.5);
-        compare_pick("10,000 balls of 100 triangles", device, many.get());
-        compare_pick("one block of 1,000,000 triangles", device, one.get());
-    }
-    {
-        const StructureRef structures = called(100000), many_lines = lines(1000000);
-        compare_edit("one transform edited among 100,000 structures", device, structures.get(),
-                     [&](int i)
-                     {
-                         double size;
-                         const int k = i * 97 % 100000;
-                         dgStructure* part = structures->element(k)->called_structure();
-                         static_cast<dgTransform*>(part->element(0))
-                             ->transform(giXform3::translation(place(k, 100000, size).vector() * (1 + 1e-4 * (i % 7))));
-                     });
-        compare_edit("one colour edited among 100,000 structures", device, structures.get(),
-                     [&](int i)
-                     {
-                         dgStructure* part = structures->element(i * 97 % 100000)->called_structure();
-                         static_cast<dgColourAttribute*>(part->element(1))->colour(gsColour(0.001 * i, 0, 0));
-                     });
-        compare_edit("one colour edited among 1,000,000 lines", device, many_lines.get(),
-                     [&](int i)
-                     { static_cast<dgColourAttribute*>(many_lines->element(0))->colour(gsColour(0.001 * i, 0, 0)); });
-        compare_edit("one line edited among 1,000,000 lines", device, many_lines.get(),
-                     [&](int i)
-                     {
-                         double size;
-                         const giPoint3 start = place(1000 * i, 1000000, size);
-                         static_cast<dgPolyline*>(many_lines->element(1 + 1001 * i))
-                             ->points({start, start + giVector3(size, 0, size)});
-                     });
         grViewRendererFast::minimum_framerate(20);
+        const StructureRef structures = called(100000);
+        compare_thinned(device, structures.get());
         compare_fast(device, structures.get());
         compare_fast_empty(device);
-        compare_pick("100,000 structures", device, structures.get());
-        compare_pick("1,000,000 lines", device, many_lines.get());
     }
-    compare_growth("triangles in one block", device, 1000, 1000000 * factor,
-                   [](int n) { return balls(1, static_cast<int>(std::sqrt(n))); });
-    compare_growth("called structures", device, 100, 100000 * factor, called);
+    if (all || given("growth"))
+    {
+        compare_growth("triangles in one block", device, 1000, 1000000 * factor,
+                       [](int n) { return balls(1, static_cast<int>(std::sqrt(n))); });
+        compare_growth("called structures", device, 100, 100000 * factor, called);
+    }
     return EXIT_SUCCESS;
 }

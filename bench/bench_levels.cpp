@@ -1,7 +1,10 @@
 // Simplified levels of heavy blocks: how long they take to be made and what memory they keep, and what a view shows
 // that is drawn with a share of its triangles, beside the sample of triangles that it is drawn with otherwise.
 //
-//     bench_levels [scene...]      scenes: part ring blocks, or mesh files; without any the first three
+//     bench_levels [--memory] [scene...]      scenes: part ring blocks large, or mesh files; without any the first
+//     three
+//
+// --memory starts two processes for each scene, with levels and without, and prints what memory they take.
 #include "benchTiming.h"
 
 #include "dgClientStructure.h"
@@ -31,16 +34,29 @@ namespace
 constexpr int width = 1280, height = 720;
 constexpr int most_wrong = 24; // of 255, in one of the colours
 
-using Root = dgRef<dgClientStructure>;
+using Root = dgRef<dgStructure>;
 
-// Bytes that the process keeps in memory.
-double resident_bytes()
+// Memory of the process: what it has now, the most that it has had, and what the driver's buffers have.
+struct Memory
 {
-    std::ifstream status("/proc/self/statm");
-    double all = 0, resident = 0;
-    status >> all >> resident;
-    return resident * 4096;
-}
+    double resident = 0, peak = 0, buffers = 0; // MB
+
+    static Memory now(const dgGLGeometryStore& store)
+    {
+        Memory memory;
+        std::ifstream status("/proc/self/status");
+        for (std::string line; std::getline(status, line);)
+        {
+            const auto kilobytes = [&line] { return std::atof(line.c_str() + line.find(':') + 1); };
+            if (line.starts_with("VmRSS:"))
+                memory.resident = kilobytes() / 1024;
+            else if (line.starts_with("VmHWM:"))
+                memory.peak = kilobytes() / 1024;
+        }
+        memory.buffers = static_cast<double>(store.bytes_used()) / (1 << 20);
+        return memory;
+    }
+};
 
 Root part(int triangles)
 {
@@ -151,6 +167,40 @@ double best_processor_seconds(int times, Work work)
     return best;
 }
 
+// Draws a scene until its levels are there, and prints the memory in one line.
+void print_memory(const std::shared_ptr<dgGLDevice>& device, dgStructure& root)
+{
+    Picture picture(device, &root);
+    gsStructureSkipper asking(1 << 30, 0.1);
+    for (int i = 0; i < 3; ++i)
+        picture.draw(i ? &asking : nullptr);
+    device->geometry().complete_levels();
+    picture.draw(&asking);
+    const Memory memory = Memory::now(device->geometry());
+    std::printf("%f %f %f\n", memory.resident, memory.peak, memory.buffers);
+}
+
+void compare_memory(const std::string& program, const std::string& scene)
+{
+    Memory with[2];
+    for (const int levels : {0, 1})
+    {
+        const std::string command =
+            std::string("GR_LEVELS=") + (levels ? "1" : "0") + " '" + program + "' --print-memory '" + scene + "'";
+        FILE* answer = popen(command.c_str(), "r");
+        Memory& memory = with[levels];
+        if (!answer || std::fscanf(answer, "%lf %lf %lf", &memory.resident, &memory.peak, &memory.buffers) != 3)
+            std::fprintf(stderr, "bench_levels: %s says nothing\n", command.c_str());
+        if (answer)
+            pclose(answer);
+    }
+    std::printf("%s: with levels %.0f MB resident, without %.0f: %.2f; the most of all %.0f and %.0f: %.2f; buffers "
+                "alone %.0f and %.0f: %.2f (goals at most 1.5)\n",
+                scene.c_str(), with[1].resident, with[0].resident, with[1].resident / with[0].resident, with[1].peak,
+                with[0].peak, with[1].peak / with[0].peak, with[1].buffers, with[0].buffers,
+                with[1].buffers / with[0].buffers);
+}
+
 void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStructure& root)
 {
     Picture picture(device, &root);
@@ -167,9 +217,10 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
     for (int i = 0; i < 3; ++i)
         picture.draw(&asking);
     const double made = seconds([&] { store.complete_levels(); });
+    const Memory memory = Memory::now(store);
     std::printf(
         "  levels complete after another %.2f s (%.2f s a million triangles); process %.0f MB, buffers %.0f MB\n", made,
-        made / total * 1e6, resident_bytes() / 1e6, static_cast<double>(store.bytes_used()) / 1e6);
+        made / total * 1e6, memory.resident, memory.buffers);
 
     for (const double share : {0.5, 0.2, 0.1, 0.05, 0.02, 0.01})
     {
@@ -199,15 +250,47 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
         picture.renderer.simplified_levels(1);
     }
 }
+
+// Null with a message when there is no such scene.
+Root scene_named(const std::string& scene)
+{
+    if (scene == "part")
+        return part(2000000);
+    if (scene == "ring")
+        return ring(1400, 700, 1, 1);
+    if (scene == "blocks")
+        return ring(1400, 700, 20, 15);
+    if (scene == "large")
+        return ring(2000, 1000, 1, 1);
+    vwModel model;
+    std::string error;
+    if (model.add_file(scene, error))
+        return Root(&model.root());
+    std::fprintf(stderr, "bench_levels: %s\n", error.c_str());
+    return Root();
+}
 }
 
 int main(int argc, char** argv)
 {
     std::vector<std::string> scenes(argv + 1, argv + argc);
+    const auto option = [&scenes](const char* name)
+    {
+        const bool given = !scenes.empty() && scenes.front() == name;
+        if (given)
+            scenes.erase(scenes.begin());
+        return given;
+    };
+    const bool compares_memory = option("--memory"), prints_memory = option("--print-memory");
     if (scenes.empty())
         scenes = {"part", "ring", "blocks"};
     for (const std::string& scene : scenes)
     {
+        if (compares_memory)
+        {
+            compare_memory(argv[0], scene);
+            continue;
+        }
         std::string error;
         const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
         if (!device)
@@ -215,22 +298,13 @@ int main(int argc, char** argv)
             std::fprintf(stderr, "bench_levels: %s\n", error.c_str());
             return EXIT_FAILURE;
         }
-        if (scene == "part")
-            measure("the sample part", device, *part(2000000));
-        else if (scene == "ring")
-            measure("one block with waves", device, *ring(1400, 700, 1, 1));
-        else if (scene == "blocks")
-            measure("300 blocks that meet", device, *ring(1400, 700, 20, 15));
+        const Root root = scene_named(scene);
+        if (!root)
+            return EXIT_FAILURE;
+        if (prints_memory)
+            print_memory(device, *root);
         else
-        {
-            vwModel model;
-            if (!model.add_file(scene, error))
-            {
-                std::fprintf(stderr, "bench_levels: %s\n", error.c_str());
-                return EXIT_FAILURE;
-            }
-            measure(scene.c_str(), device, model.root());
-        }
+            measure(scene.c_str(), device, *root);
     }
     return EXIT_SUCCESS;
 }

@@ -18,9 +18,13 @@
 #include "pcPictureFile.h"
 
 #include "apNumber.h"
+#include "dgClientStructure.h"
 #include "dgGLDevice.h"
 #include "dgGLWindow.h"
+#include "dgRenderer.h"
+#include "dgTriangleBlock.h"
 #include "dgView.h"
+#include "giTriBlock.h"
 #include "gwHeadlessWindow.h"
 #include "gwResourceDB.h"
 
@@ -28,6 +32,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <ostream>
 
 namespace
@@ -46,6 +51,25 @@ bool has_size(const dgGLWindow& window, int width, int height, std::string& erro
         return true;
     error = "a window of " + size_text(width, height) + " is more than OpenGL or its memory allows";
     return false;
+}
+
+// What drivers compile and set up for their first surface is made ready by drawing one.
+void draw_something(dgGLWindow& window)
+{
+    auto* block = new giTriBlock;
+    for (const giPoint3& node : {giPoint3(0, 0, 0), giPoint3(1, 0, 0), giPoint3(0, 1, 0)})
+        block->nodes().append(node);
+    block->triangles().emplace_back(0, 1, 2);
+    block->create_normals().assign(3, giVector3(0, 0, 1));
+    const dgRef<dgClientStructure> root(new dgClientStructure);
+    root->add(new dgTriangleBlock(block, 1));
+    dgRenderer renderer(&window, nullptr);
+    dgView view(&renderer);
+    view.root(root.get());
+    view.view_bbox();
+    view.erase(dgERASE_ZBUFFER_YES);
+    view.render_network(nullptr);
+    renderer.finish();
 }
 
 // Plays on framebuffers and writes the pictures to a folder.
@@ -189,9 +213,17 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
     if (options.views)
         session.views = options.views;
 
+    // What is larger than OpenGL's surfaces, or than is good for memory, is drawn by parts.
+    const int tiled = !options.output.empty() && std::max(session.width, session.height) > tile_size;
+    const int width = tiled ? std::min(session.width, tile_size) : session.width;
+    const int height = tiled ? std::min(session.height, tile_size) : session.height;
+
     // While the files are read.
     std::string device_error;
     const std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(device_error);
+    std::optional<dgGLWindow> its_window;
+    if (device)
+        draw_something(its_window.emplace(device, width, height));
     if (!loading.finish(error))
         return 0;
     if (!device)
@@ -206,11 +238,7 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
         device->make_no_levels();
     vwReport report;
     add_facts(report, options, session, model, *device);
-    // What is larger than OpenGL's surfaces, or than is good for memory, is drawn by parts.
-    const int tiled = !options.output.empty() && std::max(session.width, session.height) > tile_size;
-    const int width = tiled ? std::min(session.width, tile_size) : session.width;
-    const int height = tiled ? std::min(session.height, tile_size) : session.height;
-    dgGLWindow window(device, width, height);
+    dgGLWindow& window = *its_window;
     if (!has_size(window, width, height, error))
         return 0;
     gwHeadlessWindow area(session.width, session.height);

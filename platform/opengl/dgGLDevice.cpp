@@ -67,6 +67,7 @@ dgGLDevice::~dgGLDevice()
     {
         glDeleteVertexArrays(1, &the_stream_array);
         glDeleteBuffers(1, &the_stream_buffer);
+        glDeleteSync(static_cast<GLsync>(the_last_fence));
     }
     else
     {
@@ -138,6 +139,21 @@ void dgGLDevice::finish()
 {
     if (make_current())
         glFinish();
+}
+
+void dgGLDevice::finish_all_but_last()
+{
+    if (!make_current())
+        return;
+    const auto before =
+        static_cast<GLsync>(std::exchange(the_last_fence, glFenceSync(GL_SYNC_GPU_COMMANDS_COMPLETE, 0)));
+    glFlush();
+    if (!before)
+        return;
+    constexpr GLuint64 a_second = 1000000000;
+    while (glClientWaitSync(before, 0, a_second) == GL_TIMEOUT_EXPIRED)
+        ;
+    glDeleteSync(before);
 }
 
 int dgGLDevice::no_errors()

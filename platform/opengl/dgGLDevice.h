@@ -85,6 +85,9 @@ public:
     /// Waits until everything is drawn.
     void finish();
 
+    /// Waits until everything is drawn that came before the last call of this.
+    void finish_all_but_last();
+
     /// 1 when OpenGL has recorded no error since the last call.
     int no_errors();
 
@@ -99,6 +102,7 @@ private:
     std::unique_ptr<dgGLTextStore> the_texts;
     unsigned the_stream_buffer = 0;
     unsigned the_stream_array = 0;
+    void* the_last_fence = nullptr;
     float the_line_width_limit = 1;
     const void* the_modes_owner = nullptr;
     int the_lost = 0;

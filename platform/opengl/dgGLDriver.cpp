@@ -695,6 +695,13 @@ void dgGLDriver::finish()
     the_device.finish();
 }
 
+void dgGLDriver::finish_all_but_last()
+{
+    if (!the_pending.empty())
+        flush();
+    the_device.finish_all_but_last();
+}
+
 const dgFeatureClusters* dgGLDriver::clusters(const dgGraphicalPrimitive& primitive)
 {
     return the_device.clusters().find(primitive);

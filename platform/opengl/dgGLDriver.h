@@ -52,6 +52,7 @@ public:
     void draw_segments(const giPoint3* points, int npoints) override;
     void read_pixels(const giBox2& device_box, dgImage& image) override;
     void finish() override;
+    void finish_all_but_last() override;
     const dgFeatureClusters* clusters(const dgGraphicalPrimitive& primitive) override;
     int cuts_at_planes() const override { return !the_depth_clamped; }
     void gl_enable(unsigned capability) override;

@@ -18,6 +18,10 @@ using Indices = std::vector<Index>;
 // the memory; and no fewer than the least, as its outline is kept.
 constexpr std::size_t most_in_patch = 32768, least_in_patch = 4096, enough_patches = 8;
 
+// Of the triangles of a block its finest level has this share, and each other one about half of the one before: all
+// levels together have fewer than the block.
+constexpr double finest_level = 0.4;
+
 // Levels end with a few triangles, or where outlines that must be kept let too few of them go.
 constexpr std::size_t fewest_triangles = 48;
 constexpr double least_reduction = 0.8, enough_reduction = 0.65;
@@ -60,7 +64,8 @@ private:
     float the_size = 0;
     float the_error_limit = 0; // distance; 0 at first
     float the_pass_error = 0;  // of the last simplification
-    Indices the_local;         // scratch: by place, its number in a patch
+    bool the_finest_made = false;
+    Indices the_local; // scratch: by place, its number in a patch
 };
 
 void Simplifier::weld(dgGLMesh mesh)
@@ -159,8 +164,8 @@ std::vector<unsigned> Simplifier::divide(std::size_t npatches, int pass) const
     return patch_of;
 }
 
-// The triangles of the next level. The first one has half of every patch. From then on a limit of error, the same for
-// all patches and raised until enough triangles go, takes more from flat ones than from those with detail.
+// The triangles of the next level. The first one has the same share of every patch. From then on a limit of error, the
+// same for all patches and raised until enough triangles go, takes more from flat ones than from those with detail.
 Indices Simplifier::coarser(const std::vector<unsigned>& patch_of, std::size_t npatches,
                             std::vector<Index>& group_starts, const std::stop_token& stop)
 {
@@ -211,6 +216,7 @@ Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_
     std::vector<float> errors;
     const int whole = npatches == 1;
     const int first = whole || !(the_error_limit > 0);
+    const double wanted = !first ? 0.125 : the_finest_made ? 0.5 : finest_level;
     const unsigned options = whole && !borders_kept() ? 0 : meshopt_SimplifyLockBorder;
     group_starts.assign(1, 0);
     for (std::size_t patch = 0; patch < npatches; ++patch)
@@ -239,7 +245,8 @@ Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_
                                     std::numeric_limits<float>::min());
         float error = 0;
         made.resize(meshopt_simplify(made.data(), corners.data(), corners.size(), positions.data(), places.size(),
-                                     3 * sizeof(float), corners.size() / (first ? 6 : 24) * 3,
+                                     3 * sizeof(float),
+                                     3 * static_cast<std::size_t>(wanted * static_cast<double>(corners.size() / 3)),
                                      first ? any_error : std::min(the_error_limit / size, any_error), options, &error));
         errors.push_back(error * size);
         for (const Index corner : made)
@@ -362,6 +369,7 @@ std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
         }
         if (last)
             break;
+        the_finest_made = true;
         error += the_pass_error;
         the_triangles = std::move(next);
         group_starts = std::move(next_group_starts);

@@ -182,6 +182,8 @@ void grViewRendererFast::refresh(dgStructure* icon, int final)
         timed([this] { the_view->render_network(nullptr); });
         return;
     }
+    if (the_slicer)
+        the_view->renderer()->finish(); // the last slice takes nothing of the frame's time
     the_frame_start = apHighResTime::time();
     the_slicer.reset();
     the_picture_simplified = 0;
@@ -462,9 +464,10 @@ int grViewRendererFast::draw_a_slice()
             show_completed(boxes);
         renderer.select_buffer(dgFRONT_BUFFER);
     }
-    // A share that was measured while others took the processor may be tiny, and each slice has a cost of its own.
+    // A share that was measured while others took the processor may be tiny, and each slice has a cost of its own. What
+    // the first one takes is not known before the second one.
     const double seconds = apHighResTime::time_diff(start, apHighResTime::time());
-    if (the_frame_limited && seconds > 0 && seconds < little_of_a_frame * frame_part() &&
+    if (the_frame_limited && !first && seconds > 0 && seconds < little_of_a_frame * frame_part() &&
         the_slicer->per_slice() < the_total_prims)
         the_slicer->per_slice(2 * the_slicer->per_slice());
     return 1;
@@ -483,7 +486,7 @@ void grViewRendererFast::draw_slice_in_boxes(const std::vector<giBox2>& boxes, i
                          the_view->render_network(structure);
                      });
     // So that slices do not pile up before the next frame.
-    the_view->renderer()->finish();
+    the_view->renderer()->finish_all_but_last();
 }
 
 // Puts what lies over frames over the completed picture too, and shows it.

@@ -18,6 +18,7 @@
 #include "gsStructureFlattener.h"
 #include "gsStructureSkipper.h"
 #include "gsStructureSlicer.h"
+#include "tsRandomNetwork.h"
 #include "tsShapes.h"
 
 #include <gtest/gtest.h>
@@ -199,6 +200,59 @@ TEST(gsStructureSkipper, leaves_out_whole_small_structures_evenly)
     EXPECT_NEAR(static_cast<double>(scene.draw(skipper)), 30000, 500);
 }
 
+// Without culling every run is met.
+TEST(gsRenderAction, counts_what_it_passes_by_as_if_it_were_met)
+{
+    class Skipper : public gsStructureSkipper
+    {
+    public:
+        explicit Skipper(double ratio) : gsStructureSkipper(1000, ratio) {}
+        void run(dgRenderer& renderer, const dgPrimitiveRun& run) override
+        {
+            ++met;
+            gsStructureSkipper::run(renderer, run);
+        }
+        int met = 0;
+    };
+    long long met[2] = {};
+    for (unsigned number = 0; number < 60; ++number)
+    {
+        tsRandomNetwork network(number);
+        for (int edits = 0; edits < 3; ++edits, network.edit())
+        {
+            Lines logs[2];
+            const double ratio = network.real(0, 0.5), frame = network.real(0.01, 1);
+            for (const int culling : {0, 1})
+            {
+                apClockOverride clock;
+                Scene scene;
+                scene.renderer.culling(culling);
+                scene.view.root(network.root());
+                scene.view.view_bbox();
+                scene.view.camera().zoom(4);
+                scene.window.cost_per_feature(1 / 1024.0);
+                scene.window.clear_log();
+                Skipper skipper(ratio);
+                scene.draw(skipper);
+                met[culling] += skipper.met;
+                gsStructureCallibration calibration(frame);
+                scene.draw(calibration);
+                gsStructureSlicer slicer(50);
+                for (int slice = 0; slice < 3; ++slice)
+                {
+                    slicer.next_slice();
+                    scene.draw(slicer);
+                }
+                logs[culling] = scene.window.log();
+                logs[culling].push_back(std::to_string(calibration.prims_total(0)) + " " +
+                                        std::to_string(calibration.prims_total(1)));
+            }
+            ASSERT_EQ(logs[0], logs[1]) << number << " " << edits;
+        }
+    }
+    EXPECT_LT(met[1], met[0]);
+}
+
 TEST(gsStructureSlicer, slices_together_draw_everything_once)
 {
     Scene scene;
@@ -240,6 +294,7 @@ TEST(gsStructureSlicer, goes_on_where_it_stands_until_the_network_changes)
         scene.add(new dgStructureCall(part.get()));
     }
     Counter slicer;
+    scene.renderer.culling(0); // nothing is passed by
     std::vector<int> met;
     const auto draw = [&]
     {

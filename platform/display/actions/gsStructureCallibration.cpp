@@ -48,16 +48,15 @@ void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& ru
     const dgRunSampling& sampling = run.sampling();
     const int kind = run.topology == dgTOPOLOGY_TRIANGLES;
     const int features = sampling.features();
-    if (the_first_pass)
-        the_total[kind] += features;
+    count(run.topology, features);
     if (the_out_of_time)
         return;
     the_spans.clear();
     if (sampling.indivisible())
     {
-        const double place = dg_even_sequence(the_small_runs++);
-        if (features && place >= the_share_done && place < the_share_aim)
+        if (is_taken(features))
             the_spans.push_back({0, features});
+        ++the_small_runs;
     }
     else
     {
@@ -65,6 +64,31 @@ void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& ru
         sampling.sample(end_of(the_share_done), end_of(the_share_aim), the_spans);
     }
     draw(renderer, run, kind);
+}
+
+void gsStructureCallibration::count(dgTopology topology, int features)
+{
+    if (the_first_pass)
+        the_total[topology == dgTOPOLOGY_TRIANGLES] += features;
+}
+
+// Whether the next indivisible run is drawn in this pass.
+bool gsStructureCallibration::is_taken(int features) const
+{
+    const double place = dg_even_sequence(the_small_runs);
+    return features && place >= the_share_done && place < the_share_aim;
+}
+
+int gsStructureCallibration::passes_by(dgTopology topology, int features)
+{
+    if (!the_out_of_time)
+    {
+        if (is_taken(features))
+            return 0;
+        ++the_small_runs;
+    }
+    count(topology, features);
+    return 1;
 }
 
 void gsStructureCallibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)

@@ -31,8 +31,7 @@ void gsStructureSkipper::start_network(dgRenderer&, const dgStructure*)
 
 void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
-    const dgRunSampling& sampling = run.sampling();
-    const int features = sampling.features();
+    const int features = run.features();
     if (the_ratio >= 1)
     {
         the_drawn += features;
@@ -41,7 +40,7 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     }
     if (!features || the_ratio <= 0)
         return;
-    if (sampling.indivisible())
+    if (run.small_features() >= 0 || run.sampling().indivisible())
     {
         the_small_carry += features * the_ratio;
         if (2 * the_small_carry >= features)
@@ -67,15 +66,40 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     draw_first(renderer, run, count);
 }
 
+int gsStructureSkipper::passes_by(dgTopology, int features)
+{
+    if (the_ratio >= 1)
+        return 0;
+    if (!features || the_ratio <= 0)
+        return 1;
+    const double before = the_small_carry;
+    the_small_carry += features * the_ratio;
+    if (2 * the_small_carry < features && !part_of(features))
+        return 1;
+    the_small_carry = before;
+    return 0;
+}
+
+// How much is drawn of a run that is left out, 0 for nothing.
+int gsStructureSkipper::part_of(int features)
+{
+    if (the_parts == most_parts)
+        return 0;
+    if (features != the_part_of)
+    {
+        the_part_of = features;
+        the_part = std::clamp(static_cast<int>(std::lround(features * the_ratio)), 1, features);
+    }
+    return std::max(the_part - the_small_carry, 0.0) > the_spare ? 0 : the_part;
+}
+
 void gsStructureSkipper::draw_part(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
-    const int features = run.sampling().features();
-    const int count = std::clamp(static_cast<int>(std::lround(features * the_ratio)), 1, features);
-    const double too_much = std::max(count - the_small_carry, 0.0);
-    if (the_parts == most_parts || too_much > the_spare)
+    const int count = part_of(run.features());
+    if (!count)
         return;
     ++the_parts;
-    the_spare -= too_much;
+    the_spare -= std::max(count - the_small_carry, 0.0);
     the_small_carry = std::max(the_small_carry - count, 0.0);
     draw_first(renderer, run, count);
 }

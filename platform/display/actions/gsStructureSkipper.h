@@ -22,17 +22,20 @@ public:
 
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
+    int passes_by(dgTopology topology, int features) override;
 
 private:
+    int part_of(int features);
     void draw_part(dgRenderer& renderer, const dgPrimitiveRun& run);
     void draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count);
 
     int the_wanted;
     double the_ratio;
-    double the_carry = 0;       // what rounding has left over from the runs before
-    double the_small_carry = 0; // the same for runs that are drawn whole or not at all
-    int the_parts = 0;          // such runs of which a part was drawn
-    double the_spare = 0;       // what parts may draw beyond the share
+    double the_carry = 0;              // what rounding has left over from the runs before
+    double the_small_carry = 0;        // the same for runs that are drawn whole or not at all
+    int the_part_of = 0, the_part = 0; // of the run asked about last
+    int the_parts = 0;                 // such runs of which a part was drawn
+    double the_spare = 0;              // what parts may draw beyond the share
     long long the_drawn = 0;
     int the_simplified = 0;
     std::vector<dgFeatureSpan> the_spans;

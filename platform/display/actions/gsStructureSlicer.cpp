@@ -42,7 +42,7 @@ int gsStructureSlicer::stops_at(const dgNetworkPlace& place)
 void gsStructureSlicer::run(dgRenderer& renderer, const dgPrimitiveRun& run)
 {
     const long long start = the_run_start = the_met;
-    const int features = run.sampling().features();
+    const int features = run.features();
     the_met += features;
     const long long low = std::max(the_begin, start), high = std::min(the_end, the_met);
     if (high <= low)
@@ -54,6 +54,14 @@ void gsStructureSlicer::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     }
     the_spans.assign(1, {static_cast<int>(low - start), static_cast<int>(high - low)});
     renderer.draw_features(run, the_spans);
+}
+
+int gsStructureSlicer::passes_by(dgTopology, int features)
+{
+    if (the_met + features > the_begin)
+        return 0;
+    the_met += features;
+    return 1;
 }
 
 int gsStructureSlicer::element(dgRenderer&, const dgGraphicalElement&)

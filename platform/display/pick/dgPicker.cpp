@@ -354,6 +354,9 @@ bool dgPicker::picks(const dgGraphicalPrimitive& primitive, const giXform3& to_v
     const int surface = geometry.topology == dgTOPOLOGY_TRIANGLES;
     if (surface ? !the_settings.surfaces : !the_settings.lines)
         return false;
+    // The box of next to nothing costs what it may spare.
+    if (constexpr int few = 2; the_mode == dgPICK_EXACT && geometry.points && geometry.nfeatures <= few)
+        return features_meet(primitive, geometry, to_view, volume);
     const giBox3 box = primitive.bounding_box();
     if (box.empty())
         return false;

@@ -73,6 +73,9 @@ public:
 
     virtual void finish() = 0;
 
+    /// Waits for what came before the last call of this, or for more.
+    virtual void finish_all_but_last() { finish(); }
+
     /// Where the features of a large primitive lie, for a driver that draws parts of it as fast as the whole; good
     /// until the primitive changes. Null for any other.
     virtual const dgFeatureClusters* clusters(const dgGraphicalPrimitive& primitive);

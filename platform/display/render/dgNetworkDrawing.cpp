@@ -34,6 +34,7 @@ private:
     void put_in_force(int end, const dgStepTree* tree);
     void look_for_seen();
     Item next_seen();
+    Item next_not_passed(gsRenderAction& action);
     Item next_of_all();
 
     Drawing* the_drawing;
@@ -41,8 +42,10 @@ private:
     std::size_t the_next = 0;
     bool the_inside; // all of the structure is seen
 
-    // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
     std::shared_ptr<const dgStepTree> the_tree; // null: all steps are met
+    bool the_passes = false;                    // those that the action does not pass by are met
+
+    // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
     std::size_t the_first_word = 0, the_word = 0, the_words = 0;
     std::uint64_t the_left = 0; // of the word
 };
@@ -130,7 +133,9 @@ private:
             the_renderer.draw_run(run, the_inside || !culls());
             return true;
         }
+        const bool in_view_before = the_renderer.all_in_view(the_inside && culls());
         action->run(the_renderer, run);
+        the_renderer.all_in_view(in_view_before);
         return the_renderer.render_action() != action || !action->stops_at(the_place);
     }
 
@@ -153,6 +158,9 @@ private:
         }
         return go_on;
     }
+
+    // Whether all of the structure under way has one look.
+    bool looks_alike() const { return !dgLooks::parts_runs(the_looks.back()); }
 
     // Once something is edited by what is drawn, all that follows is met: it may have come into view.
     bool culls()
@@ -186,13 +194,22 @@ StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
     }
     the_steps = &structure.compiled().steps();
     if (the_tree)
-        look_for_seen();
-    else if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
     {
-        // The tree is up to date where bounds are.
-        if (drawing.culls())
-            structure.bounds();
-        put_in_force(drawing.the_start[depth - 1], drawing.culls() ? structure.compiled().tree().get() : nullptr);
+        look_for_seen();
+        return;
+    }
+    if (drawing.culls() && drawing.the_through_action)
+    {
+        const dgBounds& bounds = structure.bounds(); // the tree is up to date where bounds are
+        the_tree = structure.compiled().tree();
+        the_passes = true;
+        if (!the_inside && !bounds.open && !bounds.box.empty() &&
+            (!bounds.world || drawing.the_renderer.context().transform() == giXform3()))
+            the_inside = drawing.the_renderer.volume(bounds.reach).test(bounds.box) == dgBOX_INSIDE;
+    }
+    if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
+    {
+        put_in_force(drawing.the_start[depth - 1], the_tree.get());
         if (depth == drawing.the_start.size())
             drawing.the_start.clear();
     }
@@ -239,7 +256,11 @@ void StepCursor::look_for_seen()
 
 StepCursor::Item StepCursor::next()
 {
-    const Item step = the_tree && the_drawing->culls() ? next_seen() : next_of_all();
+    gsRenderAction* const action = the_passes ? the_drawing->the_renderer.render_action() : nullptr;
+    const bool leaves_out = the_tree && the_drawing->culls();
+    const Item step = leaves_out && !the_passes                            ? next_seen()
+                      : leaves_out && action && the_drawing->looks_alike() ? next_not_passed(*action)
+                                                                           : next_of_all();
     if (step)
         the_drawing->the_met = step->element;
     return step;
@@ -260,6 +281,26 @@ StepCursor::Item StepCursor::next_seen()
     const int step = the_tree->step(static_cast<int>(64 * the_word + bit));
     put_in_force(step, the_tree.get());
     return &(*the_steps)[the_next++];
+}
+
+// What is left out is counted by the action. Nothing is called that may edit the network between two steps that are
+// met, so that the walk over all steps may go on behind any of them.
+StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
+{
+    the_drawing->the_inside = the_inside;
+    const int leaves = the_tree->drawing_steps();
+    for (int leaf = the_tree->leaf_from(static_cast<int>(the_next)); leaf < leaves; ++leaf)
+    {
+        const dgSoleRun& sole = the_tree->sole(leaf);
+        if (the_tree->empty(leaf) || (sole.features >= 0 && action.passes_by(sole.topology, sole.features)))
+            continue;
+        const int step = the_tree->step(leaf);
+        put_in_force(step, the_tree.get());
+        the_drawing->the_place.back() = step;
+        return &(*the_steps)[the_next++];
+    }
+    the_next = the_steps->size(); // what attributes follow hold for nothing
+    return nullptr;
 }
 
 StepCursor::Item StepCursor::next_of_all()

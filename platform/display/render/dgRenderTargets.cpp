@@ -153,3 +153,8 @@ void dgRenderTargets::finish()
 {
     driver()->finish();
 }
+
+void dgRenderTargets::finish_all_but_last()
+{
+    driver()->finish_all_but_last();
+}

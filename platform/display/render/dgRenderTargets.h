@@ -81,6 +81,10 @@ public:
     /// Waits until everything is drawn.
     void finish();
 
+    /// Waits until everything is drawn that came before the last call of this one. So a picture that is drawn piece by
+    /// piece is never more than one piece behind, and the driver is at work while the next piece is made.
+    void finish_all_but_last();
+
 protected:
     dgRenderTargets(dgWindow* main, dgWindow* overlay, const gwWindow* input_window);
     virtual ~dgRenderTargets();

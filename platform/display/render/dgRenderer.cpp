@@ -277,7 +277,7 @@ bool dgRenderer::find_seen_texts(const dgPrimitiveRun& run)
 // True when some of a run is out of view: the_seen are the features that may be in it.
 bool dgRenderer::find_seen(const dgPrimitiveRun& run)
 {
-    if (!culls())
+    if (!culls() || the_all_in_view)
         return false;
     if (run.topology == dgTOPOLOGY_TEXT)
         return find_seen_texts(run);

@@ -14,6 +14,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class dgCamera;
@@ -142,6 +143,9 @@ public:
     bool culls() const { return the_culling && the_camera_known; }
     dgViewVolume volume(double reach = 0) const;
 
+    /// Whether all runs that are drawn from now on are known to be in view, whole; answers what it was.
+    bool all_in_view(bool known) { return std::exchange(the_all_in_view, known); }
+
     /// Draws a run by simplified levels with about count triangles; answers how many were, counting the share of what
     /// is out of view. 0, with nothing drawn, where there are no levels or they are switched off.
     int draw_simplified(const dgPrimitiveRun& run, int count);
@@ -194,6 +198,7 @@ private:
     dgAttributeContext the_context;
     const dgCamera* the_camera = nullptr;
     int the_culling;
+    bool the_all_in_view = false;
     bool the_camera_known = false; // what follows is of the driver's camera
     giXform3 the_world_to_clip;
     std::optional<giPlane> the_section;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dgExport.h"
+#include "dgGeometry.h"
 #include "dgNetworkPlace.h"
 
 class dgGraphicalElement;
@@ -31,6 +32,10 @@ public:
     /// Draws what is to be drawn of primitives that follow on each other under one state, which is in force. By default
     /// asks about each of them.
     virtual void run(dgRenderer& renderer, const dgPrimitiveRun& run);
+
+    /// Asked before a small run, one that is drawn as a whole or not at all, whose state need not be in force yet: 1
+    /// when nothing of it is to be drawn. Then it is not met, and the action has counted it as if it were.
+    virtual int passes_by(dgTopology, int /*features*/) { return 0; }
 
     /// Where a pass starts, null for the beginning of the network: at a run of which stops_at was told while the
     /// network was as it is now. What lies before is not met; its attributes are in force. Asked behind start_network.

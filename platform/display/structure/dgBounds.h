@@ -1,6 +1,14 @@
 #pragma once
 
+#include "dgGeometry.h"
 #include "giBox3.h"
+
+/// A run of primitives that is drawn as a whole or not at all, where that is all there is of something.
+struct dgSoleRun
+{
+    int features = -1; ///< triangles, segments or points of the run; -1 where there is something else
+    dgTopology topology = dgTOPOLOGY_POINTS;
+};
 
 /// Where something of a network is drawn, as far as that is known before it is drawn.
 struct dgBounds
@@ -11,4 +19,5 @@ struct dgBounds
     bool open = false;  ///< more may be drawn, anywhere
     bool vague = false; ///< primitives may lie outside the box; what is vague is open, too
     bool world = false; ///< the box is right only where the place's coordinates are those of the world
+    dgSoleRun sole;     ///< what there is of it, if that is one small run
 };

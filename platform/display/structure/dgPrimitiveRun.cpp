@@ -34,6 +34,7 @@ const dgRunBounds& dgPrimitiveRun::bounds() const
 void dgPrimitiveRun::primitive_changed(int number, unsigned long long changed_stamp)
 {
     stamp = changed_stamp;
+    the_small_features = not_counted;
     if (bounds_cache && !bounds_cache->primitive_changed(*this, number))
         bounds_cache.reset();
 }

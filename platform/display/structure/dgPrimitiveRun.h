@@ -24,6 +24,17 @@ struct DG_EXPORT dgPrimitiveRun
     /// How the run is sampled and its number of features; made when first asked for after a change.
     const dgRunSampling& sampling() const;
 
+    /// Its number of features, for a small run without a look at how it is sampled.
+    int features() const { return small_features() < 0 ? sampling().features() : the_small_features; }
+
+    /// Number of features of a run that is certainly indivisible, -1 where sampling it must tell.
+    int small_features() const
+    {
+        if (the_small_features == not_counted)
+            the_small_features = dgRunSampling::features_if_indivisible(*this);
+        return the_small_features;
+    }
+
     /// Where its primitives lie; made when first asked for.
     const dgRunBounds& bounds() const;
 
@@ -44,4 +55,8 @@ struct DG_EXPORT dgPrimitiveRun
     ~dgPrimitiveRun();
     dgPrimitiveRun(const dgPrimitiveRun&) = delete;
     dgPrimitiveRun& operator=(const dgPrimitiveRun&) = delete;
+
+private:
+    static constexpr int not_counted = -2;
+    mutable int the_small_features = not_counted;
 };

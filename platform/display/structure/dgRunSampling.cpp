@@ -95,6 +95,19 @@ dgRunSampling::dgRunSampling(const dgPrimitiveRun& run) : the_run_stamp(run.stam
     }
 }
 
+int dgRunSampling::features_if_indivisible(const dgPrimitiveRun& run)
+{
+    const int triangles = run.topology == dgTOPOLOGY_TRIANGLES;
+    const int most = run.primitives.size() == 1 && triangles ? chunk_triangles
+                     : triangles                             ? gathered_triangles
+                                                             : gathered_others;
+    int features = 0;
+    for (const dgGraphicalPrimitive* primitive : run.primitives)
+        if ((features += primitive->geometry().nfeatures) > most)
+            return -1;
+    return features;
+}
+
 void dgRunSampling::sample(int first, int end, std::vector<dgFeatureSpan>& spans) const
 {
     const auto append = [&](int from, int count)

@@ -33,6 +33,9 @@ public:
     /// Whether the run is taken or left as a whole: it has no more than one unit.
     int indivisible() const { return the_units.size() < 2; }
 
+    /// Features of a run that is certainly indivisible, -1 where sampling it must tell; takes no memory.
+    static int features_if_indivisible(const dgPrimitiveRun& run);
+
     /// Appends, in drawing order, the features whose places in the sampling order are first to end - 1.
     void sample(int first, int end, std::vector<dgFeatureSpan>& spans) const;
 

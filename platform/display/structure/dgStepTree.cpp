@@ -101,7 +101,8 @@ dgBounds dgStepTree::bounds() const
             .exact = the_inexact == 0,
             .open = !the_open.empty(),
             .vague = !the_vague.empty(),
-            .world = the_world};
+            .world = the_world,
+            .sole = the_leaves.size() == 1 ? the_leaves.front().sole : dgSoleRun()};
 }
 
 int dgStepTree::leaf_from(int step) const
@@ -170,11 +171,13 @@ dgBounds dgStepTree::find(Leaf& leaf, const giXform3& placement, bool world)
         found.box = step.run->bounds().box();
         found.open = step.run->topology == dgTOPOLOGY_TEXT; // its extent is the driver's to know
         parts = static_cast<int>(step.run->primitives.size());
+        found.sole = {step.run->small_features(), step.run->topology};
     }
     else if (const dgStructure* called = step.element->called_structure())
     {
         if (!called->known_bounds(found))
             found.open = found.vague = true; // a circle of calls
+        leaf.empty = found.box.empty() && !found.open;
         parts = 2;
     }
     else if (step.element->type() != dgTYPE_STRUCTURE_CALL)
@@ -193,6 +196,7 @@ dgBounds dgStepTree::find(Leaf& leaf, const giXform3& placement, bool world)
     }
     the_world |= world || found.world;
     the_reach = std::max(the_reach, found.reach);
+    leaf.sole = found.sole;
     leaf.exact = found.exact;
     leaf.vague = found.vague;
     leaf.open = found.open || found.vague || leaf.unplaced;

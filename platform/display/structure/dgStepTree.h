@@ -38,6 +38,10 @@ public:
     const std::vector<int>& open_leaves() const { return the_open; }
     const std::vector<int>& vague_leaves() const { return the_vague; }
 
+    /// What a drawing step is, if that is one small run; and whether it calls a structure in which there is nothing.
+    const dgSoleRun& sole(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].sole; }
+    bool empty(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].empty; }
+
     int transforms_before(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].transforms; }
 
     /// From the coordinates of a drawing step to the structure's, and whether these are taken for the world's.
@@ -76,6 +80,8 @@ private:
         int transforms; // how many of the structure's lie before it
         bool exact = true, open = false, vague = false;
         bool unplaced = false; // an element before it may have changed what is in force
+        bool empty = false;
+        dgSoleRun sole = {};
     };
     struct Attributes
     {
