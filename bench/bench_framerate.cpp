@@ -52,11 +52,13 @@
 #include <cstring>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
 {
 constexpr int width = 1280, height = 720;
+std::vector<std::string> table; // of the scene, as docs/frame-rate.md has it
 double framerate = 10, drag_seconds = 5;
 int levels = 0;
 
@@ -243,6 +245,10 @@ void drag(const char* name, Picture& picture, Frame frame, Idle idle, End end)
         "picture the same: %s, end the same: %s\n",
         1e3 * idle_seconds, calls, idle_seconds / full_seconds, idle_processor_seconds / full_processor_seconds,
         yes_no(completed.rgba == full.rgba), yes_no(ended.rgba == full.rgba));
+    char row[200];
+    std::snprintf(row, sizeof row, "| %s | %.0f ms | %.0f %% | %.2f frames | %.2f full redraws |", name,
+                  1e3 * full_seconds, 100 * mid / budget, late / budget, idle_seconds / full_seconds);
+    table.emplace_back(row);
 }
 
 void drag(const char* name, Picture& picture, grViewRefresher& refresher, const dgCamera& start)
@@ -457,6 +463,10 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
     rest(picture, picture.full_redraw(image));
     if (one_block)
         compare_bare(picture, *root);
+    std::printf("| %s | Full redraw | Median of the frames, of their time | 95 %% of them within | Complete after |\n",
+                name);
+    for (const std::string& row : std::exchange(table, {}))
+        std::printf("%s\n", row.c_str());
 }
 }
 

@@ -1,5 +1,6 @@
 // Simplified levels of heavy blocks: how long they take to be made and what memory they keep, and what a view shows
-// that is drawn with a share of its triangles, beside the sample of triangles that it is drawn with otherwise.
+// that is drawn with a share of its triangles, beside the sample of triangles that it is drawn with otherwise; and what
+// whole drawings show and take that a facet tolerance allows to be coarser.
 //
 //     bench_levels [--memory] [scene...]      scenes: part ring blocks large, or mesh files; without any the first
 //     three
@@ -8,6 +9,7 @@
 #include "benchTiming.h"
 
 #include "dgClientStructure.h"
+#include "dgDrawQuality.h"
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLWindow.h"
@@ -125,6 +127,13 @@ struct Picture
         renderer.render_action(nullptr);
         renderer.finish();
     }
+    // Looks at the scene from one of four sides.
+    void turn(int side)
+    {
+        view.camera().orientation(giPoint3(), giVector3(std::cos(1.6 * side), std::sin(1.6 * side), -0.7),
+                                  giVector3(0, 0, 1));
+        view.view_bbox();
+    }
     dgImage image()
     {
         dgImage image;
@@ -165,6 +174,36 @@ double best_processor_seconds(int times, Work work)
     while (--times)
         best = std::min(best, processor_seconds(work));
     return best;
+}
+
+// The pictures and the times of whole drawings that may be off by so many pixels, beside those that may not.
+void compare_tolerances(Picture& picture)
+{
+    for (const double pixels : {0.5, 1.0, 2.0, 4.0})
+    {
+        Difference difference;
+        dgDrawQuality coarse;
+        coarse.facet_tolerance_set = 1;
+        coarse.facet_tolerance = pixels;
+        for (int turn = 0; turn < 4; ++turn)
+        {
+            picture.turn(turn);
+            picture.draw(nullptr);
+            const dgImage full = picture.image();
+            picture.renderer.set_in_pipeline_context(&coarse);
+            picture.draw(nullptr);
+            difference.add(full, picture.image());
+            picture.renderer.set_in_pipeline_context(nullptr);
+        }
+        const double full_time = best_processor_seconds(3, [&] { picture.draw(nullptr); });
+        picture.renderer.set_in_pipeline_context(&coarse);
+        const double time = best_processor_seconds(3, [&] { picture.draw(nullptr); });
+        picture.renderer.set_in_pipeline_context(nullptr);
+        std::printf(
+            "  facet tolerance of %.1f pixels: lost %6.3f %%, wrong %6.3f %%, %6.1f ms = %.2f of a full redraw\n",
+            pixels, 100 * difference.lost / difference.part, 100 * difference.wrong / difference.part, 1e3 * time,
+            time / full_time);
+    }
 }
 
 // Draws a scene until its levels are there, and prints the memory in one line.
@@ -222,6 +261,10 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
         "  levels complete after another %.2f s (%.2f s a million triangles); process %.0f MB, buffers %.0f MB\n", made,
         made / total * 1e6, memory.resident, memory.buffers);
 
+    // As docs/rendering.md has it.
+    char text[60];
+    std::snprintf(text, sizeof text, "| %s | %.0f |", name, total);
+    std::string row = text, sample;
     for (const double share : {0.5, 0.2, 0.1, 0.05, 0.02, 0.01})
     {
         for (const int levels : {1, 0})
@@ -231,9 +274,7 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
             Difference difference;
             for (int turn = 0; turn < 4; ++turn)
             {
-                picture.view.camera().orientation(
-                    giPoint3(), giVector3(std::cos(1.6 * turn), std::sin(1.6 * turn), -0.7), giVector3(0, 0, 1));
-                picture.view.view_bbox();
+                picture.turn(turn);
                 picture.draw(nullptr);
                 const dgImage full = picture.image();
                 picture.draw(&skipper);
@@ -246,9 +287,17 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, dgStru
                         100 * static_cast<double>(skipper.prims_drawn()) / total,
                         100 * difference.lost / difference.part, 100 * difference.wrong / difference.part, 1e3 * time,
                         time / full_time, levels && share <= 0.1 ? " (goal at most 0.1 and 1)" : "");
+            std::snprintf(text, sizeof text, " %.2f %% / %.2f %% |", 100 * difference.lost / difference.part,
+                          100 * difference.wrong / difference.part);
+            if (levels && share >= 0.02 && share <= 0.2)
+                row += text;
+            else if (!levels && share == 0.1)
+                sample = text;
         }
         picture.renderer.simplified_levels(1);
     }
+    std::printf("%s%s\n", row.c_str(), sample.c_str());
+    compare_tolerances(picture);
 }
 
 // Null with a message when there is no such scene.
