@@ -2,6 +2,11 @@
 
 #include <cmath>
 
+namespace
+{
+constexpr double cell_size = 64; // tolerances
+}
+
 giOutline::giOutline(const giWorkplane3& workplane, double tolerance)
     : the_workplane(workplane), the_tolerance(tolerance)
 {}
@@ -13,11 +18,12 @@ std::uint64_t giOutline::key(std::int64_t column, std::int64_t row)
 
 int giOutline::number(const giPoint3& p)
 {
+    // Few corners are so near to the border of their cell that another cell may hold the same one.
     const giPoint2 flat = the_workplane.to_workplane(p);
-    const auto cell = [this](double x) { return static_cast<std::int64_t>(std::floor(x / the_tolerance)); };
-    const std::int64_t column = cell(flat.x()), row = cell(flat.y());
-    for (std::int64_t i = column - 1; i <= column + 1; ++i)
-        for (std::int64_t j = row - 1; j <= row + 1; ++j)
+    const auto cell = [this](double x)
+    { return static_cast<std::int64_t>(std::floor(x / (cell_size * the_tolerance))); };
+    for (std::int64_t i = cell(flat.x() - the_tolerance); i <= cell(flat.x() + the_tolerance); ++i)
+        for (std::int64_t j = cell(flat.y() - the_tolerance); j <= cell(flat.y() + the_tolerance); ++j)
         {
             const auto [first, last] = the_cells.equal_range(key(i, j));
             for (auto found = first; found != last; ++found)
@@ -25,7 +31,7 @@ int giOutline::number(const giPoint3& p)
                     return found->second;
         }
     const int number = static_cast<int>(the_corners.size());
-    the_cells.emplace(key(column, row), number);
+    the_cells.emplace(key(cell(flat.x()), cell(flat.y())), number);
     the_corners.push_back(p);
     the_flat_corners.push_back(flat);
     return number;

@@ -44,6 +44,6 @@ private:
     double the_tolerance;
     std::vector<giPoint3> the_corners;
     std::vector<giPoint2> the_flat_corners;
-    std::unordered_multimap<std::uint64_t, int> the_cells; // as wide as the tolerance
-    std::map<std::pair<int, int>, int> the_edges;          // with the number of times
+    std::unordered_multimap<std::uint64_t, int> the_cells;
+    std::map<std::pair<int, int>, int> the_edges; // with the number of times
 };

@@ -129,24 +129,28 @@ void grSelection::select(const std::vector<dgElementPath>& parts, grSelectMode m
     if (had_triangles)
         for (const grSelectedTriangles& triangles : std::exchange(the_selected_triangles, {}))
             show_triangles({triangles.path, {}});
-    const auto deselect = [this](const dgElementPath& part)
-    {
-        std::erase_if(the_selected, [&](const dgElementPath& one) { return key(one) == key(part); });
-        change(part, [](State& state) { state.selected = 0; });
-    };
     if (mode == grSELECT_ONLY)
+    {
+        std::set<Key> wanted;
+        for (const dgElementPath& part : parts)
+            wanted.insert(key(part));
         for (const dgElementPath& part : before)
-            if (std::none_of(parts.begin(), parts.end(),
-                             [&](const dgElementPath& one) { return key(one) == key(part); }))
-                deselect(part);
+            if (!wanted.count(key(part)))
+                change(part, [](State& state) { state.selected = 0; });
+    }
     for (const dgElementPath& part : parts)
-        if (!is_selected(part))
-        {
+    {
+        const int was_selected = is_selected(part);
+        if (was_selected && mode != grSELECT_TOGGLE)
+            continue;
+        if (!was_selected)
             the_selected.push_back(part);
-            change(part, [](State& state) { state.selected = 1; });
-        }
-        else if (mode == grSELECT_TOGGLE)
-            deselect(part);
+        change(part, [=](State& state) { state.selected = !was_selected; });
+    }
+    // What was toggled twice stands there twice.
+    std::set<Key> met;
+    std::erase_if(the_selected,
+                  [&](const dgElementPath& part) { return !is_selected(part) || !met.insert(key(part)).second; });
     draw();
     const auto same = [](const dgElementPath& a, const dgElementPath& b) { return key(a) == key(b); };
     if ((had_triangles || !std::equal(before.begin(), before.end(), the_selected.begin(), the_selected.end(), same)) &&

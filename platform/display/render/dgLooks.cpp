@@ -108,19 +108,28 @@ struct dgLooks::Node
     {
         return run.number << n_lists | (~place.inside & ((1u << n_lists) - 1));
     }
-    bool hides() const
+    void forget_splits(unsigned which)
     {
-        return look.hidden ||
-               std::any_of(children.begin(), children.end(), [](const auto& child) { return child.second->hides(); });
+        std::erase_if(splits, [=](const auto& split) { return split.first & which; });
     }
-    void leave_list(unsigned which)
+    bool plain() const { return children.empty() && look.plain() && !listed && !triangles; }
+
+    // Where the primitives of a run stand, by their addresses.
+    using Places = std::vector<std::pair<const dgGraphicalElement*, int>>;
+    std::unordered_map<unsigned long long, Places> places; // by the number of the run
+    const Places& places_in(const dgPrimitiveRun& run)
     {
-        if (leads_to_listed & which)
-            std::erase_if(splits, [=](const auto& split) { return split.first & which; });
-        listed &= ~which;
-        leads_to_listed &= ~which;
-        for (const auto& [key, child] : children)
-            child->leave_list(which);
+        constexpr std::size_t most_runs = 1000; // those of runs that are no more go with the rest
+        if (places.size() > most_runs)
+            places.clear();
+        const auto [found, is_new] = places.try_emplace(run.number);
+        if (is_new)
+        {
+            for (const dgGraphicalPrimitive* primitive : run.primitives)
+                found->second.emplace_back(primitive, static_cast<int>(found->second.size()));
+            std::sort(found->second.begin(), found->second.end());
+        }
+        return found->second;
     }
 };
 
@@ -149,18 +158,21 @@ dgLooks::Node& dgLooks::node(const dgElementPath& path)
     return *node;
 }
 
-void dgLooks::prune(Node& node)
+// Lets go of what has no more to say along a path.
+void dgLooks::prune(const dgElementPath& path)
 {
-    const auto pruned =
-        std::erase_if(node.children,
-                      [this](const auto& entry)
-                      {
-                          Node& child = *entry.second;
-                          prune(child);
-                          return child.children.empty() && child.look.plain() && !child.listed && !child.triangles;
-                      });
-    if (pruned)
-        node.splits.clear(); // they point there
+    std::vector<Node*> way{the_root.get()};
+    for (const dgRef<dgGraphicalElement>& element : path)
+        if (Node* const next = way.back()->find(*element))
+            way.push_back(next);
+        else
+            break;
+    for (; way.size() > 1 && way.back()->plain(); way.pop_back())
+    {
+        Node& parent = *way[way.size() - 2];
+        parent.children.erase(path[way.size() - 2].get());
+        parent.splits.clear(); // they point there
+    }
 }
 
 void dgLooks::set(const dgElementPath& path, const dgLook& look)
@@ -170,6 +182,7 @@ void dgLooks::set(const dgElementPath& path, const dgLook& look)
     Node& part = node(path);
     if (!path.empty())
         node({path.begin(), path.end() - 1}).splits.clear();
+    the_n_hidden += (look.hidden != 0) - (part.look.hidden != 0);
     part.look = look;
     part.attributes.clear();
     const auto add = [&](dgGraphicalAttribute* attribute) { part.attributes.emplace_back(attribute); };
@@ -180,7 +193,7 @@ void dgLooks::set(const dgElementPath& path, const dgLook& look)
     if (look.opacity < 1)
         add(new dgOpacity(look.opacity));
     if (look.plain())
-        prune(*the_root);
+        prune(path);
     changed();
 }
 
@@ -198,7 +211,7 @@ void dgLooks::set_triangles(const dgElementPath& path, const std::vector<int>& t
         add_colours(part.triangles->node->attributes, colour);
     }
     else
-        prune(*the_root);
+        prune(path);
     changed();
 }
 
@@ -231,21 +244,46 @@ dgLook dgLooks::find(const dgElementPath& path) const
 
 void dgLooks::list(unsigned which, const std::vector<dgElementPath>& paths)
 {
-    the_root->leave_list(which);
+    std::vector<dgElementPath>& listed = which == isolation ? the_isolated : the_redrawing;
+    const std::vector<dgElementPath> before = std::exchange(listed, paths);
+    const auto each_on = [this](const dgElementPath& path, auto change)
+    {
+        Node* way = the_root.get();
+        for (const dgRef<dgGraphicalElement>& element : path)
+        {
+            change(*way);
+            if (!(way = way->find(*element)))
+                return;
+        }
+        change(*way);
+    };
+    for (const dgElementPath& path : before)
+        each_on(path,
+                [=](Node& node)
+                {
+                    if (node.leads_to_listed & which)
+                        node.forget_splits(which);
+                    node.listed &= ~which;
+                    node.leads_to_listed &= ~which;
+                });
     the_lists = paths.empty() ? the_lists & ~which : the_lists | which;
     for (const dgElementPath& path : paths)
     {
-        Node* way = the_root.get();
         Node& end = node(path);
-        for (const dgRef<dgGraphicalElement>& element : path)
-        {
-            std::erase_if(way->splits, [=](const auto& split) { return split.first & which; });
-            way->leads_to_listed |= which;
-            way = way->find(*element);
-        }
-        end.listed |= which;
+        each_on(path,
+                [&](Node& node)
+                {
+                    if (&node == &end)
+                    {
+                        node.listed |= which;
+                        return;
+                    }
+                    node.forget_splits(which);
+                    node.leads_to_listed |= which;
+                });
     }
-    prune(*the_root);
+    for (const dgElementPath& path : before)
+        prune(path);
 }
 
 void dgLooks::isolate(const std::vector<dgElementPath>& paths)
@@ -254,11 +292,6 @@ void dgLooks::isolate(const std::vector<dgElementPath>& paths)
         return;
     list(isolation, paths);
     changed();
-}
-
-int dgLooks::hides() const
-{
-    return isolated() || the_root->hides();
 }
 
 void dgLooks::redraw_only(const std::vector<dgElementPath>& paths)
@@ -319,13 +352,13 @@ const std::vector<dgLooks::Part>& dgLooks::parts(const Place& place, const dgPri
         split.parts.push_back({&part, at, over_another});
         return &part;
     };
-    for (const dgGraphicalPrimitive* primitive : run.primitives)
+    const auto meet = [&](const dgGraphicalPrimitive* primitive)
     {
         Place at;
         if (!enter(place, *primitive, at))
         {
             others = nullptr;
-            continue;
+            return;
         }
         if (at.node || !others)
             others = start(at);
@@ -335,6 +368,22 @@ const std::vector<dgLooks::Part>& dgLooks::parts(const Place& place, const dgPri
         Place over;
         if (const dgGraphicalPrimitive* triangles = dgLooks::triangles(at, *primitive, over))
             start(over, true)->primitives.push_back(triangles);
+    };
+    if (const auto& children = place.node->children; place.inside == ~0u || children.size() > run.primitives.size() / 8)
+        for (const dgGraphicalPrimitive* primitive : run.primitives)
+            meet(primitive);
+    else
+    {
+        // What no child stands for is not shown.
+        const Node::Places& places = place.node->places_in(run);
+        std::vector<int> met;
+        for (const auto& [element, child] : children)
+            for (auto found = std::lower_bound(places.begin(), places.end(), std::pair(element, 0));
+                 found != places.end() && found->first == element; ++found)
+                met.push_back(found->second);
+        std::sort(met.begin(), met.end());
+        for (const int number : met)
+            meet(run.primitives[static_cast<std::size_t>(number)]);
     }
     if (split.parts.size() == 1 && split.runs.back().primitives.size() == run.primitives.size())
         split.parts.front().run = &run; // with what is kept of it

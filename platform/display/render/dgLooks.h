@@ -56,7 +56,7 @@ public:
     /// Hides everything but some parts, and what looks hide; empty shows everything again.
     void isolate(const std::vector<dgElementPath>& paths);
     /// 1 when some part may be hidden.
-    int hides() const;
+    int hides() const { return isolated() || the_n_hidden > 0; }
     int isolated() const { return (the_lists & isolation) != 0; }
 
     /// Grows with every change.
@@ -103,10 +103,12 @@ private:
     Node& node(const dgElementPath& path);
     const Node* find_node(const dgElementPath& path) const;
     void list(unsigned which, const std::vector<dgElementPath>& paths);
-    void prune(Node& node);
+    void prune(const dgElementPath& path);
     void changed();
 
     std::unique_ptr<Node> the_root;
-    unsigned the_lists = 0; // those that are in force
+    int the_n_hidden = 0;
+    unsigned the_lists = 0;                                 // those that are in force
+    std::vector<dgElementPath> the_isolated, the_redrawing; // what is on them
     unsigned long long the_stamp;
 };

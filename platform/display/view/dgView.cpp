@@ -257,11 +257,17 @@ void dgView::execute_structure(const dgStructure& structure)
         the_renderer->draw_structure(structure);
 }
 
+// Null where looks make no difference to what is shown.
+const dgLooks* dgView::hiding_looks() const
+{
+    return the_looks && the_looks->hides() ? the_looks.get() : nullptr;
+}
+
 giBox3 dgView::shown_box() const
 {
     if (!the_root)
         return {};
-    if (!the_looks || !the_looks->hides())
+    if (!hiding_looks())
         return the_root->bounding_box();
     giBox3 box;
     dg_walk_shown(*the_root, the_looks.get(),
@@ -295,7 +301,7 @@ dgPickResult* dgView::pick_all(const dgPickAperture& aperture, dgPickMode mode) 
     if (!the_user_clip_planes)
         camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
     dgPicker(camera, aperture, mode, the_renderer->pick_settings(), the_renderer->text_fonts(), *result)
-        .pick(*the_root, the_looks.get());
+        .pick(*the_root, hiding_looks());
     return result;
 }
 
@@ -312,7 +318,7 @@ std::vector<dgPickHit> dgView::pick_hits(const dgPickAperture& aperture, int fea
     dgPickResult& result = *new dgPickResult;
     dgPicker picker(camera, aperture, dgPICK_EXACT, settings, the_renderer->text_fonts(), result);
     picker.hits(&hits);
-    picker.pick(*the_root, the_looks.get());
+    picker.pick(*the_root, hiding_looks());
     result.release();
     std::stable_sort(hits.found.begin(), hits.found.end(),
                      [](const dgPickHit& a, const dgPickHit& b) { return a.depth > b.depth; });

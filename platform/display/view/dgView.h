@@ -175,6 +175,7 @@ private:
         bool operator==(const Camera&) const = default;
     };
     void tell_of_camera();
+    const dgLooks* hiding_looks() const;
 
     dgRef<dgStructure> the_root;
     dgRef<dgLooks> the_looks;
