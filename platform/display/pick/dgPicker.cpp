@@ -32,6 +32,8 @@ namespace
 {
 using Point = dgPicker::Point;
 
+constexpr double slack = 0.01; // pixels by which rounding may move what meets the aperture, and more
+
 // Whether no edge of the first of two convex shapes, of one point or more, parts them.
 bool unparted(const Point* shape, int n, const Point* other, int n_other)
 {
@@ -93,6 +95,81 @@ void cut(std::vector<giPoint3>& corners, Distance distance)
 }
 }
 
+// The line through the middle of what is shown in the aperture, in a run's coordinates. Most boxes are told from it by
+// a few operations.
+class dgPicker::Axis
+{
+public:
+    Axis(const dgPicker& picker, const giXform3& to_view)
+    {
+        const giXform3 from_view = to_view.inverse();
+        giBox2 box = picker.the_box;
+        box.grow(slack);
+        giPoint3 ends[2];
+        for (int end = 0; end < 2; ++end)
+        {
+            const double depth = end ? picker.the_back : picker.the_front;
+            const auto place = [&](double x, double y)
+            {
+                giPoint3 view;
+                picker.the_camera.transform(giPoint3(x, y, depth), view, dgSPACE_DEVICE, dgSPACE_VIEW);
+                const giPoint3 found = view * from_view;
+                the_known &= (found * to_view - view).length() <= rounding * (1 + view.vector().length());
+                return found;
+            };
+            ends[end] = place(box.middle().x(), box.middle().y());
+            for (const double x : {box.low().x(), box.high().x()})
+                for (const double y : {box.low().y(), box.high().y()})
+                    the_radius = std::max(the_radius, (place(x, y) - ends[end]).length());
+            the_radius += rounding * (the_radius + ends[end].vector().length());
+        }
+        const giVector3 along = ends[1] - ends[0];
+        const double components[] = {along.x(), along.y(), along.z()};
+        const double starts[] = {ends[0].x(), ends[0].y(), ends[0].z()};
+        for (int i = 0; i < 3; ++i)
+        {
+            the_start[i] = starts[i];
+            the_inverse[i] = std::abs(components[i]) > smallest ? 1 / components[i] : 1 / smallest;
+        }
+    }
+
+    // Whether nothing of a box lies as near to the axis as what is shown may (slabs, Kay and Kajiya 1986).
+    bool misses(const giBox3& box) const
+    {
+        const double low[] = {box.low().x(), box.low().y(), box.low().z()};
+        const double high[] = {box.high().x(), box.high().y(), box.high().z()};
+        double enter = 0, leave = 1;
+        for (int i = 0; i < 3; ++i)
+        {
+            const double a = (low[i] - the_radius - the_start[i]) * the_inverse[i];
+            const double b = (high[i] + the_radius - the_start[i]) * the_inverse[i];
+            enter = std::max(enter, std::min(a, b));
+            leave = std::min(leave, std::max(a, b));
+        }
+        return enter > leave && the_known;
+    }
+
+private:
+    static constexpr double rounding = 1e-6, smallest = 1e-200;
+    double the_start[3], the_inverse[3]; // by axis; the way from the front to the back is 1 long
+    double the_radius = 0;
+    bool the_known = true; // whether there is a way back from view space
+};
+
+// What follows from where a run lies; that of many runs is the same.
+struct dgPicker::Placing
+{
+    Placing(const dgPicker& picker, const giXform3& run_to_world)
+        : to_world(run_to_world), to_view(run_to_world * picker.the_camera.orientation()),
+          volume(picker.volume(to_view)), axis(picker, to_view)
+    {}
+    giXform3 to_world, to_view;
+    dgViewVolume volume;
+    Axis axis;
+};
+
+dgPicker::~dgPicker() = default;
+
 dgPicker::dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPickMode mode,
                    const dgPickSettings& settings, const dgTextFontSlots& fonts, dgPickResult& result)
     : the_camera(camera), the_box(intersection(aperture.device_box(), camera.view_port_dc())),
@@ -106,7 +183,6 @@ dgPicker::dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPic
     if (const std::optional<giPlane>& plane = camera.section())
         the_section = giPlane(plane->point() * camera.orientation(), plane->normal() * camera.orientation());
     // Whatever meets the aperture is shown no farther from it than this.
-    constexpr double slack = 0.01; // pixels
     const giBox2& port = camera.view_port_dc();
     const auto share = [](double place, double low, double high)
     { return (2 * place - low - high) / (high - low + 1); };
@@ -265,11 +341,16 @@ void dgPicker::take(const dgGraphicalPrimitive& primitive, const giXform3& to_vi
 
 void dgPicker::pick_in(const dgPrimitiveRun& run, const giXform3& to_world)
 {
-    const giXform3 to_view = to_world * the_camera.orientation();
-    const dgViewVolume volume = this->volume(to_view);
+    if (!the_placing || !(the_placing->to_world == to_world))
+        the_placing = std::make_unique<Placing>(*this, to_world);
+    const giXform3& to_view = the_placing->to_view;
+    const dgViewVolume& volume = the_placing->volume;
     const dgRunBounds& bounds = run.bounds();
     the_groups.clear();
-    bounds.tree().find([&](const giBox3& box) { return look(box, to_view, volume); },
+    const Axis& axis = the_placing->axis;
+    const bool exact = the_mode == dgPICK_EXACT;
+    bounds.tree().find([&](const giBox3& box)
+                       { return exact && axis.misses(box) ? dgBOX_OUTSIDE : look(box, to_view, volume); },
                        [&](int group, bool) { the_groups.push_back(group); });
     std::sort(the_groups.begin(), the_groups.end());
     for (const int group : the_groups)
@@ -378,7 +459,6 @@ dgBoxTest dgPicker::look(const giBox3& box, const giXform3& to_view, const dgVie
 {
     if (the_mode == dgPICK_EXACT)
         return volume.test(box);
-    constexpr double slack = 0.01; // pixels
     giBox2 shown = shown_part(box, to_view);
     shown.grow(slack);
     return shown.overlap(the_box) ? dgBOX_PARTLY : dgBOX_OUTSIDE;

@@ -5,6 +5,7 @@
 #include "dgExport.h"
 #include "dgPickSettings.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -34,6 +35,10 @@ public:
     /// All but the aperture must outlive the picker.
     dgPicker(const dgCamera& camera, const dgPickAperture& aperture, dgPickMode mode, const dgPickSettings& settings,
              const dgTextFontSlots& fonts, dgPickResult& result);
+
+    ~dgPicker();
+    dgPicker(const dgPicker&) = delete;
+    dgPicker& operator=(const dgPicker&) = delete;
 
     /// Appends to the result, in drawing order, until the settings' largest count is reached. What looks, which may be
     /// null, hide is not met.
@@ -87,5 +92,8 @@ private:
 
     // Kept from one primitive to the next.
     std::vector<int> the_groups;
+    class Axis;
+    struct Placing;
+    std::unique_ptr<Placing> the_placing; // of the run before
     std::vector<giPoint3> the_shown_part;
 };

@@ -66,30 +66,30 @@ void dgViewVolume::cut(const giXform3& to_world, const giPlane& plane)
 
 dgBoxTest dgViewVolume::test(const giBox3& box) const
 {
-    const double low[] = {box.low().x(), box.low().y(), box.low().z()};
-    const double high[] = {box.high().x(), box.high().y(), box.high().z()};
+    const giPoint3 middle = box.middle();
+    const double middles[] = {middle.x(), middle.y(), middle.z()};
+    const double halves[] = {0.5 * box.width(), 0.5 * box.height(), 0.5 * box.depth()};
     dgBoxTest found = dgBOX_INSIDE;
     for (int i = 0; i < the_count; ++i)
     {
         const Plane& plane = the_planes[i];
+        double distance = plane.offset, extent = 0;
+        for (int axis = 0; axis < 3; ++axis)
+        {
+            distance += plane.normal[axis] * middles[axis];
+            extent += std::abs(plane.normal[axis]) * halves[axis];
+        }
         // By how much rounding may be off; most boxes are told without it.
         const auto error = [&]
         {
             double size = plane.offset_size;
             for (int axis = 0; axis < 3; ++axis)
-                size += plane.sizes[axis] * std::max(std::abs(low[axis]), std::abs(high[axis]));
+                size += plane.sizes[axis] * (std::abs(middles[axis]) + halves[axis]);
             return largest_error * size;
         };
-        double farthest = plane.offset, nearest = plane.offset;
-        for (int axis = 0; axis < 3; ++axis)
-        {
-            const double at_low = plane.normal[axis] * low[axis], at_high = plane.normal[axis] * high[axis];
-            farthest += std::max(at_low, at_high);
-            nearest += std::min(at_low, at_high);
-        }
-        if (farthest < 0 && farthest + error() < 0)
+        if (distance + extent < 0 && distance + extent + error() < 0)
             return dgBOX_OUTSIDE;
-        if (found == dgBOX_INSIDE && !(nearest >= 0 && nearest - error() >= 0))
+        if (found == dgBOX_INSIDE && !(distance - extent >= 0 && distance - extent - error() >= 0))
             found = dgBOX_PARTLY;
     }
     return found;
