@@ -20,7 +20,7 @@ constexpr std::size_t most_in_patch = 32768, least_in_patch = 4096, enough_patch
 
 // Of the triangles of a block its finest level has this share, and each other one about half of the one before: all
 // levels together have fewer than the block.
-constexpr double finest_level = 0.4;
+constexpr double finest_level = 0.38;
 
 // Levels end with a few triangles, or where outlines that must be kept let too few of them go.
 constexpr std::size_t fewest_triangles = 48;

@@ -32,11 +32,11 @@ struct DG_OPENGL_EXPORT dgGLLevel
     std::uint32_t start(unsigned group, unsigned patch) const { return starts[group * patches + patch]; }
 };
 
-/// Levels of a block: one with two fifths of its triangles, and each further one with about half of those of the one
-/// before as far as that goes, down to a few dozen. By edge collapse under a quadric error (Garland and Heckbert 1997),
-/// as meshoptimizer does it. Vertices in one position count as one, and of these a corner takes the one whose normal is
-/// the nearest to its triangle's. The open outlines of a block stay as they are, so that blocks that meet go on to
-/// meet.
+/// Levels of a block: one with nearly two fifths of its triangles, and each further one with about half of those of the
+/// one before as far as that goes, down to a few dozen. By edge collapse under a quadric error (Garland and Heckbert
+/// 1997), as meshoptimizer does it. Vertices in one position count as one, and of these a corner takes the one whose
+/// normal is the nearest to its triangle's. The open outlines of a block stay as they are, so that blocks that meet go
+/// on to meet.
 ///
 /// None when a stop is asked for, which is answered within a fraction of a second.
 DG_OPENGL_EXPORT std::vector<dgGLLevel> dg_gl_simplify(dgGLMesh mesh, const std::stop_token& stop);
