@@ -196,8 +196,10 @@ void vw_offer_font(const vwOptions& options, vwScene& scene)
     scene.overlay().font_source(
         [&options, &scene]
         {
+            // Strokes of small regular letters are thinner than a pixel. The slot after them has the bold ones.
             std::string error;
-            return vw_install_font(options, scene.renderer(), error);
+            const int slot = vw_install_font(options, scene.renderer(), error);
+            return slot >= 0 && scene.renderer().get_text_font(slot + 1) ? slot + 1 : slot;
         });
 }
 

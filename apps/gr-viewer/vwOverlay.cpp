@@ -44,12 +44,12 @@ void vwOverlay::draw(dgView& view)
     if (!the_axes && !the_part_list && !the_help)
         return;
     the_pixels.clear();
-    if (the_axes)
+    if (the_axes && !the_help)
     {
         add_axes(view);
         add_scale_bar(view);
     }
-    if (the_part_list)
+    if (the_part_list && !the_help)
         add_part_list(view);
     if (the_help)
         add_help(view);

@@ -1,40 +1,55 @@
 #include "giOutline.h"
 
+#include "giVector2.h"
+
 #include <cmath>
 
 namespace
 {
-constexpr double cell_size = 64; // tolerances
+// In tolerances: of cells, and of places, within which positions are the same but for rounding.
+constexpr double cell_size = 64, place_size = 1e-3;
 }
 
 giOutline::giOutline(const giWorkplane3& workplane, double tolerance)
     : the_workplane(workplane), the_tolerance(tolerance)
 {}
 
-std::uint64_t giOutline::key(std::int64_t column, std::int64_t row)
+giOutline::Cell giOutline::cell(const giPoint2& flat, double size)
 {
-    return static_cast<std::uint64_t>(column) * 0x9E3779B97F4A7C15u ^ static_cast<std::uint64_t>(row);
+    return {static_cast<std::int64_t>(std::floor(flat.x() / size)),
+            static_cast<std::int64_t>(std::floor(flat.y() / size))};
 }
 
 int giOutline::number(const giPoint3& p)
 {
-    // Few corners are so near to the border of their cell that another cell may hold the same one.
     const giPoint2 flat = the_workplane.to_workplane(p);
-    const auto cell = [this](double x)
-    { return static_cast<std::int64_t>(std::floor(x / (cell_size * the_tolerance))); };
-    for (std::int64_t i = cell(flat.x() - the_tolerance); i <= cell(flat.x() + the_tolerance); ++i)
-        for (std::int64_t j = cell(flat.y() - the_tolerance); j <= cell(flat.y() + the_tolerance); ++j)
+    // A position that comes again stays with its corner, however many others were made near it meanwhile.
+    const auto [place, is_new] = the_places.try_emplace(cell(flat, place_size * the_tolerance), -1);
+    if (!is_new)
+        return place->second;
+    // Few corners are so near to the border of their cell that another cell may hold the same one.
+    const giVector2 reach(the_tolerance, the_tolerance);
+    const Cell low = cell(flat - reach, cell_size * the_tolerance),
+               high = cell(flat + reach, cell_size * the_tolerance);
+    double nearest = the_tolerance;
+    for (std::int64_t i = low.column; i <= high.column; ++i)
+        for (std::int64_t j = low.row; j <= high.row; ++j)
         {
-            const auto [first, last] = the_cells.equal_range(key(i, j));
+            const auto [first, last] = the_cells.equal_range({i, j});
             for (auto found = first; found != last; ++found)
-                if (flat_corner(found->second).coincident(flat, the_tolerance))
-                    return found->second;
+                if (const double distance = flat_corner(found->second).distance(flat); distance <= nearest)
+                {
+                    nearest = distance;
+                    place->second = found->second;
+                }
         }
-    const int number = static_cast<int>(the_corners.size());
-    the_cells.emplace(key(cell(flat.x()), cell(flat.y())), number);
+    if (place->second >= 0)
+        return place->second;
+    place->second = static_cast<int>(the_corners.size());
+    the_cells.emplace(cell(flat, cell_size * the_tolerance), place->second);
     the_corners.push_back(p);
     the_flat_corners.push_back(flat);
-    return number;
+    return place->second;
 }
 
 void giOutline::add(const giPoint3& from, const giPoint3& to)

@@ -5,6 +5,7 @@
 #include "giPoint3.h"
 #include "giWorkplane3.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <unordered_map>
@@ -38,12 +39,28 @@ public:
 private:
     int number(const giPoint3& p);
     void follow(int start, std::vector<std::vector<int>>& loops);
-    static std::uint64_t key(std::int64_t column, std::int64_t row);
+
+    // A square of a grid over the workplane.
+    struct Cell
+    {
+        std::int64_t column, row;
+        bool operator==(const Cell&) const = default;
+    };
+    struct CellHash
+    {
+        std::size_t operator()(const Cell& cell) const
+        {
+            return static_cast<std::size_t>(static_cast<std::uint64_t>(cell.column) * 0x9E3779B97F4A7C15u ^
+                                            static_cast<std::uint64_t>(cell.row));
+        }
+    };
+    static Cell cell(const giPoint2& flat, double size);
 
     giWorkplane3 the_workplane;
     double the_tolerance;
     std::vector<giPoint3> the_corners;
     std::vector<giPoint2> the_flat_corners;
-    std::unordered_multimap<std::uint64_t, int> the_cells;
-    std::map<std::pair<int, int>, int> the_edges; // with the number of times
+    std::unordered_multimap<Cell, int, CellHash> the_cells; // corners
+    std::unordered_map<Cell, int, CellHash> the_places;     // positions that were given, with their corners
+    std::map<std::pair<int, int>, int> the_edges;           // with the number of times
 };

@@ -43,11 +43,11 @@ public:
           the_offset(plane.distance(giPoint3() * to_world))
     {}
     double operator()(const giPoint3& p) const { return the_normal.dot(p.vector()) + the_offset; }
-    bool meets(const giBox3& box) const
+    bool meets(const giBox3& box, double tolerance) const
     {
         const double reach = 0.5 * (std::abs(the_normal.x()) * box.width() + std::abs(the_normal.y()) * box.height() +
                                     std::abs(the_normal.z()) * box.depth());
-        return !box.empty() && std::abs((*this)(box.middle())) <= reach * (1 + 1e-12);
+        return !box.empty() && std::abs((*this)(box.middle())) <= reach + tolerance;
     }
 
 private:
@@ -66,13 +66,15 @@ private:
 class Cutter
 {
 public:
-    Cutter(const giPlane& plane, giOutline& outline) : the_plane(plane), the_outline(outline) {}
+    Cutter(const giPlane& plane, double tolerance, giOutline& outline)
+        : the_plane(plane), the_tolerance(tolerance), the_outline(outline)
+    {}
 
     void cut(const dgTriangleBlock& element, const giXform3& to_world)
     {
         const giTriBlock& block = element.block();
         const Distance distance(the_plane, to_world);
-        if (!distance.meets(element.bounding_box()))
+        if (!distance.meets(element.bounding_box(), the_tolerance))
             return;
         if (block.triangle_count() < dgFeatureTree::least_features)
         {
@@ -81,7 +83,8 @@ public:
             return;
         }
         const dgFeatureTree& features = element.feature_tree();
-        features.tree().find([&](const giBox3& box) { return distance.meets(box) ? dgBOX_PARTLY : dgBOX_OUTSIDE; },
+        features.tree().find([&](const giBox3& box)
+                             { return distance.meets(box, the_tolerance) ? dgBOX_PARTLY : dgBOX_OUTSIDE; },
                              [&](int group, bool)
                              {
                                  for (const unsigned feature : features.features(group))
@@ -90,7 +93,8 @@ public:
     }
 
 private:
-    // Corners in the plane count as positive, so that a triangle is cut at two edges or not at all.
+    // Corners in the plane, or so near that those of a neighbour may lie beyond it, count as positive, so that a
+    // triangle is cut at two edges or not at all.
     void cut(const giTriBlock& block, int number, const Distance& distance, const giXform3& to_world)
     {
         const giTriangle& triangle = block.triangles()[static_cast<std::size_t>(number)];
@@ -101,7 +105,7 @@ private:
             p[k] = block.nodes()[triangle[k]];
             d[k] = distance(p[k]);
         }
-        const auto positive = [&](int k) { return d[k % 3] >= 0; };
+        const auto positive = [&](int k) { return d[k % 3] >= -the_tolerance; };
         for (int alone = 0; alone < 3; ++alone)
             if (positive(alone) != positive(alone + 1) && positive(alone) != positive(alone + 2))
             {
@@ -119,10 +123,11 @@ private:
     {
         if (d[from] < d[to])
             std::swap(from, to);
-        return giPoint3::interpolate(p[from], p[to], d[from] / (d[from] - d[to]));
+        return giPoint3::interpolate(p[from], p[to], std::max(d[from] / (d[from] - d[to]), 0.0));
     }
 
     const giPlane& the_plane;
+    double the_tolerance;
     giOutline& the_outline;
 };
 
@@ -190,8 +195,9 @@ void grSectionCap::find(const dgView& view, const giPlane& plane)
         return;
 
     const giWorkplane3 workplane = workplane_of(plane);
-    giOutline outline(workplane, relative_tolerance * box.diagonal().length());
-    Cutter cutter(plane, outline);
+    const double tolerance = relative_tolerance * box.diagonal().length();
+    giOutline outline(workplane, tolerance);
+    Cutter cutter(plane, tolerance, outline);
     dg_walk_shown(*the_root, view.looks(),
                   [&](const dgGraphicalElement& element, const giXform3& to_world)
                   {

@@ -5,6 +5,7 @@
 #include "dgLooks.h"
 #include "dgPickAperture.h"
 #include "dgRenderer.h"
+#include "dgSelectedDriver.h"
 #include "dgView.h"
 #include "giBox2.h"
 #include "giBox3.h"
@@ -78,6 +79,7 @@ void keep_seen(dgView& view, const giBox2& box, std::vector<dgPickHit>& hits)
     dgImage image;
     {
         dgRenderer& renderer = *view.renderer();
+        const dgSelectedDriver main_driver(renderer, 0); // tools may have drawn on an overlay
         const IdentifierPicture picture(view, *looks);
         renderer.select_buffer(dgBACK_BUFFER);
         renderer.clip(box);

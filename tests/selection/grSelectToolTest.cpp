@@ -35,7 +35,9 @@ public:
 // Two parts side by side, left and right of x = 32, and what is bound to them.
 struct Desk : Scene
 {
-    Desk() : area(64, 48), input_renderer(&window, &window, &area), companion(&view)
+    explicit Desk(int with_overlay = 0)
+        : Scene(64, 48, with_overlay), area(64, 48),
+          input_renderer(&window, with_overlay ? window.overlay() : &window, &area), companion(&view)
     {
         view.renderer(&input_renderer);
         add(rectangle(5, 10, 25, 30));
@@ -105,13 +107,16 @@ TEST(grSelectTool, is_started_by_clicks_and_not_by_drags)
 
 TEST(grSelectBoxTool, selects_what_is_seen_in_the_box)
 {
-    Desk desk;
-    desk.drag(2, 2, 2, 30, 40);
-    EXPECT_EQ(desk.selected(), "l");
-    desk.drag(2, 62, 40, 34, 2);
-    EXPECT_EQ(desk.selected(), "lr");
-    desk.drag(2, 30, 40, 33, 45);
-    EXPECT_EQ(desk.selected(), "lr");
+    for (const int with_overlay : {0, 1})
+    {
+        Desk desk(with_overlay);
+        desk.drag(2, 2, 2, 30, 40);
+        EXPECT_EQ(desk.selected(), "l");
+        desk.drag(2, 62, 40, 34, 2);
+        EXPECT_EQ(desk.selected(), "lr");
+        desk.drag(2, 30, 40, 33, 45);
+        EXPECT_EQ(desk.selected(), "lr");
+    }
 }
 
 TEST(grSelectionHover, follows_the_pointer_while_no_tool_is_active)
