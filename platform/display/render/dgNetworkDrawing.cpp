@@ -44,6 +44,7 @@ private:
 
     std::shared_ptr<const dgStepTree> the_tree; // null: all steps are met
     bool the_passes = false;                    // those that the action does not pass by are met
+    int the_leaf = -1;                          // the last of these, -1 before there is one
 
     // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
     std::size_t the_first_word = 0, the_word = 0, the_words = 0;
@@ -289,15 +290,23 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
 {
     the_drawing->the_inside = the_inside;
     const int leaves = the_tree->drawing_steps();
-    for (int leaf = the_tree->leaf_from(static_cast<int>(the_next)); leaf < leaves; ++leaf)
+    for (int leaf = the_leaf < 0 ? the_tree->leaf_from(static_cast<int>(the_next)) : the_leaf + 1; leaf < leaves;
+         ++leaf)
     {
         const dgSoleRun& sole = the_tree->sole(leaf);
         if (the_tree->empty(leaf) || (sole.features >= 0 && action.passes_by(sole.topology, sole.features)))
             continue;
         const int step = the_tree->step(leaf);
-        put_in_force(step, the_tree.get());
+        if (the_leaf < 0)
+            put_in_force(step, the_tree.get());
+        else
+            the_tree->attributes_from_to(the_leaf, leaf,
+                                         [this](const dgGraphicalElement& attribute)
+                                         { attribute.draw(&the_drawing->the_renderer); });
+        the_leaf = leaf;
+        the_next = static_cast<std::size_t>(step) + 1;
         the_drawing->the_place.back() = step;
-        return &(*the_steps)[the_next++];
+        return &(*the_steps)[static_cast<std::size_t>(step)];
     }
     the_next = the_steps->size(); // what attributes follow hold for nothing
     return nullptr;

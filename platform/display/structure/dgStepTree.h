@@ -51,19 +51,17 @@ public:
     template <class Execute>
     void attributes_between(int first, int end, Execute execute) const
     {
-        for (const Attributes& of_type : the_attributes)
-        {
-            const auto behind = std::lower_bound(of_type.steps.begin(), of_type.steps.end(), end);
-            if (behind != of_type.steps.begin() && behind[-1] >= first)
-                execute(element(behind[-1]));
-        }
-        if (the_transforms.empty())
-            return;
         // Transforms follow on each other, and always in the same order: another one would round in another way.
         const auto from = std::lower_bound(the_transforms.begin(), the_transforms.end(), first);
-        const auto behind = std::lower_bound(from, the_transforms.end(), end);
-        for (auto i = last_world(from, behind); i != behind; ++i)
-            execute(element(*i));
+        execute_between(first, end, from, std::lower_bound(from, the_transforms.end(), end), execute);
+    }
+
+    /// The same for those behind one drawing step that are before another one.
+    template <class Execute>
+    void attributes_from_to(int leaf, int next, Execute execute) const
+    {
+        const auto at = [this](int number) { return the_transforms.begin() + transforms_before(number); };
+        execute_between(step(leaf) + 1, step(next), at(leaf), at(next), execute);
     }
 
     // What has changed in place, before update finds it again. A step is one of an attribute or of an element that
@@ -86,13 +84,28 @@ private:
     struct Attributes
     {
         int type;
-        std::vector<int> steps;
+        std::vector<int> steps; // one or more
     };
     struct Range
     {
         int first, end; // leaves
     };
     using Steps = std::vector<int>::const_iterator;
+
+    template <class Execute>
+    void execute_between(int first, int end, Steps from, Steps behind, Execute& execute) const
+    {
+        for (const Attributes& of_type : the_attributes)
+        {
+            if (of_type.steps.front() >= end || of_type.steps.back() < first)
+                continue;
+            const auto next = std::lower_bound(of_type.steps.begin(), of_type.steps.end(), end);
+            if (next[-1] >= first)
+                execute(element(next[-1]));
+        }
+        for (auto i = last_world(from, behind); i != behind; ++i)
+            execute(element(*i));
+    }
 
     const dgGraphicalElement& element(int step) const;
     Steps last_world(Steps from, Steps behind) const;
