@@ -11,11 +11,13 @@
 #include "giAngleDegrees.h"
 #include "giTriBlock.h"
 
+#include <algorithm>
 #include <iterator>
 #include <memory>
 #include <numbers>
 #include <ostream>
 #include <string>
+#include <utility>
 
 namespace
 {
@@ -67,13 +69,18 @@ vwModel::vwModel(gi_Axis up) : the_root(new dgClientStructure()), the_blocks(the
     the_root->add(the_call.back().get());
 }
 
-void vwModel::clear()
+void vwModel::take(vwModel& other)
 {
     the_blocks->clear();
-    the_parts.clear();
-    the_files.clear();
-    the_n_blocks = 0;
-    the_n_triangles = 0;
+    for (int i = 0; i < other.the_blocks->nelements(); ++i)
+        the_blocks->add(other.the_blocks->element(i));
+    other.the_blocks->clear();
+    the_parts = std::exchange(other.the_parts, {});
+    for (vwPart& part : the_parts)
+        std::copy(the_call.begin(), the_call.end(), part.path.begin());
+    the_files = std::exchange(other.the_files, {});
+    the_n_blocks = std::exchange(other.the_n_blocks, 0);
+    the_n_triangles = std::exchange(other.the_n_triangles, 0);
 }
 
 int vwModel::add_files(const std::vector<std::string>& files, std::ostream& notes, std::string& error)

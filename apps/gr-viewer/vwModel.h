@@ -47,8 +47,8 @@ public:
     const giXform3& placing() const { return the_placing; }
     /// The blocks in order, each named by its file and, if that has several, its number in it.
     const std::vector<vwPart>& parts() const { return the_parts; }
-    /// Lets go of all files.
-    void clear();
+    /// Shows the files of another model, which has the same axis up and loses them, in place of its own.
+    void take(vwModel& other);
     int n_blocks() const { return the_n_blocks; }
     long long n_triangles() const { return the_n_triangles; }
     /// The names of the files without their folders, with commas.

@@ -129,33 +129,27 @@ class Arrivals : public coReceiver
 {
 public:
     Arrivals(gwInput& input, vwLoading& loading, const vwModel& model, vwScene& scene)
-        : the_loading(&loading), the_model(model), the_scene(scene), the_shown(model.n_blocks())
+        : the_loading(loading), the_model(model), the_scene(scene), the_shown(model.n_blocks())
     {
         input.call_list().add(gwCR_event, coCallFunc::member<&Arrivals::event>(this));
     }
 
-    // Other files come from now on; the views are fitted to them with fit 1.
-    void start(vwLoading& loading, int fit)
-    {
-        the_loading = &loading;
-        the_shown = -1;
-        the_next = 0;
-        the_touched = !fit;
-    }
+    // All of the model was drawn.
+    void shown() { the_shown = the_model.n_blocks(); }
 
     // Answers 0 with error set when a file cannot be read.
     int show(std::string& error)
     {
-        if (the_loading->done() && the_shown == the_model.n_blocks())
+        if (the_loading.done() && the_shown == the_model.n_blocks())
             return 1;
-        const int was_done = the_loading->done();
-        if (!the_loading->update(0, error))
+        const int was_done = the_loading.done();
+        if (!the_loading.update(0, error))
             return 0;
-        if (the_loading->done() && !was_done)
+        if (the_loading.done() && !was_done)
             the_model.note_flaws(std::cerr);
         // Drawing takes its share of the time alone while more comes, and none from a tool.
         const double start = apHighResTime::time();
-        if (the_shown == the_model.n_blocks() || the_scene.has_tool() || (start < the_next && !the_loading->done()))
+        if (the_shown == the_model.n_blocks() || the_scene.has_tool() || (start < the_next && !the_loading.done()))
             return 1;
         the_shown = the_model.n_blocks();
         if (the_touched)
@@ -174,12 +168,24 @@ private:
         the_touched |= (key && key->transition() == gwPRESSED) || the_scene.has_tool();
     }
 
-    vwLoading* the_loading;
+    vwLoading& the_loading;
     const vwModel& the_model;
     vwScene& the_scene;
     int the_shown; // blocks
     double the_next = 0;
     int the_touched = 0;
+};
+
+// Files that are read while others are shown.
+struct NextFiles
+{
+    NextFiles(gi_Axis up, const std::vector<std::string>& files, int fitted)
+        : names(files), fit(fitted), model(up), loading(model, files)
+    {}
+    std::vector<std::string> names;
+    int fit; // the views are fitted to them
+    vwModel model;
+    vwLoading loading;
 };
 
 // Draws a scene anew when its window has got another size: at once, or before the next events where drawing is slow and
@@ -223,8 +229,8 @@ class Viewer
 public:
     Viewer(const vwOptions& options, gwGLFWWindow& window, const gwResourceDB& db, vwModel& model,
            std::unique_ptr<vwLoading> loading, vwRecorder* recorder, int views)
-        : the_window(window), the_model(model), the_recorder(recorder), the_loading(std::move(loading)),
-          the_files(options.files),
+        : the_window(window), the_up(options.up), the_model(model), the_recorder(recorder),
+          the_loading(std::move(loading)), the_files(options.files),
           the_scene(window.main_window(), window.overlay_window(), window, db, model.root(),
                     {views, options.framerate, options.stats, options.cursor, options.rubber_banding, options.refresher,
                      options.multi, options.independent, options.perspective, options.paper,
@@ -265,14 +271,7 @@ public:
             the_resizing.draw();
             open_files();
             if (!the_arrivals.show(error))
-            {
-                // What was opened later leaves the window as it is.
-                if (!the_opened)
-                    return 0;
-                std::cerr << "gr-viewer: " << error << '\n';
-                the_files.open({});
-                start_reading(1);
-            }
+                return 0;
             const double now = apHighResTime::time();
             grIdleAction action = grIDLE_AGAIN;
             if (now >= next_idle)
@@ -284,11 +283,11 @@ public:
                 if (the_scene.frames_drawn() != drawn)
                     next_idle = now + spin_frame_seconds;
             }
-            the_title.update(the_scene.frame_times(), *the_loading);
+            the_title.update(the_scene.frame_times(), the_next ? the_next->loading : *the_loading);
             double pause = std::max(next_idle - apHighResTime::time(), 0.0);
             const int waits = action == grIDLE_DONE || pause > 0;
             if (action == grIDLE_DONE)
-                pause = the_loading->done() ? look_interval : arrival_seconds;
+                pause = the_loading->done() && !the_next ? look_interval : arrival_seconds;
             the_window.process_events(waits, pause);
         }
         return 1;
@@ -307,24 +306,41 @@ private:
     {
         if (the_recorder || the_scene.has_tool() || !the_loading->done())
             return;
-        const int dropped = !the_dropped.empty();
-        if (dropped)
-            the_files.open(std::exchange(the_dropped, {}));
+        if (the_next)
+            return show_next();
+        if (!the_dropped.empty())
+            the_next = std::make_unique<NextFiles>(the_up, std::exchange(the_dropped, {}), 1);
         else if (the_files.changed() || std::exchange(the_reload, 0))
+        {
             the_files.open(std::vector<std::string>(the_files.names()));
-        else
-            return;
-        the_opened = 1;
-        start_reading(dropped);
+            the_next = std::make_unique<NextFiles>(the_up, the_files.names(), 0);
+        }
     }
 
-    void start_reading(int fit)
+    // What is shown stays where a file cannot be read, as while it is being written.
+    void show_next()
     {
+        std::string error;
+        const int read = the_next->loading.update(0, error);
+        if (read && !the_next->loading.done())
+            return;
+        const std::unique_ptr<NextFiles> next = std::move(the_next);
+        if (!read)
+        {
+            std::cerr << "gr-viewer: " << error << '\n';
+            return;
+        }
         the_scene.forget_parts();
-        the_model.clear();
-        the_loading = std::make_unique<vwLoading>(the_model, the_files.names());
-        the_arrivals.start(*the_loading, fit);
+        the_model.take(next->model);
+        the_model.note_flaws(std::cerr);
+        if (next->fit)
+            the_files.open(next->names);
         the_title.names(vwModel::names(the_files.names()));
+        if (next->fit)
+            the_scene.fit();
+        else
+            the_scene.redraw();
+        the_arrivals.shown();
     }
 
     void write_picture()
@@ -348,6 +364,7 @@ private:
     }
 
     gwGLFWWindow& the_window;
+    gi_Axis the_up;
     vwModel& the_model;
     vwRecorder* the_recorder;
     std::unique_ptr<vwLoading> the_loading;
@@ -359,7 +376,7 @@ private:
     vwWindowKeys the_keys;
     std::vector<std::string> the_dropped;
     int the_reload = 0;
-    int the_opened = 0; // other files than those of the command line
+    std::unique_ptr<NextFiles> the_next;
 };
 }
 

@@ -117,6 +117,23 @@ TEST(vwModel, a_file_that_fails_leaves_the_model_as_it_was)
     EXPECT_EQ(model.root().nelements(), 2) << "a colour and the block";
 }
 
+TEST(vwModel, takes_the_place_of_its_files_by_those_of_another)
+{
+    vwModel model(gi_Y_AXIS), other(gi_Y_AXIS);
+    std::string error;
+    ASSERT_TRUE(model.add_file(tetrahedron, error) && other.add_file(tetrahedron, error) &&
+                other.add_file(tetrahedron, error))
+        << error;
+    const giBox3 box = model.root().bounding_box();
+    model.take(other);
+    EXPECT_EQ(model.n_blocks(), 2);
+    EXPECT_EQ(model.root().bounding_box(), box);
+    ASSERT_EQ(model.parts().size(), 2u);
+    EXPECT_EQ(model.parts()[1].path.front().get(), model.root().element(1)) << "the call of its own root";
+    EXPECT_EQ(other.n_blocks(), 0);
+    EXPECT_TRUE(other.root().bounding_box().empty());
+}
+
 TEST(vwFrameTimes, the_summary_is_about_the_last_frames)
 {
     vwFrameTimes times;
