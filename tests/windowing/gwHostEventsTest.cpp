@@ -84,6 +84,9 @@ TEST(gwHostEvents, keysyms_and_hid_usages_are_keys)
             EXPECT_TRUE(key.type == expected.type || !expected.number) << i;
         }
     }
+    EXPECT_EQ(gw_x_modifiers(0x12), 0) << "caps and number lock";
+    EXPECT_EQ(gw_x_modifiers(0x05), gwMODIFIER_SHIFT | gwMODIFIER_CONTROL);
+    EXPECT_EQ(gw_x_modifiers(0x08), gwMODIFIER_ALT);
     EXPECT_EQ(gw_keysym_key('r'), gw_character_key('R'));
     EXPECT_EQ(gw_keysym_key(0xff67).number, 0) << "the menu key, whose low bits are those of g";
     EXPECT_EQ(gw_hid_key(0x15).number, 0) << "R lies elsewhere in other layouts";

@@ -34,8 +34,8 @@ TEST_F(gr_tarn, capped_halves_are_closed_and_add_up)
     const ms_blocks part = blocks("part.tarn");
     const giPoint3 apexes[] = {giPoint3(1, 2, 3), giPoint3(300, -200, 100)};
     const double volume = extent(part, 0, part.size(), apexes[0]).volume;
-    // Aslant; along the middle, through the axes of hub and holes; through the floor of the pocket.
-    for (const char* plane : {"0.3,1,0.1,0", "0,1,0,0", "0,0,1,10", "-3,2,40,450"})
+    // Aslant; along the middle, through the axes of hub and holes; through the floor of the pocket; across.
+    for (const char* plane : {"0.3,1,0.1,0", "0,1,0,0", "0,0,1,10", "-3,2,40,450", "4,1,0,30"})
     {
         SCOPED_TRACE(plane);
         ASSERT_EQ(run(std::string("cut @part.tarn @cut.tarn --keep-both --cap --plane ") + plane), 0);
