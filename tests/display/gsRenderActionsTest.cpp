@@ -215,6 +215,7 @@ TEST(gsRenderAction, counts_what_it_passes_by_as_if_it_were_met)
         int met = 0;
     };
     long long met[2] = {};
+    const dgRef<dgStructure> nothing(new dgClientStructure);
     for (unsigned number = 0; number < 60; ++number)
     {
         tsRandomNetwork network(number);
@@ -242,6 +243,7 @@ TEST(gsRenderAction, counts_what_it_passes_by_as_if_it_were_met)
                 {
                     slicer.next_slice();
                     scene.draw(slicer);
+                    scene.draw(slicer, nothing.get()); // the next one starts at the beginning
                 }
                 logs[culling] = scene.window.log();
                 logs[culling].push_back(std::to_string(calibration.prims_total(0)) + " " +
