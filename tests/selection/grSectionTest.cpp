@@ -169,6 +169,22 @@ TEST(grSection, closes_what_it_cuts)
     }
 }
 
+TEST(grSection, closes_closed_meshes_wherever_it_cuts_them)
+{
+    Desk desk;
+    desk.add(cone(0));
+    for (int i = 0; i < 100; ++i)
+    {
+        const giPoint3 inside(20 + 2 * std::sin(3 * i), 14 + 3 * std::cos(i), 1 + 2 * std::sin(5 * i));
+        desk.section.plane(giPlane(inside, {std::sin(i), std::cos(2.3 * i), std::sin(1.7 * i + 1)}));
+        desk.draw();
+        EXPECT_EQ(desk.section.open_pieces(), 0) << i;
+        EXPECT_GT(area(desk.section.cap()), 20) << i;
+    }
+    desk.section.remove_view(&desk.view);
+    EXPECT_FALSE(desk.view.camera().section());
+}
+
 TEST(grSection, shows_caps_of_what_is_shown_and_lets_parts_be_picked_behind_them)
 {
     Desk desk;
