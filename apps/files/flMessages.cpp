@@ -1,9 +1,10 @@
 #include "flMessages.h"
 
+#include "flPath.h"
+
 #include "apFile.h"
 
 #include <cerrno>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <system_error>
@@ -28,9 +29,10 @@ std::size_t printable(std::string_view text)
     return byte(0) == 0xc2 && byte(1) < 0xa0 ? 0 : length;
 }
 
-std::string why_unreadable(const std::string& path)
+std::string why_unreadable(const std::string& name)
 {
     namespace fs = std::filesystem;
+    const fs::path path = fl_path(name);
     std::error_code failure;
     switch (fs::status(path, failure).type())
     {
@@ -97,5 +99,5 @@ int fl_read_text(const std::string& path, std::string& text, std::string& error)
 int fl_same_file(const std::string& a, const std::string& b)
 {
     std::error_code failure;
-    return std::filesystem::equivalent(a, b, failure);
+    return std::filesystem::equivalent(fl_path(a), fl_path(b), failure);
 }

@@ -1,10 +1,10 @@
 #include "flOutputFile.h"
 
 #include "flMessages.h"
+#include "flPath.h"
 #include "flSystem.h"
 
 #include <cerrno>
-#include <filesystem>
 #include <streambuf>
 #include <system_error>
 #include <vector>
@@ -82,11 +82,11 @@ constexpr int most_links = 40;
 // Where a link leads to in the end, there or not.
 std::string followed(const std::string& path)
 {
-    fs::path place(path);
+    fs::path place = fl_path(path);
     std::error_code failure;
     for (int i = 0; i < most_links && fs::is_symlink(place, failure); ++i)
         place = place.parent_path() / fs::read_symlink(place, failure);
-    return place.string();
+    return fl_name_of(place);
 }
 
 std::string reason(int error_number)
@@ -107,7 +107,7 @@ int flOutputFile::open(const std::string& path, std::string& error)
     the_name = fl_name(path);
     the_place = followed(path);
     std::error_code failure;
-    const fs::file_type type = fs::status(the_place, failure).type();
+    const fs::file_type type = fs::status(fl_path(the_place), failure).type();
     if (path != "-" && type == fs::file_type::directory)
     {
         error = the_name + ": this is a folder, no file";
@@ -137,7 +137,7 @@ int flOutputFile::publish(std::string& error)
         return 1;
     // What is replaced is given up only for what is safe on the disk.
     std::error_code failure;
-    if (fs::exists(the_place, failure) && fl_sync(the_buffer->descriptor()) != 0)
+    if (fs::exists(fl_path(the_place), failure) && fl_sync(the_buffer->descriptor()) != 0)
         return failed(errno, error);
     if (fl_replace(the_temporary, the_place) != 0)
         return failed(errno, error);
@@ -167,7 +167,7 @@ void flOutputFile::close()
     if (the_temporary.empty())
         return;
     std::error_code failure;
-    fs::remove(the_temporary, failure);
+    fs::remove(fl_path(the_temporary), failure);
     fl_forget(the_temporary);
     the_temporary.clear();
 }

@@ -1,5 +1,7 @@
 #include "flSystem.h"
 
+#include "flPath.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -81,6 +83,11 @@ void fl_keep_memory()
 #else
 void fl_keep_memory() {}
 #endif
+
+std::filesystem::path fl_path(const std::string& name)
+{
+    return name;
+}
 
 int fl_create_beside(const std::string& place, std::string& temporary)
 {

@@ -1,5 +1,7 @@
 #include "flSystem.h"
 
+#include "flPath.h"
+
 #include "apNativePath.h"
 
 #define WIN32_LEAN_AND_MEAN
@@ -54,7 +56,7 @@ private:
 
 std::wstring wide(const std::string& path)
 {
-    return ap_opened_path(apPathName(path)).wstring();
+    return fl_path(path).wstring();
 }
 
 int failed()
@@ -66,6 +68,11 @@ int failed()
 }
 
 void fl_keep_memory() {}
+
+std::filesystem::path fl_path(const std::string& name)
+{
+    return ap_opened_path(apPathName(name));
+}
 
 int fl_create_beside(const std::string& place, std::string& temporary)
 {

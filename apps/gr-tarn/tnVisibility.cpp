@@ -4,6 +4,7 @@
 #include "tnNumbers.h"
 
 #include "flMessages.h"
+#include "flPath.h"
 #include "msTarnFile.h"
 #include "pcPictureFile.h"
 
@@ -19,7 +20,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 #include <functional>
 #include <iomanip>
 #include <ostream>
@@ -74,7 +74,7 @@ public:
     {
         if (the_folder.empty() || !the_error.empty())
             return;
-        const std::string path = (std::filesystem::path(the_folder) / name).string();
+        const std::string path = fl_name_of(fl_path(the_folder) / name);
         if (pc_write_png(path + ".png", image, the_error))
             pc_write_png(path + "_coloured.png", coloured(image), the_error);
     }
@@ -219,7 +219,7 @@ int tn_visibility(const tnVisibilityOptions& options, std::ostream& out, std::os
     if (!options.images.empty())
     {
         std::error_code failure;
-        std::filesystem::create_directories(options.images, failure);
+        std::filesystem::create_directories(fl_path(options.images), failure);
         if (failure)
         {
             error = fl_name(options.images) + ": the folder cannot be made: " + failure.message();

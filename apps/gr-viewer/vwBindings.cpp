@@ -3,6 +3,7 @@
 #include "vwResources.h"
 
 #include "flMessages.h"
+#include "flPath.h"
 
 #include "grAction.h"
 #include "grStdTwiddling.h"
@@ -13,7 +14,6 @@
 #include "gwTypes.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <iomanip>
 #include <iterator>
 #include <ostream>
@@ -177,7 +177,7 @@ int vw_find_bindings(const std::string& name, std::string& text, std::string& er
         return 1;
     }
     std::error_code failure;
-    if (std::filesystem::exists(name, failure))
+    if (std::filesystem::exists(fl_path(name), failure))
         return fl_read_text(name, text, error);
     error = "there are no bindings " + fl_quoted(name) + ": name a file, or one of " + vw_binding_names();
     return 0;

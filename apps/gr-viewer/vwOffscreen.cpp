@@ -15,6 +15,7 @@
 
 #include "flMessages.h"
 #include "flOutputFile.h"
+#include "flPath.h"
 #include "pcPictureFile.h"
 
 #include "apNumber.h"
@@ -29,7 +30,6 @@
 #include "gwResourceDB.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <optional>
@@ -150,7 +150,7 @@ bool stands_still(const vwSession& session)
 bool make_folder(const std::string& folder, std::string& error)
 {
     std::error_code failure;
-    std::filesystem::create_directories(folder, failure);
+    std::filesystem::create_directories(fl_path(folder), failure);
     if (!failure)
         return true;
     error = fl_name(folder) + ": the folder cannot be made: " + failure.message();

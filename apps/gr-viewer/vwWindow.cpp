@@ -25,8 +25,8 @@
 #include "gwKeyEvent.h"
 #include "gwResourceDB.h"
 
+#include "flPath.h"
 #include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <optional>
 #include <utility>
@@ -75,7 +75,7 @@ private:
         for (const std::string& name : the_names)
         {
             std::error_code failure;
-            found.push_back(std::filesystem::last_write_time(name, failure));
+            found.push_back(std::filesystem::last_write_time(fl_path(name), failure));
         }
         return found;
     }
@@ -349,7 +349,7 @@ private:
         static_cast<dgGLWindow*>(the_window.main_window())->read_front(image);
         std::string name, error;
         std::error_code failure;
-        for (int i = 1; name.empty() || std::filesystem::exists(name, failure); ++i)
+        for (int i = 1; name.empty() || std::filesystem::exists(fl_path(name), failure); ++i)
             name = "gr-viewer-" + std::to_string(i) + ".png";
         if (pc_write_png(name, image, error))
             std::cerr << "gr-viewer: " << name << " written\n";

@@ -4,6 +4,7 @@
 #include "msPlainObj.h"
 
 #include "flMessages.h"
+#include "flPath.h"
 
 #include <assimp/DefaultIOSystem.h>
 #include <assimp/DefaultLogger.hpp>
@@ -15,7 +16,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <filesystem>
 #include <fstream>
 #include <string_view>
 #include <system_error>
@@ -48,15 +48,15 @@ public:
     bool Exists(const char* file) const override
     {
         std::error_code failure;
-        return std::filesystem::is_regular_file(file, failure);
+        return std::filesystem::is_regular_file(fl_path(file), failure);
     }
     Assimp::IOStream* Open(const char* file, const char* mode) override
     {
         std::error_code failure;
         if (!Exists(file))
             return nullptr;
-        ms_allow_file(static_cast<double>(std::filesystem::file_size(file, failure)));
-        return DefaultIOSystem::Open(file, mode);
+        ms_allow_file(static_cast<double>(std::filesystem::file_size(fl_path(file), failure)));
+        return DefaultIOSystem::Open(fl_name_of(fl_path(file)).c_str(), mode);
     }
 };
 
@@ -163,12 +163,12 @@ bool has_polygons(const aiScene& scene)
 bool read_all(const std::string& file, std::vector<char>& text)
 {
     std::error_code failure;
-    const auto size = std::filesystem::file_size(file, failure);
+    const auto size = std::filesystem::file_size(fl_path(file), failure);
     if (failure)
         return false;
     ms_allow_file(static_cast<double>(size));
     text.resize(size);
-    std::ifstream stream(file, std::ios::binary);
+    std::ifstream stream(fl_path(file), std::ios::binary);
     return static_cast<bool>(stream.read(text.data(), static_cast<std::streamsize>(size)));
 }
 

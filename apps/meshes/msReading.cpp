@@ -6,12 +6,12 @@
 #include "msTarnFile.h"
 
 #include "flMessages.h"
+#include "flPath.h"
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <mutex>
@@ -29,7 +29,7 @@ struct Stopped
 double bytes_of(const std::string& file)
 {
     std::error_code failure;
-    const auto size = std::filesystem::file_size(file, failure);
+    const auto size = std::filesystem::file_size(fl_path(file), failure);
     return failure ? 1 : std::max(1.0, static_cast<double>(size));
 }
 }

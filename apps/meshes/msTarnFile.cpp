@@ -2,11 +2,11 @@
 
 #include "flMessages.h"
 #include "flOutputFile.h"
+#include "flPath.h"
 
 #include "gr_read_tarn_tblock.h"
 #include "gr_write_tarn_tblock.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <streambuf>
@@ -72,7 +72,8 @@ int ms_read_tarn(const std::string& file, const ms_block_taker& take, std::strin
     if (!fl_open_for_reading(file, source, error))
         return 0;
     std::error_code failure;
-    told_buffer buffer(*source.rdbuf(), static_cast<double>(std::filesystem::file_size(file, failure)), progress);
+    told_buffer buffer(*source.rdbuf(), static_cast<double>(std::filesystem::file_size(fl_path(file), failure)),
+                       progress);
     std::istream stream(&buffer);
     std::string complaint;
     if (gr_read_tarn_tblock(stream, take, complaint))

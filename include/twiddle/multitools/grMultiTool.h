@@ -1,6 +1,7 @@
 #pragma once
 
 #include "grOtherViews.h"
+#include "grStdViewTwiddleTool.h"
 
 #include <cstddef>
 #include <type_traits>

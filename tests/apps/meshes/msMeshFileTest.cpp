@@ -157,9 +157,9 @@ TEST(msMeshFile, nodes_are_shared_where_normals_agree)
         const char *name, *text;
         int nodes, triangles;
         double high_x;
-    } rows[] = {{"small.off", cube_off, 24, 12, 4e-6},
+    } rows[] = {{"small ж𝄞.off", cube_off, 24, 12, 4e-6},
                 {"flat.obj", flat_obj, 4, 2, 1},
-                {"ends.obj", "v 0 0 0\r\nv 1e+0 .0 0\r\nv 0 1 0\r\nv 1 1 3E-3\r\nf 1 2 3\r\nf 2 4 3", 4, 2, 1},
+                {"ends ж𝄞.obj", "v 0 0 0\r\nv 1e+0 .0 0\r\nv 0 1 0\r\nv 1 1 3E-3\r\nf 1 2 3\r\nf 2 4 3", 4, 2, 1},
                 {"bent.obj", bent_obj, 6, 2, 1}};
     for (const auto& row : rows)
     {
