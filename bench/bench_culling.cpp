@@ -207,7 +207,7 @@ void pieces_in_view(const dgStructure& structure, const dgCamera& camera, int pi
             {
                 const std::size_t start = 12 * (before + static_cast<std::size_t>(first));
                 counts.push_back(3 * (end - first));
-                offsets.push_back(static_cast<const char*>(nullptr) + start);
+                offsets.push_back(reinterpret_cast<const void*>(start));
             }
         }
         before += static_cast<std::size_t>(block.triangle_count());

@@ -31,10 +31,10 @@ const dgRunBounds& dgPrimitiveRun::bounds() const
     return *bounds_cache;
 }
 
-void dgPrimitiveRun::primitive_changed(int number, unsigned long long changed_stamp)
+void dgPrimitiveRun::primitive_changed(int primitive, unsigned long long changed_stamp)
 {
     stamp = changed_stamp;
     the_small_features = not_counted;
-    if (bounds_cache && !bounds_cache->primitive_changed(*this, number))
+    if (bounds_cache && !bounds_cache->primitive_changed(*this, primitive))
         bounds_cache.reset();
 }

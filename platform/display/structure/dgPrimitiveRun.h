@@ -38,8 +38,8 @@ struct DG_EXPORT dgPrimitiveRun
     /// Where its primitives lie; made when first asked for.
     const dgRunBounds& bounds() const;
 
-    /// A primitive was changed in place; number counts from the first one of the run.
-    void primitive_changed(int number, unsigned long long changed_stamp);
+    /// A primitive of that number, counted from the first one of the run, was changed in place.
+    void primitive_changed(int primitive, unsigned long long changed_stamp);
 
     mutable std::unique_ptr<dgRunBounds> bounds_cache;
     mutable std::unique_ptr<dgRunSampling> sampling_cache;
