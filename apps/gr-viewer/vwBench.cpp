@@ -134,7 +134,7 @@ int vw_bench(const vwOptions& options, std::ostream& out, std::string& error)
     dgView view(&renderer);
     view.root(&model.root());
     vw_standard_view(view, 0);
-    grViewRendererFast::minimum_framerate(options.framerate > 0 ? options.framerate : standard_framerate);
+    grViewRendererFast::minimum_framerate(options.scene.framerate > 0 ? options.scene.framerate : standard_framerate);
 
     // The first drawing copies the geometry and compiles the programs.
     renderer.select_buffer(dgBACK_BUFFER);

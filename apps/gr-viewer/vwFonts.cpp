@@ -205,7 +205,7 @@ void vw_offer_font(const vwOptions& options, vwScene& scene)
 
 int vw_add_text(const vwOptions& options, vwScene& scene, vwModel& model, std::string& error)
 {
-    if (options.text.empty() && !options.stats && !options.paper)
+    if (options.text.empty() && !options.scene.stats && !options.scene.paper)
         return 1;
     const int slot = vw_install_font(options, scene.renderer(), error);
     if (slot >= 0)

@@ -243,14 +243,14 @@ int vw_play_offscreen(const vwOptions& options, std::ostream& messages, std::str
         return 0;
     gwHeadlessWindow area(session.width, session.height);
     vwSessionClock clock;
-    vwScene scene(&window, window.overlay(), area, db, model.root(),
-                  {session.views, options.framerate, options.stats, options.cursor, options.rubber_banding,
-                   options.refresher, options.multi, options.independent, options.perspective, options.paper,
-                   options.smooth_edges > 0, options.background, options.axes, options.edges, options.section});
+    vwSceneSettings settings = options.scene;
+    settings.views = session.views;
+    settings.smooth_edges = options.smooth_edges > 0;
+    vwScene scene(&window, window.overlay(), area, db, model.root(), settings);
     scene.parts(model.parts(), model.placing());
     vw_offer_font(options, scene);
     scene.overlay().help_text(vw_help_text(db));
-    if (options.axes || options.edges)
+    if (options.scene.axes || options.scene.edges)
         scene.redraw();
     if (!vw_add_text(options, scene, model, error))
         return 0;

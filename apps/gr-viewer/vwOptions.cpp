@@ -159,43 +159,46 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
                        ", or a resource file; --resources comes after it")
         ->type_name("NAME");
     app.add_flag("--list-bindings", read.list_bindings, "Print what keys and buttons do, and which bindings there are");
-    CLI::Option* multi = app.add_flag("--multi", read.multi, "Let every tool act on all views alike");
-    app.add_flag("--independent", read.independent, "Let the other views not turn with the first one")->excludes(multi);
-    app.add_flag("--perspective", read.perspective, "Show perspective views; V changes one");
+    CLI::Option* multi = app.add_flag("--multi", read.scene.multi, "Let every tool act on all views alike");
+    app.add_flag("--independent", read.scene.independent, "Let the other views not turn with the first one")
+        ->excludes(multi);
+    app.add_flag("--perspective", read.scene.perspective, "Show perspective views; V changes one");
     const std::map<std::string, gi_Axis> axes = {{"x", gi_X_AXIS}, {"y", gi_Y_AXIS}, {"z", gi_Z_AXIS}};
     app.add_option("--up", read.up, "The axis of the files that points up: x, y or z (which it is without)")
         ->transform(CLI::CheckedTransformer(axes).description(""))
         ->type_name("AXIS");
     const std::map<std::string, vwBackground> backgrounds = {
         {"dark", vwBACKGROUND_DARK}, {"light", vwBACKGROUND_LIGHT}, {"white", vwBACKGROUND_WHITE}};
-    app.add_option("--background", read.background, "What is behind the model: dark, light or white; F6 changes it")
+    app.add_option("--background", read.scene.background,
+                   "What is behind the model: dark, light or white; F6 changes it")
         ->transform(CLI::CheckedTransformer(backgrounds).description(""))
         ->type_name("KIND");
-    app.add_flag("--axes", read.axes, "Show axes in a corner, and a scale bar; F2 changes it");
-    app.add_flag("--edges", read.edges, "Show the edges of the parts; F3 changes it");
+    app.add_flag("--axes", read.scene.axes, "Show axes in a corner, and a scale bar; F2 changes it");
+    app.add_flag("--edges", read.scene.edges, "Show the edges of the parts; F3 changes it");
     app.add_option("--section", section,
                    "Cut the model open across an axis, in the middle or at an offset along it; K changes it")
         ->type_name("AXIS[,OFFSET]");
-    app.add_flag("--paper", read.paper, "Show a sheet of paper with a frame, a title and three views")
+    app.add_flag("--paper", read.scene.paper, "Show a sheet of paper with a frame, a title and three views")
         ->excludes(multi)
         ->excludes("--views")
         ->excludes("--independent");
     app.add_flag("--smooth-edges,!--no-smooth-edges", read.smooth_edges,
                  "Smooth the edges of views at rest, whatever the resources say, and of a picture too");
-    app.add_option("--framerate", read.framerate, "Frames per second to hold while a view moves")
+    app.add_option("--framerate", read.scene.framerate, "Frames per second to hold while a view moves")
         ->check(number_in(0.1, 1000))
         ->type_name("F");
     const std::map<std::string, vwRefresher> refreshers = {
         {"fast", vwREFRESHER_FAST}, {"full", vwREFRESHER_FULL}, {"timeout", vwREFRESHER_TIMEOUT}};
-    app.add_option("--refresher", read.refresher, "How views are redrawn while they move: fast, full or timeout")
+    app.add_option("--refresher", read.scene.refresher, "How views are redrawn while they move: fast, full or timeout")
         ->transform(CLI::CheckedTransformer(refreshers).description(""))
         ->type_name("KIND");
-    app.add_flag("--stats", read.stats,
+    app.add_flag("--stats", read.scene.stats,
                  "Show frame times against the time of a frame as bars and numbers in the picture, and in the title");
-    app.add_flag("--cursor", read.cursor, "Let a cross-hair follow the pointer");
+    app.add_flag("--cursor", read.scene.cursor, "Let a cross-hair follow the pointer");
     const std::map<std::string, vwRubberBanding> techniques = {
         {"overlay", vwRUBBER_BAND_OVERLAY}, {"xor", vwRUBBER_BAND_XOR}, {"redraw", vwRUBBER_BAND_REDRAW}};
-    app.add_option("--rubber-banding", read.rubber_banding, "How cross-hairs and zoom boxes are drawn over the scene")
+    app.add_option("--rubber-banding", read.scene.rubber_banding,
+                   "How cross-hairs and zoom boxes are drawn over the scene")
         ->transform(CLI::CheckedTransformer(techniques))
         ->type_name("TECHNIQUE");
     app.add_option("--record", read.record, "Write what is done in the window as a session")->type_name("SESSION");
@@ -251,7 +254,7 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         size.empty() ? std::string()
                      : parse_size(size, read.output.empty() ? vw_max_size : most_output_size, read.width, read.height);
     if (complaint.empty() && !section.empty())
-        complaint = parse_section(section, read.section);
+        complaint = parse_section(section, read.scene.section);
     if (complaint.empty())
         complaint = contradiction(read);
     if (!complaint.empty())

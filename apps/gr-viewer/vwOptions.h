@@ -1,10 +1,7 @@
 #pragma once
 
 #include "gi_Axis.h"
-#include "vwBackground.h"
-#include "vwRefresher.h"
-#include "vwRubberBanding.h"
-#include "vwSection.h"
+#include "vwSceneSettings.h"
 
 #include <string>
 #include <vector>
@@ -20,15 +17,11 @@ struct vwOptions
     std::string record;    ///< session file to write, empty: none
     int width = 0;         ///< device pixels, 0: not given
     int height = 0;
-    int views = 0;        ///< 0: not given
-    double framerate = 0; ///< frames per second, 0: not given
-    int stats = 0;
-    vwRefresher refresher = vwREFRESHER_FAST;
+    int views = 0;                  ///< 0: not given
+    vwSceneSettings scene;          ///< but for the number of views and smooth edges, which are not always given
     std::vector<std::string> bench; ///< probes to run, empty: none
     double seconds = 2;             ///< for each probe
-    int cursor = 0;
-    vwRubberBanding rubber_banding = vwRUBBER_BAND_BY_RESOURCES;
-    int offscreen = 0; ///< 1 also for a session to play and for a picture to write
+    int offscreen = 0;              ///< 1 also for a session to play and for a picture to write
     int print_resources = 0;
     std::string text;         ///< to be shown with the model, UTF-8; empty: none
     std::string font;         ///< family of the text, empty: any
@@ -37,17 +30,9 @@ struct vwOptions
     std::string metrics_path; ///< where their metrics are, likewise
     std::string bindings;     ///< preset or resource file, empty: the built-in ones
     int list_bindings = 0;
-    int multi = 0;       ///< tools act on all views
-    int independent = 0; ///< views do not follow the first one
-    int perspective = 0;
-    int paper = 0;         ///< a sheet of paper with three views
     int smooth_edges = -1; ///< -1: as the resources say in a window, no otherwise
     gi_Axis up = gi_Z_AXIS;
-    vwBackground background = vwBACKGROUND_DARK;
     int transparent = 0; ///< background of the picture to write
-    int axes = 0;        ///< axes and a scale bar
-    int edges = 0;
-    vwSection section;
     int list_fonts = 0;
     int dump_structure = 0;
     std::string dump_xml; ///< file to write the display structure to, empty: none

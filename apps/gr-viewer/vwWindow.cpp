@@ -223,6 +223,15 @@ int flag(const gwResourceDB& db, const char* key)
     return on;
 }
 
+vwSceneSettings settings_of(const vwOptions& options, const gwResourceDB& db, int views)
+{
+    vwSceneSettings settings = options.scene;
+    settings.views = views;
+    settings.axes = 1;
+    settings.smooth_edges = options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges;
+    return settings;
+}
+
 // A viewer in its window.
 class Viewer
 {
@@ -232,11 +241,8 @@ public:
         : the_window(window), the_up(options.up), the_model(model), the_recorder(recorder),
           the_loading(std::move(loading)), the_files(options.files),
           the_scene(window.main_window(), window.overlay_window(), window, db, model.root(),
-                    {views, options.framerate, options.stats, options.cursor, options.rubber_banding, options.refresher,
-                     options.multi, options.independent, options.perspective, options.paper,
-                     options.smooth_edges < 0 ? flag(db, "smooth_edges") : options.smooth_edges, options.background, 1,
-                     options.edges, options.section}),
-          the_resizing(the_scene), the_title(window, vwModel::names(options.files), options.stats),
+                    settings_of(options, db, views)),
+          the_resizing(the_scene), the_title(window, vwModel::names(options.files), options.scene.stats),
           the_arrivals(window.input(), *the_loading, model, the_scene),
           the_keys(window.input(), {[this] { the_window.close(); }, [this] { the_reload = 1; },
                                     [this] { the_window.full_screen(!the_window.full_screen()); },

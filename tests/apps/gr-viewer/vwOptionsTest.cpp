@@ -35,14 +35,14 @@ TEST(vwOptions, reads_what_is_given)
     EXPECT_EQ(options.views, 4);
     EXPECT_EQ(options.width, 800);
     EXPECT_EQ(options.height, 600);
-    EXPECT_EQ(options.framerate, 12.5);
-    EXPECT_EQ(options.stats, 1);
-    EXPECT_EQ(options.refresher, vwREFRESHER_FAST);
+    EXPECT_EQ(options.scene.framerate, 12.5);
+    EXPECT_EQ(options.scene.stats, 1);
+    EXPECT_EQ(options.scene.refresher, vwREFRESHER_FAST);
     EXPECT_TRUE(options.bench.empty());
     ASSERT_EQ(read("--refresher timeout --bench fast,pick --bench zoom --seconds 0.5 a.tarn", options, text),
               vwOPTIONS_RUN)
         << text;
-    EXPECT_EQ(options.refresher, vwREFRESHER_TIMEOUT);
+    EXPECT_EQ(options.scene.refresher, vwREFRESHER_TIMEOUT);
     EXPECT_EQ(options.bench, (std::vector<std::string>{"fast", "pick", "zoom"}));
     EXPECT_EQ(options.seconds, 0.5);
     EXPECT_EQ(options.files, std::vector<std::string>{"a.tarn"});
