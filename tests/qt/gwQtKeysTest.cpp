@@ -1,5 +1,6 @@
 #include "gwQtKeys.h"
 
+#include <QPointingDevice>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
@@ -42,7 +43,10 @@ TEST(gwQtKeys, tells_fingers_on_a_touch_pad_from_wheels)
     const auto moves = [](QPoint pixels, Qt::ScrollPhase phase, Qt::KeyboardModifiers modifiers)
     {
         QPointF way;
-        const QWheelEvent event(QPointF(), QPointF(), pixels, QPoint(0, 120), Qt::NoButton, modifiers, phase, false);
+        // Of a device of its own: Qt's would never be freed without an application.
+        const QPointingDevice pad;
+        const QWheelEvent event(QPointF(), QPointF(), pixels, QPoint(0, 120), Qt::NoButton, modifiers, phase, false,
+                                Qt::MouseEventNotSynthesized, &pad);
         return gw_qt_moves_on_touch_pad(event, way) && way == QPointF(pixels);
     };
     EXPECT_TRUE(moves(QPoint(3, -4), Qt::ScrollUpdate, Qt::NoModifier));
