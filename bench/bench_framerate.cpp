@@ -194,12 +194,11 @@ const char* yes_no(bool answer)
     return answer ? "yes" : "NO";
 }
 
-// What is done for five seconds, then left alone until idle calls have nothing more to do, and ended.
+// What is done for five seconds after a start, then left alone until idle calls have nothing more to do, and ended.
 template <class Frame, class Idle, class End>
-void drag(const char* name, Picture& picture, Frame frame, Idle idle, End end)
+void drag(const char* name, Picture& picture, Frame frame, Idle idle, End end, const Stopwatch& whole = Stopwatch())
 {
     std::vector<double> times;
-    const Stopwatch whole;
     for (int k = 0; k < 3 || whole.seconds() < drag_seconds; ++k)
     {
         times.push_back(seconds(
@@ -277,7 +276,7 @@ public:
         the_hooks.draw_trackball_icon(0);
         the_db.set_resource("translations", "mouse_button 1 : trackball, mouse_button 3 : view_index (previous)");
         the_db.set_resource("spin_in_frame_time", "yes");
-        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds + 0.5));
+        the_db.set_resource("view_index_seconds", std::to_string(drag_seconds));
         the_twiddling = std::make_unique<grStdTwiddling>(&picture.input_window.input(), &the_db, &the_hooks, nullptr);
         idle();
     }
@@ -337,10 +336,11 @@ void compare_tools(Picture& picture, const dgCamera& start)
         Tools tools(picture, start);
         tools.throw_view();
         tools.throw_view();
+        const Stopwatch whole;
         tools.key(gwMOUSE_BUTTON, 3, gwPRESSED);
         tools.key(gwMOUSE_BUTTON, 3, gwRELEASED);
         drag(
-            "glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); });
+            "glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); }, whole);
     }
     {
         Tools tools(picture, start);
