@@ -327,19 +327,26 @@ private:
             probe(&view, seconds, frames, elapsed);
             the_stage.note_values({double(frames), elapsed});
         };
-        using namespace std::placeholders;
         on("time_static") = [=](dgView& view, double seconds) { timed(view, seconds, gr_time_static_refresh); };
         on("time_rotating") = [=](dgView& view, double seconds, gi_Axis axis, double angle)
-        { timed(view, seconds, std::bind(gr_time_rotating_refresh, _1, _2, axis, angle, _3, _4)); };
+        {
+            timed(view, seconds,
+                  [=](dgView* v, double s, int& n, double& e) { gr_time_rotating_refresh(v, s, axis, angle, n, e); });
+        };
         on("time_fast") = [=](dgView& view, double seconds, gi_Axis axis, double angle)
-        { timed(view, seconds, std::bind(gr_time_fast_rotating_refresh, _1, _2, axis, angle, _3, _4)); };
+        {
+            timed(view, seconds,
+                  [=](dgView* v, double s, int& n, double& e)
+                  { gr_time_fast_rotating_refresh(v, s, axis, angle, n, e); });
+        };
         on("time_zooming") = [=](dgView& view, double seconds, tsArguments& in)
         {
             std::vector<double> factors;
             while (in.more())
                 factors.push_back(in.number());
-            timed(view, seconds,
-                  std::bind(gr_time_zooming_refresh, _1, _2, factors.data(), static_cast<int>(factors.size()), _3, _4));
+            const auto zooming = [&](dgView* v, double s, int& n, double& e)
+            { gr_time_zooming_refresh(v, s, factors.data(), static_cast<int>(factors.size()), n, e); };
+            timed(view, seconds, zooming);
         };
         on("time_network") = [=](dgView& view)
         { timed(view, 0, [](dgView* v, double, int&, double& elapsed) { gr_time_render_network(v, elapsed); }); };
@@ -357,7 +364,9 @@ private:
         on("time_pick") = [=](dgView& view, double seconds)
         {
             int picked = -1;
-            timed(view, seconds, std::bind(gr_time_pick, _1, _2, _3, _4, std::ref(picked), dgPICK_EXACT, 0, 1, 1));
+            timed(view, seconds,
+                  [&](dgView* v, double s, int& n, double& e)
+                  { gr_time_pick(v, s, n, e, picked, dgPICK_EXACT, 0, 1, 1); });
             return picked;
         };
     }
