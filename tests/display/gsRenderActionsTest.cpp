@@ -118,9 +118,11 @@ TEST(dgRunSampling, takes_chunks_of_a_block_evenly_spread_behind_its_large_trian
         Scene scene;
         dgTriangleBlock* const whole = ts_block(count * 256);
         scene.add(whole);
+        EXPECT_EQ(whole->large_triangle_count(), 0);
         giTriBlock& mesh = whole->block();
         mesh.nodes().append(giPoint3(30, 0, 0));
         mesh.triangles()[500] = giTriangle(0, 1, 3);
+        whole->block_changed();
         ASSERT_EQ(whole->large_triangle_count(), 1); // one chunk is taken before all others
         for (int taken = 1; taken < count - 1; taken = taken * 3 + 1)
         {
