@@ -232,6 +232,9 @@ TEST(dgGLHostArea, paints_into_what_is_bound_and_is_idle_as_it_is_told)
     area.resize_callback([&] { ++resized; });
     area.resize(20, 10);
     EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 9));
+    area.resize(0, 10);
+    EXPECT_EQ(area.width(), 0) << "minimised";
+    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 9));
     EXPECT_EQ(resized, 1);
 }
 

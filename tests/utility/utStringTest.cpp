@@ -14,6 +14,7 @@ TEST(utString, compares_without_case_but_only_as_far_as_asked)
     EXPECT_TRUE(control.equal_case_blind(utString("CONTRARY"), 5));
     EXPECT_FALSE(control.equal_case_blind(utString("CONTRARY"), 6));
     EXPECT_FALSE(control.equal_case_blind(utString("con"), 5)) << "a shorter text is not equal to its continuation";
+    EXPECT_TRUE(utString("AZ").equal_case_blind("az"));
     EXPECT_FALSE(utString("[").equal_case_blind("{")) << "only letters have a case";
     EXPECT_FALSE(control == utString("control"));
 }
