@@ -354,10 +354,7 @@ private:
         {
             dgRenderer& renderer = *the_stage.window().renderer;
             if (in.more())
-            {
-                const int count = in.integer();
-                renderer.pick_settings({count, in.integer(), 1});
-            }
+                renderer.pick_settings({in.integer(), in.integer(), 1});
             return std::vector<double>{double(renderer.pick_settings().largest_count),
                                        double(renderer.pick_settings().lines)};
         };

@@ -181,28 +181,52 @@ TEST(dgGLGeometryStore, windows_of_one_device_share_what_they_draw)
     EXPECT_TRUE(same_pictures(first.picture(), second.picture()));
 }
 
+namespace
+{
+// Draws a scene on a device of its own, and then other structures.
+struct OnOwnDevice
+{
+    explicit OnOwnDevice(const Scene& scene) : the_scene(scene)
+    {
+        view.camera() = scene.view.camera();
+        view.user_clip_planes(1);
+    }
+    int shows_the_scene()
+    {
+        view.erase(dgERASE_ZBUFFER_YES);
+        view.render_network(the_scene.root.get());
+        dgImage image;
+        renderer.read_pixels(window.device_box(), image);
+        return same_pictures(image, the_scene.picture());
+    }
+    const Scene& the_scene;
+    std::string error;
+    dgGLWindow window{dgGLDevice::create_off_screen(error), 64, 48};
+    dgRenderer renderer{&window, &window};
+    dgView view{&renderer};
+};
+}
+
+TEST(dgGLGeometryStore, keeps_what_it_has_when_it_grows)
+{
+    Scene scene;
+    scene.add(new dgTriangleBlock(sheet(100, 0, 100), 1));
+    scene.draw();
+    OnOwnDevice own(scene);
+    EXPECT_TRUE(own.shows_the_scene());
+    const dgRef<dgClientStructure> large(new dgClientStructure);
+    large->add(new dgTriangleBlock(sheet(500, 0, 500), 1));
+    own.view.render_network(large.get());
+    EXPECT_TRUE(own.shows_the_scene());
+}
+
 TEST(dgGLGeometryStore, survives_a_device_that_ends_before_what_it_drew)
 {
     Scene scene;
     scene.add(new dgTriangleBlock(sheet(8, 0, 8), 1));
     scene.draw();
     for (int time = 0; time < 2; ++time)
-    {
-        std::string error;
-        std::shared_ptr<dgGLDevice> device = dgGLDevice::create_off_screen(error);
-        ASSERT_NE(device, nullptr) << error;
-        dgGLWindow window(device, 64, 48);
-        dgRenderer renderer(&window, &window);
-        dgView view(&renderer);
-        view.camera() = scene.view.camera();
-        view.user_clip_planes(1);
-        view.root(scene.root.get());
-        view.erase(dgERASE_ZBUFFER_YES);
-        view.render_network(nullptr);
-        dgImage image;
-        renderer.read_pixels(window.device_box(), image);
-        EXPECT_TRUE(same_pictures(image, scene.picture()));
-    }
+        EXPECT_TRUE(OnOwnDevice(scene).shows_the_scene());
 }
 
 TEST(dgGLGeometryStore, an_index_out_of_range_reaches_no_other_element)

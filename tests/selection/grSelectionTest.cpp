@@ -212,18 +212,22 @@ TEST(dgLooks, hold_in_flat_copies_and_in_slices)
 
 TEST(dgOpacity, covers_a_share_of_what_is_behind_in_whatever_order)
 {
-    for (const int far_first : {0, 1})
+    for (const auto& [far_first, by_selection] : {std::pair(0, 0), {1, 0}, {0, 1}, {1, 1}})
     {
         Scene scene;
         scene.add(new dgLighting(0));
         scene.add(new dgSurfaceColour(gsColour(0, 0, 1)));
         scene.add(rectangle(0, 0, 63, 20));
-        scene.add(new dgOpacity(0.5));
+        scene.add(new dgOpacity(by_selection ? 1 : 0.5));
         for (const int far : {far_first, 1 - far_first})
         {
             scene.add(new dgSurfaceColour(far ? gsColour(0, 1, 0) : gsColour(1, 0, 0)));
             scene.add(far ? rectangle(20, 0, 63, 40, 10) : rectangle(0, 0, 40, 40, 20));
         }
+        grSelection selection;
+        selection.add_view(&scene.view);
+        if (by_selection)
+            selection.opacity({path_to(*scene.root, 5), path_to(*scene.root, 7)}, 0.5);
         scene.draw();
         const dgImage picture = scene.picture();
         const auto expect = [&](int x, int y, const Pixel& expected)
