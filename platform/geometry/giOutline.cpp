@@ -1,6 +1,7 @@
 #include "giOutline.h"
 
 #include "giVector2.h"
+#include "giVector3.h"
 
 #include <cmath>
 
@@ -54,6 +55,9 @@ int giOutline::number(const giPoint3& p)
 
 void giOutline::add(const giPoint3& from, const giPoint3& to)
 {
+    const giVector3 way = to - from;
+    if (!std::isfinite(way.dot(way)))
+        return; // an end that is nowhere has no cell
     const std::pair<int, int> edge(number(from), number(to));
     if (edge.first == edge.second)
         return;

@@ -20,7 +20,10 @@ int dg_cap_tblocks(const giTriBlockcoDList& blocks, const giPlane& plane, double
     giOutline outline(workplane, tolerance);
     for (const giTriBlock* block : blocks)
     {
-        const auto on_plane = [&](int node) { return std::abs(plane.distance(block->nodes()[node])) < tolerance; };
+        const auto on_plane = [&](int node) {
+            return node >= 0 && node < block->node_count() &&
+                   std::abs(plane.distance(block->nodes()[node])) < tolerance;
+        };
         for (const giTriangle& t : block->triangles())
             for (int k = 0; k < 3; ++k)
                 if (on_plane(t.edge_start(k)) && on_plane(t.edge_end(k)))

@@ -102,6 +102,8 @@ private:
         std::array<double, 3> d;
         for (int k = 0; k < 3; ++k)
         {
+            if (triangle[k] < 0 || triangle[k] >= block.node_count())
+                return; // nor is it drawn
             p[k] = block.nodes()[triangle[k]];
             d[k] = distance(p[k]);
         }

@@ -112,15 +112,6 @@ public:
     HighRate() { grViewRendererFast::minimum_framerate(1e5); }
     ~HighRate() { grViewRendererFast::minimum_framerate(1); }
 };
-
-int differing_pixels(const dgImage& a, const dgImage& b)
-{
-    int count = 0;
-    for (int y = 0; y < a.height; ++y)
-        for (int x = 0; x < a.width; ++x)
-            count += !(pixel_at(a, x, y) == pixel_at(b, x, y));
-    return count;
-}
 }
 
 TEST(gsStructureFlattener, the_flat_copy_shows_the_same_pixels)

@@ -32,6 +32,15 @@ int same_pictures(const dgImage& a, const dgImage& b)
     return a.width == b.width && a.height == b.height && a.rgba == b.rgba;
 }
 
+int differing_pixels(const dgImage& a, const dgImage& b)
+{
+    int count = 0;
+    for (int y = 0; y < a.height; ++y)
+        for (int x = 0; x < a.width; ++x)
+            count += !(pixel_at(a, x, y) == pixel_at(b, x, y));
+    return count;
+}
+
 std::shared_ptr<dgGLDevice> test_device()
 {
     static std::string error;

@@ -33,6 +33,8 @@ int count_pixels(const dgImage& image, const Pixel& pixel);
 
 /// 1 when sizes and all bytes are the same.
 int same_pictures(const dgImage& a, const dgImage& b);
+/// Pixels of two pictures of one size that are not the same.
+int differing_pixels(const dgImage& a, const dgImage& b);
 
 /// The one device of the test program, on whatever OpenGL the machine has; a failed check and null without any.
 std::shared_ptr<dgGLDevice> test_device();

@@ -36,6 +36,7 @@ dgTriangleBlock* box(const giPoint3& low, const giPoint3& high, int triangles = 
             std::swap(triangle[1], triangle[2]);
         block->triangles().push_back(triangle);
     }
+    block->triangles().emplace_back(-1, 1000000000, 2); // is as if it were not there
     return new dgTriangleBlock(block, 1);
 }
 

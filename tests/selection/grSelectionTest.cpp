@@ -72,15 +72,6 @@ void redraw(Scene& scene)
     grViewListUtils::refresh_views({&scene.view}, nullptr, nullptr);
 }
 
-int differing_pixels(const dgImage& a, const dgImage& b)
-{
-    int count = 0;
-    for (int y = 0; y < a.height; ++y)
-        for (int x = 0; x < a.width; ++x)
-            count += !(pixel_at(a, x, y) == pixel_at(b, x, y));
-    return count;
-}
-
 dgElementPath path_to(const dgStructure& root, int element)
 {
     return {dgRef<dgGraphicalElement>(root.element(element))};
