@@ -240,7 +240,9 @@ TEST(grSelection, shows_single_triangles)
     Scene scene;
     scene.add(new dgLighting(0));
     scene.add(rectangle(10, 10, 29, 19, -3));
-    scene.add(rectangle(40, 10, 49, 19, 7));
+    dgTriangleBlock* block = rectangle(40, 10, 49, 19, 7);
+    block->block().triangles().emplace_back(-1, 1000000000, 2); // is as if it were not there
+    scene.add(block);
     grSelection selection;
     selection.colours(gsColour(1, 0, 0), gsColour(0, 0, 1));
     selection.add_view(&scene.view);
@@ -267,9 +269,13 @@ TEST(grSelection, shows_single_triangles)
     EXPECT_TRUE(selection.selected_triangles().empty());
     EXPECT_EQ(select(45, 11, grSELECT_ONLY), other);
     EXPECT_TRUE(selection.selected().empty());
+    std::vector<dgPickHit> missing = under(45, 11);
+    missing[0].feature = 2;
+    selection.select_triangles(missing, grSELECT_ADD);
+    EXPECT_EQ(count_pixels(scene.picture(), {255, 0, 0}), other);
     selection.clear();
     EXPECT_EQ(count_pixels(scene.picture(), {255, 0, 0}), 0);
-    EXPECT_EQ(told, 8);
+    EXPECT_EQ(told, 9);
 }
 
 TEST(dgView, is_fitted_to_what_is_shown)

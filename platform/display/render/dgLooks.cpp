@@ -47,6 +47,9 @@ dgRef<dgTriangleBlock> block_of(const giTriBlock& all, const std::vector<int>& n
         if (number < 0 || number >= all.triangle_count())
             continue;
         giTriangle triangle = all.triangles()[static_cast<std::size_t>(number)];
+        const auto is_node = [&](int k) { return triangle[k] >= 0 && triangle[k] < all.node_count(); };
+        if (!is_node(0) || !is_node(1) || !is_node(2))
+            continue; // nor is it drawn as one of the block
         for (int k = 0; k < 3; ++k)
         {
             const auto [place, is_new] = places.try_emplace(triangle[k], static_cast<int>(nodes.size()));
