@@ -64,7 +64,7 @@ public:
     int is_selected(const dgElementPath& part) const;
 
     /// Selects triangles that were picked (grPICK_FEATURES), apart from parts; hits of anything else are left out.
-    /// Either kind ends the selection of the other with grSELECT_ONLY.
+    /// Either kind ends the selection of the other with grSELECT_ONLY. Blocks are in the order in which they were met.
     void select_triangles(const std::vector<dgPickHit>& hits, grSelectMode mode = grSELECT_ONLY);
     const std::vector<grSelectedTriangles>& selected_triangles() const { return the_selected_triangles; }
 

@@ -171,11 +171,18 @@ void grSelection::select_triangles(const std::vector<dgPickHit>& hits, grSelectM
         dgElementPath path;
         std::set<int> before, now;
     };
-    std::map<Key, Change> changes;
+    std::vector<Change> changes;
+    std::map<Key, std::size_t> numbers;
+    const auto change_of = [&](const dgElementPath& path) -> Change&
+    {
+        const auto [entry, is_new] = numbers.try_emplace(key(path), changes.size());
+        if (is_new)
+            changes.push_back({path, {}, {}});
+        return changes[entry->second];
+    };
     for (const grSelectedTriangles& triangles : the_selected_triangles)
     {
-        Change& change = changes[key(triangles.path)];
-        change.path = triangles.path;
+        Change& change = change_of(triangles.path);
         change.before.insert(triangles.numbers.begin(), triangles.numbers.end());
         if (mode != grSELECT_ONLY)
             change.now = change.before;
@@ -184,8 +191,7 @@ void grSelection::select_triangles(const std::vector<dgPickHit>& hits, grSelectM
     {
         if (hit.primitive().type() != dgTYPE_TRIANGLE_BLOCK)
             continue;
-        Change& change = changes[key(hit.path)];
-        change.path = hit.path;
+        Change& change = change_of(hit.path);
         if (mode == grSELECT_TOGGLE && change.before.count(hit.feature))
             change.now.erase(hit.feature);
         else
@@ -197,7 +203,7 @@ void grSelection::select_triangles(const std::vector<dgPickHit>& hits, grSelectM
             this->change(part, [](State& state) { state.selected = 0; });
     bool changed = had_parts;
     the_selected_triangles.clear();
-    for (const auto& [key, change] : changes)
+    for (const Change& change : changes)
     {
         const grSelectedTriangles triangles{change.path, {change.now.begin(), change.now.end()}};
         if (!change.now.empty())

@@ -4,6 +4,7 @@
 #include "dgClientStructure.h"
 #include "dgRenderer.h"
 #include "dgS.h"
+#include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "giXform3.h"
 #include "grTwiddleOverlayCallback.h"
@@ -145,9 +146,11 @@ struct tsStage::Watch : coReceiver
     Watch(tsStage& its_stage, dgView& view) : stage(its_stage), name(its_stage.name_of(&view))
     {
         view.call_list().add(DG_WORLD2VIEW_CHANGED, coCallFunc::member<&Watch::changed>(this));
+        view.call_list().add(DG_CAMERA_SHOWN, coCallFunc::member<&Watch::shown>(this));
         view.call_list().add(DG_VIEW_TO_BE_DELETED, coCallFunc::member<&Watch::gone>(this));
     }
     void changed() { stage.called("changed " + name); }
+    void shown() { stage.called("shown " + name, 1); }
     void gone() { stage.called("gone " + name); }
     tsStage& stage;
     std::string name;
@@ -446,6 +449,14 @@ void tsStage::add_view_commands()
     on("cut") = [](dgView& view, int first, tsOr<0> last)
     { root_of(view).delete_range(first, std::min(std::max<int>(first, last), root_of(view).nelements() - 1)); };
     on("clear") = [](dgView& view) { root_of(view).clear(); };
+    // Two triangles, below and above the diagonal that rises to the right, at a depth.
+    on("rectangle") = [](dgView& view, const giBox2& box, tsOr<0.0> z)
+    {
+        const auto corner = [&](int right, int upper)
+        { return giPoint3((right ? box.high() : box.low()).x(), (upper ? box.high() : box.low()).y(), z); };
+        root_of(view).add(
+            new dgTriangleBlock(ts_sheet(1, 0, 1, corner, [](int, int) { return giVector3(0, 0, 1); }), 1));
+    };
     // What a camera shows.
     using Values = std::vector<double>;
     on("size") = [](dgView& view)

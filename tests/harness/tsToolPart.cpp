@@ -7,6 +7,9 @@
 #include "grAction.h"
 #include "grCameraViewCache.h"
 #include "grMouseWheelZoomTool.h"
+#include "grSection.h"
+#include "grSelection.h"
+#include "grSelectionHover.h"
 #include "grStdToolFactory.h"
 #include "grStdTwiddleHooks.h"
 #include "grStdTwiddling.h"
@@ -115,6 +118,11 @@ public:
         the_stage.called("structure", 1);
         return the_structure.get();
     }
+    void picked(grStdTwiddleTool*, const std::vector<dgPickHit>& hits) override
+    {
+        the_stage.called("picked " + std::to_string(hits.size()));
+    }
+    void selection_changed(grStdTwiddleTool*, grSelection&) override { the_stage.called("selection changed"); }
     void aperture_defined(const gwKeyEvent& first, const gwKeyEvent& second) override
     {
         the_stage.called("aperture");
@@ -231,11 +239,13 @@ public:
     {
         add_set_up();
         add_hooks();
+        add_selection();
         add_events();
         add_queries();
     }
     ~ToolPart()
     {
+        the_hover.reset();
         the_twiddling.reset();
         grStdViewTwiddleTool::delete_camera_cache();
     }
@@ -333,6 +343,89 @@ private:
         };
         on("forget_part") = [this] { the_hooks->the_structure.reset(); };
         on("clear_part") = [this] { part().clear(); };
+    }
+    // Where a path from a view's root leads: the numbers of its elements, each in what the one before it calls.
+    static std::string place(const dgElementPath& path, const dgView& view)
+    {
+        std::string text;
+        const dgStructure* structure = view.root();
+        for (const dgRef<dgGraphicalElement>& element : path)
+        {
+            int i = 0;
+            while (structure->element(i) != element.get())
+                ++i;
+            text += (text.empty() ? "" : ".") + std::to_string(i);
+            structure = element->called_structure();
+        }
+        return text.empty() ? "none" : text;
+    }
+    grSelection& selection()
+    {
+        if (!the_hooks->selection())
+            throw std::runtime_error("nothing is selected");
+        return *the_hooks->selection();
+    }
+    void add_selection()
+    {
+        // What tools select in and cut open, in views from now on.
+        on("selection") = [this](dgView& view)
+        {
+            the_hooks->selection(&the_selection);
+            the_selection.add_view(&view);
+        };
+        on("section") = [this](dgView& view)
+        {
+            the_hooks->section(&the_section);
+            the_section.add_view(&view);
+        };
+        on("remove_selection") = [this](dgView& view) { selection().remove_view(&view); };
+        on("redraw_section") = [this] { the_section.redraw(); };
+        on("select_colours") = [this](double selected, double hovered)
+        { selection().colours(gsColour(selected, 0, 0), gsColour(hovered, 0, 0)); };
+        on("part_calls") = [this](int n) { selection().part_calls(n); };
+        on("hover") = [this] { the_hover = std::make_unique<grSelectionHover>(man(), *the_hooks); };
+        on("hovered") = [this](dgView& view) { return place(selection().hovered(), view); };
+        // Parts, and triangles behind their block.
+        on("selected") = [this](dgView& view)
+        {
+            std::string text;
+            for (const dgElementPath& part : selection().selected())
+                text += " " + place(part, view);
+            for (const grSelectedTriangles& triangles : selection().selected_triangles())
+            {
+                text += " " + place(triangles.path, view) + ":";
+                for (const int number : triangles.numbers)
+                    text += " " + std::to_string(number);
+            }
+            return text.empty() ? "none" : text;
+        };
+        // The opacities of the elements of a view's root, 0 of those that are not shown.
+        on("opacities") = [this](dgView& view)
+        {
+            std::vector<double> values;
+            for (int i = 0; i < view.root()->nelements(); ++i)
+            {
+                const dgElementPath part{dgRef<dgGraphicalElement>(view.root()->element(i))};
+                values.push_back(selection().is_shown(part) * selection().opacity(part));
+            }
+            return values;
+        };
+        // Point and normal; none is "uncut".
+        on("cut_at") = [this](dgView& view)
+        {
+            const std::optional<giPlane>& plane = view.camera().section();
+            if (!plane)
+                return the_stage.note("uncut");
+            const giPoint3& p = plane->point();
+            const giVector3& n = plane->normal();
+            the_stage.note_values({p.x(), p.y(), p.z(), n.x(), n.y(), n.z()});
+        };
+        // Runs a tool on a view, with its arguments; 0 when it cannot.
+        on("run") = [this](dgView& view, const std::string& tool, const tsRest& arguments)
+        {
+            man();
+            return the_twiddling->run_tool(view, utString(tool), utString(arguments));
+        };
     }
     gwWindow* input_window() { return &the_stage.window(the_pointer_window).input; }
     dgStructure& part()
@@ -497,9 +590,12 @@ private:
     gwResourceDB the_db;
     gwInput the_input;
     std::unique_ptr<TellingHooks> the_hooks;
+    grSelection the_selection;
+    grSection the_section;
     ToolAnswers the_answers;
     TellingFactory the_factory{the_stage, the_answers};
     std::unique_ptr<grStdTwiddling> the_twiddling;
+    std::unique_ptr<grSelectionHover> the_hover;
     int the_multi = 0;
     int the_x = 0, the_y = 0, the_pointer_window = 1;
     giXform3 the_placement;

@@ -6,14 +6,7 @@
 #include "dgTriangleBlock.h"
 #include "giTriBlock.h"
 #include "grSelection.h"
-#include "grStdTwiddleHooks.h"
-#include "grStdTwiddling.h"
-#include "grView.h"
 #include "gr_pick.h"
-#include "gwHeadlessWindow.h"
-#include "gwKeyEvent.h"
-#include "gwMouseEvent.h"
-#include "gwResourceDB.h"
 
 #include <gtest/gtest.h>
 
@@ -209,45 +202,4 @@ TEST(grSection, shows_caps_of_what_is_shown_and_lets_parts_be_picked_behind_them
     desk.section.plane({});
     desk.draw();
     EXPECT_EQ(count_pixels(desk.picture(), {255, 0, 0}), 0);
-}
-
-// What a key does that is held while the pointer moves by some pixels, as the z of the plane and its side; "-" for
-// none.
-TEST(grSectionTool, switches_and_moves_and_flips)
-{
-    Scene scene(64, 48);
-    cube(scene);
-    gwHeadlessWindow area(64, 48);
-    dgRenderer renderer(&scene.window, &scene.window, &area);
-    scene.view.renderer(&renderer);
-    const grView companion(&scene.view);
-    gwResourceDB db;
-    db.set_resource("translations", "<shift> qwerty_key 83 : section (flip) <alt> qwerty_key 83 : section (off) "
-                                    "qwerty_key 83 : section qwerty_key 88 : section (x)");
-    grSection section;
-    section.add_view(&scene.view);
-    grStdTwiddleHooks hooks(&db);
-    hooks.section(&section);
-    grStdTwiddling twiddling(&area.input(), &db, &hooks, nullptr);
-    const auto hold = [&](int key, int modifiers, double right, double up)
-    {
-        area.input().post(gwKeyEvent(&area, 30, 20, modifiers, gwPRESSED, gwQWERTY_KEY, key));
-        if (right != 0 || up != 0)
-            area.input().post(gwMouseEvent(&area, 30 + right, 20 + up));
-        area.input().post(gwKeyEvent(&area, 30 + right, 20 + up, modifiers, gwRELEASED, gwQWERTY_KEY, key));
-        const std::optional<giPlane>& plane = section.plane();
-        EXPECT_EQ(plane, scene.view.camera().section());
-        return plane ? plane->point().vector() + plane->normal() * 1000 : giVector3();
-    };
-    const double far = 1000;
-    EXPECT_EQ(hold(83, 0, 0, 0), giVector3(20, 20, -far)) << "on, with the side away from the eye";
-    EXPECT_EQ(hold(83, 0, 7, 4), giVector3(20, 20, -far - 4)) << "up moves it away";
-    EXPECT_EQ(hold(83, 0, 0, 20), giVector3(20, 20, -far - 10)) << "not beyond the part";
-    EXPECT_EQ(hold(83, gwMODIFIER_SHIFT, 0, 0), giVector3(20, 20, far - 10)) << "the other side";
-    EXPECT_EQ(hold(83, 0, 0, 0), giVector3()) << "off";
-    EXPECT_EQ(hold(83, 0, 0, -5), giVector3(20, 20, far - 5)) << "on again where it was, and moved at once";
-    EXPECT_EQ(hold(88, 0, 5, 3), giVector3(far + 25, 20, 0)) << "along the normal as it is seen";
-    EXPECT_EQ(hold(88, 0, 0, 0), giVector3()) << "off";
-    EXPECT_EQ(hold(88, 0, 0, 0), giVector3(far + 20, 20, 0));
-    EXPECT_EQ(hold(83, gwMODIFIER_ALT, 0, 0), giVector3());
 }

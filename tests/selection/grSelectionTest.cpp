@@ -335,14 +335,18 @@ TEST(gr_pick, finds_the_nearest_or_all_with_the_calls_that_lead_there)
 
 TEST(gr_pick, takes_from_a_box_what_is_seen_in_it)
 {
-    Scene scene;
-    scene.add(rectangle(10, 10, 20, 20, -5));
-    scene.add(rectangle(5, 5, 30, 30, 5));
-    scene.add(rectangle(40, 10, 50, 20));
-    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
-    EXPECT_EQ(gr_pick_box(scene.view, giBox2(63, 47, 0, 0), grPICK_ALL).size(), 3u);
-    EXPECT_EQ(gr_pick_box(scene.view, giBox2(35, 0, 63, 47)).size(), 1u);
-    scene.view.shading_context().background_colour = gsColour(1, 1, 1);
-    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
-    EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47), grPICK_FRONT, grPICK_FEATURES).size(), 4u);
+    for (const int with_overlay : {0, 1})
+    {
+        Scene scene(64, 48, with_overlay);
+        scene.add(rectangle(10, 10, 20, 20, -5));
+        scene.add(rectangle(5, 5, 30, 30, 5));
+        scene.add(rectangle(40, 10, 50, 20));
+        scene.renderer.select_driver(with_overlay); // as after a rubber band
+        EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
+        EXPECT_EQ(gr_pick_box(scene.view, giBox2(63, 47, 0, 0), grPICK_ALL).size(), 3u);
+        EXPECT_EQ(gr_pick_box(scene.view, giBox2(35, 0, 63, 47)).size(), 1u);
+        scene.view.shading_context().background_colour = gsColour(1, 1, 1);
+        EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47)).size(), 2u);
+        EXPECT_EQ(gr_pick_box(scene.view, giBox2(0, 0, 63, 47), grPICK_FRONT, grPICK_FEATURES).size(), 4u);
+    }
 }
