@@ -4,6 +4,7 @@
 
 #include <utf8.h>
 
+#include <algorithm>
 #include <iterator>
 
 namespace
@@ -46,6 +47,11 @@ catch (const utf8::exception&)
 bool is_control(char32_t character)
 {
     return character < 0x20 || (character >= 0x7F && character < 0xA0);
+}
+
+char lower(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 }
 
@@ -101,4 +107,9 @@ std::string ap_quoted(std::string_view bytes)
         bytes.remove_prefix(static_cast<std::size_t>(after - bytes.begin()));
     }
     return text + (bytes.empty() ? "'" : "...'");
+}
+
+bool ap_equal_case_blind(std::string_view a, std::string_view b)
+{
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
 }

@@ -36,3 +36,6 @@ private:
 /// Bytes of a file in quotation marks, for a message: what is no UTF-8 and what would act on a terminal is written as
 /// \xNN, and what is longer than about 60 bytes is cut off.
 AP_EXPORT std::string ap_quoted(std::string_view bytes);
+
+/// Whether texts are the same but for the case of ASCII letters, whatever the process's locale.
+AP_EXPORT bool ap_equal_case_blind(std::string_view a, std::string_view b);

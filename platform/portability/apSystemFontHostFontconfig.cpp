@@ -80,8 +80,7 @@ int character_set(const std::string& file, int index)
     if (!free_type() || FT_New_Face(free_type(), file.c_str(), index, &face) != 0)
         return apCHARACTER_SET_UNSPECIFIED;
     int found = apCHARACTER_SET_UNSPECIFIED;
-    if (const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2));
-        os2 && os2->version != 0xffff)
+    if (const auto* os2 = static_cast<const TT_OS2*>(FT_Get_Sfnt_Table(face, FT_SFNT_OS2)))
         found = ap_character_set(os2->ulCodePageRange1);
     // Old fonts claim no pages.
     if (found == apCHARACTER_SET_UNSPECIFIED)

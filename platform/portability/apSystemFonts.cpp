@@ -1,5 +1,6 @@
 #include "apSystemFonts.h"
 
+#include "apString.h"
 #include "apSystemFontHost.h"
 #include "apSystemFontsOverride.h"
 
@@ -26,16 +27,6 @@ public:
 private:
     std::vector<apSystemFace> the_faces;
 };
-
-char lower(char c)
-{
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool same_name(const std::string& a, const std::string& b)
-{
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
-}
 }
 
 struct apSystemFonts::List
@@ -75,7 +66,7 @@ int apSystemFonts::find_face(const std::string& full_name, apFaceData& data)
     if (!table)
         return apSystemFontHost::find_face(full_name, data);
     for (const apSystemFace& face : table->faces())
-        if (same_name(face.full_name, full_name))
+        if (ap_equal_case_blind(face.full_name, full_name))
         {
             data = apFaceData{face.file, face.face_index, {}};
             return 1;

@@ -9,21 +9,19 @@ namespace
 {
 // More than this many reports at once are a daemon gone wild, and the window has to live.
 constexpr int most_reports = 1000;
-int the_opened = 0;
 }
 
 std::unique_ptr<gwSpaceballDevice> gwSpaceballDevice::open()
 {
-    if (the_opened || spnav_open() == -1)
+    // It fails, too, while there is a connection.
+    if (spnav_open() == -1)
         return nullptr;
-    the_opened = 1;
     return std::unique_ptr<gwSpaceballDevice>(new gwSpaceballDevice);
 }
 
 gwSpaceballDevice::~gwSpaceballDevice()
 {
     spnav_close();
-    the_opened = 0;
 }
 
 int gwSpaceballDevice::wakes_windows() const

@@ -59,16 +59,11 @@ void gwSpaceballReports::motion(const int (&translation)[3], const int (&rotatio
         release();
         return;
     }
-    if (!the_moving)
+    if (!the_moving || the_interrupted)
     {
         the_moving = 1;
-        the_interrupted = 1;
-    }
-    if (the_interrupted)
-    {
-        the_interrupted = 0;
         flush();
-        post_key(gwSPACEBALL_MOVED, gwPRESSED);
+        post_key(gwSPACEBALL_MOVED, gwPRESSED); // which ends the interruption
     }
     const double seconds =
         milliseconds > 0 ? std::min(milliseconds / 1000.0, longest_report_seconds) : gwSpaceballEvent::usual_seconds;
@@ -102,7 +97,7 @@ void gwSpaceballReports::release()
     flush();
     if (!the_moving)
         return;
-    the_moving = the_interrupted = 0;
+    the_moving = 0;
     post_key(gwSPACEBALL_MOVED, gwRELEASED);
 }
 
@@ -115,8 +110,7 @@ void gwSpaceballReports::area_event(void*, void* data)
 void gwSpaceballReports::key_event(const gwKeyEvent& event)
 {
     // While something moves, the wheel does nothing.
-    const bool own = event.key_type() == gwSPACEBALL_BUTTON && event.key_number() == gwSPACEBALL_MOVED;
-    if (the_moving && !own && event.key_type() != gwMOUSE_WHEEL)
+    if (event.key_type() != gwMOUSE_WHEEL)
         the_interrupted = event.transition() != gwPRESSED;
 }
 

@@ -39,7 +39,7 @@ std::string brief(const std::string& line, const dgTraceWindow& window)
         return (at ? "xor draw " : "draw ") + words[at + 2];
     if (words.size() == at + 2 && words[at] == "select_buffer")
         return words[at + 1];
-    if (line == "swap_buffers 0")
+    if (line == "present")
         return "swap";
     if (words.size() == 7 && words[0] == "clear" && words[5] == "colour")
     {
@@ -240,7 +240,7 @@ void tsStage::drain()
             if (!surface)
                 continue;
             for (const std::string& line : surface->log())
-                if (!line.ends_with("begin") && !line.ends_with("end") && line != "present" && line != "finish")
+                if (!line.ends_with("begin") && !line.ends_with("end") && line != "swap_buffers 0" && line != "finish")
                     the_records.push_back((i ? std::to_string(i + 1) + ": " : "") +
                                           (surface == &the_windows[i]->surface ? "" : "overlay ") +
                                           brief(line, *surface));

@@ -127,6 +127,7 @@ TEST(apEnvironment, overrides_nest_and_end)
     }
     EXPECT_FALSE(apEnvironment::contains(name));
 
+    EXPECT_TRUE(apEnvironment::contains("PATH"));
     const apEnvironmentOverride hidden("PATH", nullptr);
     EXPECT_FALSE(apEnvironment::contains("PATH"));
 }

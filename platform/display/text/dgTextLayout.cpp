@@ -100,7 +100,7 @@ double horizontal_share(dgTextHorizontal horizontal)
 {
     switch (horizontal)
     {
-    case dgTEXT_LEFT: return 0;
+    case dgTEXT_LEFT: break;
     case dgTEXT_CENTRE: return 0.5;
     case dgTEXT_RIGHT: return 1;
     }
@@ -113,7 +113,7 @@ double rise(const Layout& layout, const dgTextStyle& style)
     const double below = (static_cast<double>(layout.lines.size()) - 1) * line_distance + descent;
     switch (style.vertical)
     {
-    case dgTEXT_BASELINE: return 0;
+    case dgTEXT_BASELINE: break;
     case dgTEXT_BOTTOM: return below * style.height;
     case dgTEXT_MIDDLE: return (below - ascent) / 2 * style.height;
     case dgTEXT_TOP: return -ascent * style.height;
