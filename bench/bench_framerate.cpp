@@ -5,11 +5,11 @@
 // same as of drags is asked of the tools of the wheel, the spaceball, a glide to a saved camera and a spin, with the
 // fast refresher.
 //
-//     bench_framerate [--rate N] [--seconds S] [--levels] [scene...]    scenes: one many placed structures mixed; all
-//                                                                       without
+//     bench_framerate [--rate N] [--seconds S] [--levels] [--only TOOL]... [scene...]
 //
-// --rate asks for another number of frames a second, --seconds for another length of the drag. --levels draws shares by
-// simplified levels, which are waited for; without, shares are samples.
+// Scenes: one many placed structures mixed; all without. Tools: full fast timeout wheel spaceball glide spin; all, and
+// what else is measured, without. --rate asks for another number of frames a second, --seconds for another length of
+// the drag. --levels draws shares by simplified levels, which are waited for; without, shares are samples.
 #include "benchRing.h"
 #include "benchTiming.h"
 #include "dgClientStructure.h"
@@ -61,6 +61,12 @@ constexpr int width = 1280, height = 720;
 std::vector<std::string> table; // of the scene, as docs/frame-rate.md has it
 double framerate = 10, drag_seconds = 5;
 int levels = 0;
+std::vector<std::string> only; // tools; all without
+
+bool measured(const char* tool)
+{
+    return only.empty() || std::find(only.begin(), only.end(), tool) != only.end();
+}
 
 class Stopwatch
 {
@@ -316,6 +322,7 @@ private:
 
 void compare_tools(Picture& picture, const dgCamera& start)
 {
+    if (measured("wheel"))
     {
         // A notch, or a report of the spaceball, comes for each frame.
         Tools tools(picture, start);
@@ -323,6 +330,7 @@ void compare_tools(Picture& picture, const dgCamera& start)
             "wheel", picture, [&](int k) { tools.key(gwMOUSE_WHEEL, 1, gwPRESSED, k / 8 % 2 ? -1 : 1); },
             [&] { return tools.idle(); }, [&] { tools.stop(); });
     }
+    if (measured("spaceball"))
     {
         Tools tools(picture, start);
         tools.key(gwSPACEBALL_BUTTON, gwSPACEBALL_MOVED, gwPRESSED);
@@ -331,6 +339,7 @@ void compare_tools(Picture& picture, const dgCamera& start)
             [&](int k) { tools.deflect(giVector3(k / 16 % 2 ? -1 : 1, 0.5, 0), giVector3(0, 0, k / 8 % 2 ? -1 : 1)); },
             [&] { return tools.idle(); }, [&] { tools.key(gwSPACEBALL_BUTTON, gwSPACEBALL_MOVED, gwRELEASED); });
     }
+    if (measured("glide"))
     {
         // To the camera that the first turn has left, in idle calls.
         Tools tools(picture, start);
@@ -342,6 +351,7 @@ void compare_tools(Picture& picture, const dgCamera& start)
         drag(
             "glide", picture, [&](int) { tools.idle(); }, [&] { return tools.idle(); }, [&] { tools.stop(); }, whole);
     }
+    if (measured("spin"))
     {
         Tools tools(picture, start);
         tools.throw_view();
@@ -424,6 +434,7 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
     std::printf("%s: full redraw %.1f ms, the first one %.1f ms\n", name, 1e3 * full, 1e3 * first);
 
     // Flattening, and frames of the flat copy, without a limit of time.
+    if (only.empty())
     {
         grViewRendererFast::minimum_framerate(0.001);
         std::vector<double> flattening, flat, network;
@@ -446,22 +457,26 @@ void measure(const char* name, const std::shared_ptr<dgGLDevice>& device, const 
     if (levels)
         device->geometry().complete_levels();
     const dgViewcoDList views{&picture.view};
+    if (measured("full"))
     {
         grViewRefresherFull refresher(views);
         drag("full", picture, refresher, start);
     }
+    if (measured("fast"))
     {
         grViewRefresherFast refresher(views);
         drag("fast", picture, refresher, start);
     }
+    if (measured("timeout"))
     {
         grTimeoutRendererCache cache(16);
         grViewRefresherTimeout refresher(views, &cache, framerate, 1, 1, 1);
         drag("timeout", picture, refresher, start);
     }
     compare_tools(picture, start);
-    rest(picture, picture.full_redraw(image));
-    if (one_block)
+    if (only.empty())
+        rest(picture, picture.full_redraw(image));
+    if (only.empty() && one_block)
         compare_bare(picture, *root);
     std::printf("| %s | Full redraw | Median of the frames, of their time | 95 %% of them within | Complete after |\n",
                 name);
@@ -482,6 +497,8 @@ int main(int argc, char** argv)
             framerate = std::max(std::atof(argv[++i]), 0.1);
         else if (argument == "--seconds" && i + 1 < argc)
             drag_seconds = std::atof(argv[++i]);
+        else if (argument == "--only" && i + 1 < argc)
+            only.emplace_back(argv[++i]);
         else
             scenes.push_back(argument);
     }
