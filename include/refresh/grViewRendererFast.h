@@ -16,6 +16,7 @@ class dgView;
 class giBox2;
 class giBox3;
 class grFollowedShare;
+class grPointSample;
 class gsStructureFlattener;
 class gsStructureSlicer;
 
@@ -23,9 +24,9 @@ class gsStructureSlicer;
 ///
 /// The first frame draws everything and makes a flattened copy of the network; the second draws as much as one frame's
 /// time allows and measures. If that was not all, later frames draw a share: simplified levels of heavy blocks, and a
-/// sample spread evenly over the rest. It starts as measured and follows what frames take. Slices drawn in between
-/// complete the picture. Once the network is edited, it is drawn itself, in such a share. Primitives are counted as
-/// triangles, line segments and points.
+/// sample spread evenly over the rest. It starts as measured and follows what frames take and what is in view. Slices
+/// drawn in between complete the picture. Once the network is edited, it is drawn itself, in such a share. Primitives
+/// are counted as triangles, line segments and points.
 class GR_EXPORT grViewRendererFast
 {
 public:
@@ -64,7 +65,8 @@ public:
     int total_prims() const { return the_total_prims; }
     int slice_prims() const { return the_slice_prims; }
 
-    /// The share of primitives that the next frame draws: from draw_ratio on it follows what frames take.
+    /// The share of primitives that the next frame draws where its view shows as much as the last one: from draw_ratio
+    /// on it follows what frames take, and how much of the network is in view.
     double followed_ratio() const;
 
     /// How many views are drawn in the time of one frame; 1 by default. What is measured at first is for this view
@@ -140,6 +142,8 @@ private:
     void flatten();
     void calibrate();
     void draw_share();
+    void take_sample();
+    void look_at_view();
     double frame_part() const;
     void draw_slice_in_boxes(const std::vector<giBox2>& boxes, int anew);
     void show_completed(const std::vector<giBox2>& boxes);
@@ -166,6 +170,7 @@ private:
     int the_total_prims = 0;
     std::unique_ptr<gsStructureSlicer> the_slicer;
     int the_slice_prims = 0;
+    double the_measured_part = 1; // of the network that was in view then
     int the_force_full = 0;
     dgRef<dgStructure> the_flat;
     giBox3 the_bbox;
@@ -174,6 +179,7 @@ private:
 
     std::unique_ptr<ViewWatch> the_watch;
     std::unique_ptr<grFollowedShare> the_share;
+    std::unique_ptr<grPointSample> the_sample; // of the flat copy; null where frames show all
     double the_frame_start = 0;
     int the_views_in_frame = 1;
     std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn

@@ -20,12 +20,20 @@ constexpr double smallest_share = 1e-4;
 void grFollowedShare::start(double share)
 {
     the_share = std::max(share, smallest_share);
+    the_part = the_part_in_view;
     the_nloads = 0;
+}
+
+double grFollowedShare::share_of(double part) const
+{
+    return part == the_part ? the_share : std::min(the_share * the_part / part, 1.0);
 }
 
 void grFollowedShare::frame_drawn(double drawn, double load)
 {
-    if (!(load > 0))
+    // Where all that is in view takes little, nothing is learnt of shares.
+    const double before = share();
+    if (!(load > 0) || (before >= 1 && load < too_little))
         return;
     the_loads[2] = the_loads[1];
     the_loads[1] = the_loads[0];
@@ -41,12 +49,14 @@ void grFollowedShare::frame_drawn(double drawn, double load)
         return;
     if (middle >= too_little && middle <= too_much)
         return;
-    const double before = the_share;
     const double rise = middle < next_to_nothing ? rise_from_next_to_nothing : largest_rise;
-    const double fitting = (drawn > 0 ? drawn : the_share) * wanted / middle;
+    const double fitting = (drawn > 0 ? drawn : before) * wanted / middle;
     // What is drawn may be far less than the share, as levels come in steps: up it goes from the share.
-    the_share = middle > too_much ? std::min(the_share, std::max(fitting, drawn * largest_fall))
-                                  : std::clamp(std::min(fitting, the_share * rise), the_share, 1.0);
-    if (the_share != before)
-        the_nloads = 0;
+    const double now = middle > too_much ? std::min(before, std::max(fitting, drawn * largest_fall))
+                                         : std::clamp(std::min(fitting, before * rise), before, 1.0);
+    if (now == before)
+        return;
+    the_share = now;
+    the_part = the_part_in_view;
+    the_nloads = 0;
 }

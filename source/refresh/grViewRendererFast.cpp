@@ -10,6 +10,7 @@
 #include "grFlatDump.h"
 #include "grFollowedShare.h"
 #include "grInstalledAction.h"
+#include "grPointSample.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
@@ -257,8 +258,16 @@ void grViewRendererFast::draw_over(Draw draw)
     draw();
 }
 
+// How much of the network is in view, and so how much of it a frame may draw.
+void grViewRendererFast::look_at_view()
+{
+    const bool culled = the_sample && the_view->renderer()->culling();
+    the_share->part_in_view(culled ? the_sample->share_shown(*the_view) : 1);
+}
+
 void grViewRendererFast::draw_share()
 {
+    look_at_view();
     dgRenderer& renderer = *the_view->renderer();
     gsStructureSkipper skipper(the_total_prims, the_share->share());
     const grInstalledAction installed(renderer, &skipper);
@@ -314,6 +323,7 @@ void grViewRendererFast::flatten()
     {
         the_flat = the_root;
         timed([this] { the_view->render_network(the_flat.get()); });
+        take_sample();
         return;
     }
     the_flat = dgRef<dgStructure>(new dgClientStructure);
@@ -326,8 +336,18 @@ void grViewRendererFast::flatten()
     if (debug())
         print_time("Flatten time: ", the_refresh_time);
     the_non_flattened_final = the_flattener->final_refresh_non_flattened(the_frame_stamp);
+    take_sample();
     if (the_dump_flattened)
         gr_dump_flat_structure(*the_flat, dump_prefix_text());
+}
+
+// For shares, which what cannot be drawn in a frame's time will need. A network that could not be copied has parts that
+// the looks may hide.
+void grViewRendererFast::take_sample()
+{
+    const bool hides = the_view->looks() && (!the_flattener || the_non_flattened_final);
+    if (the_frame_limited && the_refresh_time > the_frame_time && !hides)
+        the_sample = std::make_unique<grPointSample>(*the_flat);
 }
 
 void grViewRendererFast::calibrate()
@@ -348,6 +368,8 @@ void grViewRendererFast::calibrate()
         the_total_prims = calibration.prims_total(1) + calibration.prims_total(0);
         the_draw_ratio = the_total_prims < 1 ? 1.0 : std::clamp(static_cast<double>(drawn) / the_total_prims, 0.0, 1.0);
         the_slice_prims = static_cast<int>(std::lround(the_total_prims * the_draw_ratio));
+        look_at_view();
+        the_measured_part = the_share->part_in_view();
         the_share->start(the_draw_ratio);
     }
     else
@@ -382,6 +404,7 @@ dgStructure* grViewRendererFast::drawn_structure() const
 void grViewRendererFast::forget_flat()
 {
     the_flattener.reset();
+    the_sample.reset();
     the_flat.reset();
     the_root.reset();
 }
@@ -446,8 +469,9 @@ int grViewRendererFast::draw_a_slice()
     const int first = !the_slicer;
     if (first)
     {
-        const auto followed = static_cast<int>(std::lround(the_total_prims * followed_ratio()));
-        const int prims = std::max(the_slice_prims, followed);
+        // All of a slice may lie where the view is: what was measured of a view that showed less is too much.
+        const double measured = the_slice_prims * std::min(the_measured_part / the_share->part_in_view(), 1.0);
+        const int prims = static_cast<int>(std::lround(std::max(measured, the_total_prims * the_share->share_of(1))));
         the_slicer = std::make_unique<gsStructureSlicer>(std::max(prims / static_cast<int>(boxes.size()), 1));
     }
     const double start = apHighResTime::time();

@@ -238,6 +238,12 @@ TEST(gsRenderAction, counts_what_it_passes_by_as_if_it_were_met)
                 Skipper skipper(ratio);
                 scene.draw(skipper);
                 met[culling] += skipper.met;
+                const long long drawn = skipper.prims_drawn();
+                scene.view.camera().zoom(0.01);
+                scene.draw(skipper);
+                EXPECT_EQ(skipper.prims_drawn(), drawn) << "whatever is in view";
+                scene.view.camera().zoom(100);
+                scene.window.clear_log();
                 gsStructureCallibration calibration(frame);
                 scene.draw(calibration);
                 gsStructureSlicer slicer(50);

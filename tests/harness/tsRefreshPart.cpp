@@ -4,6 +4,7 @@
 #include "dgPointSet.h"
 #include "dgRenderNetworkAction.h"
 #include "dgRenderer.h"
+#include "dgTransform.h"
 #include "dgView.h"
 #include "grTimeoutRenderer.h"
 #include "grTimeoutRendererCache.h"
@@ -109,12 +110,16 @@ private:
             surface.cost_per_feature(seconds);
             surface.cost_noise(noise);
         };
-        // N lines of so many segments in place of a view's network.
-        on("lines") = [](dgView& view, int n, int segments)
+        // N lines of so many segments in place of a view's network, each one further up.
+        on("lines") = [](dgView& view, int n, int segments, tsOr<0.0> step)
         {
             const dgRef<dgStructure> root(new dgClientStructure);
             for (int i = 0; i < n; ++i)
+            {
+                if (step != 0)
+                    root->add(new dgTransform(giXform3::translation(giVector3(0, step, 0))));
                 root->add(tsLine(segments)->element(0));
+            }
             view.root(root.get());
         };
         // N more lines, triangles or points elements of so many primitives each.

@@ -42,15 +42,11 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
         return;
     if (run.small_features() >= 0 || run.sampling().indivisible())
     {
-        the_small_carry += features * the_ratio;
-        if (2 * the_small_carry >= features)
-        {
-            the_small_carry -= features;
-            the_drawn += features;
+        const int count = take(features);
+        if (count == features)
             renderer.draw_run(run);
-        }
-        else
-            draw_part(renderer, run);
+        else if (count)
+            draw_first(renderer, run, count);
         return;
     }
     const double share = features * the_ratio + the_carry;
@@ -63,6 +59,7 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
         return;
     }
     the_carry = share - count;
+    the_drawn += count;
     draw_first(renderer, run, count);
 }
 
@@ -80,6 +77,16 @@ int gsStructureSkipper::passes_by(dgTopology, int features)
     return 0;
 }
 
+// What is not seen counts as if it were, so that the share does not depend on the view.
+int gsStructureSkipper::passes_by_unseen(dgTopology, int features)
+{
+    if (the_ratio >= 1)
+        the_drawn += features;
+    else if (features && the_ratio > 0)
+        take(features);
+    return 1;
+}
+
 // How much is drawn of a run that is left out, 0 for nothing.
 int gsStructureSkipper::part_of(int features)
 {
@@ -93,21 +100,26 @@ int gsStructureSkipper::part_of(int features)
     return std::max(the_part - the_small_carry, 0.0) > the_spare ? 0 : the_part;
 }
 
-void gsStructureSkipper::draw_part(dgRenderer& renderer, const dgPrimitiveRun& run)
+// How much is drawn of a small run, which counts as drawn.
+int gsStructureSkipper::take(int features)
 {
-    const int count = part_of(run.features());
-    if (!count)
-        return;
-    ++the_parts;
-    the_spare -= std::max(count - the_small_carry, 0.0);
-    the_small_carry = std::max(the_small_carry - count, 0.0);
-    draw_first(renderer, run, count);
+    the_small_carry += features * the_ratio;
+    int count = features;
+    if (2 * the_small_carry >= features)
+        the_small_carry -= features;
+    else if ((count = part_of(features)))
+    {
+        ++the_parts;
+        the_spare -= std::max(count - the_small_carry, 0.0);
+        the_small_carry = std::max(the_small_carry - count, 0.0);
+    }
+    the_drawn += count;
+    return count;
 }
 
 // Draws so many features from the start of the sampling order.
 void gsStructureSkipper::draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count)
 {
-    the_drawn += count;
     the_spans.clear();
     run.sampling().sample(0, count, the_spans);
     renderer.draw_features(run, the_spans);

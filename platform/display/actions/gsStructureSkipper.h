@@ -23,10 +23,11 @@ public:
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
     int passes_by(dgTopology topology, int features) override;
+    int passes_by_unseen(dgTopology topology, int features) override;
 
 private:
     int part_of(int features);
-    void draw_part(dgRenderer& renderer, const dgPrimitiveRun& run);
+    int take(int features);
     void draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count);
 
     int the_wanted;

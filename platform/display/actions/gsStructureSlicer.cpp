@@ -64,6 +64,12 @@ int gsStructureSlicer::passes_by(dgTopology, int features)
     return 1;
 }
 
+int gsStructureSlicer::passes_by_unseen(dgTopology, int features)
+{
+    the_met += features;
+    return 1;
+}
+
 int gsStructureSlicer::element(dgRenderer&, const dgGraphicalElement&)
 {
     // What draws by itself cannot be cut: it belongs to the slice that passes it.

@@ -33,6 +33,7 @@ public:
 private:
     void put_in_force(int end, const dgStepTree* tree);
     void look_for_seen();
+    bool sees(int leaf) const;
     Item next_seen();
     Item next_not_passed(gsRenderAction& action);
     Item next_of_all();
@@ -207,6 +208,8 @@ StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
         if (!the_inside && !bounds.open && !bounds.box.empty() &&
             (!bounds.world || drawing.the_renderer.context().transform() == giXform3()))
             the_inside = drawing.the_renderer.volume(bounds.reach).test(bounds.box) == dgBOX_INSIDE;
+        if (!the_inside && the_tree && (!bounds.world || drawing.the_renderer.context().transform() == giXform3()))
+            look_for_seen();
     }
     if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
     {
@@ -255,6 +258,12 @@ void StepCursor::look_for_seen()
     the_left = the_words ? *seen : 0;
 }
 
+bool StepCursor::sees(int leaf) const
+{
+    const auto bit = static_cast<unsigned>(leaf);
+    return !the_words || (the_drawing->the_words[the_first_word + bit / 64] >> bit % 64 & 1);
+}
+
 StepCursor::Item StepCursor::next()
 {
     gsRenderAction* const action = the_passes ? the_drawing->the_renderer.render_action() : nullptr;
@@ -294,7 +303,10 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
          ++leaf)
     {
         const dgSoleRun& sole = the_tree->sole(leaf);
-        if (the_tree->empty(leaf) || (sole.features >= 0 && action.passes_by(sole.topology, sole.features)))
+        if (the_tree->empty(leaf))
+            continue;
+        if (sole.features >= 0 && (sees(leaf) ? action.passes_by(sole.topology, sole.features)
+                                              : action.passes_by_unseen(sole.topology, sole.features)))
             continue;
         const int step = the_tree->step(leaf);
         if (the_leaf < 0)

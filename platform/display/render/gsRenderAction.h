@@ -50,6 +50,9 @@ public:
     /// 1 to execute an element that is neither attribute, primitive nor call, such as an application's own.
     virtual int element(dgRenderer&, const dgGraphicalElement&) { return 1; }
 
+    /// As passes_by, of a small run of which nothing is in view: what it draws is not seen.
+    virtual int passes_by_unseen(dgTopology topology, int features) { return passes_by(topology, features); }
+
 private:
     friend class dgRenderer;
     dgRenderer* the_renderer = nullptr;
