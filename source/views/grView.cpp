@@ -50,8 +50,6 @@ grView::~grView()
 {
     if (the_deleted)
         *the_deleted = true;
-    if (the_parent)
-        the_parent->remove_child_view(this);
     remove_view(this);
     gsHeap::object_remove(this);
 }
@@ -182,17 +180,18 @@ int grView::has_child_view(const grView* view) const
 
 void grView::update_offset()
 {
-    if (!the_locked_child || !the_parent || !the_parent->the_view || !the_view)
+    if (!the_locked_child || !the_parent || !the_parent->the_view)
         return;
     const giXform3& transform = the_view->camera().orientation();
     const giXform3& parent_transform = the_parent->the_view->camera().orientation();
     the_child_offset = parent_transform.is_identity() ? transform : transform * parent_transform.inverse();
 }
 
-// The parent is handed over: a child that has been orphaned is still moved by its former parent.
+// The parent is handed over: a child that has been orphaned is still moved by its former parent. Both have their
+// display views, as a view that loses its own leaves its family.
 void grView::parent_updated(const grView& parent)
 {
-    if (!the_locked_child || !the_view || !parent.the_view)
+    if (!the_locked_child)
         return;
     giPoint3 eye;
     giVector3 direction, up;

@@ -38,6 +38,7 @@
 #include "grRubberBandManager.h"
 #include "grRubberBandMode.h"
 #include "grRubberBandSelectDriver.h"
+#include "grRubberBandStructure.h"
 #include "grSpaceballTool.h"
 #include "grSpanEdge.h"
 #include "grSplitBlock.h"
@@ -54,6 +55,7 @@
 #include "grTwiddleTimer.h"
 #include "grView.h"
 #include "grViewPaperChild.h"
+#include "grViewPaperParent.h"
 #include "grViewTwiddleLock.h"
 #include "grZone.h"
 #include "gwResourceDB.h"
@@ -97,6 +99,9 @@ void print_views(std::ostream& os)
     locked.add_twiddle_lock(grIsometricTool::ut_static_type());
     locked.print(os, 1);
     grView::default_view_twiddle_locks();
+    grViewPaperParent sheet(scene.add_view());
+    const grViewPaperChild first(scene.add_view(), &sheet), second(scene.add_view(), &sheet);
+    sheet.print(os, 0);
     std::ostringstream level_2, display_view;
     child.print(level_2, 2);
     child.view()->print(display_view, 0, 0);
@@ -143,6 +148,7 @@ void print_bands(std::ostream& os)
         new grRubberBandColourAppElement(gsColour(0, 0, 1), grTEXT_COLOUR));
     element->print(os);
     grRubberBandGraphicalElement(&scene.renderer(), nullptr, element.get(), nullptr).print(os);
+    grRubberBandStructure(&scene.renderer(), nullptr, tsLine(1).get(), nullptr).print(os);
     print_names<grRubberBandIt>(os, 2);
     print_names<grRubberBandSelectDriver>(os, 2);
     print_names<grRubberBandItemState>(os, 3);

@@ -16,6 +16,7 @@
 #include "grStdViewTwiddleTool.h"
 #include "grToolFactory.h"
 #include "grTwiddleMan.h"
+#include "grViewCubeTool.h"
 #include "grViewRefresher.h"
 #include "grWorkPlane.h"
 #include "gwInput.h"
@@ -106,6 +107,8 @@ public:
         grViewRefresher* refresher = grStdTwiddleHooks::view_refresher(tool, views);
         if (the_views_are_told)
             the_stage.note(refresher->ut_dynamic_type().name());
+        if (the_icon)
+            refresher->set_twiddle_icon(the_icon.get(), views.first());
         return refresher;
     }
     grWorkPlane* identify_workplane() override
@@ -147,7 +150,7 @@ public:
 
     std::vector<std::string> the_group; // views that belong to every view
     std::unique_ptr<grWorkPlane> the_workplane;
-    dgRef<dgStructure> the_structure;
+    dgRef<dgStructure> the_structure, the_icon;
     std::unique_ptr<giPoint3> the_centre; // null: the default
     int the_own_refreshers = 0;
     int the_views_are_told = 0;
@@ -209,15 +212,22 @@ private:
     const ToolAnswers& the_answers;
 };
 
-// The application's factory: "record" and "wheel" are telling tools.
+// The application's factory: "record" and "wheel" are telling tools, "cube" is that of a view cube.
 class TellingFactory : public grToolFactory
 {
 public:
-    TellingFactory(tsStage& stage, ToolAnswers& answers) : the_stage(stage), the_answers(answers) {}
-    int identify_tool(utString name) const override { return name == "record" ? 7 : name == "wheel" ? 8 : -1; }
+    TellingFactory(tsStage& stage, ToolAnswers& answers, grStdTwiddleHooks* hooks)
+        : the_stage(stage), the_answers(answers), the_hooks(hooks)
+    {}
+    int identify_tool(utString name) const override
+    {
+        return name == "record" ? 7 : name == "wheel" ? 8 : name == "cube" ? 9 : -1;
+    }
     grTwiddleTool* create_tool(int tool, const utString& args) const override
     {
         the_stage.called("create", 1);
+        if (tool == 9)
+            return new grViewCubeTool(args, nullptr, the_hooks);
         if (tool == 8)
             return new TellingTool<grMouseWheelZoomTool>(the_stage, the_answers, args);
         return new TellingTool<PlainTool>(the_stage, the_answers, args);
@@ -230,6 +240,7 @@ private:
     };
     tsStage& the_stage;
     ToolAnswers& the_answers;
+    grStdTwiddleHooks* the_hooks;
 };
 
 class ToolPart : public tsPart
@@ -327,6 +338,10 @@ private:
             if (kind == "timeout")
                 hooks.enable_timeout_twiddling(10);
         };
+        // A line of so many segments, drawn over the first view of the application's own refreshers.
+        on("tool_icon") = [&](int segments) { hooks.the_icon = tsLine(segments); };
+        on("tool_icon_refs") = [&] { return hooks.the_icon->reference_count(); };
+        on("other_hooks_end") = [] { const grStdTwiddleHooks other; };
         on("timeout") = [&](double rate)
         { rate > 0 ? hooks.enable_timeout_twiddling(rate) : hooks.disable_timeout_twiddling(); };
         // In place of a view's root: a line from (0, 0, 0) to (1, 0, 0) called under a transform, twice as large,
@@ -593,7 +608,7 @@ private:
     grSelection the_selection;
     grSection the_section;
     ToolAnswers the_answers;
-    TellingFactory the_factory{the_stage, the_answers};
+    TellingFactory the_factory{the_stage, the_answers, the_hooks.get()};
     std::unique_ptr<grStdTwiddling> the_twiddling;
     std::unique_ptr<grSelectionHover> the_hover;
     int the_multi = 0;

@@ -31,6 +31,7 @@ double moving_distance(const dgView& view, const grFrontBackPlanes& start)
     if (start.front > start.back)
         return start.front - start.back;
     dgCamera fitted = view.camera();
+    fitted.front_back_plane(start.front, start.back); // not what the drag has made of them
     if (view.root())
         fitted.clip_bounding_box(view.root()->bounding_box(), view.clipping_mode());
     const double distance = fitted.front_plane() - fitted.back_plane();
