@@ -345,6 +345,7 @@ void compare_tools(Picture& picture, const dgCamera& start)
         Tools tools(picture, start);
         tools.throw_view();
         tools.throw_view();
+        tools.stop(); // what ends the spin draws a picture, before the way begins
         const Stopwatch whole;
         tools.key(gwMOUSE_BUTTON, 3, gwPRESSED);
         tools.key(gwMOUSE_BUTTON, 3, gwRELEASED);
