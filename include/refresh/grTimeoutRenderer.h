@@ -14,6 +14,8 @@ class dgGraphicalPrimitive;
 class dgRenderer;
 class dgStructure;
 class dgView;
+class grFollowedShare;
+class grNetworkSample;
 class grTimingStats;
 
 /// Draws one view within a time for each frame, and learns how fast it can.
@@ -93,6 +95,7 @@ private:
     void forget_measurements();
     void fill_run_lengths();
     void calc_draw_ratios();
+    void look_at_view();
     void calc_averages(double seconds);
     void draw_thinned_frame();
     template <class Draw>
@@ -127,6 +130,9 @@ private:
     int the_rates_measured = 0;
     int the_recalc_ratios = 0;
     int the_all_drawn = 0;
+    std::unique_ptr<grFollowedShare> the_share;  // of thinned frames
+    double the_measured_share = 1;               // that it started with
+    std::unique_ptr<grNetworkSample> the_sample; // null until a frame is thinned
     std::unique_ptr<grTimingStats> the_full_stats;
     std::unique_ptr<grTimingStats> the_twiddle_stats;
 };

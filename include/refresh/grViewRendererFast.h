@@ -16,7 +16,7 @@ class dgView;
 class giBox2;
 class giBox3;
 class grFollowedShare;
-class grPointSample;
+class grNetworkSample;
 class gsStructureFlattener;
 class gsStructureSlicer;
 
@@ -179,7 +179,7 @@ private:
 
     std::unique_ptr<ViewWatch> the_watch;
     std::unique_ptr<grFollowedShare> the_share;
-    std::unique_ptr<grPointSample> the_sample; // of the flat copy; null where frames show all
+    std::unique_ptr<grNetworkSample> the_sample; // of the flat copy; null where frames show all
     double the_frame_start = 0;
     int the_views_in_frame = 1;
     std::unique_ptr<gsStructureFlattener> the_flattener; // null when the view's own root is drawn

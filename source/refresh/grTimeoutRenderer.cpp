@@ -7,6 +7,8 @@
 #include "dgTriangleBlock.h"
 #include "dgView.h"
 #include "grDrawQuotas.h"
+#include "grFollowedShare.h"
+#include "grNetworkSample.h"
 #include "grNetworkWalk.h"
 #include "grTimingStat.h"
 #include "grTimingStats.h"
@@ -15,6 +17,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -138,7 +141,8 @@ private:
 };
 
 grTimeoutRenderer::grTimeoutRenderer(dgView* view, int nstats)
-    : the_view(view), the_full_stats(new_ring(nstats)), the_twiddle_stats(new_ring(nstats))
+    : the_view(view), the_share(std::make_unique<grFollowedShare>()), the_full_stats(new_ring(nstats)),
+      the_twiddle_stats(new_ring(nstats))
 {}
 
 grTimeoutRenderer::~grTimeoutRenderer() = default;
@@ -162,6 +166,8 @@ void grTimeoutRenderer::get_ready(double budget, int point_weight, int line_weig
 void grTimeoutRenderer::count_structure()
 {
     the_infos.clear();
+    if (edited())
+        the_sample.reset();
     for (grElementCategory& category : the_categories)
         category.count = 0;
     the_total = 0;
@@ -213,11 +219,28 @@ void grTimeoutRenderer::fill_run_lengths()
     }
 }
 
+// Starts from the share that the time of everything lets expect.
 void grTimeoutRenderer::calc_draw_ratios()
 {
-    the_recalc_ratios = 0;
+    look_at_view();
+    if (std::exchange(the_recalc_ratios, 0))
+    {
+        the_share->start(the_full_time > 0 ? std::min(the_budget / the_full_time, 1.0) : 1.0);
+        the_measured_share = the_share->share();
+    }
+    const double share = the_share->share();
     const grDrawWeights weights{the_point_weight, the_line_weight, the_triangle_weight};
-    the_all_drawn = gr_set_draw_quotas(the_categories, weights, the_budget, the_full_time);
+    the_all_drawn = gr_set_draw_quotas(the_categories, weights,
+                                       share == the_measured_share ? the_budget : share * the_full_time, the_full_time);
+}
+
+// What is hidden is not known to the sample.
+void grTimeoutRenderer::look_at_view()
+{
+    const bool culled = the_view->renderer()->culling() && the_view->root() && !the_view->looks();
+    if (culled && !the_sample)
+        the_sample = std::make_unique<grNetworkSample>(*the_view->root(), grNetworkSample::BY_ELEMENT);
+    the_share->part_in_view(culled ? the_sample->share_shown(*the_view) : 1);
 }
 
 void grTimeoutRenderer::calc_averages(double seconds)
@@ -339,8 +362,8 @@ void grTimeoutRenderer::draw_box()
 
 void grTimeoutRenderer::draw_thinned_frame()
 {
-    if (the_recalc_ratios)
-        calc_draw_ratios();
+    const double start = apHighResTime::time();
+    calc_draw_ratios();
     for (grElementCategory& category : the_categories)
         category.seen = category.drawn = 0;
     erase();
@@ -350,9 +373,17 @@ void grTimeoutRenderer::draw_thinned_frame()
         the_idle_position = the_infos.count();
     if (!visible())
         return;
-    const Drawing drawing(*the_view, the_shows_see_through);
-    if (!draw_quotas(*the_view->renderer()))
-        draw_box();
+    dgRenderer& renderer = *the_view->renderer();
+    {
+        const Drawing drawing(*the_view, the_shows_see_through);
+        if (!draw_quotas(renderer))
+            draw_box();
+    }
+    renderer.finish();
+    const auto add = [](double sum, const grElementCategory& category) { return sum + category.drawn; };
+    const double drawn = std::accumulate(the_categories.begin(), the_categories.end(), 0.0, add);
+    if (the_measured_share < 1 && drawn > 0)
+        the_share->frame_drawn(drawn / the_total, apHighResTime::time_diff(start, apHighResTime::time()) / the_budget);
 }
 
 // Answers the number of elements drawn.

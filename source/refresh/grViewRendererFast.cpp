@@ -10,7 +10,7 @@
 #include "grFlatDump.h"
 #include "grFollowedShare.h"
 #include "grInstalledAction.h"
-#include "grPointSample.h"
+#include "grNetworkSample.h"
 #include "grTwiddleOverlayCallback.h"
 #include "grUncovered.h"
 #include "grView.h"
@@ -347,7 +347,7 @@ void grViewRendererFast::take_sample()
 {
     const bool hides = the_view->looks() && (!the_flattener || the_non_flattened_final);
     if (the_frame_limited && the_refresh_time > the_frame_time && !hides)
-        the_sample = std::make_unique<grPointSample>(*the_flat);
+        the_sample = std::make_unique<grNetworkSample>(*the_flat, grNetworkSample::BY_FEATURE);
 }
 
 void grViewRendererFast::calibrate()

@@ -110,28 +110,28 @@ private:
             surface.cost_per_feature(seconds);
             surface.cost_noise(noise);
         };
-        // N lines of so many segments in place of a view's network, each one further up.
-        on("lines") = [](dgView& view, int n, int segments, tsOr<0.0> step)
+        // N lines of so many segments in place of a view's network.
+        on("lines") = [](dgView& view, int n, int segments)
         {
             const dgRef<dgStructure> root(new dgClientStructure);
             for (int i = 0; i < n; ++i)
-            {
-                if (step != 0)
-                    root->add(new dgTransform(giXform3::translation(giVector3(0, step, 0))));
                 root->add(tsLine(segments)->element(0));
-            }
             view.root(root.get());
         };
-        // N more lines, triangles or points elements of so many primitives each.
-        on("more") = [](dgView& view, const std::string& kind, int n, int size)
+        // N more lines, triangles or points elements of so many primitives each, each one further up.
+        on("more") = [](dgView& view, const std::string& kind, int n, int size, tsOr<0.0> step)
         {
             for (int i = 0; i < n; ++i)
+            {
+                if (step != 0)
+                    view.root()->add(new dgTransform(giXform3::translation(giVector3(0, step, 0))));
                 if (kind == "lines")
                     view.root()->add(tsLine(size)->element(0));
                 else if (kind == "points")
                     view.root()->add(new dgPointSet(std::vector<giPoint3>(static_cast<std::size_t>(size))));
                 else
                     view.root()->add(ts_block(size));
+            }
         };
         on("line_width") = [](dgView& view, int width) { view.root()->add(new dgLineWidth(width)); };
         // Primitives drawn since the last time, in place of the records of their drawing.
