@@ -5,9 +5,8 @@
 
 int gr_find_file(const utString& name, const utString& path, utString& found)
 {
+    // An empty or undecodable one names no file in any directory.
     const apPathName file(name.view());
-    if (name.empty() || !file.valid())
-        return 0;
     if (file.is_absolute())
     {
         if (!ap_file_exists(file))

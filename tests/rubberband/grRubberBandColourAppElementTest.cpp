@@ -40,9 +40,13 @@ TEST(grRubberBandColourAppElement, colours_the_primitives_of_its_type)
     scene.window().record_state(1);
     const dgRef<grRubberBandColourAppElement> element(
         new grRubberBandColourAppElement(gsColour(1, 0, 0), grLINE_COLOUR));
+    const dgRef<dgStructure> holder = tsLine(1);
+    holder->add(element.get());
     const auto line_marker_and_text = [&](grPrimColourType type)
     {
+        const auto stamp = holder->network_stamp();
         element->set(gsColour(1, 0, 0), type);
+        EXPECT_NE(holder->network_stamp(), stamp);
         scene.window().clear_log();
         view.begin();
         view.execute(*element);

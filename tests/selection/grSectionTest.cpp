@@ -71,7 +71,7 @@ dgTriangleBlock* cone(double past_tip)
 // Cut across z = 1, seen from the side that is cut away.
 struct Desk : Scene
 {
-    Desk()
+    explicit Desk(int width = 64, int height = 48) : Scene(width, height)
     {
         section.add_view(&view);
         section.plane(giPlane({0, 0, 1}, {0, 0, -1}));
@@ -202,4 +202,35 @@ TEST(grSection, shows_caps_of_what_is_shown_and_lets_parts_be_picked_behind_them
     desk.section.plane({});
     desk.draw();
     EXPECT_EQ(count_pixels(desk.picture(), {255, 0, 0}), 0);
+}
+
+// A cube of 230 with a hole of 60 from side to side, of a diagonal of 2 x (230^2 + 230^2 + 20^2), with lines 0.012 of
+// that apart.
+TEST(grSection, hatches_caps_at_45_degrees_and_nothing_else)
+{
+    Desk desk(256, 256);
+    desk.add(box({10, 10, -10}, {240, 240, 10}));
+    desk.add(box({60, 60, -5}, {120, 120, 5}, 12, true));
+    desk.section.colours(gsColour(1, 0, 0), gsColour(0, 0, 1));
+    desk.draw();
+    const dgImage picture = desk.picture();
+    int lines = 0, up = 0, down = 0, crossing_hole = 0;
+    for (int y = 12; y <= 238; ++y)
+        for (int x = 12; x <= 238; ++x)
+        {
+            const auto on_line = [&](int dy) { return pixel_at(picture, x + 1, y + dy) == Pixel{0, 0, 255}; };
+            const bool in_hole = x > 61 && x < 118 && y > 61 && y < 118;
+            const bool beside_hole = x > 58 && x < 121 && y > 58 && y < 121;
+            crossing_hole += in_hole && on_line(0);
+            if (beside_hole || !(pixel_at(picture, x, y) == Pixel{0, 0, 255}))
+                continue;
+            ++lines;
+            up += on_line(1);
+            down += on_line(-1);
+        }
+    const double pitch = 0.012 * std::sqrt(230.0 * 230 * 2 + 20 * 20);
+    EXPECT_NEAR(lines, (227.0 * 227 - 62 * 62) / pitch / std::sqrt(2.0), 0.03 * lines); // a pixel per column
+    EXPECT_NEAR(std::max(up, down), lines, 0.03 * lines);
+    EXPECT_LT(std::min(up, down), 0.1 * lines);
+    EXPECT_EQ(crossing_hole, 0);
 }
