@@ -263,28 +263,22 @@ bool grRubberBandManager::redraws_fast_enough(dgRenderer* renderer)
         return was_fast;
 
     grRefreshRecorder& recorder = state().refresh_recorder();
-    bool is_fast = true;
-    if (was_fast)
-    {
-        double average = 0;
-        int count = 0;
-        if (!recorder.average_frame_time(renderer, average, count))
-            return was_fast;
-        if (count > 2)
-            is_fast = 1 / settings.minimum_framerate > average;
-    }
-    else
+    if (!was_fast)
     {
         double latest = 0;
         if (recorder.latest_time(renderer, latest) && recorder.current_time() - latest <= settings.slow_retry_time)
-            return was_fast;
+            return false;
         recorder.clear_times(renderer);
-    }
-    if (is_fast && !was_fast)
         state().slow_set().remove(renderer);
-    else if (!is_fast && was_fast)
-        state().slow_set().add(renderer);
-    return is_fast;
+        return true;
+    }
+    double average = 0;
+    int count = 0;
+    recorder.average_frame_time(renderer, average, count);
+    if (count <= 2 || 1 / settings.minimum_framerate > average)
+        return true;
+    state().slow_set().add(renderer);
+    return false;
 }
 
 int grRubberBandManager::renderer_in_xor_mode(dgRenderer* renderer)

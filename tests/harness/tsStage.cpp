@@ -12,6 +12,7 @@
 #include "grViewListUtils.h"
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
+#include "gr_make_tblock.h"
 #include "tsCommand.h"
 #include "tsScene.h"
 #include "tsScript.h"
@@ -240,7 +241,8 @@ void tsStage::drain()
             if (!surface)
                 continue;
             for (const std::string& line : surface->log())
-                if (!line.ends_with("begin") && !line.ends_with("end") && line != "swap_buffers 0" && line != "finish")
+                if (!line.ends_with("begin") && !line.ends_with("end") && line != "swap_buffers 0" &&
+                    (line != "finish" || the_told.contains(line)))
                     the_records.push_back((i ? std::to_string(i + 1) + ": " : "") +
                                           (surface == &the_windows[i]->surface ? "" : "overlay ") +
                                           brief(line, *surface));
@@ -457,6 +459,8 @@ void tsStage::add_view_commands()
         root_of(view).add(
             new dgTriangleBlock(ts_sheet(1, 0, 1, corner, [](int, int) { return giVector3(0, 0, 1); }), 1));
     };
+    on("cube") = [](dgView& view, const giPoint3& middle, double side)
+    { root_of(view).add(new dgTriangleBlock(gr_make_cube(middle, side), 1)); };
     // What a camera shows.
     using Values = std::vector<double>;
     on("size") = [](dgView& view)
