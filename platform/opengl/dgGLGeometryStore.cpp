@@ -2,6 +2,7 @@
 
 #include "dgGLArena.h"
 #include "dgGLLevels.h"
+#include "dgGLVertex.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgPrimitiveRun.h"
 #include "dgTriangleOrder.h"
@@ -19,28 +20,10 @@
 
 namespace
 {
-// What the buffers hold for each vertex. Normals have 10 bits a component, which is finer than 8-bit colours show.
-struct Vertex
-{
-    float position[3];
-    std::uint32_t normal;
-};
-static_assert(sizeof(Vertex) == 16);
-
 // OpenGL takes places in a buffer as pointers.
 const void* buffer_offset(std::size_t bytes)
 {
     return reinterpret_cast<const void*>(bytes); // NOLINT(performance-no-int-to-ptr)
-}
-
-std::uint32_t packed(const giVector3& normal)
-{
-    // Any length is taken; lengths near 0 stay 0 rather than become directions of their own.
-    const double length = normal.length();
-    const double scale = length > 1e-30 ? 511 / length : 0;
-    const auto bits = [scale](double component)
-    { return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::lrint(component * scale))) & 0x3ff; };
-    return bits(normal.x()) | bits(normal.y()) << 10 | bits(normal.z()) << 20;
 }
 
 // Calls work(first, end) for each piece of spans, which follow on each other, from one feature up to another.
@@ -98,7 +81,7 @@ public:
 
 struct dgGLGeometryStore::Buffers
 {
-    dgGLArena vertices{sizeof(Vertex)};
+    dgGLArena vertices{sizeof(dgGLVertex)};
     dgGLArena indices{sizeof(std::uint32_t)};
     unsigned vertex_array = 0;
 };
@@ -150,7 +133,8 @@ private:
 };
 
 dgGLGeometryStore::dgGLGeometryStore()
-    : the_buffers(std::make_unique<Buffers>()), the_levels(std::make_unique<dgGLLevels>(the_buffers->indices)),
+    : the_buffers(std::make_unique<Buffers>()),
+      the_levels(std::make_unique<dgGLLevels>(the_buffers->vertices, the_buffers->indices)),
       the_generation(next_generation())
 {
     glGenVertexArrays(1, &the_buffers->vertex_array);
@@ -288,7 +272,11 @@ const dgGLGeometryStore::RunCache* dgGLGeometryStore::with_levels(const dgPrimit
         return nullptr;
     const RunCache& cache = stored(run);
     for (const RunCache::Heavy& heavy : cache.heavy)
-        the_levels->make_when_at_rest(heavy.block->geometry_id(), heavy.block->stamp(), heavy.block->geometry());
+    {
+        const unsigned id = heavy.block->geometry_id();
+        the_levels->make_when_at_rest(id, heavy.block->stamp(), heavy.block->geometry(),
+                                      origin(the_records[id].origin));
+    }
     return cache.heavy.empty() || !the_levels->any() ? nullptr : &cache;
 }
 
@@ -401,11 +389,12 @@ int dgGLGeometryStore::any_levels() const
 bool dgGLGeometryStore::take_levels()
 {
     return the_levels->take_made(
-        [this](unsigned id, unsigned long long stamp, unsigned& first_vertex)
+        [this](unsigned id, unsigned long long stamp, unsigned& first_vertex, unsigned& vertices)
         {
             if (id >= the_records.size() || the_records[id].stamp != stamp)
                 return false;
             first_vertex = the_records[id].first_vertex;
+            vertices = the_records[id].vertex_count;
             return true;
         });
 }
@@ -425,9 +414,9 @@ void dgGLGeometryStore::bind() const
     if (!the_buffers->vertices.buffer_replaced())
         return;
     glBindBuffer(GL_ARRAY_BUFFER, the_buffers->vertices.buffer());
-    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, sizeof(Vertex), nullptr);
-    glVertexAttribPointer(1, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(Vertex),
-                          buffer_offset(offsetof(Vertex, normal)));
+    glVertexAttribPointer(0, 3, GL_FLOAT, GL_FALSE, sizeof(dgGLVertex), nullptr);
+    glVertexAttribPointer(1, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(dgGLVertex),
+                          buffer_offset(offsetof(dgGLVertex, normal)));
     glEnableVertexAttribArray(0);
     glEnableVertexAttribArray(1);
 }
@@ -574,8 +563,9 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
     for (unsigned i = 0; i < npoints; ++i)
     {
         const giPoint3 p = geometry.points[i] - origin;
-        vertices.add(Vertex{{static_cast<float>(p.x()), static_cast<float>(p.y()), static_cast<float>(p.z())},
-                            geometry.normals ? packed(geometry.normals[i]) : 0});
+        const giVector3 normal = geometry.normals ? geometry.normals[i] : giVector3(0, 0, 0);
+        vertices.add(dgGLVertex{{static_cast<float>(p.x()), static_cast<float>(p.y()), static_cast<float>(p.z())},
+                                dgGLVertex::packed(normal.x(), normal.y(), normal.z())});
     }
 
     indices.move_to(record.first_index);
@@ -612,7 +602,7 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         dg_add_others(std::move(large), nfeatures, chunk_triangles, add, [] {});
         the_triangles += nfeatures;
         if (!copied_before && nfeatures >= dgGLLevels::least_in_block && the_triangles >= dgGLLevels::least_in_store)
-            the_levels->make(primitive.geometry_id(), record.stamp, geometry);
+            the_levels->make(primitive.geometry_id(), record.stamp, geometry, the_origins.place(record.origin));
         break;
     }
 }

@@ -3,6 +3,7 @@
 #include "apEnvironment.h"
 #include "dgGLArena.h"
 #include "dgGLIndexRanges.h"
+#include "dgGLVertex.h"
 #include "dgGeometry.h"
 #include "giPoint3.h"
 #include "giTriangle.h"
@@ -20,13 +21,12 @@ int switched_on()
     return !apEnvironment::lookup("GR_LEVELS", value) || value != "0";
 }
 
-dgGLMesh mesh_of(const dgGeometry& geometry)
+dgGLMesh mesh_of(const dgGeometry& geometry, const giPoint3& origin)
 {
     dgGLMesh mesh;
     const auto npoints = static_cast<std::size_t>(geometry.npoints);
     const auto ntriangles = static_cast<std::size_t>(geometry.nfeatures);
     mesh.positions.reserve(3 * npoints);
-    const giPoint3& origin = geometry.points[0];
     for (std::size_t i = 0; i < npoints; ++i)
     {
         const giVector3 place = geometry.points[i] - origin;
@@ -57,7 +57,9 @@ void add_triangles(dgGLIndexRanges& ranges, unsigned first_index, unsigned first
 }
 }
 
-dgGLLevels::dgGLLevels(dgGLArena& indices) : the_indices(indices), the_on(switched_on()) {}
+dgGLLevels::dgGLLevels(dgGLArena& vertices, dgGLArena& indices)
+    : the_vertices(vertices), the_indices(indices), the_on(switched_on())
+{}
 
 void dgGLLevels::forget(unsigned geometry_id)
 {
@@ -68,7 +70,11 @@ void dgGLLevels::forget(unsigned geometry_id)
         the_maker.cancel(geometry_id);
     the_with_levels -= !place->second.levels.empty();
     for (const Level& level : place->second.levels)
+    {
         the_indices.release(level.first_index, 3 * level.level.triangles());
+        if (level.vertex_count)
+            the_vertices.release(level.first_vertex, level.vertex_count);
+    }
     the_blocks.erase(place);
 }
 
@@ -78,7 +84,8 @@ int dgGLLevels::has(unsigned geometry_id) const
     return place != the_blocks.end() && !place->second.levels.empty();
 }
 
-void dgGLLevels::make(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry)
+void dgGLLevels::make(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry,
+                      const giPoint3& origin)
 {
     if (!the_on || geometry.npoints == 0)
         return;
@@ -86,31 +93,58 @@ void dgGLLevels::make(unsigned geometry_id, unsigned long long stamp, const dgGe
     if (block.asked_stamp == stamp)
         return;
     block.asked_stamp = stamp;
-    the_maker.add(geometry_id, stamp, mesh_of(geometry));
+    the_maker.add(geometry_id, stamp, mesh_of(geometry, origin));
 }
 
-void dgGLLevels::make_when_at_rest(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry)
+void dgGLLevels::make_when_at_rest(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry,
+                                   const giPoint3& origin)
 {
     if (!the_on)
         return;
     if (std::exchange(the_blocks[geometry_id].seen_stamp, stamp) == stamp)
-        make(geometry_id, stamp, geometry);
+        make(geometry_id, stamp, geometry, origin);
+}
+
+// Answers where they are, and changes nothing where there are none.
+unsigned dgGLLevels::upload_vertices(dgGLLevel& level, unsigned& first_vertex)
+{
+    const auto count = static_cast<unsigned>(level.positions.size() / 3);
+    if (!count)
+        return 0;
+    std::vector<dgGLVertex> vertices;
+    vertices.reserve(count);
+    for (std::size_t i = 0; i < level.positions.size(); i += 3)
+    {
+        const float* p = &level.positions[i];
+        const float* n = level.normals.empty() ? nullptr : &level.normals[i];
+        vertices.push_back({{p[0], p[1], p[2]}, n ? dgGLVertex::packed(n[0], n[1], n[2]) : 0});
+    }
+    first_vertex = the_vertices.allocate(count);
+    the_vertices.upload(first_vertex, count, vertices.data());
+    level.positions = level.normals = {};
+    return count;
 }
 
 // Answers the number of indices.
-unsigned dgGLLevels::upload(dgGLLevelMaker::Made& made, unsigned first_vertex)
+unsigned dgGLLevels::upload(dgGLLevelMaker::Made& made, unsigned first_vertex, unsigned block_vertices)
 {
-    unsigned total = 0;
+    unsigned total = 0, vertices = 0;
     for (const dgGLLevel& level : made.levels)
+    {
         total += 3 * level.triangles();
+        vertices += static_cast<unsigned>(level.positions.size() / 3);
+    }
     the_indices.reserve(total);
+    if (vertices)
+        the_vertices.reserve(vertices);
     Block& block = the_blocks[made.geometry_id];
     ++the_with_levels;
     for (dgGLLevel& level : made.levels)
     {
+        Level kept{the_indices.allocate(3 * level.triangles()), 0, 0, {}, {}};
+        kept.vertex_count = upload_vertices(level, kept.first_vertex);
         for (std::uint32_t& index : level.indices)
-            index += first_vertex;
-        Level kept{the_indices.allocate(3 * level.triangles()), {}, {}};
+            index = index < block_vertices ? first_vertex + index : kept.first_vertex + (index - block_vertices);
         the_indices.upload(kept.first_index, 3 * level.triangles(), level.indices.data());
         level.indices = {};
         kept.in_patches.assign(level.patches + 1, 0);

@@ -10,8 +10,9 @@
 class dgGLArena;
 struct dgGeometry;
 struct dgGLIndexRanges;
+class giPoint3;
 
-/// The simplified levels of the blocks of a geometry store, in the store's index buffer: has them made, takes them
+/// The simplified levels of the blocks of a geometry store, in the store's buffers: has them made, takes them
 /// over, and chooses what is drawn of a block.
 class DG_OPENGL_EXPORT dgGLLevels
 {
@@ -21,7 +22,7 @@ public:
     static constexpr unsigned least_in_block = 2048, least_in_store = 100000;
 
     /// Off when the environment variable GR_LEVELS is 0.
-    explicit dgGLLevels(dgGLArena& indices);
+    dgGLLevels(dgGLArena& vertices, dgGLArena& indices);
 
     /// Whether levels are made from now on.
     int on() const { return the_on; }
@@ -36,18 +37,21 @@ public:
     /// Whether any block has.
     int any() const { return the_with_levels > 0; }
 
-    /// Has the levels of a block made from a copy of it, once for each stamp.
-    void make(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry);
+    /// Has the levels of a block made from a copy of it, once for each stamp. Its positions are drawn relative to an
+    /// origin.
+    void make(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry, const giPoint3& origin);
 
     /// The same for a block that was edited: from the second time on that it is asked for unchanged, so that a block
     /// edited in every frame costs nothing more.
-    void make_when_at_rest(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry);
+    void make_when_at_rest(unsigned geometry_id, unsigned long long stamp, const dgGeometry& geometry,
+                           const giPoint3& origin);
 
     /// Waits until everything asked for is made; take_made gets it then.
     void wait() { the_maker.wait(); }
 
     /// Uploads levels that have been made, of one large block or some small ones at a time; true when there was one.
-    /// place(id, stamp, first_vertex) answers whether the block is still as it was, and where its vertices lie.
+    /// place(id, stamp, first_vertex, vertices) answers whether the block is still as it was, and where its vertices
+    /// lie.
     template <class Place>
     bool take_made(Place place)
     {
@@ -55,9 +59,9 @@ public:
         dgGLLevelMaker::Made made;
         while (taken < most_at_once && the_maker.take(made))
         {
-            unsigned first_vertex = 0;
-            if (place(made.geometry_id, made.stamp, first_vertex))
-                taken += 1 + upload(made, first_vertex);
+            unsigned first_vertex = 0, vertices = 0;
+            if (place(made.geometry_id, made.stamp, first_vertex, vertices))
+                taken += 1 + upload(made, first_vertex, vertices);
         }
         return taken > 0;
     }
@@ -76,8 +80,9 @@ private:
     struct Level
     {
         unsigned first_index;
-        dgGLLevel level;                  // without its indices
-        std::vector<unsigned> in_patches; // triangles in the patches before each, and all
+        unsigned first_vertex, vertex_count; // of its own
+        dgGLLevel level;                     // without its indices and vertices
+        std::vector<unsigned> in_patches;    // triangles in the patches before each, and all
     };
     struct Block
     {
@@ -85,9 +90,11 @@ private:
         unsigned long long seen_stamp = 0; // since an edit
         std::vector<Level> levels;
     };
-    unsigned upload(dgGLLevelMaker::Made& made, unsigned first_vertex);
+    unsigned upload(dgGLLevelMaker::Made& made, unsigned first_vertex, unsigned block_vertices);
+    unsigned upload_vertices(dgGLLevel& level, unsigned& first_vertex);
     unsigned add_mix(const Level& fine, const Level* coarse, double triangles, dgGLIndexRanges& ranges) const;
 
+    dgGLArena& the_vertices;
     dgGLArena& the_indices;
     int the_on;
     int the_with_levels = 0;

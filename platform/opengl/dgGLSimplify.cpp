@@ -1,5 +1,7 @@
 #include "dgGLSimplify.h"
 
+#include "dgGLFit.h"
+
 #include <meshoptimizer.h>
 
 #include <algorithm>
@@ -19,8 +21,17 @@ using Indices = std::vector<Index>;
 constexpr std::size_t most_in_patch = 32768, least_in_patch = 4096, enough_patches = 8;
 
 // Of the triangles of a block its finest level has this share, and each other one about half of the one before: all
-// levels together have fewer than the block.
-constexpr double finest_level = 0.38;
+// levels together have seven tenths of them.
+constexpr double finest_level = 0.35;
+
+// Levels of this share and less have vertices of their own: facets are then seen as such, and those vertices are few.
+constexpr double most_fitted = 0.1;
+
+// Turns of a normal that are not seen: half a step of its components in the driver's buffers.
+constexpr float least_turn = 1.0f / 1024;
+
+// Triangles of a level beyond which the next one but one is fitted to the one between instead, to bound the memory.
+constexpr std::size_t most_samples = 1000000;
 
 // Levels end with a few triangles, or where outlines that must be kept let too few of them go.
 constexpr std::size_t fewest_triangles = 48;
@@ -32,6 +43,13 @@ std::size_t patch_count(std::size_t ntriangles)
 {
     const std::size_t for_choice = std::min(enough_patches, ntriangles / least_in_patch);
     return std::max({std::size_t(1), for_choice, (ntriangles + most_in_patch - 1) / most_in_patch});
+}
+
+void add_unit(const float* v, std::vector<float>& to)
+{
+    const float length = std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+    for (int axis = 0; axis < 3; ++axis)
+        to.push_back(length > 0 ? v[axis] / length : 0);
 }
 
 class Simplifier
@@ -51,6 +69,10 @@ private:
     void sort_by_patch(const std::vector<unsigned>& patch_of, std::size_t npatches,
                        const std::vector<Index>& group_starts, dgGLLevel& level);
     void resolve(Indices& indices) const;
+    dgGLShape shape_of(const Indices& vertices) const;
+    std::vector<char> outlines_of_patches(const dgGLLevel& level, const Indices& places) const;
+    void own_vertices(const dgGLShape& shape, const dgGLShape& fitted, dgGLLevel& level) const;
+    void fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level, const std::stop_token& stop);
     Index vertex_for(Index place, const float (&direction)[3]) const;
 
     const float* position(Index place) const { return &the_positions[std::size_t(3) * place]; }
@@ -65,7 +87,9 @@ private:
     float the_error_limit = 0; // distance; 0 at first
     float the_pass_error = 0;  // of the last simplification
     bool the_finest_made = false;
-    Indices the_local; // scratch: by place, its number in a patch
+    std::size_t the_whole = 0; // triangles of the block
+    dgGLShape the_fitted[2];   // the level before the last one, and the last one, where they have been fitted
+    Indices the_local;         // scratch: by place, its number in a patch
 };
 
 void Simplifier::weld(dgGLMesh mesh)
@@ -104,6 +128,7 @@ void Simplifier::weld(dgGLMesh mesh)
             the_triangles[kept++] = corner;
     }
     the_triangles.resize(kept);
+    the_whole = kept / 3;
     the_local.assign(nplaces, std::numeric_limits<Index>::max());
 }
 
@@ -219,6 +244,7 @@ Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_
     const double wanted = !first ? 0.125 : the_finest_made ? 0.5 : finest_level;
     const unsigned options = whole && !borders_kept() ? 0 : meshopt_SimplifyLockBorder;
     group_starts.assign(1, 0);
+    result.reserve(static_cast<std::size_t>(1.05 * wanted * static_cast<double>(the_triangles.size())));
     for (std::size_t patch = 0; patch < npatches; ++patch)
     {
         if (stop.stop_requested())
@@ -332,6 +358,98 @@ void Simplifier::resolve(Indices& indices) const
     }
 }
 
+// Triangles over vertices of the block as a shape of its own.
+dgGLShape Simplifier::shape_of(const Indices& vertices) const
+{
+    constexpr Index none = std::numeric_limits<Index>::max();
+    dgGLShape shape;
+    shape.indices.reserve(vertices.size());
+    std::vector<Index> number(the_vertices.size(), none);
+    for (const Index vertex : vertices)
+        number[vertex] = 0;
+    // In the order of places, each of which some vertices have.
+    for (Index place = 0; place + 1 < the_first_vertex.size(); ++place)
+        for (Index i = the_first_vertex[place]; i < the_first_vertex[place + 1]; ++i)
+            if (number[the_vertices[i]] != none)
+            {
+                number[the_vertices[i]] = static_cast<Index>(shape.places.size());
+                shape.places.push_back(place);
+                shape.positions.insert(shape.positions.end(), position(place), position(place) + 3);
+                if (!the_normals.empty())
+                    add_unit(&the_normals[std::size_t(3) * the_vertices[i]], shape.normals);
+            }
+    for (const Index vertex : vertices)
+        shape.indices.push_back(number[vertex]);
+    return shape;
+}
+
+// Whether each place lies where patches meet, of the level itself or of the next one: levels that are mixed share it.
+std::vector<char> Simplifier::outlines_of_patches(const dgGLLevel& level, const Indices& places) const
+{
+    std::vector<char> result(the_positions.size() / 3, 0);
+    std::vector<Index> cell_of(result.size(), std::numeric_limits<Index>::max());
+    for (Index cell = 0; cell + 1 < level.starts.size(); ++cell)
+        for (std::size_t i = std::size_t(3) * level.starts[cell]; i < std::size_t(3) * level.starts[cell + 1]; ++i)
+        {
+            Index& known = cell_of[places[i]];
+            if (known != cell && known != std::numeric_limits<Index>::max())
+                result[places[i]] = 1;
+            known = cell;
+        }
+    return result;
+}
+
+// Gives a level what fitting has changed of its shape as vertices of its own.
+void Simplifier::own_vertices(const dgGLShape& shape, const dgGLShape& fitted, dgGLLevel& level) const
+{
+    const auto differ = [](const std::vector<float>& a, const std::vector<float>& b, std::size_t vertex, float most)
+    {
+        for (std::size_t i = 3 * vertex; i < std::min(a.size(), 3 * vertex + 3); ++i)
+            if (std::abs(a[i] - b[i]) > most)
+                return true;
+        return false;
+    };
+    const auto append = [](const std::vector<float>& from, std::size_t vertex, std::vector<float>& to)
+    {
+        if (!from.empty())
+            to.insert(to.end(), &from[3 * vertex], &from[3 * vertex] + 3);
+    };
+    constexpr Index none = std::numeric_limits<Index>::max();
+    std::vector<Index> number(shape.places.size(), none);
+    for (std::size_t i = 0; i < level.indices.size(); ++i)
+    {
+        const std::size_t vertex = shape.indices[i];
+        if (number[vertex] == none)
+        {
+            number[vertex] = level.indices[i];
+            if (differ(shape.positions, fitted.positions, vertex, 0) ||
+                differ(shape.normals, fitted.normals, vertex, least_turn))
+            {
+                number[vertex] = static_cast<Index>(the_vertices.size() + level.positions.size() / 3);
+                append(fitted.positions, vertex, level.positions);
+                append(fitted.normals, vertex, level.normals);
+            }
+        }
+        level.indices[i] = number[vertex];
+    }
+}
+
+// Gives a coarse level vertices of its own, fitted to the level before the last one: that has four vertices for each.
+void Simplifier::fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level,
+                     const std::stop_token& stop)
+{
+    if (finer.size() < 2 || static_cast<double>(level.triangles()) > most_fitted * static_cast<double>(the_whole))
+        return;
+    dgGLShape shape = shape_of(level.indices);
+    const bool known = !the_fitted[0].indices.empty();
+    const dgGLLevel& before = finer[finer.size() - (finer[finer.size() - 2].triangles() > most_samples ? 1 : 2)];
+    dgGLShape fitted = shape;
+    dg_gl_fit(known ? the_fitted[0] : shape_of(before.indices), fitted, outlines_of_patches(level, places), stop);
+    own_vertices(shape, fitted, level);
+    shape = std::move(fitted);
+    the_fitted[0] = std::exchange(the_fitted[1], std::move(shape));
+}
+
 std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
 {
     std::vector<dgGLLevel> all;
@@ -363,8 +481,12 @@ std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
             }
             else
                 sort_by_patch(patch_of, npatches, group_starts, level);
+            const Indices places = level.indices;
             resolve(level.indices);
             level.error = error;
+            fit(places, all, level, stop);
+            if (stop.stop_requested())
+                return {};
             all.push_back(std::move(level));
         }
         if (last)

@@ -9,19 +9,21 @@
 /// A triangle block in arrays of its own, so that a thread may work on it.
 struct dgGLMesh
 {
-    std::vector<float> positions;       ///< three a vertex, relative to an origin near the block
+    std::vector<float> positions;       ///< three a vertex, as they are drawn
     std::vector<float> normals;         ///< three a vertex, of any length, or none at all
     std::vector<std::uint32_t> indices; ///< three a triangle, each below the number of vertices
 };
 
-/// A triangle block drawn with fewer triangles over the same vertices, and how it joins its neighbours in a mix.
+/// A triangle block drawn with fewer triangles, and how it joins its neighbours in a mix.
 ///
 /// The coarser of two successive levels replaces patches of the finer one, each inside an outline that both share. So
 /// any patches of the finer level and the rest of the coarser one are a picture without gaps. The triangles of a level
 /// are grouped by the patch that they replace, and in each of these groups by the patch that they belong to.
 struct DG_OPENGL_EXPORT dgGLLevel
 {
-    std::vector<std::uint32_t> indices;
+    std::vector<std::uint32_t> indices; ///< of the vertices of the block, and behind them those of the level's own
+    std::vector<float> positions;       ///< of vertices of its own, three each, as they are drawn
+    std::vector<float> normals;         ///< of these, of any length; none where the block has none
     float error = 0; ///< model units by which it may be off the block: of all collapses so far, estimated
 
     unsigned patches = 1;                 ///< that the next, coarser level replaces; 1 when there is none
@@ -32,11 +34,12 @@ struct DG_OPENGL_EXPORT dgGLLevel
     std::uint32_t start(unsigned group, unsigned patch) const { return starts[group * patches + patch]; }
 };
 
-/// Levels of a block: one with nearly two fifths of its triangles, and each further one with about half of those of the
+/// Levels of a block: one with about a third of its triangles, and each further one with about half of those of the
 /// one before as far as that goes, down to a few dozen. By edge collapse under a quadric error (Garland and Heckbert
 /// 1997), as meshoptimizer does it. Vertices in one position count as one, and of these a corner takes the one whose
 /// normal is the nearest to its triangle's. The open outlines of a block stay as they are, so that blocks that meet go
-/// on to meet.
+/// on to meet. Levels of a tenth of the triangles and fewer have vertices of their own, which are fitted to what they
+/// stand for (dg_gl_fit).
 ///
 /// None when a stop is asked for, which is answered within a fraction of a second.
 DG_OPENGL_EXPORT std::vector<dgGLLevel> dg_gl_simplify(dgGLMesh mesh, const std::stop_token& stop);

@@ -1,5 +1,6 @@
 // Simplified levels: that they are the block with fewer triangles, fit together in any mix, and never stay in a picture
 // that is complete.
+#include "dgGLFit.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLSimplify.h"
 #include "grViewRefresherFast.h"
@@ -22,10 +23,18 @@ namespace
 {
 using Place = std::tuple<float, float, float>;
 
-Place place_of(const dgGLMesh& mesh, std::uint32_t vertex)
+Place place_of(const std::vector<float>& positions, std::uint32_t vertex)
 {
-    const float* p = &mesh.positions[std::size_t(3) * vertex];
+    const float* p = &positions[std::size_t(3) * vertex];
     return {p[0], p[1], p[2]};
+}
+
+// Of all vertices that a level may be made of: those of the block, and its own.
+std::vector<float> positions_of(const dgGLMesh& mesh, const dgGLLevel& level)
+{
+    std::vector<float> all = mesh.positions;
+    all.insert(all.end(), level.positions.begin(), level.positions.end());
+    return all;
 }
 
 // A surface over n by m squares, with vertices of its own for each square when they are not shared.
@@ -86,11 +95,11 @@ std::vector<dgGLLevel> levels_of(const dgGLMesh& mesh)
 // How often each edge is passed from one place to another, less how often the other way round.
 using Edges = std::map<std::pair<Place, Place>, int>;
 
-void add_edges(const dgGLMesh& mesh, const std::uint32_t* corners, Edges& edges)
+void add_edges(const std::vector<float>& positions, const std::uint32_t* corners, Edges& edges)
 {
     for (int i = 0; i < 3; ++i)
     {
-        const Place from = place_of(mesh, corners[i]), to = place_of(mesh, corners[(i + 1) % 3]);
+        const Place from = place_of(positions, corners[i]), to = place_of(positions, corners[(i + 1) % 3]);
         edges[std::minmax(from, to)] += from < to ? 1 : -1;
     }
 }
@@ -173,14 +182,15 @@ TEST(dg_gl_simplify, any_mix_of_two_levels_is_closed_and_counts_as_it_says)
             const dgGLLevel &fine = levels[k], &coarse = levels[k + 1];
             ASSERT_EQ(coarse.groups(), fine.patches);
             EXPECT_LT(coarse.triangles(), 0.8 * fine.triangles());
+            const std::vector<float> fine_positions = positions_of(mesh, fine), positions = positions_of(mesh, coarse);
             for (unsigned patches = 0; patches <= fine.patches; ++patches)
             {
                 Edges edges;
                 for (unsigned group = 0; group < fine.groups(); ++group)
                     for (auto i = fine.start(group, 0); i < fine.start(group, patches); ++i)
-                        add_edges(mesh, &fine.indices[std::size_t(3) * i], edges);
+                        add_edges(fine_positions, &fine.indices[std::size_t(3) * i], edges);
                 for (auto i = coarse.start(patches, 0); i < coarse.triangles(); ++i)
-                    add_edges(mesh, &coarse.indices[std::size_t(3) * i], edges);
+                    add_edges(positions, &coarse.indices[std::size_t(3) * i], edges);
                 EXPECT_EQ(open_edges(edges), 0) << "level " << k << ", " << patches << " patches";
             }
         }
@@ -196,12 +206,13 @@ TEST(dg_gl_simplify, levels_are_off_by_about_as_much_as_they_say)
         EXPECT_GE(level.error, before);
         before = level.error;
         double largest = 0;
+        const std::vector<float> positions = positions_of(mesh, level);
         for (std::size_t i = 0; i < level.indices.size(); i += 3)
         {
             double p[3] = {};
             for (std::size_t corner = 0; corner < 3; ++corner)
                 for (std::size_t axis = 0; axis < 3; ++axis)
-                    p[axis] += mesh.positions[std::size_t(3) * level.indices[i + corner] + axis] / 3.0;
+                    p[axis] += positions[std::size_t(3) * level.indices[i + corner] + axis] / 3.0;
             const double r = 3 + 0.3 * std::sin(7 * std::atan2(p[1], p[0]));
             largest = std::max(largest, std::abs(std::hypot(std::hypot(p[0], p[1]) - 10, p[2]) - r));
         }
@@ -212,17 +223,21 @@ TEST(dg_gl_simplify, levels_are_off_by_about_as_much_as_they_say)
 TEST(dg_gl_simplify, keeps_the_outline_by_which_blocks_meet)
 {
     const auto bump = [](double u, double v) { return giPoint3(u, v, 0.1 * std::sin(9 * u) * std::cos(7 * v)); };
-    const dgGLMesh mesh = surface(60, 60, 1, bump, [](double, double) { return giVector3(0, 0, 1); });
-    Edges whole, simple;
-    for (std::size_t i = 0; i < mesh.indices.size(); i += 3)
-        add_edges(mesh, &mesh.indices[i], whole);
-    const dgGLLevel level = levels_of(mesh).at(1);
-    for (std::size_t i = 0; i < level.indices.size(); i += 3)
-        add_edges(mesh, &level.indices[i], simple);
-    for (Edges* edges : {&whole, &simple})
-        std::erase_if(*edges, [](const auto& edge) { return edge.second == 0; });
-    EXPECT_EQ(whole.size(), 240u);
-    EXPECT_EQ(simple, whole);
+    const dgGLMesh mesh = surface(200, 200, 1, bump, [](double, double) { return giVector3(0, 0, 1); });
+    const auto outline = [](const std::vector<float>& positions, const std::vector<std::uint32_t>& indices)
+    {
+        Edges edges;
+        for (std::size_t i = 0; i < indices.size(); i += 3)
+            add_edges(positions, &indices[i], edges);
+        std::erase_if(edges, [](const auto& edge) { return edge.second == 0; });
+        return edges;
+    };
+    const Edges whole = outline(mesh.positions, mesh.indices);
+    EXPECT_EQ(whole.size(), 800u);
+    const std::vector<dgGLLevel> levels = levels_of(mesh);
+    for (const std::size_t k : {1, 2})
+        EXPECT_EQ(outline(positions_of(mesh, levels.at(k)), levels[k].indices), whole);
+    EXPECT_FALSE(levels[2].positions.empty());
 }
 
 TEST(dg_gl_simplify, corners_keep_the_normals_of_their_side_of_a_crease)
@@ -247,16 +262,67 @@ TEST(dg_gl_simplify, corners_keep_the_normals_of_their_side_of_a_crease)
     ASSERT_FALSE(levels.empty());
     int mixed = 0;
     for (const dgGLLevel& level : levels)
+    {
+        const std::vector<float> positions = positions_of(mesh, level);
+        std::vector<float> normals = mesh.normals;
+        normals.insert(normals.end(), level.normals.begin(), level.normals.end());
         for (std::size_t i = 0; level.triangles() > 200 && i < level.indices.size(); i += 3)
         {
-            const auto on_first = [&](std::size_t corner) { return level.indices[i + corner] < first; };
-            const auto [ax, ay, az] = place_of(mesh, level.indices[i]);
-            const auto [bx, by, bz] = place_of(mesh, level.indices[i + 1]);
-            const auto [cx, cy, cz] = place_of(mesh, level.indices[i + 2]);
+            const auto on_first = [&](std::size_t corner) { return normals[3 * level.indices[i + corner]] > 0; };
+            const auto [ax, ay, az] = place_of(positions, level.indices[i]);
+            const auto [bx, by, bz] = place_of(positions, level.indices[i + 1]);
+            const auto [cx, cy, cz] = place_of(positions, level.indices[i + 2]);
             const float area = (bx - ax) * (cy - ay) - (cx - ax) * (by - ay); // seen from above; slivers have none
             mixed += area > 0 && (on_first(0) != on_first(1) || on_first(1) != on_first(2));
         }
+    }
     EXPECT_EQ(mixed, 0);
+}
+
+TEST(dg_gl_fit, vertices_stand_for_what_lies_between_them)
+{
+    // A sheet that is an eighth of a cylinder, all normals of which are tilted to one side or to the other in turn: and
+    // the same with one vertex in 16, whose normals are all tilted to one side.
+    const double radius = 10, step = 0.785398163397448 / 8;
+    const auto sheet = [&](int n)
+    {
+        int number = 0;
+        dgGLShape shape;
+        const dgGLMesh mesh = surface(
+            8 * n, 8 * n, 1,
+            [&](double u, double v)
+            { return giPoint3(radius * std::sin(8 * step * u), 10 * v, radius * std::cos(8 * step * u)); },
+            [&](double u, double)
+            {
+                const double tilt = n == 16 && number++ % 2 ? -0.3 : 0.3;
+                return giVector3(std::sin(8 * step * u), tilt, std::cos(8 * step * u));
+            });
+        shape.positions = mesh.positions;
+        shape.normals = mesh.normals;
+        shape.indices = mesh.indices;
+        for (int i = 0; i <= 8 * n; ++i)
+            for (int j = 0; j <= 8 * n; ++j)
+                shape.places.push_back(static_cast<std::uint32_t>(16 / n * (i * 129 + j)));
+        return shape;
+    };
+    const dgGLShape fine = sheet(16), before = sheet(1);
+    dgGLShape coarse = before;
+    std::vector<char> fixed(129 * 129, 0);
+    fixed[before.places[5 * 9 + 4]] = 1;
+    dg_gl_fit(fine, coarse, fixed, {});
+    const double lost = radius * (1 - std::cos(step / 2)); // by chords in their middle, and two thirds of it on average
+    for (std::size_t vertex = 0; vertex < 81; ++vertex)
+    {
+        const std::size_t i = vertex / 9, j = vertex % 9;
+        const bool open = i % 8 == 0 || j % 8 == 0, inner = i > 1 && i < 7 && j > 1 && j < 7;
+        const float *p = &coarse.positions[3 * vertex], *n = &coarse.normals[3 * vertex];
+        EXPECT_EQ(std::equal(p, p + 3, &before.positions[3 * vertex]), open || vertex == 49) << i << ' ' << j;
+        EXPECT_EQ(std::equal(n, n + 3, &before.normals[3 * vertex]), open) << i << ' ' << j;
+        if (!inner)
+            continue;
+        EXPECT_NEAR(n[1], 0, 0.06) << i << ' ' << j;
+        EXPECT_NEAR(std::hypot(p[0], p[2]), radius + (vertex == 49 ? 0 : lost * 2 / 3), 0.2 * lost) << i << ' ' << j;
+    }
 }
 
 TEST(dg_gl_simplify, stops_when_asked_and_takes_what_has_no_area)
