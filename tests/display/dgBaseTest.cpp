@@ -26,9 +26,14 @@ namespace
 {
 int the_last_code = 0;
 
+void note_code(int code)
+{
+    the_last_code = code;
+}
+
 struct HandlerGuard
 {
-    HandlerGuard() : before(dgSerr_handler([](int code) { the_last_code = code; })) { the_last_code = 0; }
+    HandlerGuard() : before(dgSerr_handler(note_code)) { the_last_code = 0; }
     ~HandlerGuard() { dgSerr_handler(before); }
     dgSerrHandler before;
 };
@@ -67,12 +72,21 @@ TEST(dgBase, reports_a_count_below_zero_and_destroys_all_the_same)
     testing::internal::CaptureStderr();
     (new CountedLabel(destroyed))->unreference();
     EXPECT_EQ(testing::internal::GetCapturedStderr() + std::to_string(destroyed), "Display structure error 110\n1");
+}
+
+TEST(dgSerr, calls_the_handler_that_was_set_last)
+{
     const HandlerGuard guard;
-    destroyed = 0;
-    dgLabel* label = new CountedLabel(destroyed);
-    label->unreference();
-    EXPECT_EQ(the_last_code, 110);
-    EXPECT_EQ(destroyed, 1);
+    int seen = 0;
+    const auto add_code = [](int code, void* data) { *static_cast<int*>(data) += code; };
+    dgSerr_handler(add_code, &seen);
+    dgSerr(7);
+    EXPECT_EQ(dgSerr_handler(note_code), note_code);
+    dgSerr(8);
+    EXPECT_EQ(std::pair(seen, the_last_code), std::pair(7, 8));
+    dgSerr_handler(add_code, &seen);
+    dgSerr_handler(nullptr, nullptr);
+    EXPECT_NE(dgSerr_handler(nullptr), note_code) << "the default is back";
 }
 
 TEST(dgGraphicalAttribute, equals_one_of_its_type_and_value_alone)
@@ -97,6 +111,8 @@ TEST(dgGraphicalAttribute, equals_one_of_its_type_and_value_alone)
     for (const auto& make : makers)
         for (const auto& other : makers)
             EXPECT_EQ(make()->equal(*other()), &make == &other) << &make - makers << ' ' << &other - makers;
+    for (const giVector3& no_plane : {giVector3(), z * -2})
+        EXPECT_TRUE(makers[4]()->equal(*Attribute(new dgTextDirection(no_plane, z)))) << "the default stays";
 }
 
 TEST(dgAttributeArray, holds_the_defaults)
@@ -113,6 +129,10 @@ TEST(dgAttributeArray, holds_the_defaults)
     for (const auto& attribute : expected)
         EXPECT_TRUE(defaults.query(attribute->type()) && defaults.query(attribute->type())->equal(*attribute))
             << attribute->type();
+    int count = 0;
+    for (int type = 0; type <= dgTYPE_LAST_ATTRIBUTE; ++type)
+        count += defaults.query(type) != nullptr;
+    EXPECT_EQ(count, 16);
 }
 
 TEST(gsColour, rounds_and_clamps_to_8_bits)

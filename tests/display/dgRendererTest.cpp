@@ -99,6 +99,9 @@ TEST(dgRenderer, sends_its_one_camera_again_when_that_is_selected)
         scene.view.execute(*dgRef<dgCameraIndex>(new dgCameraIndex(index)));
         EXPECT_EQ(starting_with(scene.window.log(), "camera").size(), index == 0 ? 1u : 0u);
     }
+    scene.renderer.select_driver(1);
+    EXPECT_EQ(starting_with(scene.window.log(), "xor camera").size(), 1u);
+    scene.renderer.select_driver(0);
     scene.view.end();
 }
 

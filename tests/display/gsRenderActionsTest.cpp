@@ -145,7 +145,7 @@ TEST(dgRunSampling, takes_chunks_of_a_block_evenly_spread_behind_its_large_trian
 
 TEST(dg_large_triangles, are_those_of_more_than_four_times_the_mean_area)
 {
-    const std::vector<giPoint3> points{{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {10, 0, 0}, {0, 10, 0}};
+    const std::vector<giPoint3> points{{0, 0, 0}, {0.01, 0, 0}, {0, 0.01, 0}, {0.1, 0, 0}, {0, 0.1, 0}};
     std::vector<giTriangle> triangles(1000, giTriangle{0, 1, 2});
     dgGeometry geometry;
     geometry.points = points.data();

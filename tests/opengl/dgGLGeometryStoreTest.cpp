@@ -142,6 +142,7 @@ dgImage picture_at(const giPoint3& place, int far_neighbours, int through_transf
     }
     scene.add(line);
     scene.add(new dgPointSet(points));
+    scene.add(new dgPointSet({near + giVector3(55, 5, 0)}));
     scene.add(new dgTextHeight(8));
     scene.add(new dgText(near + giVector3(8, 22, 0), "text"));
     scene.draw();

@@ -230,12 +230,27 @@ TEST(dgGLHostArea, paints_into_what_is_bound_and_is_idle_as_it_is_told)
     EXPECT_EQ(area.idle(), 1);
     EXPECT_EQ(area.idle(), 0);
     area.resize_callback([&] { ++resized; });
-    area.resize(20, 10);
-    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 9));
+    area.resize(1, 20);
+    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 0, 19));
+    area.resize(20, 1);
+    area.resize(10, 0);
     area.resize(0, 10);
     EXPECT_EQ(area.width(), 0) << "minimised";
-    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 9));
-    EXPECT_EQ(resized, 1);
+    EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 0));
+    EXPECT_EQ(resized, 2);
+}
+
+TEST(dgGLSharedContext, leaves_no_objects_behind)
+{
+    Host host;
+    host.frame();
+    host.device.reset();
+    int left = 0;
+    for (unsigned name = 1; name < 1000; ++name)
+        for (const auto exists : {glIsBuffer, glIsFramebuffer, glIsProgram, glIsQuery, glIsRenderbuffer, glIsSampler,
+                                  glIsShader, glIsTexture, glIsVertexArray})
+            left += exists(name);
+    EXPECT_EQ(left, 2) << "the host's framebuffer and its colours alone";
 }
 
 TEST(dgGLSharedContext, may_end_before_the_device)

@@ -81,21 +81,21 @@ public:
     virtual const dgFeatureClusters* clusters(const dgGraphicalPrimitive& primitive);
 
     /// 1 while what lies beyond the clipping planes is cut off; 0 when it is drawn as if it lay on them.
-    virtual int cuts_at_planes() const;
+    virtual int cuts_at_planes() const = 0;
 
     /// Switch an OpenGL capability by its number; 0x0B90 is the stencil test. Drivers of other types do nothing in
     /// these and the following calls.
-    virtual void gl_enable(unsigned capability);
-    virtual void gl_disable(unsigned capability);
+    virtual void gl_enable(unsigned capability) = 0;
+    virtual void gl_disable(unsigned capability) = 0;
 
     /// As glStencilFunc and glStencilOp. They stay in force for this driver.
-    virtual void gl_stencil_func(unsigned function, int reference, unsigned mask);
-    virtual void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes);
+    virtual void gl_stencil_func(unsigned function, int reference, unsigned mask) = 0;
+    virtual void gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, unsigned depth_passes) = 0;
 
     /// Fills a device box, low and high pixels included. With neither option the stencil buffer is cleared inside the
     /// box and nothing else.
     virtual void erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
-                            dgEraseZbuffer zbuffer);
+                            dgEraseZbuffer zbuffer) = 0;
 
     /// Draws a run as a picture of the whole of it, with count triangles for all of its features, or nearly as many: by
     /// simplified levels of its heavy blocks. Only the spans of features in seen need to be drawn. Answers how many
@@ -106,15 +106,15 @@ public:
     virtual int simplifies() const;
 
     /// Copies a device box, low and high pixels included, of the back buffer's colours to the front one.
-    virtual void show_back_buffer(const giBox2& device_box);
+    virtual void show_back_buffer(const giBox2& device_box) = 0;
 
     /// Adds the colours of the selected buffer inside a device box, low and high pixels included, to the sums that are
     /// kept for its pixels; anew has the sums start with them. Sums have room for 256 pictures, and are forgotten when
     /// the window gets another size. 0 when there can be none.
-    virtual int add_to_sums(const giBox2& device_box, int anew);
+    virtual int add_to_sums(const giBox2& device_box, int anew) = 0;
 
     /// Puts the means of so many pictures in their place.
-    virtual void put_mean(const giBox2& device_box, int pictures);
+    virtual void put_mean(const giBox2& device_box, int pictures) = 0;
 
     /// Box of what a text is drawn as under the state in force, in its own coordinates. Empty where that is not known.
     virtual giBox3 text_box(const dgText& text);

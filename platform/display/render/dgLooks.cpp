@@ -281,7 +281,6 @@ void dgLooks::list(unsigned which, const std::vector<dgElementPath>& paths)
                         node.listed |= which;
                         return;
                     }
-                    node.forget_splits(which);
                     node.leads_to_listed |= which;
                 });
     }

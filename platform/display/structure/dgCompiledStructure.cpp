@@ -62,8 +62,6 @@ void dgCompiledStructure::element_changed(const dgGraphicalElement& element)
 void dgCompiledStructure::forget_tree()
 {
     the_tree.reset();
-    the_changed_elements.clear();
-    the_changed_runs.clear();
 }
 
 // The number of a primitive.

@@ -90,6 +90,6 @@ dgFeatureTree::dgFeatureTree(const dgGeometry& geometry)
 
 std::span<const unsigned> dgFeatureTree::features(int group) const
 {
-    const std::size_t first = group_features * static_cast<std::size_t>(group);
-    return std::span(the_features).subspan(first, std::min(group_features, the_features.size() - first));
+    const auto rest = std::span(the_features).subspan(group_features * static_cast<std::size_t>(group));
+    return rest.first(std::min(group_features, rest.size()));
 }

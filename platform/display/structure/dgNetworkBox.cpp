@@ -44,7 +44,7 @@ public:
             const double excess = excess_of(part.box);
             if (excess <= 0)
                 continue;
-            if (excess < part.excess && !the_parts.empty() && excess < the_parts.top().excess)
+            if (!the_parts.empty() && excess < the_parts.top().excess)
             {
                 part.excess = excess;
                 the_parts.push(part);
