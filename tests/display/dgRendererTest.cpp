@@ -3,6 +3,7 @@
 #include "dgAppElement.h"
 #include "dgCameraIndex.h"
 #include "dgClientStructure.h"
+#include "dgImage.h"
 #include "dgLineColour.h"
 #include "dgLineWidth.h"
 #include "dgPointSet.h"
@@ -92,7 +93,11 @@ TEST(dgRenderer, sends_its_one_camera_again_when_that_is_selected)
 {
     Scene scene;
     scene.window.record_state(1);
+    const dgRef<dgStructure> far(new dgClientStructure), near(new dgClientStructure);
+    far->add(new dgPolyline({{1e6, 0, 0}, {2e6, 0, 0}}));
+    near->add(ts_line(1));
     scene.view.begin();
+    scene.view.execute_structure(*near);
     for (const int index : {0, 1})
     {
         scene.window.clear_log();
@@ -100,9 +105,20 @@ TEST(dgRenderer, sends_its_one_camera_again_when_that_is_selected)
         EXPECT_EQ(starting_with(scene.window.log(), "camera").size(), index == 0 ? 1u : 0u);
     }
     scene.renderer.select_driver(1);
-    EXPECT_EQ(starting_with(scene.window.log(), "xor camera").size(), 1u);
+    scene.view.execute_structure(*near);
+    for (const char* told : {"xor camera", "xor state", "xor draw"})
+        EXPECT_EQ(starting_with(scene.window.log(), told).size(), 1u) << told;
     scene.renderer.select_driver(0);
     scene.view.end();
+    scene.window.clear_log();
+    scene.renderer.begin();
+    scene.renderer.draw_structure(*far);
+    scene.renderer.end();
+    EXPECT_EQ(starting_with(scene.window.log(), "camera"), Lines());
+    EXPECT_EQ(starting_with(scene.window.log(), "draw").size(), 1u) << "without a view nothing is out of sight";
+    dgImage image;
+    scene.renderer.read_pixels(giBox2(2, 3, 4, 7), image);
+    EXPECT_EQ(std::vector({image.width, image.height, int(image.rgba.size())}), (std::vector{3, 5, 4 * 3 * 5}));
 }
 
 TEST(dgRenderer, restores_attributes_and_transforms_after_a_call)

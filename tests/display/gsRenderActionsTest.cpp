@@ -153,11 +153,13 @@ TEST(dg_large_triangles, are_those_of_more_than_four_times_the_mean_area)
     geometry.triangles = triangles.data();
     geometry.nfeatures = 1000;
     EXPECT_EQ(dg_large_triangles(geometry), std::vector<unsigned>());
-    triangles[300] = giTriangle{0, 1, 4}; // 10 times the area
+    triangles[0] = giTriangle{0, 1, 4};   // 10 times the area
     triangles[700] = giTriangle{0, 3, 4}; // 100 times
-    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 300}));
+    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 0}));
     triangles[5] = giTriangle{0, 99, 4}; // a node that does not exist
-    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 300}));
+    EXPECT_EQ(dg_large_triangles(geometry), (std::vector<unsigned>{700, 0}));
+    for (geometry.npoints = 4; geometry.npoints > 0; geometry.npoints -= 3) // nor do those of the large triangles then
+        EXPECT_EQ(dg_large_triangles(geometry), std::vector<unsigned>());
 }
 
 TEST(dgRunSampling, spreads_small_primitives_over_the_whole_run)

@@ -142,7 +142,6 @@ dgImage picture_at(const giPoint3& place, int far_neighbours, int through_transf
     }
     scene.add(line);
     scene.add(new dgPointSet(points));
-    scene.add(new dgPointSet({near + giVector3(55, 5, 0)}));
     scene.add(new dgTextHeight(8));
     scene.add(new dgText(near + giVector3(8, 22, 0), "text"));
     scene.draw();
@@ -151,6 +150,7 @@ dgImage picture_at(const giPoint3& place, int far_neighbours, int through_transf
     scene.renderer.push_structure();
     for (int i = 0; i < scene.root->nelements(); ++i)
         scene.view.execute(*scene.root->element(i));
+    scene.view.execute(*dgRef<dgPointSet>(new dgPointSet({near + giVector3(55, 5, 0)})));
     scene.renderer.pop_structure();
     if (!far_neighbours)
         scene.renderer.draw_bounding_box(*scene.root);

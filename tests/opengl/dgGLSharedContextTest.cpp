@@ -230,14 +230,16 @@ TEST(dgGLHostArea, paints_into_what_is_bound_and_is_idle_as_it_is_told)
     EXPECT_EQ(area.idle(), 1);
     EXPECT_EQ(area.idle(), 0);
     area.resize_callback([&] { ++resized; });
+    area.resize(1, 48);
     area.resize(1, 20);
     EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 0, 19));
+    area.resize(20, 1);
     area.resize(20, 1);
     area.resize(10, 0);
     area.resize(0, 10);
     EXPECT_EQ(area.width(), 0) << "minimised";
     EXPECT_EQ(renderer.window_box(), giBox2(0, 0, 19, 0));
-    EXPECT_EQ(resized, 2);
+    EXPECT_EQ(resized, 3);
 }
 
 TEST(dgGLSharedContext, leaves_no_objects_behind)

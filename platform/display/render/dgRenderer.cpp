@@ -98,7 +98,6 @@ void dgRenderer::driver_ends()
     if (!the_see_through || the_see_through->empty())
         return;
     the_see_through->draw(*driver());
-    the_context.retell();
     the_drew_see_through = 1;
 }
 

@@ -108,7 +108,7 @@ void dgView::erase(dgEraseZbuffer zbuffer)
     the_renderer->end();
     if (!zbuffer)
         return;
-    fit_planes();
+    fit_planes(the_camera);
     the_call_list.fire(DG_VIEW_ERASED);
 }
 
@@ -131,7 +131,7 @@ void dgView::draw_network(dgStructure& structure, int past_action)
         return;
     const dgSelectedDriver main_driver(*the_renderer, 0);
     const int whole = &structure == the_root.get() && (past_action || !the_renderer->render_action());
-    fit_planes();
+    fit_planes(the_camera);
     begin();
     dgDriver& driver = *the_renderer->driver();
     const bool beyond_planes = !the_user_clip_planes && the_root && lies_beyond(structure, *the_root);
@@ -175,7 +175,7 @@ int dgView::redraw_parts(const std::vector<dgElementPath>& paths)
 {
     if (!the_root || !the_renderer || !the_looks || !the_picture.whole)
         return 0;
-    fit_planes();
+    fit_planes(the_camera);
     const Picture now = picture();
     const auto covers = [this](const dgView* view)
     {
@@ -196,10 +196,11 @@ int dgView::redraw_parts(const std::vector<dgElementPath>& paths)
     return !the_renderer->drew_see_through();
 }
 
-void dgView::fit_planes()
+// Planes that are not the user's are those of the next drawing.
+void dgView::fit_planes(dgCamera& camera) const
 {
     if (!the_user_clip_planes && the_root)
-        the_camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
+        camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
 }
 
 void dgView::begin()
@@ -296,10 +297,8 @@ dgPickResult* dgView::pick_all(const dgPickAperture& aperture, dgPickMode mode) 
     auto* result = new dgPickResult;
     if (!the_root || !the_renderer)
         return result;
-    // Planes that are not the user's are those of the next drawing.
     dgCamera camera(the_camera);
-    if (!the_user_clip_planes)
-        camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
+    fit_planes(camera);
     dgPicker(camera, aperture, mode, the_renderer->pick_settings(), the_renderer->text_fonts(), *result)
         .pick(*the_root, hiding_looks());
     return result;
@@ -311,8 +310,7 @@ std::vector<dgPickHit> dgView::pick_hits(const dgPickAperture& aperture, int fea
     if (!the_root || !the_renderer)
         return {};
     dgCamera camera(the_camera);
-    if (!the_user_clip_planes)
-        camera.clip_bounding_box(the_root->bounding_box(), the_clipping_mode);
+    fit_planes(camera);
     hits.features = features;
     dgPickSettings settings = the_renderer->pick_settings();
     dgPickResult& result = *new dgPickResult;

@@ -147,7 +147,7 @@ public:
     UT_DECLARE_TYPE(dgView, dgBase);
 
 private:
-    void fit_planes();
+    void fit_planes(dgCamera& camera) const;
     void draw_network(dgStructure& structure, int past_action);
 
     dgCamera the_camera;
