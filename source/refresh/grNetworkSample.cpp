@@ -39,20 +39,20 @@ grNetworkSample::grNetworkSample(const dgStructure& root, Culling culling)
                            }
                            else if (culling == BY_ELEMENT && primitive.type() == dgTYPE_TRIANGLE_BLOCK)
                                box = primitive.bounding_box().transform(to_world);
-                           the_boxes.push_back(box);
                            if (the_boxes.size() == most_boxes)
                                thin();
+                           the_boxes.push_back(box);
                        }
                        return true;
                    });
 }
 
-// Every other one stays, and of what follows every other one is taken.
+// Every other one stays, and of what follows, from the next on, every other one is taken.
 void grNetworkSample::thin()
 {
     for (std::size_t i = 0; 2 * i < the_boxes.size(); ++i)
         the_boxes[i] = the_boxes[2 * i];
-    the_boxes.resize((the_boxes.size() + 1) / 2);
+    the_boxes.resize(the_boxes.size() / 2);
     the_step *= 2;
 }
 

@@ -91,15 +91,6 @@ int gsStructureCallibration::passes_by(dgTopology topology, int features)
     return 1;
 }
 
-int gsStructureCallibration::passes_by_unseen(dgTopology topology, int features)
-{
-    if (!the_out_of_time && is_taken(features))
-        the_drawn[topology == dgTOPOLOGY_TRIANGLES] += features;
-    the_small_runs += !the_out_of_time;
-    count(topology, features);
-    return 1;
-}
-
 void gsStructureCallibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)
 {
     the_piece_spans.clear();

@@ -28,7 +28,6 @@ public:
     int another_pass(dgRenderer& renderer) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
     int passes_by(dgTopology topology, int features) override;
-    int passes_by_unseen(dgTopology topology, int features) override;
     int element(dgRenderer& renderer, const dgGraphicalElement& element) override;
 
 private:

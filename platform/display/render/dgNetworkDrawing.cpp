@@ -188,12 +188,11 @@ private:
 StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
     : the_drawing(&drawing), the_inside(drawing.the_inside)
 {
-    if (drawing.culls() && !drawing.the_through_action && !the_inside)
-    {
-        const dgBounds& bounds = structure.bounds();
-        if (!bounds.world || drawing.the_renderer.context().transform() == giXform3())
-            the_tree = structure.compiled().tree();
-    }
+    // Whether boxes tell where the structure is drawn.
+    const auto placed = [&](const dgBounds& bounds)
+    { return !bounds.world || drawing.the_renderer.context().transform() == giXform3(); };
+    if (drawing.culls() && !drawing.the_through_action && !the_inside && placed(structure.bounds()))
+        the_tree = structure.compiled().tree();
     the_steps = &structure.compiled().steps();
     if (the_tree)
     {
@@ -205,10 +204,9 @@ StepCursor::StepCursor(const dgStructure& structure, Drawing& drawing)
         const dgBounds& bounds = structure.bounds(); // the tree is up to date where bounds are
         the_tree = structure.compiled().tree();
         the_passes = true;
-        if (!the_inside && !bounds.open && !bounds.box.empty() &&
-            (!bounds.world || drawing.the_renderer.context().transform() == giXform3()))
+        if (!the_inside && !bounds.open && !bounds.box.empty() && placed(bounds))
             the_inside = drawing.the_renderer.volume(bounds.reach).test(bounds.box) == dgBOX_INSIDE;
-        if (!the_inside && the_tree && (!bounds.world || drawing.the_renderer.context().transform() == giXform3()))
+        if (!the_inside && the_tree && placed(bounds))
             look_for_seen();
     }
     if (const std::size_t depth = drawing.the_place.size(); depth <= drawing.the_start.size())
