@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <set>
 
 namespace
 {
@@ -51,15 +52,22 @@ TEST(grViewSmoother, pixels_show_the_share_of_them_that_is_covered)
     }
 }
 
+// Each of eight rows and columns of a pixel has one picture.
 TEST(grViewSmoother, the_first_pictures_lie_about_the_middle_too)
 {
     giVector2 sum(0, 0);
+    std::set<double> rows, columns, middles;
     for (int i = 0; i < grViewSmoother::n_pictures; ++i)
     {
         sum += grViewSmoother::shift(i);
+        rows.insert(grViewSmoother::shift(i).y());
+        columns.insert(grViewSmoother::shift(i).x());
+        middles.insert((i + 0.5) / 8 - 0.5);
         const int n = i + 1;
         EXPECT_LT(sum.length() / n, n == 2 || n == 4 || n == 8 ? 1 / 16.0 : 1) << n;
     }
+    EXPECT_EQ(rows, middles);
+    EXPECT_EQ(columns, middles);
 }
 
 TEST(grViewSmoother, what_has_no_edges_stays_to_the_last_bit)

@@ -105,8 +105,12 @@ TEST(gr_read_tarn_tblock, a_source_that_cannot_be_positioned_is_read_and_bounded
         tsPipe pipe(c.text);
         std::istream stream(&pipe);
         int count = 0;
-        const std::unique_ptr<giTriBlock> block(gr_read_tarn_tblock(stream, count, nullptr));
+        std::string complaint;
+        const std::unique_ptr<giTriBlock> block(gr_read_tarn_tblock(stream, count, nullptr, complaint));
         EXPECT_EQ(block != nullptr, c.complete) << c.name;
+        EXPECT_EQ(complaint, c.complete ? ""
+                                        : "byte " + std::to_string(c.text.size() + 1) +
+                                              ": the file ends where a finite number of node 4 should be");
         EXPECT_EQ(stream.fail(), !c.complete) << c.name;
         EXPECT_EQ(stream.eof(), c.complete) << "the text behind the block cannot be given back";
     }
