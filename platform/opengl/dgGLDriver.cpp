@@ -5,6 +5,7 @@
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
 #include "dgGLPrograms.h"
+#include "dgGLSavedState.h"
 #include "dgGLTessellator.h"
 #include "dgGLTextStore.h"
 #include "dgGLWindow.h"
@@ -590,7 +591,7 @@ void dgGLDriver::draw_see_through(int has_normals, const dgGLIndexRanges& ranges
     own_modes();
     const int filled = the_state.interior_style;
     glBlendColor(0, 0, 0, the_state.opacity);
-    glBlendFuncSeparate(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA, GL_ZERO, GL_ONE);
+    dg_gl_blend_factors(GL_CONSTANT_ALPHA, GL_ONE_MINUS_CONSTANT_ALPHA, GL_ZERO, GL_ONE);
     glEnable(GL_BLEND);
     glDepthMask(GL_FALSE);
     set_capability(GL_CULL_FACE, filled);

@@ -99,12 +99,17 @@ const Value<int> int_values[] = {
 };
 
 const Value<float> float_values[] = {
+    {GL_BLEND_COLOR, {0, 0, 0, 0}, [](const Floats& v) { glBlendColor(v[0], v[1], v[2], v[3]); }},
     {GL_COLOR_CLEAR_VALUE, {0, 0, 0, 0}, [](const Floats& v) { glClearColor(v[0], v[1], v[2], v[3]); }},
     {GL_DEPTH_CLEAR_VALUE, {1}, [](const Floats& v) { glClearDepth(double(v[0])); }},
     {GL_LINE_WIDTH, {1}, [](const Floats& v) { glLineWidth(v[0]); }},
     {GL_POINT_SIZE, {1}, [](const Floats& v) { glPointSize(v[0]); }},
     {GL_MIN_SAMPLE_SHADING_VALUE, {0}, [](const Floats& v) { glMinSampleShading(v[0]); }, 40},
 };
+
+// Those of the first draw buffer, for which OpenGL 4 has functions of its own.
+constexpr unsigned blending[] = {GL_BLEND_EQUATION_RGB, GL_BLEND_EQUATION_ALPHA, GL_BLEND_SRC_RGB,
+                                 GL_BLEND_DST_RGB,      GL_BLEND_SRC_ALPHA,      GL_BLEND_DST_ALPHA};
 
 int integer(unsigned name)
 {
@@ -179,6 +184,7 @@ void dgGLSavedState::record()
     glActiveTexture(GL_TEXTURE0);
     the_texture = integer(GL_TEXTURE_BINDING_2D);
     the_sampler = integer(GL_SAMPLER_BINDING);
+    std::transform(std::begin(blending), std::end(blending), the_blending.begin(), integer);
 }
 
 void dgGLSavedState::put_back() const
@@ -231,6 +237,12 @@ void dgGLSavedState::put_back() const
         glStencilOpSeparate(face, unsigned(of.fail), unsigned(of.depth_fail), unsigned(of.depth_pass));
     }
     glPolygonOffset(the_offset[0], the_offset[1]);
+    const auto blending_value = [this](std::size_t i) { return unsigned(the_blending[i]); };
+    if (version >= 40)
+        glBlendEquationSeparatei(0, blending_value(0), blending_value(1));
+    else
+        glBlendEquationSeparate(blending_value(0), blending_value(1));
+    dg_gl_blend_factors(blending_value(2), blending_value(3), blending_value(4), blending_value(5));
     if (version >= 45)
         glClipControl(unsigned(the_clip_control[0]), unsigned(the_clip_control[1]));
     glActiveTexture(GL_TEXTURE0);
@@ -257,6 +269,7 @@ dgGLSavedState dgGLSavedState::initial() const
         port.depth[1] = 1;
         port.scissor_test = false;
     }
+    fresh.the_blending = {GL_FUNC_ADD, GL_FUNC_ADD, GL_ONE, GL_ZERO, GL_ONE, GL_ZERO};
     fresh.the_stencil[0] = fresh.the_stencil[1] = {GL_ALWAYS, 0, int(all), GL_KEEP, GL_KEEP, GL_KEEP};
     fresh.the_offset[0] = fresh.the_offset[1] = 0;
     fresh.the_clip_control[0] = GL_LOWER_LEFT;
@@ -264,4 +277,12 @@ dgGLSavedState dgGLSavedState::initial() const
     fresh.the_active_texture = GL_TEXTURE0;
     fresh.the_texture = fresh.the_sampler = 0;
     return fresh;
+}
+
+void dg_gl_blend_factors(unsigned source, unsigned target, unsigned source_alpha, unsigned target_alpha)
+{
+    if (epoxy_gl_version() >= 40)
+        glBlendFuncSeparatei(0, source, target, source_alpha, target_alpha);
+    else
+        glBlendFuncSeparate(source, target, source_alpha, target_alpha);
 }

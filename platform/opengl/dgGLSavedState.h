@@ -4,8 +4,9 @@
 #include <vector>
 
 /// The state of an OpenGL context, recorded so that it can be put back: programs, buffers, textures and framebuffers
-/// that are bound, capabilities, masks, clear values, viewports, scissor boxes and pixel storage. Costs about two
-/// hundred queries of the driver, which wait for nothing. Of the texture units only unit 0 is recorded.
+/// that are bound, capabilities, masks, clear values, blending, viewports, scissor boxes and pixel storage. Costs about
+/// two hundred queries of the driver, which wait for nothing. Of the texture units only unit 0 is recorded, of the
+/// blending of draw buffers only that of the first one.
 class dgGLSavedState
 {
 public:
@@ -22,7 +23,7 @@ private:
     static constexpr std::size_t n_capabilities = 32;
     static constexpr std::size_t n_pixel_storage = 16;
     static constexpr std::size_t n_ints = 22;
-    static constexpr std::size_t n_floats = 5;
+    static constexpr std::size_t n_floats = 6;
 
     // Indexed state (viewports from OpenGL 4.1 on, draw buffers) is set for all indices by the plain calls.
     struct DrawBuffer
@@ -54,4 +55,8 @@ private:
     int the_active_texture;
     int the_texture; // of unit 0
     int the_sampler;
+    std::array<int, 6> the_blending; // equations and factors
 };
+
+/// Sets what is drawn and what is there are multiplied with when the first draw buffer blends: colours and opacities.
+void dg_gl_blend_factors(unsigned source, unsigned target, unsigned source_alpha, unsigned target_alpha);

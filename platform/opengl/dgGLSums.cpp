@@ -1,53 +1,13 @@
 #include "dgGLSums.h"
 
 #include "dgGLPrograms.h"
+#include "dgGLSavedState.h"
 
 #include <epoxy/gl.h>
-
-#include <algorithm>
-#include <optional>
 
 namespace
 {
 constexpr float most_of_8_bits = 255, most_of_16_bits = 65535;
-
-// Adds to what is there for its life. OpenGL 4 has a function for each buffer that is drawn into; it is the first
-// one's.
-class Adding
-{
-public:
-    Adding()
-    {
-        for (int i = 0; i < n_values; ++i)
-            glGetIntegerv(names[i], &the_values[i]);
-        set(GL_FUNC_ADD, GL_FUNC_ADD, GL_ONE, GL_ONE, GL_ONE, GL_ONE);
-    }
-    ~Adding()
-    {
-        const auto value = [this](int i) { return static_cast<unsigned>(the_values[i]); };
-        set(value(0), value(1), value(2), value(3), value(4), value(5));
-    }
-    Adding(const Adding&) = delete;
-    Adding& operator=(const Adding&) = delete;
-
-private:
-    static constexpr int n_values = 6;
-    static constexpr unsigned names[n_values] = {GL_BLEND_EQUATION_RGB, GL_BLEND_EQUATION_ALPHA, GL_BLEND_SRC_RGB,
-                                                 GL_BLEND_DST_RGB,      GL_BLEND_SRC_ALPHA,      GL_BLEND_DST_ALPHA};
-    static void set(unsigned colours, unsigned alphas, unsigned source, unsigned target, unsigned source_alpha,
-                    unsigned target_alpha)
-    {
-        if (epoxy_gl_version() >= 40)
-        {
-            glBlendEquationSeparatei(0, colours, alphas);
-            glBlendFuncSeparatei(0, source, target, source_alpha, target_alpha);
-            return;
-        }
-        glBlendEquationSeparate(colours, alphas);
-        glBlendFuncSeparate(source, target, source_alpha, target_alpha);
-    }
-    int the_values[n_values];
-};
 
 void plain_modes()
 {
@@ -65,7 +25,6 @@ bool dgGLSums::make(int width, int height)
     glTexImage2D(GL_TEXTURE_2D, 0, GL_RGBA16, width, height, 0, GL_RGBA, GL_UNSIGNED_SHORT, nullptr);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MIN_FILTER, GL_NEAREST);
     glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAG_FILTER, GL_NEAREST);
-    glTexParameteri(GL_TEXTURE_2D, GL_TEXTURE_MAX_LEVEL, 0);
     int made_width = 0;
     glGetTexLevelParameteriv(GL_TEXTURE_2D, 0, GL_TEXTURE_WIDTH, &made_width);
     glBindTexture(GL_TEXTURE_2D, 0);
@@ -90,10 +49,9 @@ void dgGLSums::add(dgGLPrograms& programs, unsigned texture, const dgGLPixels& p
 {
     plain_modes();
     glBindFramebuffer(GL_FRAMEBUFFER, the_framebuffer);
-    std::optional<Adding> adding;
     if (!anew)
     {
-        adding.emplace();
+        dg_gl_blend_factors(GL_ONE, GL_ONE, GL_ONE, GL_ONE);
         glEnable(GL_BLEND);
     }
     programs.draw_scaled(texture, most_of_8_bits / most_of_16_bits, pixels);

@@ -3,6 +3,7 @@
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
 #include "dgGLHostArea.h"
+#include "dgOpacity.h"
 #include "dgPolyline.h"
 #include "dgTriangleBlock.h"
 
@@ -76,6 +77,7 @@ std::vector<State> states()
         {GL_STENCIL_BACK_FUNC, integer, [] { glStencilFuncSeparate(GL_BACK, GL_NEVER, 3, 1); }},
         {GL_BLEND_SRC_RGB, integer, [] { glBlendFunc(GL_ZERO, GL_DST_COLOR); }},
         {GL_BLEND_DST_ALPHA, integer, [] { glBlendFuncSeparate(GL_ONE, GL_ZERO, GL_ONE, GL_DST_COLOR); }},
+        {GL_BLEND_COLOR, real, [] { glBlendColor(0.25f, 0.5f, 0, 0); }},
         {GL_BLEND_EQUATION_RGB, integer, [] { glBlendEquation(GL_MAX); }},
         {GL_FRONT_FACE, integer, [] { glFrontFace(GL_CW); }},
         {GL_POLYGON_MODE, integer, [] { glPolygonMode(GL_FRONT_AND_BACK, GL_POINT); }},
@@ -135,7 +137,8 @@ struct Host
     {
         std::string error;
         context = dgGLContext::create_off_screen(error);
-        device = dgGLDevice::create(dgGLContext::adopt([this] { return alive; }, error), error);
+        device =
+            dgGLDevice::create(dgGLContext::adopt([this] { return alive && context->make_current(); }, error), error);
         glGenFramebuffers(1, &framebuffer);
         glGenRenderbuffers(1, &colour);
         glBindFramebuffer(GL_FRAMEBUFFER, framebuffer);
@@ -152,12 +155,15 @@ struct Host
         dgRenderer renderer(area.main_window(), area.overlay_window());
         dgView view(&renderer);
         view.camera().view_port_dc(renderer.window_box());
-        view.camera().window_size(giVector2(64, 48));
+        view.camera().view_window(giBox2(-32, -24, 32, 24));
+        view.camera().front_back_plane(10, -10);
         renderer.background_colour(gsColour(0, 0, 1));
         const dgRef<dgTriangleBlock> block(triangles({{-20, -20, 0}, {20, -20, 5}, {0, 20, -5}}));
-        view.erase(dgERASE_ZBUFFER_YES);
+        renderer.erase(0);
         view.begin();
         view.execute(*block);
+        view.execute(*dgRef<dgOpacity>(new dgOpacity(0.5)));
+        view.execute(*dgRef<dgTriangleBlock>(triangles({{-30, -10, 9}, {30, -10, 9}, {0, 10, 9}})));
         view.end();
         for (const int anew : {1, 0})
             EXPECT_EQ(renderer.add_to_sums(renderer.window_box(), anew), 1);
