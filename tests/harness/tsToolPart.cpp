@@ -1,5 +1,6 @@
 #include "dgClientStructure.h"
 #include "dgRenderer.h"
+#include "dgS.h"
 #include "dgStructureCall.h"
 #include "dgTransform.h"
 #include "dgView.h"
@@ -16,6 +17,7 @@
 #include "grStdViewTwiddleTool.h"
 #include "grToolFactory.h"
 #include "grTwiddleMan.h"
+#include "grView.h"
 #include "grViewCubeTool.h"
 #include "grViewRefresher.h"
 #include "grWorkPlane.h"
@@ -308,6 +310,12 @@ private:
         on("again") = [this](int again) { the_answers.again = again; };
         on("cameras") = [this] { grStdViewTwiddleTool::initialise_cache(&the_db); };
         on("save") = [](dgView& view) { grStdViewTwiddleTool::camera_cache(&view)->push(view); };
+        on("has_cameras") = [](dgView& view) { return grStdViewTwiddleTool::camera_cache(&view) != nullptr; };
+        on("close_library") = []
+        {
+            dgS::close();
+            grView::default_view_twiddle_locks();
+        };
         on("stop") = [this] { man().stop_twiddling(); };
         on("delete_tool") = [this] { man().delete_current_tool(); };
         on("unbind") = [this] { man().remove_actions(); };
