@@ -48,7 +48,7 @@ void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& ru
     const dgRunSampling& sampling = run.sampling();
     const int kind = run.topology == dgTOPOLOGY_TRIANGLES;
     const int features = sampling.features();
-    count(run.topology, features);
+    count(run.topology, features, 1);
     if (the_out_of_time)
         return;
     the_spans.clear();
@@ -66,10 +66,10 @@ void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& ru
     draw(renderer, run, kind);
 }
 
-void gsStructureCallibration::count(dgTopology topology, int features)
+void gsStructureCallibration::count(dgTopology topology, int features, int runs)
 {
     if (the_first_pass)
-        the_total[topology == dgTOPOLOGY_TRIANGLES] += features;
+        the_total[topology == dgTOPOLOGY_TRIANGLES] += static_cast<long long>(features) * runs;
 }
 
 // Whether the next indivisible run is drawn in this pass.
@@ -79,16 +79,13 @@ bool gsStructureCallibration::is_taken(int features) const
     return features && place >= the_share_done && place < the_share_aim;
 }
 
-int gsStructureCallibration::passes_by(dgTopology topology, int features)
+int gsStructureCallibration::passes_by(dgTopology topology, int features, int runs)
 {
-    if (!the_out_of_time)
-    {
-        if (is_taken(features))
-            return 0;
+    int passed = the_out_of_time ? runs : 0;
+    for (; passed < runs && !is_taken(features); ++passed)
         ++the_small_runs;
-    }
-    count(topology, features);
-    return 1;
+    count(topology, features, passed);
+    return passed;
 }
 
 void gsStructureCallibration::draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind)

@@ -27,11 +27,11 @@ public:
     void end_network(dgRenderer& renderer) override;
     int another_pass(dgRenderer& renderer) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
-    int passes_by(dgTopology topology, int features) override;
+    int passes_by(dgTopology topology, int features, int runs) override;
     int element(dgRenderer& renderer, const dgGraphicalElement& element) override;
 
 private:
-    void count(dgTopology topology, int features);
+    void count(dgTopology topology, int features, int runs);
     bool is_taken(int features) const;
     void draw(dgRenderer& renderer, const dgPrimitiveRun& run, int kind);
     void read_clock(dgRenderer& renderer);

@@ -63,32 +63,41 @@ void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     draw_first(renderer, run, count);
 }
 
-int gsStructureSkipper::passes_by(dgTopology, int features)
+int gsStructureSkipper::passes_by(dgTopology, int features, int runs)
 {
     if (the_ratio >= 1)
         return 0;
     if (!features || the_ratio <= 0)
-        return 1;
-    const double before = the_small_carry;
-    the_small_carry += features * the_ratio;
-    if (2 * the_small_carry < features && !part_of(features))
-        return 1;
-    the_small_carry = before;
-    return 0;
+        return runs;
+    // Added up as run does it, so that the rounding is the same.
+    const double share = features * the_ratio;
+    const bool parts = the_parts < most_parts;
+    double carry = the_small_carry;
+    int passed = 0;
+    for (; passed < runs; ++passed)
+    {
+        const double due = carry + share;
+        if (2 * due >= features || (parts && part_of(features, due)))
+            break;
+        carry = due;
+    }
+    the_small_carry = carry;
+    return passed;
 }
 
 // What is not seen counts as if it were, so that the share does not depend on the view.
-int gsStructureSkipper::passes_by_unseen(dgTopology, int features)
+int gsStructureSkipper::passes_by_unseen(dgTopology, int features, int runs)
 {
     if (the_ratio >= 1)
-        the_drawn += features;
+        the_drawn += static_cast<long long>(features) * runs;
     else if (features && the_ratio > 0)
-        take(features);
-    return 1;
+        for (int i = 0; i < runs; ++i)
+            take(features);
+    return runs;
 }
 
-// How much is drawn of a run that is left out, 0 for nothing.
-int gsStructureSkipper::part_of(int features)
+// How much is drawn of a run that is left out, where so much is due of it and those before it; 0 for nothing.
+int gsStructureSkipper::part_of(int features, double due)
 {
     if (the_parts == most_parts)
         return 0;
@@ -97,7 +106,7 @@ int gsStructureSkipper::part_of(int features)
         the_part_of = features;
         the_part = std::clamp(static_cast<int>(std::lround(features * the_ratio)), 1, features);
     }
-    return std::max(the_part - the_small_carry, 0.0) > the_spare ? 0 : the_part;
+    return std::max(the_part - due, 0.0) > the_spare ? 0 : the_part;
 }
 
 // How much is drawn of a small run, which counts as drawn.
@@ -107,7 +116,7 @@ int gsStructureSkipper::take(int features)
     int count = features;
     if (2 * the_small_carry >= features)
         the_small_carry -= features;
-    else if ((count = part_of(features)))
+    else if ((count = part_of(features, the_small_carry)))
     {
         ++the_parts;
         the_spare -= std::max(count - the_small_carry, 0.0);

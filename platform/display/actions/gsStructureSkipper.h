@@ -22,11 +22,11 @@ public:
 
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
-    int passes_by(dgTopology topology, int features) override;
-    int passes_by_unseen(dgTopology topology, int features) override;
+    int passes_by(dgTopology topology, int features, int runs) override;
+    int passes_by_unseen(dgTopology topology, int features, int runs) override;
 
 private:
-    int part_of(int features);
+    int part_of(int features, double due);
     int take(int features);
     void draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count);
 

@@ -56,18 +56,19 @@ void gsStructureSlicer::run(dgRenderer& renderer, const dgPrimitiveRun& run)
     renderer.draw_features(run, the_spans);
 }
 
-int gsStructureSlicer::passes_by(dgTopology, int features)
+int gsStructureSlicer::passes_by(dgTopology, int features, int runs)
 {
-    if (the_met + features > the_begin)
+    if (the_met > the_begin)
         return 0;
-    the_met += features;
-    return 1;
+    const long long passed = features ? std::min<long long>(runs, (the_begin - the_met) / features) : runs;
+    the_met += passed * features;
+    return static_cast<int>(passed);
 }
 
-int gsStructureSlicer::passes_by_unseen(dgTopology, int features)
+int gsStructureSlicer::passes_by_unseen(dgTopology, int features, int runs)
 {
-    the_met += features;
-    return 1;
+    the_met += static_cast<long long>(features) * runs;
+    return runs;
 }
 
 int gsStructureSlicer::element(dgRenderer&, const dgGraphicalElement&)

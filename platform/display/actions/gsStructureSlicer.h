@@ -27,8 +27,8 @@ public:
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void end_network(dgRenderer& renderer) override;
     void run(dgRenderer& renderer, const dgPrimitiveRun& run) override;
-    int passes_by(dgTopology topology, int features) override;
-    int passes_by_unseen(dgTopology topology, int features) override;
+    int passes_by(dgTopology topology, int features, int runs) override;
+    int passes_by_unseen(dgTopology topology, int features, int runs) override;
     const dgNetworkPlace* starts_at() const override { return the_start.run.empty() ? nullptr : &the_start.run; }
     int stops_at(const dgNetworkPlace& place) override;
     int element(dgRenderer& renderer, const dgGraphicalElement& element) override;

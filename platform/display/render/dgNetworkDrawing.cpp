@@ -9,6 +9,7 @@
 #include "dgViewVolume.h"
 #include "gsRenderAction.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstdint>
 #include <memory>
@@ -33,10 +34,11 @@ public:
 private:
     void put_in_force(int end, const dgStepTree* tree);
     void look_for_seen();
-    bool sees(int leaf) const;
+    bool sees(int leaf, int& alike) const;
     Item next_seen();
     Item next_not_passed(gsRenderAction& action);
     Item next_of_all();
+    int go_to(int leaf);
 
     Drawing* the_drawing;
     const std::vector<dgCompiledStructure::Step>* the_steps;
@@ -46,6 +48,7 @@ private:
     std::shared_ptr<const dgStepTree> the_tree; // null: all steps are met
     bool the_passes = false;                    // those that the action does not pass by are met
     int the_leaf = -1;                          // the last of these, -1 before there is one
+    int the_stops = 0;                          // those that are on the trail of the tree
 
     // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
     std::size_t the_first_word = 0, the_word = 0, the_words = 0;
@@ -256,10 +259,16 @@ void StepCursor::look_for_seen()
     the_left = the_words ? *seen : 0;
 }
 
-bool StepCursor::sees(int leaf) const
+// Whether a leaf is seen, and no more of those from it on than are so alike.
+bool StepCursor::sees(int leaf, int& alike) const
 {
+    if (!the_words)
+        return true;
     const auto bit = static_cast<unsigned>(leaf);
-    return !the_words || (the_drawing->the_words[the_first_word + bit / 64] >> bit % 64 & 1);
+    const std::uint64_t left = the_drawing->the_words[the_first_word + bit / 64] >> bit % 64;
+    const bool seen = left & 1;
+    alike = std::min({alike, seen ? std::countr_one(left) : std::countr_zero(left), 64 - static_cast<int>(bit % 64)});
+    return seen;
 }
 
 StepCursor::Item StepCursor::next()
@@ -297,22 +306,18 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
 {
     the_drawing->the_inside = the_inside;
     const int leaves = the_tree->drawing_steps();
-    for (int leaf = the_leaf < 0 ? the_tree->leaf_from(static_cast<int>(the_next)) : the_leaf + 1; leaf < leaves;
-         ++leaf)
+    for (int leaf = the_leaf < 0 ? the_tree->leaf_from(static_cast<int>(the_next)) : the_leaf + 1; leaf < leaves;)
     {
-        const dgSoleRun& sole = the_tree->sole(leaf);
-        if (the_tree->empty(leaf))
+        int alike = 1;
+        const dgSoleRun sole = the_tree->sole(leaf, alike);
+        int passed = the_tree->empty(leaf);
+        if (sole.features >= 0)
+            passed = sees(leaf, alike) ? action.passes_by(sole.topology, sole.features, alike)
+                                       : action.passes_by_unseen(sole.topology, sole.features, alike);
+        leaf += passed;
+        if (passed == alike)
             continue;
-        if (sole.features >= 0 && (sees(leaf) ? action.passes_by(sole.topology, sole.features)
-                                              : action.passes_by_unseen(sole.topology, sole.features)))
-            continue;
-        const int step = the_tree->step(leaf);
-        if (the_leaf < 0)
-            put_in_force(step, the_tree.get());
-        else
-            the_tree->attributes_from_to(the_leaf, leaf,
-                                         [this](const dgGraphicalElement& attribute)
-                                         { attribute.draw(&the_drawing->the_renderer); });
+        const int step = go_to(leaf);
         the_leaf = leaf;
         the_next = static_cast<std::size_t>(step) + 1;
         the_drawing->the_place.back() = step;
@@ -320,6 +325,26 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
     }
     the_next = the_steps->size(); // what attributes follow hold for nothing
     return nullptr;
+}
+
+// Puts the attributes before a drawing step in force; answers its number among all steps.
+int StepCursor::go_to(int leaf)
+{
+    const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
+    if (the_leaf >= 0 && leaf > the_leaf + 1)
+    {
+        dgStepTrail& trail = the_tree->trail();
+        const dgStepTrail::Stop& stop = trail.stop(*the_tree, the_stops++, the_leaf, leaf);
+        for (int i = stop.first_attribute; i < stop.end_attribute; ++i)
+            execute(trail.attribute(i));
+        return stop.step;
+    }
+    const int step = the_tree->step(leaf);
+    if (the_leaf < 0)
+        put_in_force(step, the_tree.get());
+    else
+        the_tree->attributes_from_to(the_leaf, leaf, execute);
+    return step;
 }
 
 StepCursor::Item StepCursor::next_of_all()

@@ -33,9 +33,11 @@ public:
     /// asks about each of them.
     virtual void run(dgRenderer& renderer, const dgPrimitiveRun& run);
 
-    /// Asked before a small run, one that is drawn as a whole or not at all, whose state need not be in force yet: 1
-    /// when nothing of it is to be drawn. Then it is not met, and the action has counted it as if it were.
-    virtual int passes_by(dgTopology, int /*features*/) { return 0; }
+    /// Asked before so many small runs that follow on each other, each of one topology and number of features, is drawn
+    /// as a whole or not at all, and has a state that need not be in force yet: how many of them, from the first one
+    /// on, there are before one of which something is to be drawn. They are not met, and the action has counted them as
+    /// if they were.
+    virtual int passes_by(dgTopology, int /*features*/, int /*runs*/) { return 0; }
 
     /// Where a pass starts, null for the beginning of the network: at a run of which stops_at was told while the
     /// network was as it is now. What lies before is not met; its attributes are in force. Asked behind start_network.
@@ -50,8 +52,11 @@ public:
     /// 1 to execute an element that is neither attribute, primitive nor call, such as an application's own.
     virtual int element(dgRenderer&, const dgGraphicalElement&) { return 1; }
 
-    /// As passes_by, of a small run of which nothing is in view: what it draws is not seen.
-    virtual int passes_by_unseen(dgTopology topology, int features) { return passes_by(topology, features); }
+    /// As passes_by, of small runs of which nothing is in view: what they draw is not seen.
+    virtual int passes_by_unseen(dgTopology topology, int features, int runs)
+    {
+        return passes_by(topology, features, runs);
+    }
 
 private:
     friend class dgRenderer;

@@ -8,6 +8,8 @@ struct dgSoleRun
 {
     int features = -1; ///< triangles, segments or points of the run; -1 where there is something else
     dgTopology topology = dgTOPOLOGY_POINTS;
+
+    bool operator==(const dgSoleRun&) const = default;
 };
 
 /// Where something of a network is drawn, as far as that is known before it is drawn.

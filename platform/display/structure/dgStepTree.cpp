@@ -92,6 +92,9 @@ dgStepTree::dgStepTree(const dgCompiledStructure& form) : the_form(form)
             the_vague.push_back(static_cast<int>(i));
     }
     the_tree = dgBoxTree(std::move(boxes));
+    the_groups.resize((the_leaves.size() + leaves_in_group - 1) / leaves_in_group);
+    for (int group = 0; group < static_cast<int>(the_groups.size()); ++group)
+        compare(group);
 }
 
 dgBounds dgStepTree::bounds() const
@@ -112,9 +115,31 @@ int dgStepTree::leaf_from(int step) const
     return static_cast<int>(found - the_leaves.begin());
 }
 
+dgSoleRun dgStepTree::sole(int leaf, int& alike) const
+{
+    const int group = leaf / leaves_in_group;
+    const dgSoleRun all = the_groups[static_cast<std::size_t>(group)];
+    alike = all.features < 0 ? 1 : std::min((group + 1) * leaves_in_group, drawing_steps()) - leaf;
+    return all.features < 0 ? the_leaves[static_cast<std::size_t>(leaf)].sole : all;
+}
+
+// Finds out whether the leaves of a group are alike.
+void dgStepTree::compare(int group)
+{
+    const auto first = the_leaves.begin() + group * leaves_in_group;
+    const auto end = the_leaves.begin() + std::min((group + 1) * leaves_in_group, drawing_steps());
+    const bool alike = std::all_of(first, end, [first](const Leaf& leaf) { return leaf.sole == first->sole; });
+    the_groups[static_cast<std::size_t>(group)] = alike ? first->sole : dgSoleRun();
+}
+
 const dgGraphicalElement& dgStepTree::element(int step) const
 {
     return *the_form.steps()[static_cast<std::size_t>(step)].element;
+}
+
+const dgPrimitiveRun* dgStepTree::run(int leaf) const
+{
+    return the_form.steps()[static_cast<std::size_t>(step(leaf))].run;
 }
 
 // The last of some transforms that takes the place of those before it, else the first.
@@ -178,6 +203,8 @@ dgBounds dgStepTree::find(Leaf& leaf, const giXform3& placement, bool world)
         if (!called->known_bounds(found))
             found.open = found.vague = true; // a circle of calls
         leaf.empty = found.box.empty() && !found.open;
+        if (leaf.empty)
+            found.sole = {};
         parts = 2;
     }
     else if (step.element->type() != dgTYPE_STRUCTURE_CALL)
@@ -230,6 +257,10 @@ void dgStepTree::update()
             if (leaf.vague != before.vague)
                 mark(the_vague, done, leaf.vague);
         }
+    int group = 0; // those before it have been compared again
+    for (const Range& range : the_changed)
+        for (group = std::max(group, range.first / leaves_in_group); group * leaves_in_group < range.end; ++group)
+            compare(group);
     the_changed.clear();
     the_moved = {0, 0};
 }

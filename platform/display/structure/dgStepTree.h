@@ -3,6 +3,7 @@
 #include "dgBounds.h"
 #include "dgBoxTree.h"
 #include "dgExport.h"
+#include "dgStepTrail.h"
 #include "giXform3.h"
 
 #include <algorithm>
@@ -38,9 +39,18 @@ public:
     const std::vector<int>& open_leaves() const { return the_open; }
     const std::vector<int>& vague_leaves() const { return the_vague; }
 
-    /// What a drawing step is, if that is one small run; and whether it calls a structure in which there is nothing.
-    const dgSoleRun& sole(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].sole; }
+    /// Whether a drawing step calls a structure in which there is nothing.
     bool empty(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].empty; }
+
+    /// What a drawing step that is not empty is, if that is one small run; and how many of those from it on are known
+    /// to be alike without a look at each of them, 1 or more.
+    dgSoleRun sole(int leaf, int& alike) const;
+
+    /// Its run; null where it is none.
+    const dgPrimitiveRun* run(int leaf) const;
+
+    /// What walks that leave some of the steps out have met last.
+    dgStepTrail& trail() const { return the_trail; }
 
     int transforms_before(int leaf) const { return the_leaves[static_cast<std::size_t>(leaf)].transforms; }
 
@@ -113,10 +123,14 @@ private:
     void note_attribute(int step, const dgGraphicalElement& attribute);
     dgBounds find(Leaf& leaf, const giXform3& placement, bool world);
     void leaf_changed(int leaf) { the_changed.push_back({leaf, leaf + 1}); }
+    void compare(int group);
+
+    static constexpr int leaves_in_group = 64;
 
     const dgCompiledStructure& the_form;
     std::vector<Leaf> the_leaves;
     dgBoxTree the_tree;
+    std::vector<dgSoleRun> the_groups; // what all leaves of a group are, if they are alike
     std::vector<Range> the_changed;
     Range the_moved{0, 0};                // by the transform that has changed last
     std::vector<int> the_open, the_vague; // leaves
@@ -125,4 +139,5 @@ private:
     int the_inexact = 0; // leaves
     double the_reach = 0;
     bool the_world = false;
+    mutable dgStepTrail the_trail;
 };
