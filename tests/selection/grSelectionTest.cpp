@@ -128,6 +128,20 @@ TEST(grSelection, shows_every_change_as_if_all_were_drawn)
     EXPECT_GT(seen, 100);
 }
 
+TEST(grSelection, draws_over_a_picture_until_it_is_erased_but_not_its_overlay)
+{
+    Scene scene(64, 48, 1);
+    grSelection selection;
+    selection.add_view(&scene.view);
+    scene.draw();
+    for (const int window : {1, 0})
+    {
+        EXPECT_EQ(scene.view.redraw_parts({}), 1);
+        scene.renderer.erase(window);
+    }
+    EXPECT_EQ(scene.view.redraw_parts({}), 0);
+}
+
 TEST(grSelection, hides_a_called_structure_as_if_it_were_not_called)
 {
     int compared = 0;
