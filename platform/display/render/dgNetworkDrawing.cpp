@@ -310,8 +310,10 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
     {
         int alike = 1;
         const dgSoleRun sole = the_tree->sole(leaf, alike);
-        int passed = the_tree->empty(leaf);
-        if (sole.features >= 0)
+        int passed = 0;
+        if (sole.features < 0) // the tree's leaf is not looked at otherwise: it is seldom in a cache
+            passed = the_tree->empty(leaf);
+        else
             passed = sees(leaf, alike) ? action.passes_by(sole.topology, sole.features, alike)
                                        : action.passes_by_unseen(sole.topology, sole.features, alike);
         leaf += passed;
