@@ -51,30 +51,31 @@ float normalise(Vector& v)
     return length;
 }
 
-// Weights of the corners at the point of a triangle that is nearest to p (Ericson 2005, 5.1.5).
-Vector nearest(const Vector& p, const Vector& a, const Vector& b, const Vector& c)
+// Weights of the corners at the point of a triangle that is nearest to p: within it, or on one of its sides.
+Vector nearest(const Vector& p, const std::array<Vector, 3>& corners)
 {
-    const Vector ab = b - a, ac = c - a, ap = p - a, bp = p - b, cp = p - c;
-    const float d1 = dot(ab, ap), d2 = dot(ac, ap), d3 = dot(ab, bp), d4 = dot(ac, bp), d5 = dot(ab, cp),
-                d6 = dot(ac, cp);
-    if (d1 <= 0 && d2 <= 0)
-        return {1, 0, 0};
-    if (d3 >= 0 && d4 <= d3)
-        return {0, 1, 0};
-    if (d6 >= 0 && d5 <= d6)
-        return {0, 0, 1};
-    const float vc = d1 * d4 - d3 * d2, vb = d5 * d2 - d1 * d6, va = d3 * d6 - d5 * d4;
-    if (vc <= 0 && d1 >= 0 && d3 <= 0)
-        return {1 - d1 / (d1 - d3), d1 / (d1 - d3), 0};
-    if (vb <= 0 && d2 >= 0 && d6 <= 0)
-        return {1 - d2 / (d2 - d6), 0, d2 / (d2 - d6)};
-    if (va <= 0 && d4 - d3 >= 0 && d5 - d6 >= 0)
+    const Vector u = corners[1] - corners[0], v = corners[2] - corners[0], way = p - corners[0];
+    const float uu = dot(u, u), uv = dot(u, v), vv = dot(v, v), wu = dot(way, u), wv = dot(way, v);
+    const float second = vv * wu - uv * wv, third = uu * wv - uv * wu, all = uu * vv - uv * uv;
+    if (second >= 0 && third >= 0 && second + third <= all && all > 0)
+        return {1 - (second + third) / all, second / all, third / all};
+    Vector best{};
+    float least = std::numeric_limits<float>::max();
+    for (std::size_t corner = 0; corner < 3; ++corner)
     {
-        const float w = (d4 - d3) / (d4 - d3 + (d5 - d6));
-        return {0, 1 - w, w};
+        const std::size_t next = (corner + 1) % 3;
+        const Vector side = corners[next] - corners[corner], from = p - corners[corner];
+        const float length = dot(side, side);
+        const float share = length > 0 ? std::clamp(dot(from, side) / length, 0.0f, 1.0f) : 0;
+        const float distance = dot(from, from) - share * (2 * dot(from, side) - share * length);
+        if (distance >= least)
+            continue;
+        least = distance;
+        best = {};
+        best[corner] = 1 - share;
+        best[next] = share;
     }
-    const float sum = va + vb + vc;
-    return sum > 0 ? Vector{1 - vb / sum - vc / sum, vb / sum, vc / sum} : Vector{1, 0, 0};
+    return best;
 }
 
 // The triangles around each of n things, which number_of answers for a corner.
@@ -135,6 +136,7 @@ public:
     void solve(const std::vector<float>& wanted, const std::vector<char>& kept, std::vector<float>& values) const;
     const std::vector<char>& on_open_outline() const { return the_open; }
     std::vector<char> kept_in_place(const std::vector<char>& fixed_places) const;
+    void move_across(const std::vector<float>& moved, std::vector<float>& positions) const;
 
 private:
     // Where the values of a corner begin.
@@ -163,6 +165,7 @@ Fit::Fit(const dgGLShape& fine, const dgGLShape& coarse, std::size_t nplaces, co
       the_coarse_around(the_coarse_places.count, coarse.indices,
                         [this](Index corner) { return the_coarse_places.of_vertex[corner]; })
 {
+    double facing = 0;
     for (std::size_t i = 0; i < coarse.indices.size(); i += 3)
     {
         const Vector a = at(coarse.positions, coarse.indices[i]);
@@ -170,7 +173,13 @@ Fit::Fit(const dgGLShape& fine, const dgGLShape& coarse, std::size_t nplaces, co
             cross(at(coarse.positions, coarse.indices[i + 1]) - a, at(coarse.positions, coarse.indices[i + 2]) - a);
         the_areas.push_back(normalise(across));
         the_across.push_back(across);
+        if (!coarse.normals.empty())
+            facing += the_areas.back() * dot(across, at(coarse.normals, coarse.indices[i]));
     }
+    // Triangles may be wound so that all face away from their normals.
+    for (Vector& across : the_across)
+        for (float& component : across)
+            component = facing < 0 ? -component : component;
     find_open_outlines();
     std::vector<float> area(fine.places.size(), 0);
     for (std::size_t i = 0; i < fine.indices.size(); i += 3)
@@ -241,12 +250,12 @@ Index Fit::nearest_triangle(Index vertex, Index place, Vector& weights) const
     const auto look = [&](Index triangle)
     {
         const Index* corners = &the_coarse.indices[std::size_t(3) * triangle];
-        const Vector a = at(the_coarse.positions, corners[0]), b = at(the_coarse.positions, corners[1]),
-                     c = at(the_coarse.positions, corners[2]);
-        const Vector w = nearest(p, a, b, c);
+        const std::array<Vector, 3> abc{at(the_coarse.positions, corners[0]), at(the_coarse.positions, corners[1]),
+                                        at(the_coarse.positions, corners[2])};
+        const Vector w = nearest(p, abc);
         Vector off;
         for (std::size_t axis = 0; axis < 3; ++axis)
-            off[axis] = w[0] * a[axis] + w[1] * b[axis] + w[2] * c[axis] - p[axis];
+            off[axis] = w[0] * abc[0][axis] + w[1] * abc[1][axis] + w[2] * abc[2][axis] - p[axis];
         // Of the sides of a crease the one that the normal belongs to.
         const float aside = 1 - dot(the_across[triangle], normal);
         const float cost = dot(off, off) + 0.05f * the_areas[triangle] * aside * aside;
@@ -381,6 +390,22 @@ void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept,
     for (std::size_t i = 0; i < n; ++i)
         values[i] += change[i];
 }
+
+// Moves vertices across the surface only: along it nothing is gained, and thin triangles would fold over.
+void Fit::move_across(const std::vector<float>& moved, std::vector<float>& positions) const
+{
+    std::vector<Vector> across(the_coarse.places.size(), Vector{});
+    for (std::size_t i = 0; i < the_coarse.indices.size(); ++i)
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            across[the_coarse.indices[i]][axis] += the_areas[i / 3] * the_across[i / 3][axis];
+    for (Index vertex = 0; vertex < across.size(); ++vertex)
+    {
+        normalise(across[vertex]);
+        const float way = dot(at(moved, vertex) - at(positions, vertex), across[vertex]);
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            positions[std::size_t(3) * vertex + axis] += way * across[vertex][axis];
+    }
+}
 }
 
 void dg_gl_fit(const dgGLShape& fine, dgGLShape& coarse, const std::vector<char>& fixed_places,
@@ -389,5 +414,7 @@ void dg_gl_fit(const dgGLShape& fine, dgGLShape& coarse, const std::vector<char>
     const Fit fit(fine, coarse, fixed_places.size(), stop);
     if (!fine.normals.empty() && !coarse.normals.empty())
         fit.solve(fine.normals, fit.on_open_outline(), coarse.normals);
-    fit.solve(fine.positions, fit.kept_in_place(fixed_places), coarse.positions);
+    std::vector<float> moved = coarse.positions;
+    fit.solve(fine.positions, fit.kept_in_place(fixed_places), moved);
+    fit.move_across(moved, coarse.positions);
 }

@@ -30,8 +30,8 @@ constexpr double most_fitted = 0.1;
 // Turns of a normal that are not seen: half a step of its components in the driver's buffers.
 constexpr float least_turn = 1.0f / 1024;
 
-// Triangles of a level beyond which the next one but one is fitted to the one between instead, to bound the memory.
-constexpr std::size_t most_samples = 1000000;
+// A level is fitted to one with so many times its triangles, unless that has more than bounds the memory.
+constexpr unsigned enough_finer = 3, most_fitted_to = 1000000;
 
 // Levels end with a few triangles, or where outlines that must be kept let too few of them go.
 constexpr std::size_t fewest_triangles = 48;
@@ -73,6 +73,8 @@ private:
     std::vector<char> outlines_of_patches(const dgGLLevel& level, const Indices& places) const;
     void own_vertices(const dgGLShape& shape, const dgGLShape& fitted, dgGLLevel& level) const;
     void fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level, const std::stop_token& stop);
+    void normal_of(const Index* places, float (&across)[3]) const;
+    float along_normal(Index vertex, const float (&direction)[3]) const;
     Index vertex_for(Index place, const float (&direction)[3]) const;
 
     const float* position(Index place) const { return &the_positions[std::size_t(3) * place]; }
@@ -88,8 +90,9 @@ private:
     float the_pass_error = 0;  // of the last simplification
     bool the_finest_made = false;
     std::size_t the_whole = 0; // triangles of the block
-    dgGLShape the_fitted[2];   // the level before the last one, and the last one, where they have been fitted
-    Indices the_local;         // scratch: by place, its number in a patch
+    int the_winding = 0;       // 1 when these face as their normals do, -1 when they face away, 0 when some do either
+    std::vector<dgGLShape> the_fitted; // levels by number; empty where they have not been fitted
+    Indices the_local;                 // scratch: by place, its number in a patch
 };
 
 void Simplifier::weld(dgGLMesh mesh)
@@ -118,17 +121,25 @@ void Simplifier::weld(dgGLMesh mesh)
         the_vertices[the_local[place[vertex]]++] = static_cast<Index>(vertex);
 
     the_triangles = std::move(mesh.indices);
-    std::size_t kept = 0;
+    std::size_t kept = 0, facing = 0, averted = 0;
     for (std::size_t i = 0; i + 2 < the_triangles.size(); i += 3)
     {
-        const Index a = place[the_triangles[i]], b = place[the_triangles[i + 1]], c = place[the_triangles[i + 2]];
-        if (a == b || b == c || c == a)
+        const Index vertex = the_triangles[i];
+        const Index corners[3] = {place[vertex], place[the_triangles[i + 1]], place[the_triangles[i + 2]]};
+        if (corners[0] == corners[1] || corners[1] == corners[2] || corners[2] == corners[0])
             continue;
-        for (const Index corner : {a, b, c})
+        if (!the_normals.empty())
+        {
+            float across[3];
+            normal_of(corners, across);
+            (along_normal(vertex, across) < 0 ? averted : facing) += 1;
+        }
+        for (const Index corner : corners)
             the_triangles[kept++] = corner;
     }
     the_triangles.resize(kept);
     the_whole = kept / 3;
+    the_winding = 100 * averted < facing ? 1 : 100 * facing < averted ? -1 : 0;
     the_local.assign(nplaces, std::numeric_limits<Index>::max());
 }
 
@@ -324,10 +335,7 @@ Index Simplifier::vertex_for(Index place, const float (&direction)[3]) const
     float best_cosine = -2;
     for (Index i = first; i < end; ++i)
     {
-        const float* n = &the_normals[std::size_t(3) * the_vertices[i]];
-        const float length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
-        const float cosine =
-            length > 0 ? (n[0] * direction[0] + n[1] * direction[1] + n[2] * direction[2]) / length : -1;
+        const float cosine = along_normal(the_vertices[i], direction);
         if (cosine <= best_cosine)
             continue;
         best_cosine = cosine;
@@ -336,26 +344,61 @@ Index Simplifier::vertex_for(Index place, const float (&direction)[3]) const
     return best;
 }
 
-// Places become vertices.
+// Places become vertices. What simplifying has folded over is turned, so that it is not lit from behind.
 void Simplifier::resolve(Indices& indices) const
 {
     for (std::size_t i = 0; i < indices.size(); i += 3)
     {
-        const float *a = position(indices[i]), *b = position(indices[i + 1]), *c = position(indices[i + 2]);
-        float u[3], v[3];
-        for (int axis = 0; axis < 3; ++axis)
-        {
-            u[axis] = b[axis] - a[axis];
-            v[axis] = c[axis] - a[axis];
-        }
-        float across[3] = {u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2], u[0] * v[1] - u[1] * v[0]};
+        float across[3];
+        normal_of(&indices[i], across);
         const float length = std::sqrt(across[0] * across[0] + across[1] * across[1] + across[2] * across[2]);
         if (length > 0)
             for (float& component : across)
-                component /= length;
-        for (std::size_t corner = 0; corner < 3; ++corner)
-            indices[i + corner] = vertex_for(indices[i + corner], across);
+                component *= static_cast<float>(the_winding < 0 ? -1 : 1) / length;
+        Index best[3];
+        float best_along = std::numeric_limits<float>::lowest();
+        for (const int way : {1, -1})
+        {
+            float along = 0;
+            Index vertices[3];
+            for (std::size_t corner = 0; corner < 3; ++corner)
+            {
+                vertices[corner] = vertex_for(indices[i + corner], across);
+                along += the_winding ? along_normal(vertices[corner], across) : 0;
+            }
+            if (along > best_along)
+            {
+                std::copy_n(vertices, 3, best);
+                if (way < 0)
+                    std::swap(best[1], best[2]);
+            }
+            if (along >= 0)
+                break;
+            best_along = along;
+            for (float& component : across)
+                component = -component;
+        }
+        std::copy_n(best, 3, &indices[i]);
     }
+}
+
+// Of a triangle of places; its length is twice the area.
+void Simplifier::normal_of(const Index* places, float (&across)[3]) const
+{
+    const float *a = position(places[0]), *b = position(places[1]), *c = position(places[2]);
+    for (int axis = 0; axis < 3; ++axis)
+    {
+        const int next = (axis + 1) % 3, last = (axis + 2) % 3;
+        across[axis] = (b[next] - a[next]) * (c[last] - a[last]) - (b[last] - a[last]) * (c[next] - a[next]);
+    }
+}
+
+// The cosine between a unit vector and the normal of a vertex; -1 where that has none.
+float Simplifier::along_normal(Index vertex, const float (&direction)[3]) const
+{
+    const float* n = &the_normals[std::size_t(3) * vertex];
+    const float length = std::sqrt(n[0] * n[0] + n[1] * n[1] + n[2] * n[2]);
+    return length > 0 ? (n[0] * direction[0] + n[1] * direction[1] + n[2] * direction[2]) / length : -1;
 }
 
 // Triangles over vertices of the block as a shape of its own.
@@ -434,20 +477,22 @@ void Simplifier::own_vertices(const dgGLShape& shape, const dgGLShape& fitted, d
     }
 }
 
-// Gives a coarse level vertices of its own, fitted to the level before the last one: that has four vertices for each.
+// Gives a coarse level vertices of its own, fitted to a finer one that has some for each of them.
 void Simplifier::fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level,
                      const std::stop_token& stop)
 {
-    if (finer.size() < 2 || static_cast<double>(level.triangles()) > most_fitted * static_cast<double>(the_whole))
+    dgGLShape& fitted = the_fitted.emplace_back();
+    if (finer.empty() || static_cast<double>(level.triangles()) > most_fitted * static_cast<double>(the_whole))
         return;
-    dgGLShape shape = shape_of(level.indices);
-    const bool known = !the_fitted[0].indices.empty();
-    const dgGLLevel& before = finer[finer.size() - (finer[finer.size() - 2].triangles() > most_samples ? 1 : 2)];
-    dgGLShape fitted = shape;
-    dg_gl_fit(known ? the_fitted[0] : shape_of(before.indices), fitted, outlines_of_patches(level, places), stop);
+    std::size_t to = finer.size() - 1;
+    while (to > 0 && finer[to].triangles() < enough_finer * level.triangles() &&
+           finer[to - 1].triangles() <= most_fitted_to)
+        --to;
+    const dgGLShape shape = shape_of(level.indices);
+    fitted = shape;
+    const bool known = !the_fitted[to].indices.empty();
+    dg_gl_fit(known ? the_fitted[to] : shape_of(finer[to].indices), fitted, outlines_of_patches(level, places), stop);
     own_vertices(shape, fitted, level);
-    shape = std::move(fitted);
-    the_fitted[0] = std::exchange(the_fitted[1], std::move(shape));
 }
 
 std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)

@@ -92,7 +92,7 @@ std::vector<dgGLLevel> levels_of(const dgGLMesh& mesh)
     return dg_gl_simplify(mesh, {});
 }
 
-// How often each edge is passed from one place to another, less how often the other way round.
+// Whether each edge belongs to an odd number of triangles.
 using Edges = std::map<std::pair<Place, Place>, int>;
 
 void add_edges(const std::vector<float>& positions, const std::uint32_t* corners, Edges& edges)
@@ -100,7 +100,7 @@ void add_edges(const std::vector<float>& positions, const std::uint32_t* corners
     for (int i = 0; i < 3; ++i)
     {
         const Place from = place_of(positions, corners[i]), to = place_of(positions, corners[(i + 1) % 3]);
-        edges[std::minmax(from, to)] += from < to ? 1 : -1;
+        edges[std::minmax(from, to)] ^= 1;
     }
 }
 
@@ -172,9 +172,11 @@ TEST(dg_gl_simplify, any_mix_of_two_levels_is_closed_and_counts_as_it_says)
 {
     for (const int shared : {1, 0})
     {
-        const dgGLMesh mesh = ring(200, 120, shared);
+        // The shared one is large enough for two patches of a level with vertices of its own.
+        const dgGLMesh mesh = shared ? ring(320, 200, 1) : ring(200, 120, 0);
         const std::vector<dgGLLevel> levels = levels_of(mesh);
         ASSERT_GE(levels.size(), 6u);
+        EXPECT_TRUE(!shared || (levels[1].patches > 1 && !levels[1].positions.empty()));
         EXPECT_GT(levels[0].patches, 1u);
         EXPECT_LT(levels.back().triangles(), mesh.indices.size() / 3 / 50);
         for (std::size_t k = 0; k + 1 < levels.size(); ++k)
@@ -258,25 +260,40 @@ TEST(dg_gl_simplify, corners_keep_the_normals_of_their_side_of_a_crease)
     mesh.normals.insert(mesh.normals.end(), other.normals.begin(), other.normals.end());
     for (const std::uint32_t index : other.indices)
         mesh.indices.push_back(first + index);
-    const std::vector<dgGLLevel> levels = levels_of(mesh);
-    ASSERT_FALSE(levels.empty());
-    int mixed = 0;
-    for (const dgGLLevel& level : levels)
+    for (const int way : {1, -1}) // triangles that face as their normals do, and triangles that all face away
     {
-        const std::vector<float> positions = positions_of(mesh, level);
-        std::vector<float> normals = mesh.normals;
-        normals.insert(normals.end(), level.normals.begin(), level.normals.end());
-        for (std::size_t i = 0; level.triangles() > 200 && i < level.indices.size(); i += 3)
+        for (std::size_t i = 0; way < 0 && i < mesh.indices.size(); i += 3)
+            std::swap(mesh.indices[i], mesh.indices[i + 1]);
+        const std::vector<dgGLLevel> levels = levels_of(mesh);
+        ASSERT_FALSE(levels.empty());
+        int mixed = 0, folded = 0;
+        for (const dgGLLevel& level : levels)
         {
-            const auto on_first = [&](std::size_t corner) { return normals[3 * level.indices[i + corner]] > 0; };
-            const auto [ax, ay, az] = place_of(positions, level.indices[i]);
-            const auto [bx, by, bz] = place_of(positions, level.indices[i + 1]);
-            const auto [cx, cy, cz] = place_of(positions, level.indices[i + 2]);
-            const float area = (bx - ax) * (cy - ay) - (cx - ax) * (by - ay); // seen from above; slivers have none
-            mixed += area > 0 && (on_first(0) != on_first(1) || on_first(1) != on_first(2));
+            const std::vector<float> positions = positions_of(mesh, level);
+            std::vector<float> normals = mesh.normals;
+            normals.insert(normals.end(), level.normals.begin(), level.normals.end());
+            for (std::size_t i = 0; level.triangles() > 200 && i < level.indices.size(); i += 3)
+            {
+                const auto [ax, ay, az] = place_of(positions, level.indices[i]);
+                const auto [bx, by, bz] = place_of(positions, level.indices[i + 1]);
+                const auto [cx, cy, cz] = place_of(positions, level.indices[i + 2]);
+                const float area = (bx - ax) * (cy - ay) - (cx - ax) * (by - ay); // seen from above
+                if (std::abs(area) < 1e-6)
+                    continue;
+                folded += way * area < 0;
+                const auto on_side = [&](const std::vector<float>& of, int sign)
+                {
+                    const auto value = [&](std::size_t corner)
+                    { return static_cast<float>(sign) * of[std::size_t(3) * level.indices[i + corner]]; };
+                    return std::min({value(0), value(1), value(2)}) >= 0;
+                };
+                for (const int sign : {1, -1})
+                    mixed += on_side(positions, sign) && !on_side(normals, sign);
+            }
         }
+        EXPECT_EQ(mixed, 0) << way;
+        EXPECT_EQ(folded, 0) << way;
     }
-    EXPECT_EQ(mixed, 0);
 }
 
 TEST(dg_gl_fit, vertices_stand_for_what_lies_between_them)
