@@ -195,7 +195,8 @@ private:
     int the_picture_width = 0;
     int the_picture_height = 0;
     int the_picture_simplified = 0;
-    dgRef<dgStructure> the_icon; // over it
+    int the_share_simplified = 0; // in the last frame that drew a share
+    dgRef<dgStructure> the_icon;  // over it
 
     static double the_minimum_framerate;
 };

@@ -258,10 +258,11 @@ void grViewRendererFast::draw_over(Draw draw)
     draw();
 }
 
-// How much of the network is in view, and so how much of it a frame may draw.
+// How much of the network is in view, and so how much of it a frame may draw. Simplified blocks are drawn whole, what
+// lies out of view as well.
 void grViewRendererFast::look_at_view()
 {
-    const bool culled = the_sample && the_view->renderer()->culling();
+    const bool culled = the_sample && !the_share_simplified && the_view->renderer()->culling();
     the_share->part_in_view(culled ? the_sample->share_shown(*the_view) : 1);
 }
 
@@ -276,7 +277,7 @@ void grViewRendererFast::draw_share()
     renderer.simplified_levels(simplified_levels && !transparent(*the_view));
     timed([this] { the_view->render_network(drawn_structure()); });
     renderer.simplified_levels(simplified_levels);
-    the_picture_simplified = skipper.simplified();
+    the_picture_simplified = the_share_simplified = skipper.simplified();
     if (the_frame_limited && the_total_prims > 0)
         the_share->frame_drawn(static_cast<double>(skipper.prims_drawn()) / the_total_prims,
                                apHighResTime::time_diff(the_frame_start, apHighResTime::time()) / frame_part());
