@@ -366,13 +366,13 @@ void Simplifier::resolve(Indices& indices) const
                 vertices[corner] = vertex_for(indices[i + corner], across);
                 along += the_winding ? along_normal(vertices[corner], across) : 0;
             }
-            if (along > best_along)
+            if (!(along <= best_along)) // also what is no number
             {
                 std::copy_n(vertices, 3, best);
                 if (way < 0)
                     std::swap(best[1], best[2]);
             }
-            if (along >= 0)
+            if (!(along < 0))
                 break;
             best_along = along;
             for (float& component : across)

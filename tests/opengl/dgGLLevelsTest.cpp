@@ -349,6 +349,11 @@ TEST(dg_gl_simplify, stops_when_asked_and_takes_what_has_no_area)
     EXPECT_TRUE(dg_gl_simplify(ring(100, 100, 1), stop.get_token()).empty());
     EXPECT_TRUE(levels_of({std::vector<float>(9), {}, std::vector<std::uint32_t>(30000)}).empty());
     EXPECT_TRUE(levels_of({}).empty());
+    dgGLMesh mesh = ring(100, 100, 1);
+    for (std::size_t i = 0; i < mesh.normals.size(); i += 300)
+        mesh.normals[i] = std::nanf("");
+    for (const dgGLLevel& level : levels_of(mesh))
+        EXPECT_LT(*std::max_element(level.indices.begin(), level.indices.end()), positions_of(mesh, level).size() / 3);
 }
 
 TEST(dgGLLevels, a_share_shows_the_whole_block_with_few_triangles)
