@@ -31,6 +31,7 @@ public:
 
     unsigned buffer() const { return the_buffer; }
     std::size_t item_bytes() const { return the_item_bytes; }
+    std::size_t items_used() const { return the_used; }
     std::size_t bytes_used() const { return the_used * the_item_bytes; }
 
     /// 1 when the buffer is another one than at the last call.

@@ -600,8 +600,8 @@ void dgGLGeometryStore::copy(const dgGraphicalPrimitive& primitive, Record& reco
         for (const unsigned triangle : large)
             add(triangle);
         dg_add_others(std::move(large), nfeatures, chunk_triangles, add, [] {});
-        the_triangles += nfeatures;
-        if (!copied_before && nfeatures >= dgGLLevels::least_in_block && the_triangles >= dgGLLevels::least_in_store)
+        if (!copied_before && nfeatures >= dgGLLevels::least_in_block &&
+            the_buffers->indices.items_used() >= std::size_t(3) * dgGLLevels::least_in_store)
             the_levels->make(primitive.geometry_id(), record.stamp, geometry, the_origins.place(record.origin));
         break;
     }

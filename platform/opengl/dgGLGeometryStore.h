@@ -115,8 +115,7 @@ private:
     std::unique_ptr<Buffers> the_buffers;
     dgGLOrigins the_origins;
     std::unique_ptr<dgGLLevels> the_levels;
-    std::vector<Record> the_records;      // by geometry number
-    unsigned long long the_triangles = 0; // copied so far
+    std::vector<Record> the_records; // by geometry number
     std::vector<dgFeatureSpan> the_sample;
     std::vector<dgFeatureSpan> the_exact;
     unsigned long long the_generation;

@@ -17,8 +17,8 @@ class giPoint3;
 class DG_OPENGL_EXPORT dgGLLevels
 {
 public:
-    /// Triangles of a block from which on it has levels; triangles in the store from which on blocks get theirs as soon
-    /// as they are stored, and not only when a share of them is first drawn.
+    /// Triangles of a block from which on it has levels; triangles in the store, or as many indices of anything, from
+    /// which on blocks get theirs as soon as they are stored, and not only when a share of them is drawn again.
     static constexpr unsigned least_in_block = 2048, least_in_store = 100000;
 
     /// Off when the environment variable GR_LEVELS is 0.
