@@ -129,6 +129,7 @@ TEST(gr_surface_point, stays_under_the_cursor_when_views_turn_about_it)
         block->triangles().emplace_back(first, first + 1, first + 2);
         block->triangles().emplace_back(first, first + 2, first + 3);
     }
+    block->triangles().emplace_back(-1, 1000000000, 4); // is as if it were not there
     dgRef<dgStructure> root(new dgClientStructure);
     root->add(new dgTransform(giXform3::translation(giVector3(10, 0, 0))));
     root->add(new dgTriangleBlock(block, 1));
@@ -149,6 +150,8 @@ TEST(gr_surface_point, stays_under_the_cursor_when_views_turn_about_it)
         {"resource rotate_about_cursor yes; bind trackball", "350 100", giPoint3(1.5, 0, 2), 1}, // and another
         {"resource rotate_about_cursor yes; set_planes a 1 -9 1; bind trackball", "290 130", giPoint3(0.9, 0.3, 0.5),
          1},
+        {"resource rotate_about_cursor yes; section a; bind section (z); press 1 9 9; release 1 9 9; bind trackball",
+         "290 130", giPoint3(0.9, 0.3, 0.5), 1},                                      // what lies before is cut away
         {"resource rotate_about_cursor yes; bind trackball", "20 20", giPoint3(), 1}, // beside: the view's centre
     };
     for (const auto& c : cases)
