@@ -1,6 +1,7 @@
 #include "dgLooks.h"
 
 #include "dgBackSurfaceColour.h"
+#include "dgFeatureTree.h"
 #include "dgGraphicalPrimitive.h"
 #include "dgLighting.h"
 #include "dgLineColour.h"
@@ -37,37 +38,36 @@ void add_colours(Attributes& attributes, const gsColour& colour)
 
 // A block of some triangles. Drivers store positions by the box of their block: with the same one the triangles have
 // the very depths of those that they lie on.
-dgRef<dgTriangleBlock> block_of(const giTriBlock& all, const std::vector<int>& numbers)
+dgRef<dgTriangleBlock> block_of(const dgTriangleBlock& all, const std::vector<int>& numbers)
 {
+    const dgGeometry geometry = all.geometry();
     auto some = std::make_unique<giTriBlock>();
     std::unordered_map<int, int> places;
     std::vector<int> nodes;
     for (const int number : numbers)
     {
-        if (number < 0 || number >= all.triangle_count())
+        int corners[3];
+        if (number < 0 || number >= geometry.nfeatures || !dg_feature_points(geometry, number, corners))
             continue;
-        giTriangle triangle = all.triangles()[static_cast<std::size_t>(number)];
-        const auto is_node = [&](int k) { return triangle[k] >= 0 && triangle[k] < all.node_count(); };
-        if (!is_node(0) || !is_node(1) || !is_node(2))
-            continue; // nor is it drawn as one of the block
-        for (int k = 0; k < 3; ++k)
+        for (int& corner : corners)
         {
-            const auto [place, is_new] = places.try_emplace(triangle[k], static_cast<int>(nodes.size()));
+            const auto [place, is_new] = places.try_emplace(corner, static_cast<int>(nodes.size()));
             if (is_new)
-                nodes.push_back(triangle[k]);
-            triangle[k] = place->second;
+                nodes.push_back(corner);
+            corner = place->second;
         }
-        some->triangles().push_back(triangle);
+        some->triangles().emplace_back(corners[0], corners[1], corners[2]);
     }
     for (const int node : nodes)
-        some->nodes().append(all.nodes()[node]);
-    some->nodes().append(all.box().low());
-    some->nodes().append(all.box().high());
-    if (const std::vector<giVector3>* normals = all.normals())
+        some->nodes().append(geometry.points[node]);
+    const giBox3 box = all.bounding_box();
+    some->nodes().append(box.low());
+    some->nodes().append(box.high());
+    if (geometry.normals)
     {
         std::vector<giVector3>& own = some->create_normals();
         for (std::size_t i = 0; i < nodes.size(); ++i)
-            own[i] = (*normals)[static_cast<std::size_t>(nodes[i])];
+            own[i] = geometry.normals[nodes[i]];
     }
     return dgRef<dgTriangleBlock>(new dgTriangleBlock(some.release(), 1));
 }
@@ -224,7 +224,7 @@ const dgGraphicalPrimitive* dgLooks::triangles(const Place& place, const dgGraph
     if (!found || of.type() != dgTYPE_TRIANGLE_BLOCK)
         return nullptr;
     if (!found->block || found->stamp != of.stamp())
-        found->block = block_of(static_cast<const dgTriangleBlock&>(of).block(), found->numbers);
+        found->block = block_of(static_cast<const dgTriangleBlock&>(of), found->numbers);
     found->stamp = of.stamp();
     to = {found->node.get(), ~0u};
     return found->block->triangle_count() ? found->block.get() : nullptr;

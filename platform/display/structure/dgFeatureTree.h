@@ -32,4 +32,4 @@ private:
 
 /// The points of a feature, 1 to 3 of them, as their numbers in the geometry; answers how many. A node of a triangle
 /// that does not exist counts as the first one.
-int dg_feature_points(const dgGeometry& geometry, int feature, int (&points)[3]);
+DG_EXPORT int dg_feature_points(const dgGeometry& geometry, int feature, int (&points)[3]);
