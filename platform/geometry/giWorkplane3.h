@@ -17,6 +17,8 @@ public:
     /// The x axis gives the first direction; the y axis only the side on which the second lies, so that it need
     /// not be at right angles. Both may have any length; they must not be parallel.
     GI_EXPORT giWorkplane3(const giPoint3& origin, const giVector3& x_axis, const giVector3& y_axis);
+    /// On a plane, with the normal and the point of that one and whatever x axis.
+    GI_EXPORT explicit giWorkplane3(const giPlane& plane);
 
     constexpr const giPoint3& origin() const { return m_origin; }
     /// Of length 1 and at right angles to each other.

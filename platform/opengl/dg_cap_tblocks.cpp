@@ -12,11 +12,7 @@
 
 int dg_cap_tblocks(const giTriBlockcoDList& blocks, const giPlane& plane, double tolerance, giTriBlock& cap)
 {
-    // A workplane that faces as the cap does.
-    const giVector3 normal = -plane.normal();
-    const giVector3 other = std::abs(normal.x()) < 0.5 ? giVector3(1, 0, 0) : giVector3(0, 1, 0);
-    const giVector3 x_axis = other.cross(normal);
-    const giWorkplane3 workplane(plane.point(), x_axis, normal.cross(x_axis));
+    const giWorkplane3 workplane(giPlane(plane.point(), -plane.normal())); // faces as the cap does
     giOutline outline(workplane, tolerance);
     for (const giTriBlock* block : blocks)
     {
@@ -62,7 +58,7 @@ int dg_cap_tblocks(const giTriBlockcoDList& blocks, const giPlane& plane, double
                 number = cap.node_count();
                 cap.nodes().append(is_node ? outline.corner(nodes[corner])
                                            : workplane.to_world(filling.points[corner]));
-                normals.push_back(normal);
+                normals.push_back(-plane.normal());
             }
             triangle[k] = number;
         }

@@ -26,14 +26,6 @@ namespace
 constexpr double relative_tolerance = 1e-6; // of the diagonal of what is cut
 constexpr double hatch_pitch = 0.012;       // of the same
 
-giWorkplane3 workplane_of(const giPlane& plane)
-{
-    const giVector3 normal = -plane.normal();
-    const giVector3 other = std::abs(normal.x()) < 0.5 ? giVector3(1, 0, 0) : giVector3(0, 1, 0);
-    const giVector3 x_axis = other.cross(normal);
-    return giWorkplane3(plane.point(), x_axis, normal.cross(x_axis));
-}
-
 // The distance of a point from a plane, for points in the coordinates of one place of a network.
 class Distance
 {
@@ -72,14 +64,14 @@ public:
 
     void cut(const dgTriangleBlock& element, const giXform3& to_world)
     {
-        const giTriBlock& block = element.block();
+        const dgGeometry geometry = element.geometry();
         const Distance distance(the_plane, to_world);
         if (!distance.meets(element.bounding_box(), the_tolerance))
             return;
-        if (block.triangle_count() < dgFeatureTree::least_features)
+        if (geometry.nfeatures < dgFeatureTree::least_features)
         {
-            for (int i = 0; i < block.triangle_count(); ++i)
-                cut(block, i, distance, to_world);
+            for (int i = 0; i < geometry.nfeatures; ++i)
+                cut(geometry, i, distance, to_world);
             return;
         }
         const dgFeatureTree& features = element.feature_tree();
@@ -88,23 +80,23 @@ public:
                              [&](int group, bool)
                              {
                                  for (const unsigned feature : features.features(group))
-                                     cut(block, static_cast<int>(feature), distance, to_world);
+                                     cut(geometry, static_cast<int>(feature), distance, to_world);
                              });
     }
 
 private:
     // Corners in the plane, or so near that those of a neighbour may lie beyond it, count as positive, so that a
     // triangle is cut at two edges or not at all.
-    void cut(const giTriBlock& block, int number, const Distance& distance, const giXform3& to_world)
+    void cut(const dgGeometry& geometry, int number, const Distance& distance, const giXform3& to_world)
     {
-        const giTriangle& triangle = block.triangles()[static_cast<std::size_t>(number)];
+        int corners[3];
+        if (!dg_feature_points(geometry, number, corners))
+            return;
         std::array<giPoint3, 3> p;
         std::array<double, 3> d;
         for (int k = 0; k < 3; ++k)
         {
-            if (triangle[k] < 0 || triangle[k] >= block.node_count())
-                return; // nor is it drawn
-            p[k] = block.nodes()[triangle[k]];
+            p[k] = geometry.points[corners[k]];
             d[k] = distance(p[k]);
         }
         const auto positive = [&](int k) { return d[k % 3] >= -the_tolerance; };
@@ -196,7 +188,8 @@ void grSectionCap::find(const dgView& view, const giPlane& plane)
     if (box.empty() || !(box.diagonal().length() > 0))
         return;
 
-    const giWorkplane3 workplane = workplane_of(plane);
+    // About the model, as numbers are coarse where the plane's point may be, and facing as the cap does.
+    const giWorkplane3 workplane(giPlane(plane.project(box.middle()), -plane.normal()));
     const double tolerance = relative_tolerance * box.diagonal().length();
     giOutline outline(workplane, tolerance);
     Cutter cutter(plane, tolerance, outline);

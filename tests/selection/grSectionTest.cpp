@@ -212,6 +212,7 @@ TEST(grSection, hatches_caps_at_45_degrees_and_nothing_else)
     desk.add(box({10, 10, -10}, {240, 240, 10}));
     desk.add(box({60, 60, -5}, {120, 120, 5}, 12, true));
     desk.section.colours(gsColour(1, 0, 0), gsColour(0, 0, 1));
+    desk.section.plane(giPlane({3e10, 0, 1}, {0, 0, -1})); // given by a point far away
     desk.draw();
     const dgImage picture = desk.picture();
     int lines = 0, up = 0, down = 0, crossing_hole = 0;
