@@ -52,7 +52,7 @@ void grFollowedShare::frame_drawn(double drawn, double load)
     const double rise = middle < next_to_nothing ? rise_from_next_to_nothing : largest_rise;
     const double fitting = (drawn > 0 ? drawn : before) * wanted / middle;
     // What is drawn may be far less than the share, as levels come in steps: up it goes from the share.
-    const double now = middle > too_much ? std::min(before, std::max(fitting, drawn * largest_fall))
+    const double now = middle > too_much ? std::min(before, std::max({fitting, drawn * largest_fall, smallest_share}))
                                          : std::clamp(std::min(fitting, before * rise), before, 1.0);
     if (now == before)
         return;

@@ -1,4 +1,5 @@
 #include "grDrawQuotas.h"
+#include "grFollowedShare.h"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ TEST(gr_set_draw_quotas, hold_the_budget_and_use_it_up_where_a_heavy_category_ha
         double full_time = 0;
         for (const int k : {0, grLINE_CATEGORY, grTRIANGLE_CATEGORY, grPOINT_CATEGORY})
         {
-            categories[static_cast<std::size_t>(k)].count = number(4) ? number(1000000) : 0;
+            categories[static_cast<std::size_t>(k)].count = number(4) ? number(1000000) * 5000ll : 0;
             categories[static_cast<std::size_t>(k)].rate = 1 + number(1000000);
             full_time += categories[static_cast<std::size_t>(k)].count / categories[static_cast<std::size_t>(k)].rate;
         }
@@ -42,6 +43,17 @@ TEST(gr_set_draw_quotas, hold_the_budget_and_use_it_up_where_a_heavy_category_ha
         {
             EXPECT_GE(seconds, uniform_seconds - whole_units) << round;
         }
-        EXPECT_EQ(categories[0].quota, static_cast<int>(categories[0].count * share)) << "no weight of its own";
+        EXPECT_EQ(categories[0].quota, static_cast<long long>(categories[0].count * share)) << "no weight of its own";
     }
+}
+
+TEST(grFollowedShare, comes_back_when_what_made_frames_late_for_long_was_none_of_it)
+{
+    grFollowedShare share;
+    share.start(0.1);
+    for (int i = 0; i < 3000; ++i)
+        share.frame_drawn(0, 10);
+    for (int i = 0; i < 60; ++i)
+        share.frame_drawn(share.share(), 0.1);
+    EXPECT_EQ(share.share(), 1);
 }
