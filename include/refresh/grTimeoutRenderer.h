@@ -76,10 +76,10 @@ public:
     int draws_anything() const;
 
     /// Primitives in the network, of all categories and of one.
-    int total() const { return the_total; }
-    int count(int category) const { return of(category).count; }
+    long long total() const { return the_total; }
+    long long count(int category) const { return of(category).count; }
     /// How many of them a thinned frame draws at most, and what share of them.
-    int quota(int category) const { return of(category).quota; }
+    long long quota(int category) const { return of(category).quota; }
     double ratio(int category) const { return of(category).ratio; }
     /// Primitives per second; 0 when not measured.
     double rate(int category) const { return of(category).rate; }
@@ -101,7 +101,7 @@ private:
     template <class Draw>
     void walk_elements(dgRenderer& renderer, Draw draw);
     int draw_quotas(dgRenderer& renderer);
-    int refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch);
+    long long refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch);
     int idle_draw_elements(dgRenderer& renderer, Stopwatch* stopwatch, dgNetworkPlace& place, int end);
     void forget_idle_place();
     void end_draw_elements(dgRenderer& renderer);
@@ -118,7 +118,7 @@ private:
     grElementCategories the_categories;
     const dgStructure* the_counted_root = nullptr; // of the network that was counted; only compared
     unsigned long long the_counted_stamp = 0;      // of that network then
-    int the_total = 0;
+    long long the_total = 0;
     int the_drawn_elements = 0; // in the last frame that drew until the time was over, and in the one before
     int the_drawn_before = 0;
     int the_idle_position = 0;     // elements drawn, of those in the order of the network

@@ -62,8 +62,8 @@ public:
     /// The share of primitives that frames start with, from 0 to 1, the number of them in the network, and in a slice;
     /// as measured, 0 before and for grFAST_DRAW_ALL.
     double draw_ratio() const { return the_draw_ratio; }
-    int total_prims() const { return the_total_prims; }
-    int slice_prims() const { return the_slice_prims; }
+    long long total_prims() const { return the_total_prims; }
+    long long slice_prims() const { return the_slice_prims; }
 
     /// The share of primitives that the next frame draws where its view shows as much as the last one: from draw_ratio
     /// on it follows what frames take, and how much of the network is in view.
@@ -167,9 +167,9 @@ private:
     int the_calibrated = 0;
     grFastDrawMethod the_draw_method = grFAST_DRAW_ALL;
     double the_draw_ratio = 0;
-    int the_total_prims = 0;
+    long long the_total_prims = 0;
     std::unique_ptr<gsStructureSlicer> the_slicer;
-    int the_slice_prims = 0;
+    long long the_slice_prims = 0;
     double the_measured_part = 1; // of the network that was in view then
     int the_force_full = 0;
     dgRef<dgStructure> the_flat;

@@ -4,9 +4,9 @@
 
 namespace
 {
-int truncated(double value)
+long long truncated(double value)
 {
-    return static_cast<int>(std::clamp(value, -2147483647.0, 2147483647.0));
+    return static_cast<long long>(std::clamp(value, -1e18, 1e18));
 }
 
 struct Heavy
@@ -43,7 +43,7 @@ void weight_quotas(grElementCategories& categories, const grDrawWeights& weights
         if (!heavy.category.count)
             continue;
         sum += heavy.weight;
-        uniform_time += heavy.category.quota / heavy.category.rate;
+        uniform_time += static_cast<double>(heavy.category.quota) / heavy.category.rate;
     }
     if (sum == 0)
         return;
@@ -55,9 +55,10 @@ void weight_quotas(grElementCategories& categories, const grDrawWeights& weights
         hand_over(giver, heavies);
     for (const Heavy& heavy : heavies)
     {
-        const int count = heavy.category.count;
-        heavy.category.quota = static_cast<int>(std::min<long long>(heavy.quota, count));
-        heavy.category.ratio = heavy.category.quota ? static_cast<double>(heavy.category.quota) / count : 0;
+        const long long count = heavy.category.count;
+        heavy.category.quota = std::min(heavy.quota, count);
+        heavy.category.ratio =
+            heavy.category.quota ? static_cast<double>(heavy.category.quota) / static_cast<double>(count) : 0;
     }
 }
 }
@@ -67,7 +68,7 @@ bool gr_set_draw_quotas(grElementCategories& categories, const grDrawWeights& we
     const double share = full_time > 0 ? std::min(1.0, budget / full_time) : 1.0;
     for (grElementCategory& category : categories)
     {
-        category.quota = category.count ? truncated(category.count * share) : 0;
+        category.quota = category.count ? truncated(static_cast<double>(category.count) * share) : 0;
         category.ratio = category.count ? share : 0;
     }
     const bool all = share == 1.0;

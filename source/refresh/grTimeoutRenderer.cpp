@@ -248,9 +248,9 @@ void grTimeoutRenderer::calc_averages(double seconds)
     the_rates_measured = 1;
     the_recalc_ratios = 1;
     const grElementCategory& triangles = of(grTRIANGLE_CATEGORY);
-    const int others = the_total - triangles.count;
+    const auto total = static_cast<double>(the_total), others = static_cast<double>(the_total - triangles.count);
     const double overall =
-        others && triangles.count ? others / std::max(shortest_time, seconds - triangles.time) : the_total / seconds;
+        others != 0 && triangles.count ? others / std::max(shortest_time, seconds - triangles.time) : total / seconds;
     for (grElementCategory& category : the_categories)
         if (category.rate == 0.0)
             category.rate = overall;
@@ -299,7 +299,7 @@ void grTimeoutRenderer::refresh_draw()
     if (visible())
     {
         const Drawing drawing(*the_view, the_shows_see_through);
-        const int drawn = refresh_draw_elements(*renderer, stopwatch);
+        const auto drawn = static_cast<double>(refresh_draw_elements(*renderer, stopwatch));
         if (drawn > 0)
         {
             const double estimate =
@@ -331,9 +331,9 @@ void grTimeoutRenderer::walk_elements(dgRenderer& renderer, Draw draw)
 }
 
 // Answers the number of primitives drawn.
-int grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
+long long grTimeoutRenderer::refresh_draw_elements(dgRenderer& renderer, Stopwatch& stopwatch)
 {
-    int drawn = 0;
+    long long drawn = 0;
     the_idle_place.clear();
     gr_walk_network(*the_view->root(), the_view->looks(), &renderer, the_idle_place,
                     [&](const dgGraphicalElement& element)
@@ -380,10 +380,11 @@ void grTimeoutRenderer::draw_thinned_frame()
             draw_box();
     }
     renderer.finish();
-    const auto add = [](double sum, const grElementCategory& category) { return sum + category.drawn; };
-    const double drawn = std::accumulate(the_categories.begin(), the_categories.end(), 0.0, add);
+    const auto add = [](long long sum, const grElementCategory& category) { return sum + category.drawn; };
+    const long long drawn = std::accumulate(the_categories.begin(), the_categories.end(), 0ll, add);
     if (the_measured_share < 1 && drawn > 0)
-        the_share->frame_drawn(drawn / the_total, apHighResTime::time_diff(start, apHighResTime::time()) / the_budget);
+        the_share->frame_drawn(static_cast<double>(drawn) / static_cast<double>(the_total),
+                               apHighResTime::time_diff(start, apHighResTime::time()) / the_budget);
 }
 
 // Answers the number of elements drawn.
@@ -396,7 +397,8 @@ int grTimeoutRenderer::draw_quotas(dgRenderer& renderer)
                       grElementCategory& of_category = of(info.category);
                       of_category.seen += info.count;
                       if (of_category.drawn + info.count > of_category.quota ||
-                          of_category.ratio < static_cast<double>(of_category.drawn) / of_category.seen)
+                          of_category.ratio <
+                              static_cast<double>(of_category.drawn) / static_cast<double>(of_category.seen))
                           return true;
                       renderer.execute(element);
                       of_category.drawn += info.count;
@@ -492,7 +494,7 @@ void grTimeoutRenderer::end_twiddle_draw()
     }
     for (grElementCategory& category : the_categories)
         if (category.prims > 0 && category.time > 0)
-            category.rate = category.prims / category.time;
+            category.rate = static_cast<double>(category.prims) / category.time;
     the_recalc_ratios = 1;
     the_idle_position = the_infos.count();
 }

@@ -71,7 +71,8 @@ void grViewRefresherTimeout::draw_in_full(Draw draw)
     draw();
     finish();
     const double seconds = apHighResTime::time_diff(start, apHighResTime::time());
-    const auto weight = [](const grTimeoutRenderer& timeout) { return std::max(timeout.total(), 1); };
+    const auto weight = [](const grTimeoutRenderer& timeout)
+    { return static_cast<double>(std::max(timeout.total(), 1ll)); };
     double sum = 0;
     for (const grTimeoutRenderer* timeout : drawing_renderers())
         sum += weight(*timeout);

@@ -279,7 +279,7 @@ void grViewRendererFast::draw_share()
     renderer.simplified_levels(simplified_levels);
     the_picture_simplified = the_share_simplified = skipper.simplified();
     if (the_frame_limited && the_total_prims > 0)
-        the_share->frame_drawn(static_cast<double>(skipper.prims_drawn()) / the_total_prims,
+        the_share->frame_drawn(static_cast<double>(skipper.prims_drawn()) / static_cast<double>(the_total_prims),
                                apHighResTime::time_diff(the_frame_start, apHighResTime::time()) / frame_part());
 }
 
@@ -365,10 +365,11 @@ void grViewRendererFast::calibrate()
     if (!(budget > the_refresh_time))
     {
         the_draw_method = grFAST_DRAW_SHARE;
-        const int drawn = calibration.prims_drawn(1) + calibration.prims_drawn(0);
+        const auto drawn = static_cast<double>(calibration.prims_drawn(1) + calibration.prims_drawn(0));
         the_total_prims = calibration.prims_total(1) + calibration.prims_total(0);
-        the_draw_ratio = the_total_prims < 1 ? 1.0 : std::clamp(static_cast<double>(drawn) / the_total_prims, 0.0, 1.0);
-        the_slice_prims = static_cast<int>(std::lround(the_total_prims * the_draw_ratio));
+        const auto total = static_cast<double>(the_total_prims);
+        the_draw_ratio = the_total_prims < 1 ? 1.0 : std::clamp(drawn / total, 0.0, 1.0);
+        the_slice_prims = std::llround(total * the_draw_ratio);
         look_at_view();
         the_measured_part = the_share->part_in_view();
         the_share->start(the_draw_ratio);
@@ -471,9 +472,11 @@ int grViewRendererFast::draw_a_slice()
     if (first)
     {
         // All of a slice may lie where the view is: what was measured of a view that showed less is too much.
-        const double measured = the_slice_prims * std::min(the_measured_part / the_share->part_in_view(), 1.0);
-        const int prims = static_cast<int>(std::lround(std::max(measured, the_total_prims * the_share->share_of(1))));
-        the_slicer = std::make_unique<gsStructureSlicer>(std::max(prims / static_cast<int>(boxes.size()), 1));
+        const double measured =
+            static_cast<double>(the_slice_prims) * std::min(the_measured_part / the_share->part_in_view(), 1.0);
+        const double followed = static_cast<double>(the_total_prims) * the_share->share_of(1);
+        the_slicer = std::make_unique<gsStructureSlicer>(std::llround(std::max(measured, followed)) /
+                                                         static_cast<long long>(boxes.size()));
     }
     const double start = apHighResTime::time();
     the_slicer->next_slice();

@@ -388,7 +388,10 @@ TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
     EXPECT_LE(drawn, 10240 + 11);
     EXPECT_DOUBLE_EQ(calibration.elapsed_time(), static_cast<double>(drawn) / 1024);
     // An even sample: lines have three quarters of it, though they come last.
-    EXPECT_NEAR(calibration.prims_drawn(0) / static_cast<double>(drawn), 0.75, 0.02);
+    EXPECT_NEAR(static_cast<double>(calibration.prims_drawn(0)) / static_cast<double>(drawn), 0.75, 0.02);
+    calibration.start_network(scene.renderer, nullptr);
+    calibration.passes_by(dgTOPOLOGY_LINES, 2000000000, 2); // a large line called twice
+    EXPECT_EQ(calibration.prims_total(0), 4000000000);
 }
 
 TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)

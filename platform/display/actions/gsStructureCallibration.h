@@ -20,8 +20,8 @@ public:
     double elapsed_time() const { return the_elapsed; }
 
     /// What was drawn and what the network has, of one kind: 0 lines and points, 1 surfaces.
-    int prims_drawn(int kind) const { return static_cast<int>(the_drawn[kind]); }
-    int prims_total(int kind) const { return static_cast<int>(the_total[kind]); }
+    long long prims_drawn(int kind) const { return the_drawn[kind]; }
+    long long prims_total(int kind) const { return the_total[kind]; }
 
     void start_network(dgRenderer& renderer, const dgStructure* structure) override;
     void end_network(dgRenderer& renderer) override;

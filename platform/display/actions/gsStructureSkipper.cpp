@@ -11,11 +11,12 @@ namespace
 // Of so many runs that would be left out a part is drawn: then nothing disappears that is alone or among a few, and
 // where one of hundreds does, the time of a frame is better spent on whole ones. Parts may draw this much more than the
 // share: a fraction of it, or a few primitives.
-constexpr int most_parts = 256, fraction_to_spare = 32, few_to_spare = 16;
+constexpr int most_parts = 256;
+constexpr long long fraction_to_spare = 32, few_to_spare = 16;
 }
 
-gsStructureSkipper::gsStructureSkipper(int total, double ratio)
-    : the_wanted(static_cast<int>(std::lround(std::max(total, 0) * std::clamp(ratio, 0.0, 1.0)))),
+gsStructureSkipper::gsStructureSkipper(long long total, double ratio)
+    : the_wanted(std::llround(static_cast<double>(std::max(total, 0ll)) * std::clamp(ratio, 0.0, 1.0))),
       the_ratio(std::clamp(ratio, 0.0, 1.0))
 {}
 
@@ -26,7 +27,7 @@ void gsStructureSkipper::start_network(dgRenderer&, const dgStructure*)
     the_parts = 0;
     the_drawn = 0;
     the_simplified = 0;
-    the_spare = std::max(the_wanted / fraction_to_spare, few_to_spare);
+    the_spare = static_cast<double>(std::max(the_wanted / fraction_to_spare, few_to_spare));
 }
 
 void gsStructureSkipper::run(dgRenderer& renderer, const dgPrimitiveRun& run)

@@ -14,7 +14,7 @@ class DG_EXPORT gsStructureSkipper : public gsRenderAction
 {
 public:
     /// total is what the network has in all; ratio is the share to draw: 0 draws none, 1 all.
-    gsStructureSkipper(int total, double ratio);
+    gsStructureSkipper(long long total, double ratio);
 
     /// What the last drawing drew, and whether simplified blocks were among it.
     long long prims_drawn() const { return the_drawn; }
@@ -30,7 +30,7 @@ private:
     int take(int features);
     void draw_first(dgRenderer& renderer, const dgPrimitiveRun& run, int count);
 
-    int the_wanted;
+    long long the_wanted;
     double the_ratio;
     double the_carry = 0;              // what rounding has left over from the runs before
     double the_small_carry = 0;        // the same for runs that are drawn whole or not at all

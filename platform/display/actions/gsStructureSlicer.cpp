@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-gsStructureSlicer::gsStructureSlicer(int per_slice) : the_per_slice(std::max(per_slice, 1)) {}
+gsStructureSlicer::gsStructureSlicer(long long per_slice) : the_per_slice(std::max(per_slice, 1ll)) {}
 
 void gsStructureSlicer::next_slice()
 {

@@ -12,11 +12,11 @@ class DG_EXPORT gsStructureSlicer : public gsRenderAction
 {
 public:
     /// Primitives in a slice, at least 1.
-    explicit gsStructureSlicer(int per_slice);
+    explicit gsStructureSlicer(long long per_slice);
 
     /// Changes that from the next slice on.
-    int per_slice() const { return the_per_slice; }
-    void per_slice(int primitives) { the_per_slice = primitives; }
+    long long per_slice() const { return the_per_slice; }
+    void per_slice(long long primitives) { the_per_slice = primitives; }
 
     /// 1 until the last primitive was drawn.
     int another_slice_needed() const { return the_total < 0 || the_end < the_total; }
@@ -41,7 +41,7 @@ private:
         long long met = 0;
     };
 
-    int the_per_slice;
+    long long the_per_slice;
     long long the_begin = 0; // of the slice, in primitives from the start of the network
     long long the_end = 0;
     long long the_total = -1;    // -1 until a drawing has reached the end
