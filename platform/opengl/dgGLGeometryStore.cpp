@@ -75,8 +75,21 @@ public:
     };
     unsigned long long run_stamp = 0;
     unsigned long long generation = 0;
-    dgGLIndexRanges ranges;
+    // Most runs have one range. It lies here, so that a frame of many small runs reads no more memory than this.
+    unsigned origin = 0;
+    int only_count = 0; // 0: there is none, or the ranges are several
+    const void* only_offset = nullptr;
+    std::unique_ptr<dgGLIndexRanges> several;
     std::vector<Heavy> heavy; // blocks that may have levels
+
+    void keep(const dgGLIndexRanges& ranges)
+    {
+        const bool one = ranges.counts.size() == 1;
+        origin = one ? ranges.parts.front().origin : 0;
+        only_count = one ? ranges.counts.front() : 0;
+        only_offset = one ? ranges.offsets.front() : nullptr;
+        several = ranges.counts.size() > 1 ? std::make_unique<dgGLIndexRanges>(ranges) : nullptr;
+    }
 };
 
 struct dgGLGeometryStore::Buffers
@@ -175,7 +188,22 @@ const dgGLGeometryStore::Record& dgGLGeometryStore::store(const dgGraphicalPrimi
 
 const dgGLIndexRanges& dgGLGeometryStore::store(const dgPrimitiveRun& run)
 {
-    return stored(run).ranges;
+    return ranges_of(stored(run));
+}
+
+// Good until the next call.
+const dgGLIndexRanges& dgGLGeometryStore::ranges_of(const RunCache& cache)
+{
+    if (cache.several)
+        return *cache.several;
+    the_ranges.clear();
+    if (cache.only_count)
+    {
+        the_ranges.counts.push_back(cache.only_count);
+        the_ranges.offsets.push_back(cache.only_offset);
+        the_ranges.parts.push_back({cache.origin, 1});
+    }
+    return the_ranges;
 }
 
 dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run)
@@ -193,7 +221,7 @@ dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run
     }
     reserve(run);
     choose_origins(run.primitives.data(), run.primitives.size());
-    cache->ranges.clear();
+    the_ranges.clear();
     cache->heavy.clear();
     {
         std::unique_ptr<Upload> vertices, indices;
@@ -212,8 +240,8 @@ dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run
             }
             if (record.index_count)
             {
-                cache->ranges.origin = record.origin;
-                cache->ranges.add(record.first_index, record.index_count);
+                the_ranges.origin = record.origin;
+                the_ranges.add(record.first_index, record.index_count);
             }
             if (run.topology != dgTOPOLOGY_TRIANGLES)
                 continue;
@@ -223,6 +251,7 @@ dgGLGeometryStore::RunCache& dgGLGeometryStore::stored(const dgPrimitiveRun& run
             triangle += triangles;
         }
     }
+    cache->keep(the_ranges);
     cache->generation = the_generation;
     cache->run_stamp = run.stamp;
     return *cache;
@@ -335,7 +364,7 @@ int dgGLGeometryStore::simplify(const dgPrimitiveRun& run, int triangles, const 
         return 0;
     }
     used += add_sample(done, sampling.features());
-    add_spans(cache.ranges, run.topology, the_exact, ranges);
+    add_spans(ranges_of(cache), run.topology, the_exact, ranges);
     return std::max(used, 1);
 }
 
@@ -372,7 +401,7 @@ bool dgGLGeometryStore::coarsen(const dgPrimitiveRun& run,
         return false;
     }
     add_exact(done, run.sampling().features());
-    add_spans(cache->ranges, run.topology, the_exact, ranges);
+    add_spans(ranges_of(*cache), run.topology, the_exact, ranges);
     return true;
 }
 

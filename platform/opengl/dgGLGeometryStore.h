@@ -50,7 +50,7 @@ public:
     /// The place of a primitive, copied first where it has changed.
     const Record& store(const dgGraphicalPrimitive& primitive);
 
-    /// The ranges of a run, kept with it until one of its primitives changes.
+    /// The ranges of a run, kept with it until one of its primitives changes. Good until the next call.
     const dgGLIndexRanges& store(const dgPrimitiveRun& run);
 
     /// Sets ranges to those of some features of a run, which are copied first where they have changed.
@@ -103,6 +103,7 @@ private:
     struct Buffers;
 
     RunCache& stored(const dgPrimitiveRun& run);
+    const dgGLIndexRanges& ranges_of(const RunCache& cache);
     const RunCache* with_levels(const dgPrimitiveRun& run);
     void add_spans(const dgGLIndexRanges& all, dgTopology topology, const std::vector<dgFeatureSpan>& spans,
                    dgGLIndexRanges& ranges) const;
@@ -118,6 +119,7 @@ private:
     std::vector<Record> the_records; // by geometry number
     std::vector<dgFeatureSpan> the_sample;
     std::vector<dgFeatureSpan> the_exact;
+    dgGLIndexRanges the_ranges; // of the run asked about last
     unsigned long long the_generation;
     unsigned long long the_bytes_uploaded = 0;
 };
