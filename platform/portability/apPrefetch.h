@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #if defined(_MSC_VER)
 #include <intrin.h>
 #endif
@@ -20,7 +21,10 @@ inline void ap_prefetch_line(const void* address)
 
 inline void ap_prefetch(const void* object, std::size_t bytes)
 {
-    constexpr std::size_t line = 64;
-    for (std::size_t i = 0; i < bytes; i += line)
-        ap_prefetch_line(static_cast<const char*>(object) + i);
+    constexpr std::uintptr_t line = 64;
+    const auto* const start = static_cast<const char*>(object);
+    // From the line that the object begins in, which it seldom begins with, to the one that it ends in.
+    const std::size_t before = reinterpret_cast<std::uintptr_t>(object) % line;
+    for (std::size_t i = 0; i < before + bytes; i += line)
+        ap_prefetch_line(start - before + i);
 }

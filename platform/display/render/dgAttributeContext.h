@@ -35,6 +35,13 @@ public:
     /// Puts an attribute in force whatever is set until the level that is open now is closed.
     void force(const dgGraphicalAttribute& attribute);
 
+    /// Puts a transform in force in place of the present one.
+    void place(const giXform3& to_world)
+    {
+        the_transform = to_world;
+        the_transform_changed = true;
+    }
+
     /// The attribute of a type code that was set, or null where the default holds.
     const dgGraphicalAttribute* attribute(int type) const { return the_attributes[type].get(); }
 

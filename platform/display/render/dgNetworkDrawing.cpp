@@ -38,7 +38,7 @@ private:
     Item next_seen();
     Item next_not_passed(gsRenderAction& action);
     Item next_of_all();
-    int go_to(int leaf);
+    Item go_to(int leaf);
 
     Drawing* the_drawing;
     const std::vector<dgCompiledStructure::Step>* the_steps;
@@ -49,6 +49,7 @@ private:
     bool the_passes = false;                    // those that the action does not pass by are met
     int the_leaf = -1;                          // the last of these, -1 before there is one
     int the_stops = 0;                          // those that are on the trail of the tree
+    dgCompiledStructure::Step the_stopped_at{}; // as the trail has it
 
     // Which drawing steps are seen, and which of these wholly, as bits of the drawing's words.
     std::size_t the_first_word = 0, the_word = 0, the_words = 0;
@@ -319,34 +320,42 @@ StepCursor::Item StepCursor::next_not_passed(gsRenderAction& action)
         leaf += passed;
         if (passed == alike)
             continue;
-        const int step = go_to(leaf);
+        const Item step = go_to(leaf);
         the_leaf = leaf;
-        the_next = static_cast<std::size_t>(step) + 1;
-        the_drawing->the_place.back() = step;
-        return &(*the_steps)[static_cast<std::size_t>(step)];
+        return step;
     }
     the_next = the_steps->size(); // what attributes follow hold for nothing
     return nullptr;
 }
 
-// Puts the attributes before a drawing step in force; answers its number among all steps.
-int StepCursor::go_to(int leaf)
+// Moves on to a drawing step, with the attributes before it.
+StepCursor::Item StepCursor::go_to(int leaf)
 {
+    const auto move_to = [this](int step)
+    {
+        the_next = static_cast<std::size_t>(step) + 1;
+        the_drawing->the_place.back() = step;
+    };
     const auto execute = [this](const dgGraphicalElement& attribute) { attribute.draw(&the_drawing->the_renderer); };
     if (the_leaf >= 0 && leaf > the_leaf + 1)
     {
         dgStepTrail& trail = the_tree->trail();
         const dgStepTrail::Stop& stop = trail.stop(*the_tree, the_stops++, the_leaf, leaf);
+        for (int i = stop.first_placement; i < stop.end_placement; ++i)
+            the_drawing->the_renderer.place(trail.placement(i));
         for (int i = stop.first_attribute; i < stop.end_attribute; ++i)
             execute(trail.attribute(i));
-        return stop.step;
+        move_to(stop.number);
+        the_stopped_at = stop.step;
+        return &the_stopped_at;
     }
     const int step = the_tree->step(leaf);
     if (the_leaf < 0)
         put_in_force(step, the_tree.get());
     else
         the_tree->attributes_from_to(the_leaf, leaf, execute);
-    return step;
+    move_to(step);
+    return &(*the_steps)[static_cast<std::size_t>(step)];
 }
 
 StepCursor::Item StepCursor::next_of_all()

@@ -130,6 +130,8 @@ public:
     /// Execute one element between begin and end: an attribute is applied, a primitive drawn.
     void execute(const dgGraphicalElement& element);
     void set_attribute(const dgGraphicalAttribute& attribute) { the_context.set(attribute); }
+    /// As a world transform does.
+    void place(const giXform3& to_world) { the_context.place(to_world); }
     /// Puts an attribute in force whatever is set until the open level is closed.
     void force_attribute(const dgGraphicalAttribute& attribute) { the_context.force(attribute); }
     void draw_primitive(const dgGraphicalPrimitive& primitive);

@@ -137,9 +137,9 @@ const dgGraphicalElement& dgStepTree::element(int step) const
     return *the_form.steps()[static_cast<std::size_t>(step)].element;
 }
 
-const dgPrimitiveRun* dgStepTree::run(int leaf) const
+const dgCompiledStructure::Step& dgStepTree::item(int leaf) const
 {
-    return the_form.steps()[static_cast<std::size_t>(step(leaf))].run;
+    return the_form.steps()[static_cast<std::size_t>(step(leaf))];
 }
 
 // The last of some transforms that takes the place of those before it, else the first.

@@ -2,6 +2,7 @@
 
 #include "dgBounds.h"
 #include "dgBoxTree.h"
+#include "dgCompiledStructure.h"
 #include "dgExport.h"
 #include "dgStepTrail.h"
 #include "giXform3.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <vector>
 
-class dgCompiledStructure;
 class dgGraphicalElement;
 class dgStructure;
 
@@ -46,8 +46,8 @@ public:
     /// to be alike without a look at each of them, 1 or more.
     dgSoleRun sole(int leaf, int& alike) const;
 
-    /// Its run; null where it is none.
-    const dgPrimitiveRun* run(int leaf) const;
+    /// The step itself.
+    const dgCompiledStructure::Step& item(int leaf) const;
 
     /// What walks that leave some of the steps out have met last.
     dgStepTrail& trail() const { return the_trail; }
