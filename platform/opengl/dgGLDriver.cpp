@@ -4,6 +4,7 @@
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
+#include "dgGLPixels.h"
 #include "dgGLPrograms.h"
 #include "dgGLSavedState.h"
 #include "dgGLTessellator.h"
@@ -27,17 +28,6 @@ namespace
 {
 // Up to how many indices drawing may cost less than changing the colour of fragments.
 constexpr int few_indices = 1200;
-
-// A device box as OpenGL takes boxes. Positions are cut off towards zero, as everywhere in device space.
-struct PixelBox
-{
-    explicit PixelBox(const giBox2& box)
-        : x(static_cast<int>(box.low().x())), y(static_cast<int>(box.low().y())),
-          width(std::max(static_cast<int>(box.high().x()) - x + 1, 0)),
-          height(std::max(static_cast<int>(box.high().y()) - y + 1, 0))
-    {}
-    int x, y, width, height;
-};
 
 void set_capability(unsigned capability, int on)
 {
@@ -135,7 +125,7 @@ void dgGLDriver::own_modes()
         return;
     the_device.modes_owner(this);
     the_window.bind_layer(the_overlay);
-    const PixelBox port(the_camera.view_port);
+    const dgGLPixels port = dg_gl_pixels(the_camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
     set_scissor(the_camera.view_port);
     glEnable(GL_SCISSOR_TEST);
@@ -171,7 +161,7 @@ void dgGLDriver::set_scissor(const giBox2& device_box) const
         glScissor(0, 0, 0, 0);
     else
     {
-        const PixelBox box(visible);
+        const dgGLPixels box = dg_gl_pixels(visible);
         glScissor(box.x, box.y, box.width, box.height);
     }
 }
@@ -253,7 +243,7 @@ void dgGLDriver::clear(const giBox2& device_box, const dgBackground& background,
     if (!colour || plain || the_overlay)
         return;
 
-    const PixelBox box(device_box);
+    const dgGLPixels box = dg_gl_pixels(device_box);
     set_scissor(device_box);
     glViewport(0, 0, the_window.width(), the_window.height());
     for (const unsigned capability : {GL_DEPTH_TEST, GL_STENCIL_TEST, GL_COLOR_LOGIC_OP})
@@ -273,7 +263,7 @@ void dgGLDriver::set_camera(const dgCameraState& camera)
     the_state_stamp = next_stamp(); // cue colour and viewport
     if (the_device.modes_owner() != this)
         return; // it is set with the rest before the next drawing
-    const PixelBox port(camera.view_port);
+    const dgGLPixels port = dg_gl_pixels(camera.view_port);
     glViewport(port.x, port.y, port.width, port.height);
     set_scissor(camera.view_port);
     set_capability(GL_DEPTH_TEST, camera.depth_test);
@@ -367,7 +357,7 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
         glUniform3fv(program->front_colour, 1, front);
         glUniform3fv(program->back_colour, 1, triangles ? the_state.back_colour : front);
         glUniform3fv(program->cue_colour, 1, the_camera.cue_colour);
-        const PixelBox port(the_camera.view_port);
+        const dgGLPixels port = dg_gl_pixels(the_camera.view_port);
         glUniform4f(program->view_port, static_cast<float>(port.x), static_cast<float>(port.y), 0.5f * port.width,
                     0.5f * port.height);
         glUniform1f(program->line_width, the_state.line_width);
@@ -453,7 +443,7 @@ double dgGLDriver::pixels_per_unit(const giBox3& box) const
     }
     if (!(least_w > 0))
         return std::numeric_limits<double>::infinity();
-    const PixelBox port(the_camera.view_port);
+    const dgGLPixels port = dg_gl_pixels(the_camera.view_port);
     return std::hypot(0.5 * port.width * (gradient(0) + gradient(3)), 0.5 * port.height * (gradient(1) + gradient(3))) /
            least_w;
 }
@@ -669,7 +659,7 @@ void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
 void dgGLDriver::read_pixels(const giBox2& device_box, dgImage& image)
 {
     flush();
-    const PixelBox box(device_box);
+    const dgGLPixels box = dg_gl_pixels(device_box);
     image.width = box.width;
     image.height = box.height;
     image.rgba.assign(std::size_t(4) * static_cast<std::size_t>(box.width) * static_cast<std::size_t>(box.height), 0);
@@ -765,8 +755,8 @@ void dgGLDriver::gl_stencil_op(unsigned stencil_fails, unsigned depth_fails, uns
 void dgGLDriver::erase_area(const giBox2& device_box, const gsColour& colour, dgEraseFramebuffer framebuffer,
                             dgEraseZbuffer zbuffer)
 {
-    begin();
     flush();
+    begin();
     unsigned planes = (framebuffer ? GL_COLOR_BUFFER_BIT : 0) | (zbuffer ? GL_DEPTH_BUFFER_BIT : 0);
     if (!planes)
         planes = GL_STENCIL_BUFFER_BIT;

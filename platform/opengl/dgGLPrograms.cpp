@@ -1,5 +1,7 @@
 #include "dgGLPrograms.h"
 
+#include "dgGLPixels.h"
+
 #include <epoxy/gl.h>
 
 #include <cstddef>

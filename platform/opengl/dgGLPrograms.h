@@ -3,6 +3,8 @@
 #include <array>
 #include <string>
 
+struct dgGLPixels;
+
 /// How a program shades.
 enum dgGLShading
 {
@@ -54,12 +56,6 @@ struct dgGLProgram
     unsigned long long transform_stamp = 0;
     unsigned long long state_stamp = 0;
     int topology = -1;
-};
-
-/// A box of pixels, as OpenGL takes boxes.
-struct dgGLPixels
-{
-    int x, y, width, height;
 };
 
 /// The shader programs of a device. A context must be current in every call that does not say otherwise.

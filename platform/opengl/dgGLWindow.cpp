@@ -3,6 +3,7 @@
 #include "dgGLContext.h"
 #include "dgGLDevice.h"
 #include "dgGLDriver.h"
+#include "dgGLPixels.h"
 #include "dgGLPrograms.h"
 #include "dgGLSums.h"
 #include "dgImage.h"
@@ -73,10 +74,13 @@ void discard_errors()
 struct Corners
 {
     Corners(const giBox2& box, int width, int height)
-        : low_x(std::max(static_cast<int>(box.low().x()), 0)), low_y(std::max(static_cast<int>(box.low().y()), 0)),
-          end_x(std::min(static_cast<int>(box.high().x()) + 1, width)),
-          end_y(std::min(static_cast<int>(box.high().y()) + 1, height))
-    {}
+    {
+        const dgGLPixels all = dg_gl_pixels(box);
+        low_x = std::max(all.x, 0);
+        low_y = std::max(all.y, 0);
+        end_x = std::min(all.x + all.width, width);
+        end_y = std::min(all.y + all.height, height);
+    }
     bool empty() const { return end_x <= low_x || end_y <= low_y; }
 
     // Copies them between the framebuffers that are bound.

@@ -421,4 +421,6 @@ TEST(dgGLDrawing, stencil_inverts_a_pixel_once_per_item)
 
     driver.erase_area(giBox2(30, 0, 40, 20), gsColour(1, 0, 0), dgERASE_FRAMEBUFFER_YES, dgERASE_ZBUFFER_NO);
     EXPECT_EQ(count_pixels(scene.picture(), red), 11 * 21);
+    driver.erase_area(giBox2(-1e12, 0, 1e12, 20), gsColour(1, 0, 0), dgERASE_FRAMEBUFFER_YES, dgERASE_ZBUFFER_NO);
+    EXPECT_EQ(count_pixels(scene.picture(), red), 64 * 21);
 }
