@@ -1,6 +1,10 @@
 #pragma once
 
-class dgRenderer;
+#include <vector>
 
-/// Draws all that a renderer shows. All its views change places together.
-void gr_redraw(dgRenderer& renderer);
+class dgRenderer;
+class dgView;
+
+/// Draws all that some renderers show, each once: all views of one change places together. Those of which none of the
+/// given views is left are passed over, as null is: overlays may delete views, which then must leave this list.
+void gr_redraw(const std::vector<dgRenderer*>& renderers, const std::vector<dgView*>& views);

@@ -141,11 +141,6 @@ void grSection::redraw()
 {
     std::vector<dgRenderer*> renderers;
     for (const dgView* view : the_views)
-        if (view->renderer() && std::find(renderers.begin(), renderers.end(), view->renderer()) == renderers.end())
-            renderers.push_back(view->renderer());
-    // Overlays may delete views.
-    for (dgRenderer* renderer : renderers)
-        if (std::any_of(the_views.begin(), the_views.end(),
-                        [&](const dgView* view) { return view->renderer() == renderer; }))
-            gr_redraw(*renderer);
+        renderers.push_back(view->renderer());
+    gr_redraw(renderers, the_views);
 }

@@ -320,15 +320,8 @@ void grSelection::draw()
     std::vector<dgRenderer*> renderers;
     const std::vector<dgView*> views = the_views;
     for (dgView* view : views)
-    {
-        if (std::find(the_views.begin(), the_views.end(), view) == the_views.end() || !view->renderer())
-            continue;
-        if ((all || !redraw_parts(*view, parts)) &&
-            std::find(renderers.begin(), renderers.end(), view->renderer()) == renderers.end())
+        if (std::find(the_views.begin(), the_views.end(), view) != the_views.end() && view->renderer() &&
+            (all || !redraw_parts(*view, parts)))
             renderers.push_back(view->renderer());
-    }
-    for (dgRenderer* renderer : renderers)
-        if (std::any_of(the_views.begin(), the_views.end(),
-                        [&](const dgView* view) { return view->renderer() == renderer; }))
-            gr_redraw(*renderer);
+    gr_redraw(renderers, the_views);
 }
