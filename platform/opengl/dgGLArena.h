@@ -1,5 +1,7 @@
 #pragma once
 
+#include "dg_openglExport.h"
+
 #include <cstddef>
 #include <map>
 #include <set>
@@ -7,7 +9,7 @@
 
 /// An OpenGL buffer that grows, and which ranges of it are in use. Units are items of one size. A context must be
 /// current where the buffer is touched, which allocating does only when it grows.
-class dgGLArena
+class DG_OPENGL_EXPORT dgGLArena
 {
 public:
     explicit dgGLArena(std::size_t item_bytes);

@@ -1,5 +1,7 @@
 #include "renderScene.h"
 
+#include "dgGLArena.h"
+#include "dgGLDevice.h"
 #include "dgGLGeometryStore.h"
 #include "dgPointSet.h"
 #include "dgPolyline.h"
@@ -12,6 +14,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace
@@ -160,6 +163,23 @@ dgImage picture_at(const giPoint3& place, int far_neighbours, int through_transf
 }
 
 // The offsets are powers of two, so that the part itself is exactly the same.
+TEST(dgGLArena, joins_what_is_given_back_in_any_order)
+{
+    const dgGLDevice::Use use(*test_device());
+    int order[] = {0, 1, 2};
+    do
+    {
+        dgGLArena arena(4);
+        unsigned places[3];
+        for (unsigned& place : places)
+            place = arena.allocate(100);
+        arena.allocate(1); // parts them from all that is free behind
+        for (const int i : order)
+            arena.release(places[i], 100);
+        EXPECT_EQ(arena.allocate(300), places[0]);
+    } while (std::next_permutation(order, order + 3));
+}
+
 TEST(dgGLGeometryStore, a_part_far_from_the_origin_looks_exactly_like_one_there)
 {
     for (const double away : {0x1p20, 0x1p30, 0x1p36})

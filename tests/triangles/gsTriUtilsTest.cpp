@@ -54,6 +54,7 @@ TEST(gsTriUtils, unused_nodes_are_removed_in_order)
 TEST(gsTriUtils, segment_meets_a_plane)
 {
     const giPlane plane(giPoint3(0, 0, 1), giVector3(0, 0, 1));
+    constexpr double tolerance = 1.0 / (1 << 17);
     const struct
     {
         const char* name;
@@ -65,6 +66,8 @@ TEST(gsTriUtils, segment_meets_a_plane)
         {"from the plane", {0, 0, 1}, {0, 0, 2}, 1, 0},
         {"too short", {0, 0, 0}, {0, 0, 0.9}, 0, 0},
         {"short by less than the tolerance", {0, 0, 0}, {0, 0, 1 - 1e-6}, 1, 1 / (1 - 1e-6)},
+        {"begun by the tolerance behind it", {0, 0, 1 + tolerance}, {0, 0, 2 + tolerance}, 1, -tolerance},
+        {"ended by the tolerance before it", {0, 0, -tolerance}, {0, 0, 1 - tolerance}, 1, 1 + tolerance},
         {"parallel", {0, 0, 0}, {5, 0, 0}, 0, 0},
         {"parallel within the angle", {0, 0, 1 - 1e-4}, {1e4, 0, 1 + 1e-4}, 0, 0},
         {"no length", {0, 0, 1}, {0, 0, 1}, 0, 0},
@@ -75,7 +78,7 @@ TEST(gsTriUtils, segment_meets_a_plane)
         int status = -1;
         double t = 0;
         giPoint3 point;
-        gsTriUtils::intersect(c.p, c.q, plane, 1e-5, giAngleDegrees(1e-5), status, t, point);
+        gsTriUtils::intersect(c.p, c.q, plane, tolerance, giAngleDegrees(1e-5), status, t, point);
         EXPECT_EQ(status, c.status) << c.name;
         EXPECT_DOUBLE_EQ(t, c.t) << c.name;
         EXPECT_NEAR(point.z(), c.status, 1e-12) << c.name;

@@ -2,6 +2,7 @@
 
 #include "grViewPaperChild.h"
 #include "grViewPaperParent.h"
+#include "gsHeap.h"
 #include "tsScene.h"
 
 #include <gtest/gtest.h>
@@ -179,4 +180,7 @@ TEST(grView, casts_by_class)
     EXPECT_EQ(grViewPaperParent::ut_dynamic_cast(&child), nullptr);
     EXPECT_EQ(grViewPaper::ut_dynamic_cast(static_cast<grView*>(&child)), &child);
     EXPECT_EQ(child.ut_is_kind_of(dgBase::ut_static_type()) + child.ut_is_kind_of(coReceiver::ut_static_type()), 2);
+    const int living = gsHeap::object_count();
+    std::make_unique<grView>(scene.add_view()).reset();
+    EXPECT_EQ(gsHeap::object_count(), living + 1) << "the display view";
 }

@@ -18,7 +18,7 @@ void gsStructureSlicer::next_slice()
 
 void gsStructureSlicer::start_network(dgRenderer&, const dgStructure* structure)
 {
-    const unsigned long long stamp = structure ? structure->network_stamp() : 0;
+    const unsigned long long stamp = structure->network_stamp();
     if (std::exchange(the_network_stamp, stamp) != stamp)
         the_start = Place();
     the_stop = Place();
