@@ -301,15 +301,20 @@ void vwScene::drawn(dgView& view, void* scene)
     static_cast<vwScene*>(scene)->draw_over(view);
 }
 
-void vwScene::draw_over(dgView& drawn)
+void vwScene::draw_edges(dgView& drawn)
 {
-    ++the_frames_drawn;
     // The end of the tools may draw.
     const grTwiddleTool* tool = the_twiddling ? the_twiddling->twiddle_man()->current_tool() : nullptr;
     const bool moving = tool && tool->state() == grTWID_TWIDDLING;
     if (the_edges && the_shows_edges && drawn.root() == the_hooks->identify_structure() &&
         !(moving && the_edges->n_lines() > most_moving_lines))
         the_edges->draw(drawn, the_placing);
+}
+
+void vwScene::draw_over(dgView& drawn)
+{
+    ++the_frames_drawn;
+    draw_edges(drawn);
     if (&drawn != &view(0))
         return;
     if (the_overlay)

@@ -77,6 +77,8 @@ public:
     const vwFrameTimes& frame_times() const { return the_frame_times; }
     int n_views() const { return the_canvas.n_views(); }
     dgView& view(int i) const { return the_canvas.view(i); }
+    /// Draws the edges of the model in a view that shows it, where they are asked for, as is done behind each picture.
+    void draw_edges(dgView& drawn);
     dgRenderer& renderer() { return *the_canvas.renderer(); }
     /// 1 while a tool exists, active or spinning on.
     int has_tool() const;

@@ -46,6 +46,7 @@ void draw_tiles(vwScene& scene, dgGLWindow& window, const std::vector<dgCamera>&
                     continue;
                 view.erase(dgERASE_ZBUFFER_YES);
                 view.render_network(nullptr);
+                scene.draw_edges(view);
             }
             dgImage tile;
             renderer.read_pixels(giBox2(0, 0, width - 1, height - 1), tile);

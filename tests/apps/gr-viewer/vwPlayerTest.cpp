@@ -223,12 +223,15 @@ TEST(vwTiles, parts_join_to_the_picture_and_alpha_is_where_the_model_is)
         settings.views = 2;
         settings.perspective = 1;
         settings.background = vwBACKGROUND_WHITE;
+        settings.edges = 1;
+        const std::vector<vwPart> parts{{"edges of this", {dgRef<dgGraphicalElement>(model->element(0))}}};
         vwScene scene(&window, &window, area, db, *model, settings);
+        scene.parts(parts, giXform3());
         vw_draw_picture(scene, window, width, height, 0, pictures[tiled]);
         vw_draw_picture(scene, window, width, height, 1, transparent);
     }
     // Positions are rounded in single precision, about another middle in each tile.
-    int different = 0, covered = 0;
+    int different = 0, covered = 0, edges = 0;
     for (std::size_t i = 0; i < pictures[0].rgba.size(); i += 4)
     {
         int largest = 0;
@@ -236,6 +239,7 @@ TEST(vwTiles, parts_join_to_the_picture_and_alpha_is_where_the_model_is)
             largest = std::max(largest, std::abs(pictures[0].rgba[channel] - pictures[1].rgba[channel]));
         different += largest > 8;
         covered += transparent.rgba[i + 3] == 255;
+        edges += pictures[1].rgba[i] < 20;
         const bool background =
             pictures[1].rgba[i] == 255 && pictures[1].rgba[i + 1] == 255 && pictures[1].rgba[i + 2] == 255;
         EXPECT_TRUE(transparent.rgba[i + 3] == (background ? 0 : 255) || i / 4 % 97 > 46)
@@ -243,4 +247,5 @@ TEST(vwTiles, parts_join_to_the_picture_and_alpha_is_where_the_model_is)
     }
     EXPECT_LE(different, 30);
     EXPECT_GT(covered, 500);
+    EXPECT_GT(edges, 50);
 }
