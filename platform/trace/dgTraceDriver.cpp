@@ -177,6 +177,7 @@ void dgTraceDriver::read_pixels(const giBox2& device_box, dgImage& image)
 void dgTraceDriver::finish()
 {
     record(Line("finish"));
+    the_window.count_wait();
 }
 
 void dgTraceDriver::show_back_buffer(const giBox2& device_box)

@@ -3,6 +3,8 @@
 #include "apClockOverride.h"
 #include "dgTraceDriver.h"
 
+#include <utility>
+
 dgTraceWindow::dgTraceWindow(int width, int height) : the_width(width), the_height(height)
 {
     capability(dgCAPABILITY_DOUBLE_BUFFERING, 1);
@@ -31,6 +33,13 @@ void dgTraceWindow::count_drawn(int features)
     if (the_cost_noise != 0)
         cost *= 1 + std::uniform_real_distribution<double>(-the_cost_noise, the_cost_noise)(the_random);
     clock->advance(cost);
+}
+
+void dgTraceWindow::count_wait()
+{
+    const double cost = std::exchange(the_waiting_cost, 0);
+    if (apClockOverride* clock = apClockOverride::current())
+        clock->advance(cost);
 }
 
 void dgTraceWindow::present()

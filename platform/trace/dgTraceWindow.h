@@ -54,12 +54,19 @@ public:
     /// By what share of it, up or down, the cost of each call strays; 0 by default. The same every time.
     void cost_noise(double share) { the_cost_noise = share; }
 
+    /// Seconds by which the next wait for the drivers to finish moves the hand-driven clock on, for what they have been
+    /// told before.
+    void cost_of_waiting(double seconds) { the_waiting_cost = seconds; }
+
     /// Features drawn since the last reset.
     long long features_drawn() const { return the_features; }
     void reset_features_drawn() { the_features = 0; }
 
     /// For the drivers: counts features and moves the hand-driven clock on by what they cost.
     void count_drawn(int features);
+
+    /// For the drivers: moves the hand-driven clock on by what a wait costs.
+    void count_wait();
 
 private:
     int the_width;
@@ -70,6 +77,7 @@ private:
     dgDriverKind the_type = dgDRIVER_TRACE;
     double the_cost = 0;
     double the_cost_noise = 0;
+    double the_waiting_cost = 0;
     std::minstd_rand the_random;
     long long the_features = 0;
 };

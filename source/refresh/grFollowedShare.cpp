@@ -10,8 +10,8 @@ constexpr double too_little = 0.8, wanted = 0.9, too_much = 1.01, far_too_much =
 // By how much one step may change the share.
 constexpr double largest_fall = 0.5, largest_rise = 1.5, rise_from_next_to_nothing = 4;
 
-// In times that a frame may take: such a frame has drawn next to nothing.
-constexpr double next_to_nothing = 0.2;
+// In times that a frame may take: such a frame has drawn next to nothing, and may have taken most of it for erasing.
+constexpr double next_to_nothing = 0.4;
 
 // Nothing can be learnt from a share of which nothing is seen.
 constexpr double smallest_share = 1e-4;

@@ -406,6 +406,22 @@ TEST(gsStructureCallibration, finishes_drawing_before_it_reads_the_clock)
     EXPECT_EQ(log[log.size() - 2], "finish");
 }
 
+TEST(gsStructureCallibration, draws_in_what_is_left_of_a_frame_that_waits_for_other_work)
+{
+    Scene scene;
+    scene.add(ts_block(100000));
+    scene.window.cost_per_feature(1 / 1024.0);
+    for (const double wait : {0.0, 4.0, 40.0})
+    {
+        apClockOverride clock;
+        gsStructureCallibration calibration(10);
+        scene.window.cost_of_waiting(wait);
+        scene.window.clear_log();
+        EXPECT_NEAR(static_cast<double>(scene.draw(calibration)), 1024 * (10 - std::min(wait, 5.0)), 11) << wait;
+        EXPECT_LE(std::count(scene.window.log().begin(), scene.window.log().end(), "finish"), 10) << wait;
+    }
+}
+
 TEST(gsStructureFlattener, writes_primitives_of_different_structures_into_one_run)
 {
     Scene scene;

@@ -20,13 +20,16 @@ constexpr double largest_growth = 8;
 constexpr double piece_of_time_left = 0.75;
 constexpr double last_piece = 0.05;
 constexpr double smallest_piece = 1 / 1000.0;
+// A frame waits for what was ordered before it, as erasing, which does not grow with what is drawn. Where other work
+// has held that up, so much of the frame counts for it.
+constexpr double most_waited = 0.5;
 constexpr long long first_piece = 1;
 constexpr int piece_growth = 64;
 }
 
 gsStructureCallibration::gsStructureCallibration(double frame_time) : the_frame_time(frame_time) {}
 
-void gsStructureCallibration::start_network(dgRenderer&, const dgStructure*)
+void gsStructureCallibration::start_network(dgRenderer& renderer, const dgStructure*)
 {
     const int limited = the_frame_time > 0;
     the_elapsed = 0;
@@ -40,7 +43,14 @@ void gsStructureCallibration::start_network(dgRenderer&, const dgStructure*)
     the_piece = limited ? first_piece : std::numeric_limits<long long>::max();
     the_unread = 0;
     the_small_runs = 0;
+    the_waited = 0;
     the_start = apHighResTime::time();
+    if (!limited)
+        return;
+    renderer.finish();
+    const double now = apHighResTime::time();
+    the_waited = std::min(apHighResTime::time_diff(the_start, now), most_waited * the_frame_time);
+    the_start = now - the_waited;
 }
 
 void gsStructureCallibration::run(dgRenderer& renderer, const dgPrimitiveRun& run)
@@ -125,12 +135,14 @@ void gsStructureCallibration::read_clock(dgRenderer& renderer)
         return;
     the_out_of_time = the_elapsed >= the_frame_time;
     long long piece = piece_growth * the_piece;
-    if (the_elapsed > 0)
+    if (the_elapsed > the_waited)
     {
-        the_in_frame_time = static_cast<double>(drawn()) * the_frame_time / the_elapsed;
-        const double time_left = 1 - the_elapsed / the_frame_time;
-        const double share = time_left < last_piece ? time_left : time_left * piece_of_time_left;
-        piece = std::min(piece, static_cast<long long>(the_in_frame_time * std::max(share, smallest_piece)));
+        const double fitting =
+            static_cast<double>(drawn()) * (the_frame_time - the_elapsed) / (the_elapsed - the_waited);
+        the_in_frame_time = static_cast<double>(drawn()) + fitting;
+        const double next =
+            the_frame_time - the_elapsed < last_piece * the_frame_time ? fitting : fitting * piece_of_time_left;
+        piece = std::min(piece, static_cast<long long>(std::max(next, the_in_frame_time * smallest_piece)));
     }
     the_piece = std::max(piece, 1ll);
 }

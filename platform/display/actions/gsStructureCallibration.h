@@ -6,7 +6,7 @@
 #include <vector>
 
 /// Draws as much of a network as the time of one frame allows, and counts. Primitives are counted as triangles, line
-/// segments and points.
+/// segments and points. What drawing waits for first, as erasing, belongs to the frame, up to a half of its time.
 ///
 /// What is drawn is a sample spread evenly over the network, as gsStructureSkipper draws it, that grows until the time
 /// has passed, in the middle of a primitive if need be. Each reading of the clock comes after the drawing is finished.
@@ -40,6 +40,7 @@ private:
     double the_frame_time;
     double the_start = 0;
     double the_elapsed = 0;       // when the clock was last read
+    double the_waited = 0;        // of that, before the first primitive
     double the_in_frame_time = 0; // primitives that fit the time as far as is known; 0: nothing is
     long long the_drawn[2] = {};
     long long the_total[2] = {};
