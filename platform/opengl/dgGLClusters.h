@@ -9,7 +9,7 @@
 class dgGraphicalPrimitive;
 
 /// Where the chunks lie in which the geometry store keeps the triangles of large blocks. Made for a block when it is
-/// first partly in view after a change; takes a quarter of a byte a triangle.
+/// first partly in view after a change, or turned; takes a quarter of a byte a triangle.
 class DG_OPENGL_EXPORT dgGLClusters : public dgGeometryListener
 {
 public:

@@ -55,10 +55,17 @@ void gsStructureFlattener::end_network(dgRenderer& renderer)
 {
     if (the_writing && !the_given_up)
     {
-        // What is made at the first drawing is made now, so that the frame that measures does not pay for it.
+        // What is made at the first drawing, or at the first that shows a part of a block, is made now, so that the
+        // frame that measures does not pay for it, and none comes late because of it.
         for (const dgCompiledStructure::Step& step : the_target->compiled().steps())
-            if (step.run)
-                step.run->sampling();
+        {
+            if (!step.run)
+                continue;
+            step.run->sampling();
+            for (const dgGraphicalPrimitive* primitive : step.run->primitives)
+                if (renderer.culling())
+                    renderer.driver()->clusters(*primitive);
+        }
         gsFullQuality::make_ready(*the_target, renderer);
     }
     the_written |= the_writing;
