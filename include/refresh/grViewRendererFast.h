@@ -97,7 +97,7 @@ public:
     static double view_bbox_offset();
     static void view_bbox_offset(double distance);
 
-    /// Function called with a view's bounding box before a final frame; null by default.
+    /// Function called with a view's bounding box before a final frame; null by default. It must leave view and root.
     using ClipPlanesResetCB = void (*)(dgView*, const giBox3&);
     static ClipPlanesResetCB clip_planes_resetCB();
     static void set_clip_planes_resetCB(ClipPlanesResetCB callback);

@@ -379,7 +379,11 @@ TEST(gsStructureCallibration, counts_both_kinds_and_stops_inside_a_primitive)
     scene.add(ts_line(300000));
     scene.window.cost_per_feature(1 / 1024.0); // 1024 primitives a second
     gsStructureCallibration calibration(10);
+    scene.window.clear_log();
     const long long drawn = scene.draw(calibration);
+    const Lines& log = scene.window.log();
+    // Behind the first one, one more as the sample grows, some of three quarters of the time left, and the last.
+    EXPECT_LE(std::count(log.begin(), log.end(), "finish"), 8);
     EXPECT_EQ(calibration.prims_total(1), 100000);
     EXPECT_EQ(calibration.prims_total(0), 300000);
     EXPECT_EQ(calibration.prims_drawn(0) + calibration.prims_drawn(1), drawn);

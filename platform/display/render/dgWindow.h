@@ -18,7 +18,7 @@ public:
     virtual void begin() = 0;
     virtual void end() = 0;
 
-    /// Size in pixels.
+    /// Size in pixels, each at least 1.
     virtual int width() const = 0;
     virtual int height() const = 0;
 
