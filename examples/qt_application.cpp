@@ -121,6 +121,8 @@ int main(int argc, char** argv)
         bar->addAction(text,
                        [&first, operation]
                        {
+                           if (!first.canvas)
+                               return; // there is no OpenGL for it
                            operation(first.canvas->view(0));
                            first.canvas->redraw();
                            first.widget.wake();
