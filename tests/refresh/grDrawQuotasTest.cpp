@@ -57,3 +57,30 @@ TEST(grFollowedShare, comes_back_when_what_made_frames_late_for_long_was_none_of
         share.frame_drawn(share.share(), 0.1);
     EXPECT_EQ(share.share(), 1);
 }
+
+// What frames took since a start at 0.5, and the share that follows.
+TEST(grFollowedShare, follows_frames_that_grow_and_a_late_start_but_no_single_frame)
+{
+    const struct
+    {
+        const char* name;
+        std::vector<double> loads;
+        double share;
+    } rows[] = {
+        {"one late frame", {0.95, 0.95, 5, 0.95, 0.95}, 0.5},
+        {"one late frame in a growth", {0.9, 0.95, 5}, 0.5},
+        {"growth that leads beyond the time", {0.9, 1, 1.2}, 0.5 * 0.9 / 1.1},
+        {"growth within the time", {0.85, 0.9, 0.95}, 0.5},
+        {"two of three late", {0.95, 1.2, 1.1}, 0.5 * 0.9 / 1.1},
+        {"late from the start", {1.2, 1.2}, 0.5 * 0.9 / 1.2 * 0.9 / 1.2},
+        {"far too late at the start", {3}, 0.25},
+    };
+    for (const auto& row : rows)
+    {
+        grFollowedShare share;
+        share.start(0.5);
+        for (const double load : row.loads)
+            share.frame_drawn(share.share(), load);
+        EXPECT_NEAR(share.share(), row.share, 1e-12) << row.name;
+    }
+}
