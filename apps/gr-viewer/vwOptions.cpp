@@ -9,6 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cstdint>
 #include <map>
 
 namespace
@@ -182,8 +183,10 @@ vwOptionsStatus vw_read_options(int argc, const char* const* argv, vwOptions& op
         ->excludes(multi)
         ->excludes("--views")
         ->excludes("--independent");
-    app.add_flag("--smooth-edges,!--no-smooth-edges", read.smooth_edges,
-                 "Smooth the edges of views at rest, whatever the resources say, and of a picture too");
+    // By a function: a flag that counts is set to 0 where it is not given, and to -1 by its negation.
+    app.add_flag_function(
+        "--smooth-edges,!--no-smooth-edges", [&read](std::int64_t count) { read.smooth_edges = count > 0; },
+        "Smooth the edges of views at rest, whatever the resources say, and of a picture too");
     app.add_option("--framerate", read.scene.framerate, "Frames per second to hold while a view moves")
         ->check(number_in(0.1, 1000))
         ->type_name("F");

@@ -7,6 +7,7 @@
 
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -39,6 +40,12 @@ TEST(vwOptions, reads_what_is_given)
     EXPECT_EQ(options.scene.stats, 1);
     EXPECT_EQ(options.scene.refresher, vwREFRESHER_FAST);
     EXPECT_TRUE(options.bench.empty());
+    for (const auto& [line, smooth] :
+         {std::pair("a.tarn", -1), {"--smooth-edges a.tarn", 1}, {"--no-smooth-edges a.tarn", 0}})
+    {
+        EXPECT_EQ(read(line, options, text), vwOPTIONS_RUN) << line << ": " << text;
+        EXPECT_EQ(options.smooth_edges, smooth) << line;
+    }
     ASSERT_EQ(read("--refresher timeout --bench fast,pick --bench zoom --seconds 0.5 a.tarn", options, text),
               vwOPTIONS_RUN)
         << text;
