@@ -84,7 +84,9 @@ void dgGLArena::grow(unsigned count)
     unsigned buffer = 0;
     glGenBuffers(1, &buffer);
     glBindBuffer(GL_COPY_WRITE_BUFFER, buffer);
-    glBufferData(GL_COPY_WRITE_BUFFER, static_cast<GLsizeiptr>(capacity * the_item_bytes), nullptr, GL_STATIC_DRAW);
+    // One item more, since what belongs to a vertex may be read from the item behind it.
+    glBufferData(GL_COPY_WRITE_BUFFER, static_cast<GLsizeiptr>((capacity + 1) * the_item_bytes), nullptr,
+                 GL_STATIC_DRAW);
     if (the_capacity)
     {
         glBindBuffer(GL_COPY_READ_BUFFER, the_buffer);

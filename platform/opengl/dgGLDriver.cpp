@@ -307,7 +307,7 @@ bool dgGLDriver::colours_change(const float* colour)
 }
 
 // Puts the program, its values and the modes in force that draw under the current state, few features or more.
-void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few)
+void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few, int curved)
 {
     need_layer();
     own_modes();
@@ -325,6 +325,7 @@ void dgGLDriver::prepare(dgTopology topology, int has_normals, const giPoint3& o
     // What inverts has no shades: every pixel that it covers is treated alike.
     if (triangles && the_state.lighting && !the_inverting)
         kind.shading = has_normals ? dgGL_SHADE_SMOOTH : the_state.interior_style ? dgGL_SHADE_FLAT : dgGL_SHADE_PLAIN;
+    kind.curved = curved && kind.shading == dgGL_SHADE_SMOOTH;
     kind.depth_cueing = the_camera.depth_cueing && !the_inverting;
     kind.line_style = lines && the_state.line_style;
     kind.wide_lines = lines && the_state.line_width > the_device.line_width_limit();
@@ -613,7 +614,7 @@ void dgGLDriver::draw_once(dgTopology topology, int has_normals, const dgGLIndex
     std::size_t first = 0;
     for (const dgGLIndexRanges::Part& part : ranges.parts)
     {
-        prepare(topology, has_normals, store.origin(part.origin), indices < few_indices);
+        prepare(topology, has_normals, store.origin(part.origin), indices < few_indices, part.curved);
         store.bind();
         if (part.end - first == 1)
             glDrawElements(mode, ranges.counts[first], GL_UNSIGNED_INT, ranges.offsets[first]);
@@ -651,7 +652,7 @@ void dgGLDriver::draw_segments(const giPoint3* points, int npoints)
         for (int axis = 0; axis < 3; ++axis)
             xyz.push_back(static_cast<float>(points[i][axis] - origin[axis]));
     const Section section(the_camera.sectioned);
-    prepare(dgTOPOLOGY_LINES, 0, origin, false);
+    prepare(dgTOPOLOGY_LINES, 0, origin, false, 0);
     the_device.stream_points(xyz.data(), npoints);
     glDrawArrays(GL_LINES, 0, npoints - npoints % 2);
 }

@@ -67,7 +67,7 @@ private:
     void need_layer();
     void set_scissor(const giBox2& device_box) const;
     void clear_box(const giBox2& device_box, unsigned planes, const float (&rgba)[4]);
-    void prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few);
+    void prepare(dgTopology topology, int has_normals, const giPoint3& origin, bool few, int curved);
     const float* colour_of(dgTopology topology) const;
     bool colours_change(const float* colour);
     void draw_ranges(dgTopology topology, int has_normals, const dgGLIndexRanges& ranges);

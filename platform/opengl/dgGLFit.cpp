@@ -5,6 +5,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -17,9 +18,12 @@ constexpr Index none = std::numeric_limits<Index>::max();
 constexpr int none_near = std::numeric_limits<int>::max();
 
 // Steps of the search for the nearest triangle, and of the solver: more change nothing that is seen.
-constexpr int most_steps = 6, solver_steps = 10;
-// Weight of a vertex as it was, beside the mean weight of a sample: holds what few samples lie near.
-constexpr float stiffness = 0.05f;
+constexpr int most_steps = 6, solver_steps = 10, curved_solver_steps = 12;
+// Weight of a vertex as it was, beside the mean weight of a sample; and that of no bend, beside the triangles at a
+// side: they hold what few samples lie near.
+constexpr float stiffness = 0.05f, stiffness_of_sides = 0.02f;
+// Of the way that fits best on average: silhouettes show vertices, which lie further out than what is between them.
+constexpr float moved_share = 0.9f;
 
 Vector at(const std::vector<float>& values, Index vertex)
 {
@@ -134,16 +138,16 @@ class Fit
 public:
     Fit(const dgGLShape& fine, const dgGLShape& coarse, std::size_t nplaces, const std::stop_token& stop);
     void solve(const std::vector<float>& wanted, const std::vector<char>& kept, std::vector<float>& values) const;
+    void curve(const std::vector<float>& wanted, const std::vector<char>& kept, dgGLShape& shape) const;
     const std::vector<char>& on_open_outline() const { return the_open; }
     std::vector<char> kept_in_place(const std::vector<char>& fixed_places) const;
     void move_across(const std::vector<float>& moved, std::vector<float>& positions) const;
 
 private:
-    // Where the values of a corner begin.
-    std::size_t components(const Sample& sample, std::size_t corner) const
-    {
-        return std::size_t(3) * the_coarse.indices[std::size_t(3) * sample.triangle + corner];
-    }
+    float stiffness_of_vertices() const;
+    template <class Nodes>
+    void solve(const std::vector<float>& wanted, const std::vector<char>& kept, const Nodes& nodes,
+               const std::vector<float>& stiff, int steps, std::vector<float>& values) const;
     void find_open_outlines();
     std::vector<Index> nearest_places() const;
     Index nearest_triangle(Index vertex, Index place, Vector& weights) const;
@@ -218,7 +222,7 @@ std::vector<Index> Fit::nearest_places() const
     for (std::size_t place = 0; place < found.size(); ++place)
         distance[place] = found[place] == none ? none_near : 0;
     bool changed = true;
-    for (int edges = 0; std::exchange(changed, false); ++edges)
+    for (int edges = 0; std::exchange(changed, false) && !the_stop.stop_requested(); ++edges)
         for (std::size_t i = 0; i < the_fine.indices.size(); ++i)
         {
             const Index from = the_fine_places.of_vertex[the_fine.indices[i]];
@@ -258,7 +262,7 @@ Index Fit::nearest_triangle(Index vertex, Index place, Vector& weights) const
             off[axis] = w[0] * abc[0][axis] + w[1] * abc[1][axis] + w[2] * abc[2][axis] - p[axis];
         // Of the sides of a crease the one that the normal belongs to.
         const float aside = 1 - dot(the_across[triangle], normal);
-        const float cost = dot(off, off) + 0.05f * the_areas[triangle] * aside * aside;
+        const float cost = dot(off, off) + 0.02f * the_areas[triangle] * aside * aside;
         if (cost < best_cost)
         {
             best_cost = cost;
@@ -313,40 +317,80 @@ std::vector<char> Fit::kept_in_place(const std::vector<char>& fixed_places) cons
     return kept;
 }
 
-// Changes the values of the vertices of the coarse shape, but of those that are kept, so that the samples have those
-// of their vertices: least squares, by conjugate gradients on the normal equations, scaled by their diagonal.
-void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept, std::vector<float>& values) const
+// What is known at vertices only: linear between them.
+struct LinearNodes
 {
-    const std::size_t n = values.size();
+    static constexpr std::size_t count = 3;
+
+    std::size_t number(const Sample& sample, std::size_t node) const { return corners[3 * sample.triangle + node]; }
+    static float weight(const Sample& sample, std::size_t node) { return sample.weights[node]; }
+
+    const std::vector<Index>& corners;
+};
+
+// What is known at vertices and in the middles of sides, there as the difference from the mean of both ends.
+struct QuadraticNodes
+{
+    static constexpr std::size_t count = 6;
+
+    std::size_t number(const Sample& sample, std::size_t node) const
+    {
+        return node < 3 ? corners[3 * sample.triangle + node] : nvertices + sides[3 * sample.triangle + node - 3];
+    }
+    static float weight(const Sample& sample, std::size_t node)
+    {
+        return node < 3 ? sample.weights[node] : 4 * sample.weights[node - 3] * sample.weights[(node - 2) % 3];
+    }
+
+    const std::vector<Index>& corners;
+    const std::vector<Index>& sides;
+    std::size_t nvertices;
+};
+
+float Fit::stiffness_of_vertices() const
+{
     double area = 0;
     for (const Sample& sample : the_samples)
         area += sample.area;
-    const auto stiff =
-        static_cast<float>(stiffness * area / std::max<double>(1, static_cast<double>(the_samples.size())));
-    if (!(stiff > 0))
-        return;
-    std::vector<float> residual(n, 0), diagonal(n, stiff), direction(n, 0), image(n), change(n, 0);
-    // Adds area * weights * (what value says of a sample) to the sums of its corners.
-    const auto spread = [this](std::vector<float>& sums, auto value)
+    return static_cast<float>(stiffness * area / std::max<double>(1, static_cast<double>(the_samples.size())));
+}
+
+// Changes the values of nodes, but of those that are kept, so that the samples have those of their vertices: least
+// squares, by conjugate gradients on the normal equations, scaled by their diagonal. Each node holds on to its value
+// with a weight of its own.
+template <class Nodes>
+void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept, const Nodes& nodes,
+                const std::vector<float>& stiff, int steps, std::vector<float>& values) const
+{
+    const std::size_t n = values.size();
+    std::vector<float> residual(n, 0), diagonal(n), direction(n, 0), image(n), change(n, 0);
+    for (std::size_t i = 0; i < n; ++i)
+    {
+        diagonal[i] = stiff[i / 3];
+        if (!(diagonal[i] > 0))
+            return;
+    }
+    // Adds area * weights * (what value says of a sample) to the sums of its nodes.
+    const auto spread = [&](std::vector<float>& sums, auto value)
     {
         for (const Sample& sample : the_samples)
             for (std::size_t axis = 0; axis < 3; ++axis)
             {
                 const float v = sample.area * value(sample, axis);
-                for (std::size_t corner = 0; corner < 3; ++corner)
-                    sums[components(sample, corner) + axis] += sample.weights[corner] * v;
+                for (std::size_t node = 0; node < nodes.count; ++node)
+                    sums[3 * nodes.number(sample, node) + axis] += nodes.weight(sample, node) * v;
             }
     };
-    const auto interpolated = [this](const Sample& sample, std::size_t axis, const std::vector<float>& of)
+    const auto interpolated = [&](const Sample& sample, std::size_t axis, const std::vector<float>& of)
     {
         float sum = 0;
-        for (std::size_t corner = 0; corner < 3; ++corner)
-            sum += sample.weights[corner] * of[components(sample, corner) + axis];
+        for (std::size_t node = 0; node < nodes.count; ++node)
+            sum += nodes.weight(sample, node) * of[3 * nodes.number(sample, node) + axis];
         return sum;
     };
     const auto keep = [&kept](std::vector<float>& of)
     {
-        for (std::size_t i = 0; i < of.size(); ++i)
+        for (std::size_t i = 0; i < 3 * kept.size(); ++i)
             if (kept[i / 3])
                 of[i] = 0;
     };
@@ -354,12 +398,12 @@ void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept,
            { return wanted[std::size_t(3) * sample.vertex + axis] - interpolated(sample, axis, values); });
     keep(residual);
     for (const Sample& sample : the_samples)
-        for (std::size_t corner = 0; corner < 3; ++corner)
+        for (std::size_t node = 0; node < nodes.count; ++node)
             for (std::size_t axis = 0; axis < 3; ++axis)
-                diagonal[components(sample, corner) + axis] +=
-                    sample.area * sample.weights[corner] * sample.weights[corner];
+                diagonal[3 * nodes.number(sample, node) + axis] +=
+                    sample.area * nodes.weight(sample, node) * nodes.weight(sample, node);
     double before = 0;
-    for (int step = 0; step < solver_steps && !the_stop.stop_requested(); ++step)
+    for (int step = 0; step < steps && !the_stop.stop_requested(); ++step)
     {
         double now = 0;
         for (std::size_t i = 0; i < n; ++i)
@@ -371,7 +415,7 @@ void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept,
         for (std::size_t i = 0; i < n; ++i)
         {
             direction[i] = residual[i] / diagonal[i] + turn * direction[i];
-            image[i] = stiff * direction[i];
+            image[i] = stiff[i / 3] * direction[i];
         }
         spread(image, [&](const Sample& sample, std::size_t axis) { return interpolated(sample, axis, direction); });
         keep(image);
@@ -391,6 +435,36 @@ void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept,
         values[i] += change[i];
 }
 
+void Fit::solve(const std::vector<float>& wanted, const std::vector<char>& kept, std::vector<float>& values) const
+{
+    const std::vector<float> stiff(values.size() / 3, stiffness_of_vertices());
+    solve(wanted, kept, LinearNodes{the_coarse.indices}, stiff, solver_steps, values);
+}
+
+// Finds normals at the vertices of a shape that has the triangles of the coarse one, and its bends.
+void Fit::curve(const std::vector<float>& wanted, const std::vector<char>& kept, dgGLShape& shape) const
+{
+    const std::size_t nvertices = shape.places.size();
+    std::unordered_map<std::uint64_t, Index> number_of;
+    std::vector<Index> sides;
+    for (std::size_t i = 0; i < shape.indices.size(); ++i)
+    {
+        const auto [low, high] = std::minmax(shape.indices[i], shape.indices[i % 3 == 2 ? i - 2 : i + 1]);
+        const auto next = static_cast<Index>(number_of.size());
+        sides.push_back(number_of.emplace(std::uint64_t(low) << 32 | high, next).first->second);
+    }
+    std::vector<float> stiff(nvertices + number_of.size(), stiffness_of_vertices());
+    for (std::size_t i = 0; i < sides.size(); ++i)
+        stiff[nvertices + sides[i]] += stiffness_of_sides * the_areas[i / 3];
+    std::vector<float> values = shape.normals;
+    values.resize(3 * stiff.size(), 0);
+    solve(wanted, kept, QuadraticNodes{shape.indices, sides, nvertices}, stiff, curved_solver_steps, values);
+    shape.normals.assign(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(3 * nvertices));
+    for (const Index side : sides)
+        for (std::size_t axis = 0; axis < 3; ++axis)
+            shape.bends.push_back(values[3 * (nvertices + side) + axis]);
+}
+
 // Moves vertices across the surface only: along it nothing is gained, and thin triangles would fold over.
 void Fit::move_across(const std::vector<float>& moved, std::vector<float>& positions) const
 {
@@ -403,17 +477,22 @@ void Fit::move_across(const std::vector<float>& moved, std::vector<float>& posit
         normalise(across[vertex]);
         const float way = dot(at(moved, vertex) - at(positions, vertex), across[vertex]);
         for (std::size_t axis = 0; axis < 3; ++axis)
-            positions[std::size_t(3) * vertex + axis] += way * across[vertex][axis];
+            positions[std::size_t(3) * vertex + axis] += moved_share * way * across[vertex][axis];
     }
 }
 }
 
-void dg_gl_fit(const dgGLShape& fine, dgGLShape& coarse, const std::vector<char>& fixed_places,
+void dg_gl_fit(const dgGLShape& fine, dgGLShape& coarse, const std::vector<char>& fixed_places, bool curved,
                const std::stop_token& stop)
 {
     const Fit fit(fine, coarse, fixed_places.size(), stop);
     if (!fine.normals.empty() && !coarse.normals.empty())
-        fit.solve(fine.normals, fit.on_open_outline(), coarse.normals);
+    {
+        if (curved)
+            fit.curve(fine.normals, fit.on_open_outline(), coarse);
+        else
+            fit.solve(fine.normals, fit.on_open_outline(), coarse.normals);
+    }
     std::vector<float> moved = coarse.positions;
     fit.solve(fine.positions, fit.kept_in_place(fixed_places), moved);
     fit.move_across(moved, coarse.positions);

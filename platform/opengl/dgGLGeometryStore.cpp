@@ -201,7 +201,7 @@ const dgGLIndexRanges& dgGLGeometryStore::ranges_of(const RunCache& cache)
     {
         the_ranges.counts.push_back(cache.only_count);
         the_ranges.offsets.push_back(cache.only_offset);
-        the_ranges.parts.push_back({cache.origin, 1});
+        the_ranges.parts.push_back({cache.origin, 0, 1});
     }
     return the_ranges;
 }
@@ -448,6 +448,13 @@ void dgGLGeometryStore::bind() const
                           buffer_offset(offsetof(dgGLVertex, normal)));
     glEnableVertexAttribArray(0);
     glEnableVertexAttribArray(1);
+    // The bends of a triangle stand behind its last vertex.
+    for (unsigned side = 0; side < 3; ++side)
+    {
+        glVertexAttribPointer(2 + side, 4, GL_INT_2_10_10_10_REV, GL_TRUE, sizeof(dgGLVertex),
+                              buffer_offset(sizeof(dgGLVertex) + offsetof(dgGLBends, sides) + 4 * side));
+        glEnableVertexAttribArray(2 + side);
+    }
 }
 
 std::size_t dgGLGeometryStore::bytes_used() const

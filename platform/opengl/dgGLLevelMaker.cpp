@@ -19,7 +19,12 @@ unsigned thread_count()
 
 dgGLLevelMaker::dgGLLevelMaker() = default;
 
-dgGLLevelMaker::~dgGLLevelMaker() = default;
+dgGLLevelMaker::~dgGLLevelMaker()
+{
+    // All at once, rather than each when the one before has ended.
+    for (std::jthread& thread : the_threads)
+        thread.request_stop();
+}
 
 void dgGLLevelMaker::add(unsigned geometry_id, unsigned long long stamp, dgGLMesh mesh)
 {

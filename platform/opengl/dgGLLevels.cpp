@@ -10,11 +10,17 @@
 #include "giVector3.h"
 
 #include <algorithm>
+#include <bit>
+#include <cmath>
+#include <cstdint>
 #include <string>
 #include <utility>
 
 namespace
 {
+// Changes of a normal in the middle of a side that are not seen.
+constexpr float least_bend = 1.0f / 128;
+
 int switched_on()
 {
     std::string value;
@@ -48,6 +54,84 @@ dgGLMesh mesh_of(const dgGeometry& geometry, const giPoint3& origin)
             mesh.indices.push_back(static_cast<std::uint32_t>(node < npoints ? node : 0));
         }
     return mesh;
+}
+
+dgGLVertex vertex_at(const std::vector<float>& positions, std::size_t i, std::uint32_t normal)
+{
+    return {{positions[i], positions[i + 1], positions[i + 2]}, normal};
+}
+
+std::vector<dgGLVertex> own_vertices(const dgGLLevel& level)
+{
+    std::vector<dgGLVertex> vertices;
+    vertices.reserve(level.positions.size() / 3);
+    for (std::size_t i = 0; i < level.positions.size(); i += 3)
+    {
+        const float* n = level.normals.empty() ? nullptr : &level.normals[i];
+        vertices.push_back(vertex_at(level.positions, i, n ? dgGLVertex::packed(n[0], n[1], n[2]) : 0));
+    }
+    return vertices;
+}
+
+// Whether bends turn no normal by what is seen: where surfaces are flat or like cylinders, they only change its length.
+bool straight(const float* bends, const float (&normal)[3])
+{
+    const float square = normal[0] * normal[0] + normal[1] * normal[1] + normal[2] * normal[2];
+    for (const float* bend = bends; bend < bends + 9; bend += 3)
+    {
+        const float along = (bend[0] * normal[0] + bend[1] * normal[1] + bend[2] * normal[2]) / square;
+        for (int axis = 0; axis < 3; ++axis)
+            if (!(std::abs(bend[axis] - along * normal[axis]) < least_bend))
+                return false;
+    }
+    return true;
+}
+
+// Vertices of a curved level, which are numbered anew. Triangles share those of the same mark, and none where there are
+// no bends to be seen; but the third corner of one with bends is its own, and these stand behind it.
+std::vector<dgGLVertex> curved_vertices(dgGLLevel& level, unsigned block_vertices)
+{
+    constexpr std::size_t unmarked = 2;
+    const auto packed = [](const float* v, float scale)
+    {
+        const auto part = [=](int axis) { return std::clamp(scale * v[axis], -1.0f, 1.0f); };
+        return dgGLVertex::packed_as_is(part(0), part(1), part(2));
+    };
+    std::vector<dgGLVertex> vertices;
+    const auto add = [&](std::size_t own, std::size_t corner)
+    {
+        vertices.push_back(
+            vertex_at(level.positions, 3 * own, packed(&level.normals[3 * own], 1) | dgGLBends::corner(corner)));
+        return static_cast<std::uint32_t>(block_vertices + vertices.size() - 1);
+    };
+    std::vector<std::uint32_t> shared(level.positions.size(), 0); // three marks; 0 for none yet, as block_vertices > 0
+    for (std::size_t i = 0; i < level.indices.size(); i += 3)
+    {
+        std::size_t own[3];
+        float mean[3] = {0, 0, 0};
+        for (std::size_t corner = 0; corner < 3; ++corner)
+        {
+            own[corner] = level.indices[i + corner] - block_vertices;
+            for (std::size_t axis = 0; axis < 3; ++axis)
+                mean[axis] += level.normals[3 * own[corner] + axis] / 3;
+        }
+        const float* bends = &level.bends[3 * i];
+        const bool plain = straight(bends, mean);
+        for (std::size_t corner = 0; corner < (plain ? 3 : 2); ++corner)
+        {
+            const std::size_t mark = plain ? unmarked : corner;
+            std::uint32_t& vertex = shared[3 * own[corner] + mark];
+            if (!vertex)
+                vertex = add(own[corner], mark);
+            level.indices[i + corner] = vertex;
+        }
+        if (plain)
+            continue;
+        level.indices[i + 2] = add(own[2], 2);
+        vertices.push_back(std::bit_cast<dgGLVertex>(
+            dgGLBends{{packed(bends, 0.5f), packed(bends + 3, 0.5f), packed(bends + 6, 0.5f)}, 0}));
+    }
+    return vertices;
 }
 
 void add_triangles(dgGLIndexRanges& ranges, unsigned first_index, unsigned first, unsigned end)
@@ -105,47 +189,36 @@ void dgGLLevels::make_when_at_rest(unsigned geometry_id, unsigned long long stam
         make(geometry_id, stamp, geometry, origin);
 }
 
-// Answers where they are, and changes nothing where there are none.
-unsigned dgGLLevels::upload_vertices(dgGLLevel& level, unsigned& first_vertex)
-{
-    const auto count = static_cast<unsigned>(level.positions.size() / 3);
-    if (!count)
-        return 0;
-    std::vector<dgGLVertex> vertices;
-    vertices.reserve(count);
-    for (std::size_t i = 0; i < level.positions.size(); i += 3)
-    {
-        const float* p = &level.positions[i];
-        const float* n = level.normals.empty() ? nullptr : &level.normals[i];
-        vertices.push_back({{p[0], p[1], p[2]}, n ? dgGLVertex::packed(n[0], n[1], n[2]) : 0});
-    }
-    first_vertex = the_vertices.allocate(count);
-    the_vertices.upload(first_vertex, count, vertices.data());
-    level.positions = level.normals = {};
-    return count;
-}
-
 // Answers the number of indices.
 unsigned dgGLLevels::upload(dgGLLevelMaker::Made& made, unsigned first_vertex, unsigned block_vertices)
 {
-    unsigned total = 0, vertices = 0;
-    for (const dgGLLevel& level : made.levels)
-    {
-        total += 3 * level.triangles();
-        vertices += static_cast<unsigned>(level.positions.size() / 3);
-    }
-    the_indices.reserve(total);
-    if (vertices)
-        the_vertices.reserve(vertices);
-    Block& block = the_blocks[made.geometry_id];
-    ++the_with_levels;
+    unsigned total = 0, nvertices = 0;
+    std::vector<std::vector<dgGLVertex>> vertices;
     for (dgGLLevel& level : made.levels)
     {
-        Level kept{the_indices.allocate(3 * level.triangles()), 0, 0, {}, {}};
-        kept.vertex_count = upload_vertices(level, kept.first_vertex);
+        vertices.push_back(level.bends.empty() ? own_vertices(level) : curved_vertices(level, block_vertices));
+        nvertices += static_cast<unsigned>(vertices.back().size());
+        total += 3 * level.triangles();
+    }
+    the_indices.reserve(total);
+    if (nvertices)
+        the_vertices.reserve(nvertices);
+    Block& block = the_blocks[made.geometry_id];
+    ++the_with_levels;
+    for (std::size_t i = 0; i < made.levels.size(); ++i)
+    {
+        dgGLLevel& level = made.levels[i];
+        Level kept{the_indices.allocate(3 * level.triangles()), 0, 0, !level.bends.empty(), {}, {}};
+        kept.vertex_count = static_cast<unsigned>(vertices[i].size());
+        if (kept.vertex_count)
+        {
+            kept.first_vertex = the_vertices.allocate(kept.vertex_count);
+            the_vertices.upload(kept.first_vertex, kept.vertex_count, vertices[i].data());
+        }
         for (std::uint32_t& index : level.indices)
             index = index < block_vertices ? first_vertex + index : kept.first_vertex + (index - block_vertices);
         the_indices.upload(kept.first_index, 3 * level.triangles(), level.indices.data());
+        level.positions = level.normals = level.bends = {};
         level.indices = {};
         kept.in_patches.assign(level.patches + 1, 0);
         for (unsigned group = 0; group < level.groups(); ++group)
@@ -192,9 +265,14 @@ unsigned dgGLLevels::add_mix(const Level& fine, const Level* coarse, double tria
     const unsigned coarse_triangles = coarse ? coarse->level.triangles() : 0;
     while (coarse && patches && fine.in_patches[patches] + coarse_triangles - replaced(patches) > triangles)
         --patches;
+    ranges.curved = fine.curved;
     for (unsigned group = 0; patches && group < fine.level.groups(); ++group)
         add_triangles(ranges, fine.first_index, fine.level.start(group, 0), fine.level.start(group, patches));
     if (coarse)
+    {
+        ranges.curved = coarse->curved;
         add_triangles(ranges, coarse->first_index, replaced(patches), coarse_triangles);
+    }
+    ranges.curved = 0;
     return fine.in_patches[patches] + coarse_triangles - replaced(patches);
 }

@@ -81,8 +81,9 @@ private:
     {
         unsigned first_index;
         unsigned first_vertex, vertex_count; // of its own
-        dgGLLevel level;                     // without its indices and vertices
-        std::vector<unsigned> in_patches;    // triangles in the patches before each, and all
+        int curved;
+        dgGLLevel level;                  // without its indices and vertices
+        std::vector<unsigned> in_patches; // triangles in the patches before each, and all
     };
     struct Block
     {
@@ -91,7 +92,6 @@ private:
         std::vector<Level> levels;
     };
     unsigned upload(dgGLLevelMaker::Made& made, unsigned first_vertex, unsigned block_vertices);
-    unsigned upload_vertices(dgGLLevel& level, unsigned& first_vertex);
     unsigned add_mix(const Level& fine, const Level* coarse, double triangles, dgGLIndexRanges& ranges) const;
 
     dgGLArena& the_vertices;

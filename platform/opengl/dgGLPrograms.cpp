@@ -18,7 +18,16 @@ uniform mat3 normal_to_view;
 uniform vec4 view_port;   // zw: half its size in pixels
 uniform float point_size;
 layout(location = 0) in vec3 position;
-layout(location = 1) in vec3 normal;
+layout(location = 1) in vec4 normal;
+#ifdef CURVED
+layout(location = 2) in vec3 half_bend_0;
+layout(location = 3) in vec3 half_bend_1;
+layout(location = 4) in vec3 half_bend_2;
+out vec2 corners;         // shares of the first and the second one
+flat out vec3 bend_0;     // of the third corner, times what makes the product of two shares 1 in the middle of a side
+flat out vec3 bend_1;
+flat out vec3 bend_2;
+#endif
 #ifdef SMOOTH
 out vec3 normal_in_view;
 #endif
@@ -41,7 +50,13 @@ void main()
 {
     gl_Position = model_to_clip * vec4(position, 1.0);
 #ifdef SMOOTH
-    normal_in_view = normal_to_view * normal;
+    normal_in_view = normal_to_view * normal.xyz;
+#endif
+#ifdef CURVED
+    corners = vec2(normal.w > 0.5, normal.w < -0.75);
+    bend_0 = 8.0 * (normal_to_view * half_bend_0);
+    bend_1 = 8.0 * (normal_to_view * half_bend_1);
+    bend_2 = 8.0 * (normal_to_view * half_bend_2);
 #endif
 #ifdef FLAT
     position_in_view = (model_to_view * vec4(position, 1.0)).xyz;
@@ -141,6 +156,12 @@ uniform int line_style;
 #ifdef SMOOTH
 in vec3 normal_in_view;
 #endif
+#ifdef CURVED
+in vec2 corners;
+flat in vec3 bend_0;
+flat in vec3 bend_1;
+flat in vec3 bend_2;
+#endif
 #ifdef FLAT
 in vec3 position_in_view;
 #endif
@@ -169,6 +190,10 @@ void main()
 #endif
 #ifdef SMOOTH
     vec3 normal = normal_in_view;
+#ifdef CURVED
+    float third = 1.0 - corners.x - corners.y;
+    normal += corners.x * corners.y * bend_0 + corners.y * third * bend_1 + third * corners.x * bend_2;
+#endif
     float scale = inversesqrt(dot(normal, normal));
     scale = gl_FrontFacing ? scale : -scale;
 #endif
@@ -338,6 +363,8 @@ dgGLProgram* dgGLPrograms::find(const dgGLProgramKind& kind)
         defines += "#define PASSED_COLOUR\n";
     if (kind.sectioned)
         defines += "#define SECTIONED\n";
+    if (kind.curved)
+        defines += "#define CURVED\n";
     program.name = link(defines, vertex_source, kind.wide_lines ? wide_line_source : nullptr, fragment_source, the_log);
     if (!program.name)
         return nullptr;

@@ -25,13 +25,14 @@ struct dgGLProgramKind
     /// than half of what a change of colour takes, but takes more for each triangle.
     int passed_colour = 0;
     int sectioned = 0; ///< draws with GL_CLIP_DISTANCE0
+    int curved = 0;    ///< lit smoothly, by normals with the bends of dgGLBends
 
     /// A number from 0 to count - 1.
-    static constexpr int count = 256;
+    static constexpr int count = 512;
     int number() const
     {
         return shading + 4 * (depth_cueing != 0) + 8 * (line_style != 0) + 16 * (wide_lines != 0) +
-               32 * (two_coloured != 0) + 64 * (passed_colour != 0) + 128 * (sectioned != 0);
+               32 * (two_coloured != 0) + 64 * (passed_colour != 0) + 128 * (sectioned != 0) + 256 * (curved != 0);
     }
 };
 

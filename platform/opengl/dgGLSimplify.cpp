@@ -5,9 +5,11 @@
 #include <meshoptimizer.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <unordered_map>
 #include <unordered_set>
 #include <utility>
 
@@ -18,24 +20,28 @@ using Indices = std::vector<Index>;
 
 // A patch is simplified in one piece: so many triangles at most, which takes about a twentieth of a second and bounds
 // the memory; and no fewer than the least, as its outline is kept.
-constexpr std::size_t most_in_patch = 32768, least_in_patch = 4096, enough_patches = 8;
+constexpr std::size_t most_in_patch = 32768, least_in_patch = 2048, enough_patches = 16;
 
-// Of the triangles of a block its finest level has this share, and each other one about half of the one before: all
-// levels together have seven tenths of them.
-constexpr double finest_level = 0.35;
+// Of the triangles of a block its finest level has this share, and each other one this share of the one before or less
+// than half: all levels together have three fifths of them.
+constexpr double finest_level = 0.35, next_level = 0.4;
 
 // Levels of this share and less have vertices of their own: facets are then seen as such, and those vertices are few.
 constexpr double most_fitted = 0.1;
+
+// Levels of this share and less are curved, where a block has normals: their facets take pixels enough to show it, and
+// they are few enough for what it takes of memory, which is three times as much for each triangle.
+constexpr double most_curved = 0.033;
 
 // Turns of a normal that are not seen: half a step of its components in the driver's buffers.
 constexpr float least_turn = 1.0f / 1024;
 
 // A level is fitted to one with so many times its triangles, unless that has more than bounds the memory.
-constexpr unsigned enough_finer = 3, most_fitted_to = 1000000;
+constexpr unsigned enough_finer = 3, enough_finer_than_curved = 12, most_fitted_to = 1000000;
 
 // Levels end with a few triangles, or where outlines that must be kept let too few of them go.
 constexpr std::size_t fewest_triangles = 48;
-constexpr double least_reduction = 0.8, enough_reduction = 0.65;
+constexpr double least_reduction = 0.8, enough_reduction = 0.5;
 constexpr float any_error = 1e10f;
 constexpr double most_along_borders = 0.15;
 
@@ -60,7 +66,7 @@ public:
 
 private:
     void weld(dgGLMesh mesh);
-    std::vector<unsigned> divide(std::size_t npatches, int pass) const;
+    std::vector<unsigned> divide(std::size_t npatches, int pass, const std::stop_token& stop) const;
     Indices simplified(const std::vector<unsigned>& patch_of, std::size_t npatches, std::vector<Index>& group_starts,
                        const std::stop_token& stop);
     Indices coarser(const std::vector<unsigned>& patch_of, std::size_t npatches, std::vector<Index>& group_starts,
@@ -70,7 +76,7 @@ private:
                        const std::vector<Index>& group_starts, dgGLLevel& level);
     void resolve(Indices& indices) const;
     dgGLShape shape_of(const Indices& vertices) const;
-    std::vector<char> outlines_of_patches(const dgGLLevel& level, const Indices& places) const;
+    std::vector<char> outlines(const dgGLLevel& level, const Indices& places, bool of_patches) const;
     void own_vertices(const dgGLShape& shape, const dgGLShape& fitted, dgGLLevel& level) const;
     void fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level, const std::stop_token& stop);
     void normal_of(const Index* places, float (&across)[3]) const;
@@ -92,7 +98,8 @@ private:
     std::size_t the_whole = 0; // triangles of the block
     int the_winding = 0;       // 1 when these face as their normals do, -1 when they face away, 0 when some do either
     std::vector<dgGLShape> the_fitted; // levels by number; empty where they have not been fitted
-    Indices the_local;                 // scratch: by place, its number in a patch
+    std::unordered_map<Index, std::array<float, 3>> the_moved; // by place, where patches of the last level meet
+    Indices the_local;                                         // scratch: by place, its number in a patch
 };
 
 void Simplifier::weld(dgGLMesh mesh)
@@ -145,7 +152,7 @@ void Simplifier::weld(dgGLMesh mesh)
 
 // Patch of each triangle: the triangles are halved along the longest side of their box until a patch is small enough.
 // Every other pass halves unevenly, so that its outlines are not those of the pass before, which could then never go.
-std::vector<unsigned> Simplifier::divide(std::size_t npatches, int pass) const
+std::vector<unsigned> Simplifier::divide(std::size_t npatches, int pass, const std::stop_token& stop) const
 {
     std::vector<unsigned> patch_of(ntriangles(), 0);
     if (npatches == 1)
@@ -159,7 +166,7 @@ std::vector<unsigned> Simplifier::divide(std::size_t npatches, int pass) const
     for (std::size_t i = 0; i < keyed.size(); ++i)
         keyed[i].second = static_cast<Index>(i);
     std::vector<Part> parts{{0, keyed.size(), 0, static_cast<unsigned>(npatches)}};
-    while (!parts.empty())
+    while (!parts.empty() && !stop.stop_requested())
     {
         const Part part = parts.back();
         parts.pop_back();
@@ -252,7 +259,7 @@ Indices Simplifier::simplified(const std::vector<unsigned>& patch_of, std::size_
     std::vector<float> errors;
     const int whole = npatches == 1;
     const int first = whole || !(the_error_limit > 0);
-    const double wanted = !first ? 0.125 : the_finest_made ? 0.5 : finest_level;
+    const double wanted = !first ? 0.125 : the_finest_made ? next_level : finest_level;
     const unsigned options = whole && !borders_kept() ? 0 : meshopt_SimplifyLockBorder;
     group_starts.assign(1, 0);
     result.reserve(static_cast<std::size_t>(1.05 * wanted * static_cast<double>(the_triangles.size())));
@@ -426,19 +433,23 @@ dgGLShape Simplifier::shape_of(const Indices& vertices) const
     return shape;
 }
 
-// Whether each place lies where patches meet, of the level itself or of the next one: levels that are mixed share it.
-std::vector<char> Simplifier::outlines_of_patches(const dgGLLevel& level, const Indices& places) const
+// Whether each place lies where groups of a level meet, which it has in common with the level before, or where its
+// patches do, which the next one will have.
+std::vector<char> Simplifier::outlines(const dgGLLevel& level, const Indices& places, bool of_patches) const
 {
     std::vector<char> result(the_positions.size() / 3, 0);
     std::vector<Index> cell_of(result.size(), std::numeric_limits<Index>::max());
-    for (Index cell = 0; cell + 1 < level.starts.size(); ++cell)
-        for (std::size_t i = std::size_t(3) * level.starts[cell]; i < std::size_t(3) * level.starts[cell + 1]; ++i)
-        {
-            Index& known = cell_of[places[i]];
-            if (known != cell && known != std::numeric_limits<Index>::max())
-                result[places[i]] = 1;
-            known = cell;
-        }
+    for (unsigned group = 0; group < level.groups(); ++group)
+        for (unsigned patch = 0; patch < level.patches; ++patch)
+            for (std::size_t i = std::size_t(3) * level.start(group, patch);
+                 i < std::size_t(3) * level.start(group, patch + 1); ++i)
+            {
+                const Index cell = of_patches ? patch : group;
+                Index& known = cell_of[places[i]];
+                if (known != cell && known != std::numeric_limits<Index>::max())
+                    result[places[i]] = 1;
+                known = cell;
+            }
     return result;
 }
 
@@ -458,6 +469,8 @@ void Simplifier::own_vertices(const dgGLShape& shape, const dgGLShape& fitted, d
             to.insert(to.end(), &from[3 * vertex], &from[3 * vertex] + 3);
     };
     constexpr Index none = std::numeric_limits<Index>::max();
+    const bool curved = !fitted.bends.empty();
+    level.bends = fitted.bends;
     std::vector<Index> number(shape.places.size(), none);
     for (std::size_t i = 0; i < level.indices.size(); ++i)
     {
@@ -465,7 +478,7 @@ void Simplifier::own_vertices(const dgGLShape& shape, const dgGLShape& fitted, d
         if (number[vertex] == none)
         {
             number[vertex] = level.indices[i];
-            if (differ(shape.positions, fitted.positions, vertex, 0) ||
+            if (curved || differ(shape.positions, fitted.positions, vertex, 0) ||
                 differ(shape.normals, fitted.normals, vertex, least_turn))
             {
                 number[vertex] = static_cast<Index>(the_vertices.size() + level.positions.size() / 3);
@@ -477,21 +490,34 @@ void Simplifier::own_vertices(const dgGLShape& shape, const dgGLShape& fitted, d
     }
 }
 
-// Gives a coarse level vertices of its own, fitted to a finer one that has some for each of them.
+// Gives a coarse level vertices of its own, fitted to a finer one that has some for each of them. What it shares with
+// the level before lies where that has it, so that there are no gaps between patches of both.
 void Simplifier::fit(const Indices& places, const std::vector<dgGLLevel>& finer, dgGLLevel& level,
                      const std::stop_token& stop)
 {
     dgGLShape& fitted = the_fitted.emplace_back();
     if (finer.empty() || static_cast<double>(level.triangles()) > most_fitted * static_cast<double>(the_whole))
         return;
+    const bool curved =
+        !the_normals.empty() && static_cast<double>(level.triangles()) <= most_curved * static_cast<double>(the_whole);
+    const unsigned enough = (curved ? enough_finer_than_curved : enough_finer) * level.triangles();
     std::size_t to = finer.size() - 1;
-    while (to > 0 && finer[to].triangles() < enough_finer * level.triangles() &&
+    while (to > 0 && (finer[to].triangles() < enough || !finer[to].bends.empty()) &&
            finer[to - 1].triangles() <= most_fitted_to)
         --to;
     const dgGLShape shape = shape_of(level.indices);
+    const std::vector<char> shared = outlines(level, places, false);
     fitted = shape;
+    for (std::size_t vertex = 0; vertex < shape.places.size(); ++vertex)
+        if (const auto moved = the_moved.find(shape.places[vertex]); moved != the_moved.end() && shared[moved->first])
+            std::copy_n(moved->second.begin(), 3, &fitted.positions[3 * vertex]);
     const bool known = !the_fitted[to].indices.empty();
-    dg_gl_fit(known ? the_fitted[to] : shape_of(finer[to].indices), fitted, outlines_of_patches(level, places), stop);
+    dg_gl_fit(known ? the_fitted[to] : shape_of(finer[to].indices), fitted, shared, curved, stop);
+    const std::vector<char> shared_next = outlines(level, places, true);
+    the_moved.clear();
+    for (std::size_t vertex = 0; vertex < shape.places.size(); ++vertex)
+        if (shared_next[shape.places[vertex]])
+            std::copy_n(&fitted.positions[3 * vertex], 3, the_moved[shape.places[vertex]].begin());
     own_vertices(shape, fitted, level);
 }
 
@@ -507,7 +533,7 @@ std::vector<dgGLLevel> Simplifier::levels(const std::stop_token& stop)
         std::vector<unsigned> patch_of;
         if (ntriangles() > 2 * fewest_triangles)
         {
-            patch_of = divide(npatches, pass);
+            patch_of = divide(npatches, pass, stop);
             if (pass > 1)
                 the_error_limit = std::min(2 * the_error_limit, any_error);
             next = coarser(patch_of, npatches, next_group_starts, stop);

@@ -24,6 +24,8 @@ struct DG_OPENGL_EXPORT dgGLLevel
     std::vector<std::uint32_t> indices; ///< of the vertices of the block, and behind them those of the level's own
     std::vector<float> positions;       ///< of vertices of its own, three each, as they are drawn
     std::vector<float> normals;         ///< of these, of any length; none where the block has none
+    /// Where it is curved, nine a triangle, as dgGLShape has them; then all of its vertices are its own.
+    std::vector<float> bends;
     float error = 0; ///< model units by which it may be off the block: of all collapses so far, estimated
 
     unsigned patches = 1;                 ///< that the next, coarser level replaces; 1 when there is none
@@ -34,12 +36,12 @@ struct DG_OPENGL_EXPORT dgGLLevel
     std::uint32_t start(unsigned group, unsigned patch) const { return starts[group * patches + patch]; }
 };
 
-/// Levels of a block: one with about a third of its triangles, and each further one with about half of those of the
-/// one before as far as that goes, down to a few dozen. By edge collapse under a quadric error (Garland and Heckbert
-/// 1997), as meshoptimizer does it. Vertices in one position count as one, and of these a corner takes the one whose
-/// normal is the nearest to its triangle's. The open outlines of a block stay as they are, so that blocks that meet go
-/// on to meet. Levels of a tenth of the triangles and fewer have vertices of their own, which are fitted to what they
-/// stand for (dg_gl_fit).
+/// Levels of a block: one with about a third of its triangles, and each further one with less than half of those
+/// of the one before as far as that goes, down to a few dozen. By edge collapse under a quadric error (Garland and
+/// Heckbert 1997), as meshoptimizer does it. Vertices in one position count as one, and of these a corner takes the one
+/// whose normal is the nearest to its triangle's. The open outlines of a block stay as they are, so that blocks that
+/// meet go on to meet. Levels of a tenth of the triangles and fewer have vertices of their own, which are fitted to
+/// what they stand for (dg_gl_fit), and those of a thirtieth and fewer are curved.
 ///
 /// None when a stop is asked for, which is answered within a fraction of a second.
 DG_OPENGL_EXPORT std::vector<dgGLLevel> dg_gl_simplify(dgGLMesh mesh, const std::stop_token& stop);
